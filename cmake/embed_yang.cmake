@@ -1,0 +1,13 @@
+# Writes the YANG modules of YANG_DIR into OUTPUT as C++ string literals, in file name order.
+file(GLOB modules ${YANG_DIR}/*.yang)
+list(SORT modules)
+set(text "#include \"element/shipped_modules.h\"\n\nnamespace element {\n\n")
+string(APPEND text "const std::vector<ShippedModule> &shipped_modules() {\n")
+string(APPEND text "  static const std::vector<ShippedModule> modules{\n")
+foreach(module IN LISTS modules)
+  get_filename_component(name ${module} NAME_WE)
+  file(READ ${module} content)
+  string(APPEND text "      {\"${name}\", R\"yang(${content})yang\"},\n")
+endforeach()
+string(APPEND text "  };\n  return modules;\n}\n\n}  // namespace element\n")
+file(CONFIGURE OUTPUT ${OUTPUT} CONTENT "${text}" @ONLY)
