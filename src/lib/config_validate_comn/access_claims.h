@@ -13,10 +13,10 @@
 /// A set of VLANs, kept as disjoint ranges.
 class vlan_claims_t {
  public:
-  /// Adds a range. (0, 0) and a range whose minimum is above its maximum hold no VLAN.
-  void add(const st_acc_dot1q_range_t &range);
+  /// Adds a range. (0, 0) holds no VLAN, nor does a range whose minimum is above its maximum.
+  void add(st_acc_dot1q_range_t range);
 
-  /// Whether the range holds a VLAN of the set. True may also be said of (0, 0) when VLAN 0 is in the set.
+  /// Whether a VLAN of the range is in the set; for ranges whose minimum is not above their maximum.
   bool meets(const st_acc_dot1q_range_t &range) const;
 
  private:
@@ -37,27 +37,45 @@ struct vpn_claims_t {
   std::size_t without_encapsulation = 0;
 };
 
+/// What a setter has just written into the snapshot's map of interfaces.
+struct recording_t {
+  const std::string &interface;
+  const intf_vpns_t &records;  ///< of the interface
+  const group_vpn_id_t &vpn;
+  const acc_intf_vpn_info_t &record;  ///< of the VPN on the interface
+  bool is_new_interface;
+  bool is_new_record;
+  bool had_encap_cfg;                     ///< of the record, before
+  const st_acc_dot1q_range_t *new_range;  ///< null when no range came into the record
+};
+
 /// Sums of the snapshot's records, kept by its setters, that rule a question out without a walk over the records. In a
-/// configuration that will be accepted nearly every question is ruled out; a "perhaps" is answered by the walk, because
-/// the first record in order decides which VPN a message names.
+/// configuration that will be accepted nearly every question is ruled out. A "perhaps" is answered by the walk, because
+/// the first record in order decides which VPN a message names, and that walk ends the commit.
 ///
 /// Only what is long to walk is summed up: a port from its 17th VPN or 65th range on, the VPNs' encapsulations from the
 /// 17th interface on. The first recording beyond builds the sum from the records. Each sum knows how many records
 /// (interfaces) it was built from: when that is no longer how many there are, somebody filled the map without the
-/// setters, and the sum is passed over by the queries and built again by the next recording. What it cannot see is an
-/// edit inside a record that it has counted; records are edited through the setters.
+/// setters; the queries then pass the sum over, and the next recording builds it again. What goes unseen is an edit
+/// inside a record that has been counted; records are edited through the setters.
 class access_claims_t {
  public:
   /// The sum for an interface with these records; null when they are to be walked.
   const port_claims_t *of_port(const std::string &interface, const intf_vpns_t &records) const;
 
-  /// Whether no interface has the VPN with an encap_cfg other than this. False also when the records are to be walked.
+  /// Whether it is certain that no record of the VPN has an encap_cfg other than this.
   bool agrees_on_encapsulation(const group_vpn_id_t &vpn, bool encap_cfg, const intf_map_t &intf_map) const;
 
+  /// Brings the sums up to what the map holds after the recording.
+  void recorded(const recording_t &recording, const intf_map_t &intf_map);
+
  private:
+  void sum_up_port(const recording_t &recording);
+  void sum_up_vpns(const recording_t &recording, const intf_map_t &intf_map);
+
   std::unordered_map<std::string, port_claims_t> ports_;
   std::map<group_vpn_id_t, vpn_claims_t> vpns_;
-  std::size_t interfaces_ = 0;  ///< that vpns_ was built from
+  std::size_t interfaces_ = 0;  ///< that vpns_ counts
 };
 
 #endif

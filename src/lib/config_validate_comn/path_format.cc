@@ -1,0 +1,14 @@
+#include "config_validate_comn/path_format.h"
+
+#include <array>
+#include <cstdarg>
+#include <cstdio>
+
+std::string format_path(const char *format, ...) {
+  std::array<char, 512> path{};
+  va_list arguments;
+  va_start(arguments, format);
+  std::vsnprintf(path.data(), path.size(), format, arguments);
+  va_end(arguments);
+  return path.data();
+}
