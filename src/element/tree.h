@@ -40,9 +40,9 @@ class Tree {
   const Node &root() const { return root_; }
   Node &root() { return root_; }
 
-  /// Finds or creates what a path of names with keys leads to, and all above it; sets the value when it is a leaf.
-  /// Keys in braces, typed by the schema; see parse_path for the form. A hand-written tree is a row of these.
-  /// Throws PathError for a name that the schema does not have.
+  /// Finds or creates what a path of names with keys leads to, and all above it; sets the value when it is a leaf (a
+  /// leaf of type empty needs none). Keys in braces, typed by the schema; see parse_path for the form. A hand-written
+  /// tree is a row of these. Throws PathError.
   Node &put(std::string_view path, Value value = {});
 
   /// As put for a list's entry, with keys of any type and number, past the schema.
@@ -51,7 +51,7 @@ class Tree {
   /// Removes what the path leads to; does nothing when it is not there.
   void erase(std::string_view path);
 
-  /// The node at a path, or null. A path to a key leaf leads to its entry's value through value_at only.
+  /// The node at a path, or null; also null for a key leaf, which stands with its entry. Throws PathError.
   const Node *find(std::string_view path) const;
 
   /// Puts every list in key order and every container's children in schema order. Linear for what is in order.
