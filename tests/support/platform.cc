@@ -161,7 +161,8 @@ std::optional<Path> Platform::read_path(const std::string &text) {
 
 bool Platform::is_transaction(int sock, int handle, std::string_view function) {
   if (sock == socket() && handle == thandle()) return true;
-  misuse(std::string(function) + " with another socket or transaction");
+  // The socket that a failed look-up left is no other one.
+  if (sock != -1) misuse(std::string(function) + " with another socket or transaction");
   fail_with(CONFD_ERR_NOSESSION);
   return false;
 }
