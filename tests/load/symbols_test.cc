@@ -1,0 +1,112 @@
+// What the library asks of a host and what it offers, read from the file as the loader reads it.
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using Names = std::set<std::string>;
+
+std::string output_of(const std::string &command) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE *)> pipe(popen(command.c_str(), "r"), pclose);
+  std::string output;
+  std::array<char, 4096> part{};
+  while (std::fgets(part.data(), part.size(), pipe.get()) != nullptr) output += part.data();
+  return output;
+}
+
+/// The first group of every match.
+Names names_in(const std::string &text, const std::string &pattern) {
+  const std::regex regex(pattern, std::regex::ECMAScript | std::regex::multiline);
+  Names names;
+  for (std::sregex_iterator it(text.begin(), text.end(), regex), end; it != end; ++it) names.insert((*it)[1]);
+  return names;
+}
+
+/// Undefined symbols that no versioned library provides: what is left for the host.
+Names asked_of_host(const std::string &file) {
+  Names names = names_in(output_of("nm -D --undefined-only " + file), "^ +U ([^@\\s]+)$");
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+  std::erase_if(names, [](const std::string &name) { return name.starts_with("__"); });
+#endif
+  return names;
+}
+
+Names defined_in(const std::string &file) {
+  return names_in(output_of("nm -D --defined-only " + file), "^[0-9a-f]+ [A-Z] ([^@\\s]+)");
+}
+
+std::string seam_headers() {
+  std::ostringstream text;
+  for (const auto &header : std::filesystem::directory_iterator(SOURCE_DIR "/platform/include")) {
+    text << std::ifstream(header.path()).rdbuf();
+  }
+  return std::regex_replace(text.str(), std::regex(R"(/\*[^*]*\*+([^/*][^*]*\*+)*/)"), "");
+}
+
+/// Every function and variable that the seam's headers declare, as the linker knows it.
+Names declared_by_seam() {
+  Names names = names_in(seam_headers(), R"(^\w[\w ]*[ *](\w+)\([^;]*\);)");
+  names.insert({"confd_errno", "_ZN21QnConfdCdbSessionBaseC2EP16QnConfdInterface11cdb_db_typeb",
+                "_ZN21QnConfdCdbSessionBaseD2Ev", "_ZNK21QnConfdCdbSessionBase6SocketEv",
+                "_ZTI21QnConfdCdbSessionBase"});
+  return names;
+}
+
+Names common(Names names, const Names &others) {
+  std::erase_if(names, [&](const std::string &name) { return !others.contains(name); });
+  return names;
+}
+
+Names without(Names names, const Names &others) {
+  std::erase_if(names, [&](const std::string &name) { return others.contains(name); });
+  return names;
+}
+
+TEST(SymbolsTest, TheHeadersAreUnderstood) {
+  const Names seam = declared_by_seam();
+  for (const char *name : {"maapi_keypath_diff_iterate", "confd_trans_seterr", "qnconfd_instance_get", "fm_init",
+                           "zlog", "valid_intfname", "cdb_get_objects", "qnmw_trace_register_category"}) {
+    EXPECT_TRUE(seam.contains(name)) << name;
+  }
+}
+
+TEST(SymbolsTest, TheLibraryAsksTheHostForNothingThatTheSeamDoesNotDeclare) {
+  const Names asked = asked_of_host(PLUGIN_FILE);
+  EXPECT_TRUE(asked.contains("maapi_num_instances"));
+  EXPECT_EQ(without(asked, declared_by_seam()), Names{});
+}
+
+TEST(SymbolsTest, TheFourEntryPointsHaveTheirPlainNames) {
+  const Names entry_points{"lib_init", "get_validation_point", "validate", "lib_finish"};
+  EXPECT_EQ(without(entry_points, defined_in(PLUGIN_FILE)), Names{});
+}
+
+TEST(SymbolsTest, TheLibraryDefinesNothingOfTheSeam) {
+  EXPECT_EQ(common(defined_in(PLUGIN_FILE), declared_by_seam()), Names{});
+}
+
+TEST(SymbolsTest, TheLibraryNeedsTheRuntimeOnly) {
+  Names needed = names_in(output_of("readelf -d " PLUGIN_FILE), R"(\(NEEDED\).*\[([^\]]+)\])");
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+  std::erase_if(needed, [](const std::string &name) { return name.find("san.so") != std::string::npos; });
+#endif
+  EXPECT_FALSE(needed.empty());
+  EXPECT_EQ(without(needed, {"libstdc++.so.6", "libgcc_s.so.1", "libm.so.6", "libc.so.6", "ld-linux-x86-64.so.2"}),
+            Names{});
+}
+
+TEST(SymbolsTest, TheLibraryCarriesABuildId) {
+  EXPECT_EQ(names_in(output_of("readelf -n " PLUGIN_FILE), "Build ID: ([0-9a-f]+)").size(), 1U);
+}
+
+}  // namespace
