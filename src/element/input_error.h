@@ -11,6 +11,12 @@ class InputError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// An input file that cannot be opened or read, whatever its content.
+class FileError : public InputError {
+ public:
+  using InputError::InputError;
+};
+
 }  // namespace element
 
 #endif

@@ -1,0 +1,83 @@
+#include "element/input_text.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "element/input_error.h"
+#include "temporary_file.h"
+
+namespace {
+
+using element::position_at;
+using element::read_input;
+
+template <typename Error>
+std::string error_of(const std::filesystem::path &file) {
+  try {
+    read_input(file);
+  } catch (const Error &error) {
+    return error.what();
+  }
+  return "no error";
+}
+
+TEST(InputText, IsTheFilesWholeContent) {
+  const std::string content = std::string(200000, 'x') + '\0' + "end\n";
+  EXPECT_EQ(read_input(TemporaryFile(content).path()), content);
+  EXPECT_EQ(read_input(TemporaryFile("").path()), "");
+}
+
+TEST(InputText, MissingFile) {
+  EXPECT_EQ(error_of<element::FileError>("no-such-file"),
+            "no-such-file: cannot be read: No such file or directory; expected a readable file");
+}
+
+TEST(InputText, Directory) {
+  const std::string directory = testing::TempDir();
+  EXPECT_EQ(error_of<element::FileError>(directory),
+            directory + ": cannot be read: Is a directory; expected a readable file");
+}
+
+TEST(InputText, NoPermission) {
+  const TemporaryFile file("{}");
+  std::filesystem::permissions(file.path(), std::filesystem::perms::none);
+  // The superuser may read every file, so the test becomes somebody else for a while.
+  constexpr uid_t kNobody = 65534;
+  const uid_t user = geteuid();
+  if (user == 0 && seteuid(kNobody) != 0) GTEST_SKIP() << "the superuser cannot become another user here";
+  const std::string error = error_of<element::FileError>(file.path());
+  ASSERT_EQ(seteuid(user), 0);
+  EXPECT_EQ(error, file.path().string() + ": cannot be read: Permission denied; expected a readable file");
+}
+
+TEST(InputText, FileBeyondTheLargestSize) {
+  const TemporaryFile file;
+  std::filesystem::resize_file(file.path(), element::kMaxInputSize + 1);
+  EXPECT_EQ(error_of<element::InputError>(file.path()),
+            file.path().string() + ": is larger than 1073741824 bytes; expected a file of at most that size");
+}
+
+TEST(InputText, PositionCountsFromOne) {
+  struct Row {
+    const char *text;
+    std::size_t offset;
+    std::size_t line;
+    std::size_t column;
+  };
+  const std::vector<Row> rows{{"", 0, 1, 1},     {"ab", 1, 1, 2},   {"a\nb", 1, 1, 2},
+                              {"a\nb", 2, 2, 1}, {"\n\n", 2, 3, 1}, {"a\nb", 99, 2, 2}};
+  for (const Row &row : rows) {
+    const element::Position position = position_at(row.text, row.offset);
+    EXPECT_EQ(position.line, row.line) << row.text << " at " << row.offset;
+    EXPECT_EQ(position.column, row.column) << row.text << " at " << row.offset;
+  }
+}
+
+TEST(InputText, QuoteIsOnePrintableLine) {
+  EXPECT_EQ(element::one_line("a \"b\"\n\x1b[31m\xff"), R"(a "b"\x0a\x1b[31m\xff)");
+  EXPECT_EQ(element::one_line(std::string(400, 'y')), std::string(400, 'y'));
+  EXPECT_EQ(element::one_line(std::string(401, 'y')), std::string(400, 'y') + "...");
+}
+
+}  // namespace
