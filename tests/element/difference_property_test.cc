@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "element/transaction.h"
+#include "print.h"
+
+using element::Change;
+using element::ChangeKind;
+using element::Node;
+using element::NodeKind;
+using element::Profile;
+using element::Tree;
+
+namespace {
+
+Profile four_interfaces() {
+  Profile profile;
+  profile.interfaces = {{"eth0", 1, 1000}, {"eth1", 2, 1001}, {"eth2", 3, 1002}, {"eth3", 4, 1003}};
+  return profile;
+}
+
+/// Few names, so that two configurations share some and differ in others.
+rc::Gen<std::string> configuration_line() {
+  return rc::gen::exec([] {
+    const auto pick = [](std::initializer_list<const char *> texts) {
+      return std::string(*rc::gen::elementOf(std::vector<const char *>(texts)));
+    };
+    const std::string group = pick({"G", "H"});
+    const std::string vpn = pick({"U", "V"});
+    const std::string interface = pick({"eth0", "eth1", "eth2", "eth3"});
+    const std::string number = pick({"9", "10", "200"});
+    const std::string vpls = "/mpls/l2vpn-config/l2vpn/vpls-group{" + group + "}/vpn{" + vpn + "}";
+    const std::string vpws = "/mpls/l2vpn-config/l2vpn/vpws-group{" + group + "}/vpn{" + vpn + "}";
+    const std::string access = "/access-interface{" + interface + "}";
+    const std::vector<std::string> lines = {
+        vpls,
+        vpls + "/bridge-domain/dot1q = " + number,
+        vpls + "/bridge-domain/bridge-mtu = " + number,
+        vpls + "/bridge-domain/transparent-lan-service",
+        vpls + "/bridge-domain" + access,
+        vpls + "/bridge-domain" + access + "/encapsulation/untagged",
+        vpls + "/bridge-domain" + access + "/encapsulation/dot1q-range{" + number + " 300}",
+        vpls + "/vfi/neighbor{10.0.0." + number + "}/pw-id = " + pick({"1", "2"}),
+        vpws + access + "/dot1q = " + number,
+        vpws + access + "/encapsulation/untagged",
+        vpws + "/neighbor{10.0.0." + number + "}/pw-id = " + pick({"1", "2"}),
+        vpws + "/backup-neighbor{10.0.0." + number + "}/pw-id = " + pick({"1", "2"}),
+        "/config/vlan{" + number + "}/interface{" + interface + "}",
+        "/config/igmp-snooping{" + number + "}/interface{" + interface + "}",
+        "/config/l3-interface{l3-" + group + "}/vlan = " + number,
+        "/mpls/ldp/interface{l3-" + group + "}",
+        "/config/service-port{" + number + "}/match/vlan/vlan-id/vid = " + number,
+    };
+    return *rc::gen::elementOf(lines);
+  });
+}
+
+rc::Gen<Lines> configuration() { return rc::gen::container<Lines>(configuration_line()); }
+
+void apply(const Change &change, Node &parent);
+
+void apply_below(const Change &change, Node &node) {
+  for (const Change &child : change.children) apply(child, node);
+}
+
+Node &entry_with(Node &list, const std::vector<element::Value> &keys) {
+  for (Node &entry : list.children) {
+    if (element::compare_keys(entry.keys, keys) == 0) return entry;
+  }
+  return append_entry(list, keys);
+}
+
+/// Does to the old tree what a change says, from what the change itself holds and the values it sets.
+void apply(const Change &change, Node &parent) {
+  if (change.kind == ChangeKind::deleted) {
+    const auto is_deleted = [&change](const Node &node) {
+      return node.schema == change.schema && element::compare_keys(node.keys, change.before->keys) == 0;
+    };
+    RC_ASSERT(std::erase_if(parent.children, is_deleted) == 1U);
+    return;
+  }
+  Node &node = change.is_entry() ? entry_with(parent, change.keys()) : child(parent, *change.schema);
+  if (change.schema->kind == NodeKind::leaf) {
+    node.value = change.after->value;
+    return;
+  }
+  apply_below(change, node);
+}
+
+/// Whether a change says something: what it reports as new was not there, what it reports as gone was.
+bool is_real(const Change &change) {
+  switch (change.kind) {
+    case ChangeKind::created:
+      return change.before == nullptr && change.after != nullptr;
+    case ChangeKind::deleted:
+      return change.before != nullptr && change.after == nullptr && change.children.empty();
+    case ChangeKind::modified:
+      return change.before != nullptr && change.after != nullptr && change.is_entry() && !change.children.empty();
+    case ChangeKind::below:
+      return !change.is_entry() && !change.children.empty();
+    case ChangeKind::value_set:
+      return change.before == nullptr || compare(change.before->value, change.after->value) != 0;
+  }
+  return false;
+}
+
+void check_are_real(const std::vector<Change> &changes) {
+  for (const Change &change : changes) {
+    RC_ASSERT(is_real(change));
+    check_are_real(change.children);
+  }
+}
+
+void check_find_change(const Change &root, const Change &change, const element::Path &path) {
+  RC_ASSERT(find_change(root, path) == &change);
+  for (const Change &child : change.children) {
+    element::Path below = path;
+    if (child.is_entry()) {
+      below.back().keys = child.keys();
+    } else {
+      below.push_back({child.schema, {}});
+    }
+    check_find_change(root, child, below);
+  }
+}
+
+RC_GTEST_PROP(DifferenceProperty, AppliedToTheOldTreeGivesTheNew, ()) {
+  const auto transaction = make_transaction(tree_of(*configuration()), tree_of(*configuration()), four_interfaces());
+  Tree patched = transaction->running;
+  apply_below(transaction->changes, patched.root());
+  patched.sort();
+  RC_ASSERT(print(patched) == print(transaction->candidate));
+}
+
+RC_GTEST_PROP(DifferenceProperty, EveryChangeIsRealAndIsFoundByItsPath, ()) {
+  const auto transaction = make_transaction(tree_of(*configuration()), tree_of(*configuration()), four_interfaces());
+  check_are_real(transaction->changes.children);
+  check_find_change(transaction->changes, transaction->changes, {});
+}
+
+RC_GTEST_PROP(DifferenceProperty, OfATreeWithItselfIsEmpty, ()) {
+  const Lines lines = *configuration();
+  const auto transaction = make_transaction(tree_of(lines), tree_of(lines), four_interfaces());
+  RC_ASSERT(transaction->changes.children.empty());
+}
+
+/// The identifier of each VPN of a family, by group and name.
+std::map<std::pair<std::string, std::string>, std::string> identifiers(const Tree &tree, const char *groups) {
+  std::map<std::pair<std::string, std::string>, std::string> found;
+  const Node *list = tree.find(groups);
+  if (list == nullptr) return found;
+  for (const Node &group : list->children) {
+    for (const Node &vpn : group.children.front().children) {
+      found[{to_text(group.keys[0]), to_text(vpn.keys[0])}] = to_text(vpn.keys[1]);
+    }
+  }
+  return found;
+}
+
+RC_GTEST_PROP(TransactionProperty, AVpnKeepsItsIdentifierAndSharesItWithNoOther, ()) {
+  const auto transaction = make_transaction(tree_of(*configuration()), tree_of(*configuration()), four_interfaces());
+  for (const char *groups : {"/internal/int-vpls-group", "/internal/int-vpws-group"}) {
+    auto all = identifiers(transaction->running, groups);
+    for (const auto &[vpn, id] : identifiers(transaction->candidate, groups)) {
+      RC_ASSERT(all.try_emplace(vpn, id).first->second == id);
+    }
+    std::set<std::string> distinct;
+    for (const auto &[vpn, id] : all) RC_ASSERT(distinct.insert(id).second);
+  }
+}
+
+}  // namespace
