@@ -27,6 +27,19 @@ struct scoped_value : confd_value_t {
   scoped_value &operator=(const scoped_value &) = delete;
 };
 
+/// The values that one object read fills, freed when they leave scope. What a failed read leaves is of no type.
+template <std::size_t kValues>
+struct scoped_object : std::array<confd_value_t, kValues> {
+  scoped_object() : std::array<confd_value_t, kValues>{} {
+    for (confd_value_t &value : *this) value.type = C_NOEXISTS;
+  }
+  ~scoped_object() {
+    for (confd_value_t &value : *this) confd_free_value(&value);
+  }
+  scoped_object(const scoped_object &) = delete;
+  scoped_object &operator=(const scoped_object &) = delete;
+};
+
 /// Objects are read from lists in batches of this many entries.
 constexpr int kBatchEntries = 64;
 

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr std::int32_t kTlsOff = 2;
-
 /// The key of a list entry that borrows the text: valid while the text lives, and never freed.
 confd_value_t buf_key(std::string &text) {
   confd_value_t key{};
@@ -44,7 +42,7 @@ bool get_vpls_tls(int sock, confd_trans_ctx *tctx, const std::string &group, con
   const std::string entry =
       format_path("/internal/int-vpls-group{%s}/int-vpls-vpn{%s %u}", group.c_str(), vpn.c_str(), id);
 
-  std::int32_t tls = kTlsOff;
+  std::int32_t tls = kVplsTlsOff;
   maapi_get_enum_value_elem(sock, tctx->thandle, &tls, "%s/int-vpls-bd/int-vpls-bd-tls", entry.c_str());
-  return tls != kTlsOff;
+  return tls != kVplsTlsOff;
 }

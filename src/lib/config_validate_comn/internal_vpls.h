@@ -8,6 +8,9 @@
 
 #include "confd_dp.h"
 
+/// Value of a bridge domain's int-vpls-bd-tls that says off; every other says on.
+constexpr std::int32_t kVplsTlsOff = 2;
+
 /// The identifier under which the application keeps the VPN: the lowest above 0, or 0 when the VPN has none.
 std::uint32_t get_int_vpls_id(int sock, confd_trans_ctx *tctx, const std::string &group, const std::string &vpn);
 
