@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "config_validate_comn/guards.h"
+#include "config_validate_comn/interface_encapsulation.h"
 #include "config_validate_comn/path_format.h"
 #include "config_validate_comn/value_assert.h"
 #include "config_validate_comn/vpn_names.h"
@@ -64,15 +65,6 @@ encap_paths_t build_encap_paths(const attachment_t &at, std::uint32_t vpn_id) {
           format_path("/internal/int-vpls-group{%s}/int-vpls-vpn{%s %u}/int-vpls-bd/int-vpls-ac{%s}/int-vpls-encap/"
                       "int-vpls-encap-untagged",
                       group.c_str(), vpn.c_str(), vpn_id, at.interface.c_str())};
-}
-
-bool is_configured_untagged(std::int32_t sock, confd_trans_ctx *tctx, const std::string &path) {
-  constexpr std::int32_t kUntagged = 1;
-  std::int32_t setting = 2;
-  if (maapi_exists(sock, tctx->thandle, "%s", path.c_str()) == 1) {
-    maapi_get_enum_value_elem(sock, tctx->thandle, &setting, "%s", path.c_str());
-  }
-  return setting == kUntagged;
 }
 
 // The values are integers, which own nothing: only their buffer is released.
