@@ -4,8 +4,25 @@
 // The VPLS rules, by validation point, in the order in which they run.
 
 #include <cstdint>
+#include <string>
+#include <unordered_map>
 
 #include "confd_dp.h"
+#include "config_validate_comn/access_snapshot.h"
+
+// Access interfaces (vpn_access_valp).
+
+/// Every access interface of every VPLS VPN of the transaction, in list order, against the element, its VPN and every
+/// claim that the snapshot holds by then; records it in the snapshot. Runs after its VPWS counterpart. `maximum` is the
+/// most access interfaces of one VPN. 0, or -1 with the message set. Throws std::bad_array_new_length when an
+/// encapsulation's ranges cannot be counted.
+std::int32_t config_validate_vpls_access_dot1q(std::int32_t sock, confd_trans_ctx *tctx,
+                                               st_val_acc_dot1q_vpn_t &snapshot, std::int32_t maximum,
+                                               std::unordered_map<std::string, bool> &service_ports);
+
+/// Whether the VPN (bare keys) has more access interfaces than the maximum; the message is then set.
+bool config_validate_vpls_max_access_interfaces(std::int32_t sock, confd_trans_ctx *tctx, const char *group,
+                                                const char *vpn, std::uint32_t vpn_id, std::int32_t maximum);
 
 // Interface kinds (vpn_access_intf_valp). The key path is that of a leaf of one access interface.
 

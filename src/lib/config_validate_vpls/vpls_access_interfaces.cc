@@ -1,0 +1,125 @@
+#include "confd_maapi.h"
+#include "config_validate_comn/access_interface_checks.h"
+#include "config_validate_comn/config_validate_comn.h"
+#include "config_validate_comn/guards.h"
+#include "config_validate_comn/internal_vpls.h"
+#include "config_validate_comn/model_tags.h"
+#include "config_validate_comn/snapshot_loading.h"
+#include "config_validate_comn/snapshot_queries.h"
+#include "config_validate_comn/value_assert.h"
+#include "config_validate_comn/vpn_names.h"
+#include "config_validate_vpls/config_validate_vpls.h"
+#include "config_validate_vpls/vpls_access_checks.h"
+
+namespace {
+
+struct bridge_domain_t {
+  std::uint32_t vlan = 0;
+  std::int32_t tls = kVplsTlsOff;
+};
+
+// The types alone decide what was read: a failed read leaves both unset, and the VPN then has no VLAN and the service
+// off.
+bridge_domain_t read_bridge_domain(std::int32_t sock, confd_trans_ctx *tctx, const std::string &group,
+                                   const std::string &vpn, std::uint32_t vpn_id) {
+  scoped_object<2> values;
+  maapi_get_object(sock, tctx->thandle, values.data(), 2,
+                   "/internal/int-vpls-group{%s}/int-vpls-vpn{%s %d}/int-vpls-bd", group.c_str(), vpn.c_str(),
+                   static_cast<std::int32_t>(vpn_id));
+
+  bridge_domain_t bridge_domain;
+  if (values[0].type == C_UINT32) bridge_domain.vlan = values[0].val.u32;
+  if (values[1].type == C_ENUM_VALUE) bridge_domain.tls = values[1].val.enumvalue;
+  return bridge_domain;
+}
+
+/// Records what the transaction does to the VPN's bridge domain as the attachment's change, and returns it.
+std::int32_t record_change(std::int32_t sock, confd_trans_ctx *tctx, const std::string &group, const std::string &vpn,
+                           const std::string &interface, st_val_acc_dot1q_vpn_t &snapshot) {
+  constexpr auto tag = static_cast<std::int32_t>(model_tag::bridge_domain);
+  const std::int32_t mop = get_vpn_mop(sock, tctx, build_vpn_access_config_path(tag, group, vpn, interface));
+  if (mop != 0) set_vpn_mop(group, vpn, interface, mop, snapshot);
+  return mop;
+}
+
+/// One entry of the walked list and what else was read for it.
+struct attachment_t {
+  std::string group;
+  std::string vpn;
+  std::string interface;
+  std::uint32_t vpn_id = 0;
+  bridge_domain_t bridge_domain;
+  std::int32_t mop = 0;
+};
+
+// The agreement of the VPN's interfaces records only whether this one has an encapsulation; its VLANs are recorded by
+// the encapsulation check, after the rules that compare them with what is recorded already.
+std::int32_t check_claims(std::int32_t sock, confd_trans_ctx *tctx, const maapi_cursor &mc, attachment_t &a,
+                          st_val_acc_dot1q_vpn_t &snapshot, std::unordered_map<std::string, bool> &service_ports) {
+  const bool has_untagged = vpls_has_encapsulation_untagged(sock, tctx, mc);
+  const bool has_dot1q = vpls_has_encapsulation_dot1q(sock, tctx, mc);
+  const bool has_encap = has_untagged || has_dot1q;
+  const std::uint32_t vlan = a.bridge_domain.vlan;
+  const bool is_port_based = is_interface_vpn_port_based_through_basic_info(vlan, has_encap);
+  const en_vpn_match_type_t match = is_port_based ? VPN_MATCH_PORT_BASED : VPN_MATCH_DOT1Q;
+  st_acc_dot1q_range_t range{vlan, vlan};
+
+  if (config_validate_vpn_access_encapsulation(sock, tctx, a.interface, a.group, a.vpn, has_encap, snapshot) !=
+      CONFD_OK) {
+    return CONFD_ERR;
+  }
+  if (config_validate_vpls_access_vlm(sock, tctx, a.group, a.vpn, a.interface, range, a.mop, match, true) ==
+      CONFD_ERR) {
+    return CONFD_ERR;
+  }
+  if (config_validate_vpn_access_dot1q(sock, tctx, a.group, a.vpn, a.interface, range, snapshot, match) == CONFD_ERR) {
+    return CONFD_ERR;
+  }
+  if (config_validate_vpls_access_encap(sock, tctx, a.group, a.vpn, a.vpn_id, a.interface, vlan, has_untagged,
+                                        has_dot1q, snapshot) == CONFD_ERR) {
+    return CONFD_ERR;
+  }
+  return check_service_port_usage(tctx, a.interface, service_ports, match);
+}
+
+std::int32_t check_access_interface(std::int32_t sock, confd_trans_ctx *tctx, const maapi_cursor &mc,
+                                    st_val_acc_dot1q_vpn_t &snapshot, std::int32_t maximum,
+                                    std::unordered_map<std::string, bool> &service_ports) {
+  const std::string group = GET_BUF(&mc.keys[0]);
+  const std::string vpn = GET_BUF(&mc.keys[1]);
+  attachment_t a;
+  a.group = kVplsGroupPrefix + group;
+  a.vpn = kVpnPrefix + vpn;
+  a.interface = GET_BUF(&mc.keys[3]);
+  if (check_interface_name(tctx, a.group, a.vpn, a.interface) != CONFD_OK) return CONFD_ERR;
+
+  a.vpn_id = GET_UINT32(&mc.keys[2]);
+  if (config_validate_vpls_max_access_interfaces(sock, tctx, group.c_str(), vpn.c_str(), a.vpn_id, maximum)) {
+    return CONFD_ERR;
+  }
+
+  a.bridge_domain = read_bridge_domain(sock, tctx, group, vpn, a.vpn_id);
+  if (a.bridge_domain.tls != kVplsTlsOff) set_vpls_tls(a.group, a.vpn, a.bridge_domain.tls, snapshot);
+  a.mop = record_change(sock, tctx, a.group, a.vpn, a.interface, snapshot);
+  return check_claims(sock, tctx, mc, a, snapshot, service_ports);
+}
+
+}  // namespace
+
+// Interface by interface, the first failing rule decides the message:
+// - The element has the interface.
+// - The VPN has no more access interfaces than the card allows.
+// - All access interfaces of the VPN have an encapsulation or none has.
+// - A changed attachment is no multicast router interface, and its VLAN is no static member's.
+// - Its VLAN, and then its encapsulation, is no other VPN's.
+// - A service port is used by one VPN, or VLAN-based by all.
+std::int32_t config_validate_vpls_access_dot1q(std::int32_t sock, confd_trans_ctx *tctx,
+                                               st_val_acc_dot1q_vpn_t &snapshot, std::int32_t maximum,
+                                               std::unordered_map<std::string, bool> &service_ports) {
+  scoped_cursor mc;
+  maapi_init_cursor(sock, tctx->thandle, &mc, "/internal/int-sub-vpls-vpn-ac");
+  for (maapi_get_next(&mc); mc.n != 0; maapi_get_next(&mc)) {
+    if (check_access_interface(sock, tctx, mc, snapshot, maximum, service_ports) != CONFD_OK) return CONFD_ERR;
+  }
+  return CONFD_OK;
+}
