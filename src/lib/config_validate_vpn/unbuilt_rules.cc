@@ -4,10 +4,6 @@
 #include "config_validate_vpn/handlers.h"
 #include "config_validate_vpws/config_validate_vpws.h"
 
-std::int32_t config_validate_vpn_access(std::int32_t, confd_trans_ctx *, confd_hkeypath_t *, confd_value_t *) {
-  return CONFD_OK;
-}
-
 std::int32_t config_validate_vpn_peer(std::int32_t, confd_trans_ctx *, confd_hkeypath_t *, confd_value_t *) {
   return CONFD_OK;
 }
