@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 
+#include "confd_cdb.h"
 #include "confd_lib.h"
 #include "confd_maapi.h"
 
@@ -42,5 +43,57 @@ struct scoped_object : std::array<confd_value_t, kValues> {
 
 /// Objects are read from lists in batches of this many entries.
 constexpr int kBatchEntries = 64;
+
+/// One batch of list entries, `kValues` values each. The values start out as values of no type, so that what a failed
+/// read left unfilled ends on its type assertion and never on stale memory. `owned` tells which values of an entry own
+/// memory: these are freed, entry by entry, for every entry that was read, at the latest when the batch leaves scope.
+///
+///   do {
+///     scoped_batch<2, 1> batch({0});
+///     if (!batch.fetch(mc)) break;
+///     for (int i = 0; i < batch.count(); ++i) use(GET_BUF(&batch.entry(i)[0]));
+///   } while (mc.n != 0);
+template <std::size_t kValues, std::size_t kOwned>
+class scoped_batch {
+ public:
+  explicit scoped_batch(const std::array<std::size_t, kOwned> &owned) : owned_(owned) {
+    for (confd_value_t &value : values_) value.type = C_NOEXISTS;
+  }
+  ~scoped_batch() {
+    while (freed_ < count_) free_next();
+  }
+  scoped_batch(const scoped_batch &) = delete;
+  scoped_batch &operator=(const scoped_batch &) = delete;
+
+  /// Reads up to kBatchEntries entries after the cursor. False when the read failed: there is then no entry.
+  bool fetch(maapi_cursor &mc) {
+    int count = kBatchEntries;
+    if (maapi_get_objects(&mc, values_.data(), static_cast<int>(kValues), &count) < 0) return false;
+    count_ = count;
+    return true;
+  }
+
+  /// Reads `count` entries of a list from `index` on through a CDB session. A failed read shows only in the values.
+  void fetch(int cdb_socket, int index, int count, const char *list) {
+    count_ = count;
+    cdb_get_objects(cdb_socket, values_.data(), static_cast<int>(kValues), index, count, list);
+  }
+
+  int count() const { return count_; }
+  const confd_value_t *entry(int i) const { return &values_[static_cast<std::size_t>(i) * kValues]; }
+
+  /// Frees what the first entry that has not been freed yet owns.
+  void free_next() {
+    confd_value_t *values = &values_[static_cast<std::size_t>(freed_) * kValues];
+    for (const std::size_t value : owned_) confd_free_value(&values[value]);
+    ++freed_;
+  }
+
+ private:
+  std::array<confd_value_t, kBatchEntries * kValues> values_;
+  std::array<std::size_t, kOwned> owned_;
+  int count_ = 0;
+  int freed_ = 0;
+};
 
 #endif
