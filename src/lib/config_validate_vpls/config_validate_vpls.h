@@ -9,6 +9,7 @@
 
 #include "confd_dp.h"
 #include "config_validate_comn/access_snapshot.h"
+#include "config_validate_vpn/pseudowire_map.h"
 
 // Access interfaces (vpn_access_valp).
 
@@ -31,5 +32,20 @@ std::int32_t config_validate_vpls_access_interface_type(std::int32_t sock, confd
 
 /// A service port needs transparent-LAN-service on its bridge domain. 0, or -1 with the message set.
 std::int32_t config_validate_vpls_service_port_config(std::int32_t sock, confd_trans_ctx *tctx, confd_hkeypath_t *kp);
+
+// Pseudowires (vpn_peer_valp). Each runs after its VPWS counterpart, on the same map.
+
+/// A pw-id of the transaction is used once towards a neighbour; adds the VPLS pseudowires to the committing map. 0, or
+/// -1 with the message set, the map then holding those before the second use.
+std::int32_t config_validate_vpls_unique_pw_id(std::int32_t sock, confd_trans_ctx *tctx, val_pw_map_t &committing);
+
+/// Adds the VPLS pseudowires of the running configuration to the running map; a key that is there keeps its pseudowire.
+/// Always 0. The socket is not used: the running configuration is read in a CDB session of its own.
+std::int32_t fill_config_vpls_peer_running(std::int32_t sock, confd_trans_ctx *tctx, val_pw_map_t &running);
+
+/// The pw-id that the transaction gives the pseudowire as a VPLS neighbour is not one that the running configuration
+/// has towards the same neighbour. 0, or -1 with the message set.
+std::int32_t config_validate_vpls_pw_id_exchange(std::int32_t sock, confd_trans_ctx *tctx, const val_pw_map_t &running,
+                                                 const st_peer_info_t &pw);
 
 #endif
