@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,8 @@
 #include "element/transaction.h"
 
 namespace host {
+
+struct SeamState;
 
 /// Every function of the seam that a plug-in can call, for counting and for faults.
 enum class SeamFunction : std::size_t {
@@ -63,14 +66,16 @@ std::string_view name(SeamFunction function);
 /// was leaked by the plug-in.
 struct Account {
   std::array<std::uint64_t, seam_function_count> calls{};
-  std::int64_t open_cursors = 0;
+  std::int64_t open_cursors = 0;  ///< what the element itself closes, after a validation call, stays counted as open
   std::int64_t open_sessions = 0;
   std::int64_t values_handed_out = 0;  ///< strings owned by the caller and not yet freed
   std::vector<int> timeouts;           ///< seconds of every time-out extension
   std::vector<std::string> trace;      ///< "category: text" of every trace call
 };
 
-/// Makes the n-th call (from 1) of a function fail as that function fails; n = 0: none.
+/// Makes the n-th call (from 1) of a function fail as that function fails; n = 0: none. Functions that return nothing
+/// cannot fail. The agent's calls fail with CONFD_ERR_OS, which stands for a lost connection, and leave their outputs
+/// as they were, apart from a cursor, which then stands on no entry. Calls are counted by the account.
 struct Fault {
   SeamFunction function = SeamFunction::count;
   std::uint64_t nth = 0;
@@ -89,7 +94,8 @@ class Seam {
   /// The active one, or null.
   static Seam *active();
 
-  /// Answers from this transaction until the next serve(); null: no transaction, every read fails.
+  /// Answers from this transaction until the next serve(); null: no transaction, every read fails. Closes the cursors
+  /// that are open and forgets the texts that transaction contexts were given.
   void serve(const element::Transaction *transaction);
 
   const element::Transaction *transaction() const { return transaction_; }
@@ -100,6 +106,9 @@ class Seam {
   int transaction_handle() const;
   void *middleware();
 
+  /// What the platform's functions keep from call to call.
+  SeamState &state() { return *state_; }
+
   Account account;
   Fault fault;
 
@@ -109,6 +118,7 @@ class Seam {
  private:
   const element::Profile *profile_;
   const element::Transaction *transaction_ = nullptr;
+  std::unique_ptr<SeamState> state_;
 };
 
 }  // namespace host

@@ -1,0 +1,64 @@
+#include "host/build_id.h"
+
+#include <elf.h>
+#include <fmt/format.h>
+#include <link.h>
+
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string_view>
+
+namespace host {
+
+namespace {
+
+/// A structure of the file at an offset, or nothing where the file ends before it does.
+template <typename T>
+std::optional<T> read_at(std::string_view file, std::size_t offset) {
+  if (offset > file.size() || file.size() - offset < sizeof(T)) return std::nullopt;
+  T result;
+  std::memcpy(&result, file.data() + offset, sizeof(T));
+  return result;
+}
+
+std::string_view part(std::string_view file, std::size_t offset, std::size_t size) {
+  return offset > file.size() ? std::string_view{} : file.substr(offset, size);
+}
+
+std::size_t padded(std::size_t size) { return (size + 3U) & ~std::size_t{3U}; }
+
+/// The content of the build id note among a segment's notes; empty where there is none.
+std::string_view find_build_id(std::string_view notes) {
+  while (const auto note = read_at<ElfW(Nhdr)>(notes, 0)) {
+    const std::size_t name_at = sizeof *note;
+    const std::size_t content_at = name_at + padded(note->n_namesz);
+    const std::string_view name = part(notes, name_at, note->n_namesz);
+    const std::string_view content = part(notes, content_at, note->n_descsz);
+    if (note->n_type == NT_GNU_BUILD_ID && name == std::string_view("GNU\0", 4)) return content;
+    notes = part(notes, content_at + padded(note->n_descsz), notes.size());
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string build_id(const std::filesystem::path &file) {
+  std::ifstream stream(file, std::ios::binary);
+  const std::string content{std::istreambuf_iterator<char>(stream), {}};
+  const auto header = read_at<ElfW(Ehdr)>(content, 0);
+  if (!header || std::memcmp(header->e_ident, ELFMAG, SELFMAG) != 0) return "none";
+
+  for (std::size_t i = 0; i < header->e_phnum; ++i) {
+    const auto segment = read_at<ElfW(Phdr)>(content, header->e_phoff + i * header->e_phentsize);
+    if (!segment || segment->p_type != PT_NOTE) continue;
+    const std::string_view id = find_build_id(part(content, segment->p_offset, segment->p_filesz));
+    if (!id.empty())
+      return fmt::format("{:02x}", fmt::join(reinterpret_cast<const unsigned char *>(id.data()),
+                                             reinterpret_cast<const unsigned char *>(id.data()) + id.size(), ""));
+  }
+  return "none";
+}
+
+}  // namespace host

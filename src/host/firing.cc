@@ -1,0 +1,76 @@
+#include "host/firing.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string_view>
+
+namespace host {
+
+namespace {
+
+using element::Change;
+using element::ChangeKind;
+using element::NodeKind;
+
+// Points that judge the interface they stand on. Every other point judges the configuration as a whole, so that asking
+// it once is enough.
+constexpr std::array<std::string_view, 2> kPointsOfAnInterface{"vpn_access_intf_valp", "vpn_sp_valp"};
+
+class Walk {
+ public:
+  // A deleted node is not there to be validated; what it was deleted from is met before it.
+  void visit(const Change &change) {
+    if (change.kind == ChangeKind::deleted) return;
+    const bool is_whole_list = change.schema->kind == NodeKind::list && !change.is_entry();
+    if (is_whole_list) return visit_children(change);
+
+    path_.push_back({change.schema, change.is_entry() ? change.keys() : std::vector<element::Value>{}});
+    fire(*change.schema, change.after->value);
+    if (change.kind == ChangeKind::created && change.is_entry()) fire_keys(change);
+    visit_children(change);
+    path_.pop_back();
+  }
+
+  void visit_children(const Change &change) {
+    for (const Change &child : change.children) visit(child);
+  }
+
+  std::vector<Firing> take() { return std::move(firings_); }
+
+ private:
+  // A key is new where its entry is; it can never change.
+  void fire_keys(const Change &entry) {
+    const std::size_t count = std::min(entry.schema->key_count, entry.keys().size());
+    for (std::size_t i = 0; i < count; ++i) {
+      const element::SchemaNode &key = *entry.schema->children[i];
+      if (key.validation_points.empty()) continue;
+      path_.push_back({&key, {}});
+      fire(key, entry.keys()[i]);
+      path_.pop_back();
+    }
+  }
+
+  void fire(const element::SchemaNode &node, const element::Value &value) {
+    for (const std::string &point : node.validation_points) {
+      const bool is_asked_each_time =
+          std::find(kPointsOfAnInterface.begin(), kPointsOfAnInterface.end(), point) != kPointsOfAnInterface.end();
+      const bool is_first = fired_.insert(point).second;
+      if (is_first || is_asked_each_time) firings_.push_back({point, path_, value});
+    }
+  }
+
+  element::Path path_;
+  std::set<std::string> fired_;
+  std::vector<Firing> firings_;
+};
+
+}  // namespace
+
+std::vector<Firing> fired_points(const element::Transaction &transaction) {
+  Walk walk;
+  walk.visit_children(transaction.changes);
+  return walk.take();
+}
+
+}  // namespace host

@@ -1,0 +1,194 @@
+#include "host/path_format.h"
+
+#include <array>
+#include <charconv>
+#include <cstring>
+
+namespace host {
+
+bool PathText::format(const char *format, std::va_list arguments) {
+  Arguments remaining;
+  va_copy(remaining.list, arguments);
+  while (*format != '\0' && state_ != State::broken) {
+    const std::size_t plain = std::strcspn(format, "%");
+    path_text({format, plain});
+    format += plain;
+    if (*format == '%') format = convert(format + 1, remaining);
+  }
+  va_end(remaining.list);
+  return is_complete();
+}
+
+// Answers where the format goes on. After a conversion that is not known the arguments' types are not known either.
+const char *PathText::convert(const char *specification, Arguments &arguments) {
+  int longs = 0;
+  for (; *specification == 'l'; ++specification) ++longs;
+  switch (*specification) {
+    case 's': {
+      const char *text = va_arg(arguments.list, const char *);
+      argument(text == nullptr ? "(null)" : text);
+      return specification + 1;
+    }
+    case 'd':
+    case 'i':
+    case 'u':
+    case 'x':
+      number(*specification, longs, arguments);
+      return specification + 1;
+    case '%':
+      path_text("%");
+      return specification + 1;
+    default:
+      state_ = State::broken;
+      return specification;
+  }
+}
+
+void PathText::number(char conversion, int longs, Arguments &arguments) {
+  std::array<char, 24> digits;
+  std::to_chars_result result{};
+  if (conversion == 'd' || conversion == 'i') {
+    const long long value = longs > 1    ? va_arg(arguments.list, long long)
+                            : longs == 1 ? va_arg(arguments.list, long)
+                                         : va_arg(arguments.list, int);
+    result = std::to_chars(digits.begin(), digits.end(), value);
+  } else {
+    const unsigned long long value = longs > 1    ? va_arg(arguments.list, unsigned long long)
+                                     : longs == 1 ? va_arg(arguments.list, unsigned long)
+                                                  : va_arg(arguments.list, unsigned int);
+    result = std::to_chars(digits.begin(), digits.end(), value, conversion == 'x' ? 16 : 10);
+  }
+  argument({digits.data(), static_cast<std::size_t>(result.ptr - digits.data())});
+}
+
+void PathText::argument(std::string_view text) {
+  switch (state_) {
+    case State::keys:
+      open_key();
+      append(text);
+      break;
+    case State::escaped:
+      state_ = State::quoted;
+      append(text);
+      break;
+    case State::quoted:
+      append(text);
+      break;
+    default:
+      path_text(text);
+  }
+}
+
+void PathText::path_text(std::string_view text) {
+  while (!text.empty() && state_ != State::broken) text.remove_prefix(take(text));
+}
+
+// Reads on in the present state; answers how much it took.
+std::size_t PathText::take(std::string_view text) {
+  switch (state_) {
+    case State::start:
+    case State::closed:
+      return take_slash(text);
+    case State::name:
+      return take_name(text);
+    case State::keys:
+      return take_keys(text);
+    case State::quoted:
+      return take_quoted(text);
+    case State::escaped:
+      state_ = State::quoted;
+      append(text.substr(0, 1));
+      return 1;
+    case State::broken:
+      break;
+  }
+  return text.size();
+}
+
+std::size_t PathText::take_slash(std::string_view text) {
+  if (text.front() != '/') {
+    state_ = State::broken;
+    return text.size();
+  }
+  state_ = State::name;
+  parts_.push_back({static_cast<std::uint32_t>(bytes_.size()), 0, false, false});
+  return 1;
+}
+
+std::size_t PathText::take_name(std::string_view text) {
+  std::size_t length = 0;
+  while (length < text.size() && text[length] != '/' && text[length] != '{') ++length;
+  append(text.substr(0, length));
+  return length < text.size() ? length + end_name(text[length]) : length;
+}
+
+// A slash is left to begin the next name with.
+std::size_t PathText::end_name(char terminator) {
+  Part &name = parts_[parts_.size() - 1];
+  if (name.length == 0) {
+    state_ = State::broken;
+    return 1;
+  }
+  if (terminator == '/') {
+    state_ = State::closed;
+    return 0;
+  }
+  name.has_braces = true;
+  key_is_open_ = false;
+  state_ = State::keys;
+  return 1;
+}
+
+std::size_t PathText::take_keys(std::string_view text) {
+  switch (text.front()) {
+    case ' ':
+      key_is_open_ = false;
+      return 1;
+    case '}':
+      state_ = State::closed;
+      return 1;
+    case '"':
+      open_key();
+      state_ = State::quoted;
+      return 1;
+    default:
+      break;
+  }
+  std::size_t length = 1;
+  while (length < text.size() && text[length] != ' ' && text[length] != '}' && text[length] != '"') ++length;
+  open_key();
+  append(text.substr(0, length));
+  return length;
+}
+
+std::size_t PathText::take_quoted(std::string_view text) {
+  if (text.front() == '"' || text.front() == '\\') {
+    state_ = text.front() == '"' ? State::keys : State::escaped;
+    return 1;
+  }
+  std::size_t length = 1;
+  while (length < text.size() && text[length] != '"' && text[length] != '\\') ++length;
+  append(text.substr(0, length));
+  return length;
+}
+
+void PathText::open_key() {
+  if (key_is_open_) return;
+  key_is_open_ = true;
+  parts_.push_back({static_cast<std::uint32_t>(bytes_.size()), 0, true, false});
+}
+
+void PathText::append(std::string_view text) {
+  bytes_.append(text.data(), text.data() + text.size());
+  parts_[parts_.size() - 1].length += static_cast<std::uint32_t>(text.size());
+}
+
+bool PathText::is_complete() const {
+  if (state_ == State::closed) return true;
+  if (state_ != State::name) return false;
+  const bool has_name = parts_[parts_.size() - 1].length != 0;
+  const bool is_root = parts_.size() == 1;
+  return has_name || is_root;
+}
+
+}  // namespace host
