@@ -1,0 +1,73 @@
+#include "cli/arguments.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
+
+#include "cli/errors.h"
+
+namespace cli {
+namespace {
+
+std::string exit_status_text() {
+  std::string text = "Exit status:\n";
+  for (const auto &[status, meaning] : exit_status_table) {
+    text += fmt::format("  {:<4}{}\n", static_cast<int>(status), meaning);
+  }
+  return text;
+}
+
+CLI::App *add_check(CLI::App &program, CheckArguments &check) {
+  CLI::App *command = program.add_subcommand("check", "Decide a commit as the network element would");
+  command->add_option("DIR", check.input.directory,
+                      "Folder with element.json, running.xml or .json, and candidate.xml or .json");
+  command->add_option("--element", check.input.element, "Element profile (JSON)")->type_name("FILE");
+  command->add_option("--running", check.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
+  command->add_option("--candidate", check.input.candidate, "Configuration to commit (XML or JSON)")->type_name("FILE");
+  command->add_option("--plugin", check.plugin, "Validation library to ask")->type_name("FILE");
+  command->add_option("--format", check.format, "Format of the result: text (default) or json")
+      ->transform(CLI::Transformer(std::map<std::string, Format>{{"text", Format::text}, {"json", Format::json}}))
+      ->type_name("FORMAT");
+  command->add_flag("--all", check.all_points, "Go on to the other validation points after a rejection");
+  command->add_flag("--derived", check.derived, "List the changes of derived nodes, too");
+  command->add_flag("--trace", check.trace, "Add what the library wrote to its trace");
+  command->add_flag("--fail-on-warn", check.fail_on_warn, "End with status 2 when a commit is accepted with warnings");
+  return command;
+}
+
+CLI::App *add_show(CLI::App &program, ShowArguments &show) {
+  CLI::App *command = program.add_subcommand("show", "Print what a commit's validation would read");
+  command->add_option("DIR", show.input.directory, "Folder as for check")->required();
+  command->add_option("PATH", show.path, "Print what stands at or below this path; default: all derived trees");
+  command->add_flag("--running-config", show.running, "Print from the running configuration, not the candidate");
+  return command;
+}
+
+}  // namespace
+
+ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment) {
+  CLI::App program{"Checks commits of MPLS layer-2 VPN configuration off the network element.", "vpnval"};
+  program.set_version_flag("--version", "vpnval " VPNVAL_VERSION);
+  program.require_subcommand(1);
+  program.footer(exit_status_text());
+  CheckArguments check;
+  ShowArguments show;
+  const CLI::App *check_command = add_check(program, check);
+  add_show(program, show);
+
+  std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+  try {
+    program.parse(reversed);
+  } catch (const CLI::Success &request) {
+    program.exit(request, environment.out, environment.err);
+    return ExitStatus::accepted;
+  } catch (const CLI::ParseError &error) {
+    throw UsageError(fmt::format("{} (vpnval --help lists what is expected)", error.what()));
+  }
+  if (check_command->parsed()) return check;
+  return show;
+}
+
+}  // namespace cli

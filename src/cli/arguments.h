@@ -1,0 +1,47 @@
+#ifndef CLI_ARGUMENTS_H
+#define CLI_ARGUMENTS_H
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "cli/environment.h"
+#include "cli/exit_status.h"
+
+namespace cli {
+
+/// Where a commit's files stand. A file that is named takes the place of the directory's.
+struct InputArguments {
+  std::string directory;
+  std::string element;
+  std::string running;
+  std::string candidate;
+};
+
+enum class Format { text, json };
+
+struct CheckArguments {
+  InputArguments input;
+  std::string plugin;
+  Format format = Format::text;
+  bool all_points = false;
+  bool derived = false;
+  bool trace = false;
+  bool fail_on_warn = false;
+};
+
+struct ShowArguments {
+  InputArguments input;
+  std::string path;
+  bool running = false;  ///< the running configuration instead of the candidate
+};
+
+/// A command to carry out, or the status to end with because help or the version was all that was asked for.
+using ParsedArguments = std::variant<ExitStatus, CheckArguments, ShowArguments>;
+
+/// Reads a command line without the program's name; prints help and version itself. Throws UsageError.
+ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment);
+
+}  // namespace cli
+
+#endif

@@ -1,0 +1,15 @@
+#ifndef CLI_JSON_OUTPUT_H
+#define CLI_JSON_OUTPUT_H
+
+#include <ostream>
+
+#include "cli/report.h"
+
+namespace cli {
+
+/// The whole report as one JSON document; docs/verdict.schema.json describes it.
+void write_json(std::ostream &out, const Report &report);
+
+}  // namespace cli
+
+#endif

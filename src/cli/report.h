@@ -1,0 +1,39 @@
+#ifndef CLI_REPORT_H
+#define CLI_REPORT_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/change_list.h"
+#include "cli/input_files.h"
+#include "host/commit.h"
+
+namespace cli {
+
+/// What `check` found out, for every output format.
+struct Report {
+  InputFiles inputs;
+  std::string library;  ///< the file that decided
+  std::string build_id;
+  std::vector<ListedChange> changes;
+  host::Verdict verdict;
+  bool with_trace = false;
+};
+
+/// The points that were asked, by answer.
+struct PointCounts {
+  std::size_t accepted = 0;
+  std::size_t warned = 0;
+  std::size_t rejected = 0;
+};
+
+PointCounts count_points(const host::Verdict &verdict);
+
+/// "accepted", "warning" or "rejected".
+std::string_view answer_text(const host::PointVerdict &point);
+
+}  // namespace cli
+
+#endif

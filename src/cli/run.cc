@@ -1,0 +1,56 @@
+#include "cli/run.h"
+
+#include <exception>
+#include <string_view>
+
+#include "cli/arguments.h"
+#include "cli/check_command.h"
+#include "cli/errors.h"
+#include "cli/printable.h"
+#include "cli/show_command.h"
+#include "element/input_error.h"
+#include "host/commit.h"
+#include "host/plugin.h"
+
+namespace cli {
+namespace {
+
+struct CarryOut {
+  const Environment &environment;
+
+  ExitStatus operator()(ExitStatus status) const { return status; }
+  ExitStatus operator()(const CheckArguments &arguments) const { return check(arguments, environment); }
+  ExitStatus operator()(const ShowArguments &arguments) const { return show(arguments, environment); }
+};
+
+ExitStatus run_command(const std::vector<std::string> &arguments, const Environment &environment) {
+  const ExitStatus status = std::visit(CarryOut{environment}, parse_arguments(arguments, environment));
+  environment.out.flush();
+  if (!environment.out) throw OutputError("standard output cannot be written");
+  return status;
+}
+
+}  // namespace
+
+ExitStatus run(const std::vector<std::string> &arguments, const Environment &environment) {
+  const auto fail = [&environment](const std::exception &error, ExitStatus status) {
+    environment.out.flush();
+    environment.err << "vpnval: " << printable(error.what()) << '\n';
+    return status;
+  };
+  try {
+    return run_command(arguments, environment);
+  } catch (const UsageError &error) {
+    return fail(error, ExitStatus::usage);
+  } catch (const UnreadableFile &error) {
+    return fail(error, ExitStatus::unreadable_file);
+  } catch (const element::InputError &error) {
+    return fail(error, ExitStatus::bad_input);
+  } catch (const host::LoadError &error) {
+    return fail(error, ExitStatus::no_plugin);
+  } catch (const std::exception &error) {
+    return fail(error, ExitStatus::internal);
+  }
+}
+
+}  // namespace cli
