@@ -1,0 +1,109 @@
+#include "cli/arguments.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/errors.h"
+#include "tests/cli/commit_folder.h"
+
+namespace {
+
+using cli::CheckArguments;
+using cli::ShowArguments;
+
+cli::ParsedArguments parse(const std::vector<std::string> &arguments) {
+  std::ostringstream out;
+  std::ostringstream err;
+  return cli::parse_arguments(arguments, {out, err, {}, {}});
+}
+
+TEST(Arguments, check_takes_a_directory_and_leaves_every_option_off) {
+  const auto check = std::get<CheckArguments>(parse({"check", "folder"}));
+  EXPECT_EQ(check.input.directory, "folder");
+  EXPECT_EQ(check.input.element + check.input.running + check.input.candidate + check.plugin, "");
+  EXPECT_EQ(check.format, cli::Format::text);
+  EXPECT_FALSE(check.all_points || check.derived || check.trace || check.fail_on_warn);
+}
+
+TEST(Arguments, check_takes_three_files_and_a_library) {
+  const auto check = std::get<CheckArguments>(
+      parse({"check", "--element", "e", "--running", "r", "--candidate", "c", "--plugin", "p"}));
+  EXPECT_EQ(check.input.directory, "");
+  EXPECT_EQ(check.input.element, "e");
+  EXPECT_EQ(check.input.running, "r");
+  EXPECT_EQ(check.input.candidate, "c");
+  EXPECT_EQ(check.plugin, "p");
+}
+
+TEST(Arguments, each_flag_of_check_sets_its_own_option) {
+  EXPECT_TRUE(std::get<CheckArguments>(parse({"check", "d", "--all"})).all_points);
+  EXPECT_TRUE(std::get<CheckArguments>(parse({"check", "d", "--derived"})).derived);
+  EXPECT_TRUE(std::get<CheckArguments>(parse({"check", "d", "--trace"})).trace);
+  EXPECT_TRUE(std::get<CheckArguments>(parse({"check", "d", "--fail-on-warn"})).fail_on_warn);
+  EXPECT_EQ(std::get<CheckArguments>(parse({"check", "d", "--format", "json"})).format, cli::Format::json);
+  EXPECT_EQ(std::get<CheckArguments>(parse({"check", "d", "--format", "text"})).format, cli::Format::text);
+}
+
+TEST(Arguments, show_takes_a_directory_and_a_path) {
+  const auto all = std::get<ShowArguments>(parse({"show", "folder"}));
+  EXPECT_EQ(all.input.directory, "folder");
+  EXPECT_EQ(all.path, "");
+  EXPECT_FALSE(all.running);
+
+  const auto some = std::get<ShowArguments>(parse({"show", "folder", "/internal", "--running-config"}));
+  EXPECT_EQ(some.path, "/internal");
+  EXPECT_TRUE(some.running);
+}
+
+TEST(Arguments, what_cannot_be_carried_out_is_a_usage_error) {
+  const std::vector<std::vector<std::string>> wrong{
+      {},
+      {"chekc", "folder"},
+      {"check", "folder", "other"},
+      {"check", "folder", "--frobnicate"},
+      {"check", "folder", "--format"},
+      {"check", "folder", "--format", "yaml"},
+      {"check", "--element"},
+      {"show"},
+      {"show", "folder", "/internal", "/mpls"},
+      {"check", "folder", "show", "folder"},
+  };
+  for (const auto &arguments : wrong) {
+    EXPECT_THROW(parse(arguments), cli::UsageError) << testing::PrintToString(arguments);
+  }
+}
+
+TEST(Arguments, usage_errors_end_the_program_with_one_line_and_status_64) {
+  const Outcome outcome = run_with_answers({"check", "folder", "--frobnicate"});
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err,
+            "vpnval: The following argument was not expected: --frobnicate (vpnval --help lists what is expected)\n");
+}
+
+TEST(Arguments, files_without_a_directory_must_be_all_three) {
+  for (const auto &arguments : std::vector<std::vector<std::string>>{
+           {"check"}, {"check", "--element", "e"}, {"check", "--running", "r", "--candidate", "c"}}) {
+    const Outcome outcome = run_with_answers(arguments);
+    EXPECT_EQ(outcome.status, 64);
+    EXPECT_EQ(outcome.err, "vpnval: a directory was expected, or --element, --running and --candidate\n");
+  }
+}
+
+TEST(Arguments, help_and_version_are_results) {
+  const Outcome version = run_with_answers({"--version"});
+  EXPECT_EQ(version.status, 0);
+  EXPECT_EQ(version.out, "vpnval " VPNVAL_VERSION "\n");
+  EXPECT_EQ(version.err, "");
+
+  const Outcome help = run_with_answers({"--help"});
+  EXPECT_EQ(help.status, 0);
+  EXPECT_EQ(help.err, "");
+  for (const std::string part : {"check", "show", "Exit status:", "  66  a file cannot be read\n"}) {
+    EXPECT_NE(help.out.find(part), std::string::npos) << part << " is missing from:\n" << help.out;
+  }
+  EXPECT_NE(run_with_answers({"check", "--help"}).out.find("--fail-on-warn"), std::string::npos);
+}
+
+}  // namespace

@@ -1,0 +1,203 @@
+#include "cli/check_command.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <regex>
+
+#include "tests/cli/commit_folder.h"
+#include "tests/support/process.h"
+
+namespace {
+
+const std::string neighbour = R"(, "neighbor": [{"address": "192.0.2.1", "pw-id": 7}])";
+
+/// The line that names the library, with the build id of this build left out.
+std::string without_build_id(const std::string &text) {
+  return std::regex_replace(text, std::regex("build id [0-9a-f]+\n"), "build id ID\n");
+}
+
+const std::string decided_by = "decided by " ANSWERING_PLUGIN_FILE ", build id ID\n";
+
+class CheckCommand : public testing::Test {
+ protected:
+  Outcome check(std::vector<std::string> options = {}) {
+    options.insert(options.begin(), {"check", folder.path()});
+    return run_with_answers(options);
+  }
+
+  /// A VPN is added: vpn_overflow_valp accepts, vpn_name_valp warns.
+  void add_vpn() { folder.configure(vpws_group(vpn("east")), vpws_group(vpn("east") + "," + vpn("west"))); }
+
+  /// A VPN with a neighbour is added: vpn_overflow_valp accepts, vpn_name_valp warns, vpn_peer_valp rejects.
+  void add_vpn_with_neighbour() {
+    folder.configure(vpws_group(vpn("east")), vpws_group(vpn("east") + "," + vpn("west", neighbour)));
+  }
+
+  /// Two neighbours are swapped and a member is added: vpn_peer_valp rejects, vlm_memb_valp writes to the trace.
+  void add_neighbour_and_member() {
+    folder.configure(vpws_group(vpn("east")), vpws_group(vpn("east", neighbour)) + "," + vlan_member("ge-1"));
+  }
+
+  CommitFolder folder;
+};
+
+TEST_F(CheckCommand, nothing_changed_is_accepted_and_asks_nothing) {
+  const Outcome outcome = check();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(without_build_id(outcome.out),
+            "changes: 0\n"
+            "\n"
+            "validation points: 0 fired, 0 asked\n"
+            "\n"
+            "accepted: 0 accepted, 0 with a warning, 0 rejected\n" +
+                decided_by);
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(CheckCommand, a_warning_is_shown_and_accepted) {
+  add_vpn();
+  const Outcome outcome = check();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(without_build_id(outcome.out),
+            "changes: 1\n"
+            "~ /mpls/l2vpn-config/l2vpn/vpws-group{metro}\n"
+            "  + vpn{west}\n"
+            "\n"
+            "validation points: 2 fired, 2 asked\n"
+            "  vpn_name_valp at /mpls/l2vpn-config/l2vpn/vpws-group{metro}: warning: this name is hard to read\n"
+            "  vpn_overflow_valp at /mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}: accepted\n"
+            "\n"
+            "accepted with warnings: 1 accepted, 1 with a warning, 0 rejected\n" +
+                decided_by);
+}
+
+TEST_F(CheckCommand, fail_on_warn_changes_the_status_of_warnings_alone) {
+  EXPECT_EQ(check({"--fail-on-warn"}).status, 0);
+  add_vpn();
+  const Outcome warned = check({"--fail-on-warn"});
+  EXPECT_EQ(warned.status, 2);
+  EXPECT_EQ(warned.out, check().out);
+  add_vpn_with_neighbour();
+  EXPECT_EQ(check({"--fail-on-warn"}).status, 1);
+}
+
+TEST_F(CheckCommand, a_rejection_ends_the_commit_unless_all_points_are_wanted) {
+  add_neighbour_and_member();
+  const Outcome first = check();
+  EXPECT_EQ(first.status, 1);
+  EXPECT_NE(first.out.find("validation points: 3 fired, 2 asked\n"), std::string::npos) << first.out;
+  EXPECT_NE(first.out.find("\nrejected: 1 accepted, 0 with a warning, 1 rejected\n"), std::string::npos) << first.out;
+
+  const Outcome all = check({"--all"});
+  EXPECT_EQ(all.status, 1);
+  EXPECT_NE(all.out.find("validation points: 3 fired, 3 asked\n"), std::string::npos) << all.out;
+  EXPECT_NE(all.out.find("\nrejected: 2 accepted, 0 with a warning, 1 rejected\n"), std::string::npos) << all.out;
+}
+
+TEST_F(CheckCommand, the_trace_is_added_on_demand) {
+  folder.configure("", vlan_member("ge-1"));
+  EXPECT_EQ(check().out.find("trace"), std::string::npos);
+  const std::string text = check({"--trace"}).out;
+  EXPECT_NE(text.find("\ntrace: 1\n  answers: first line\n  second line\n\naccepted: "), std::string::npos) << text;
+}
+
+TEST_F(CheckCommand, derived_changes_are_added_on_demand) {
+  folder.configure("", vlan_member("ge-1"));
+  EXPECT_EQ(check().out.find("vlanMgrStaticMemberEntry{1 100 1001}\n"), check().out.find("vlanMgrStaticMemberEntry{"));
+  const std::string line = "+ /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry{1 100 1001}\n";
+  EXPECT_EQ(check().out.find(line), std::string::npos);
+  EXPECT_NE(check({"--derived"}).out.find(line), std::string::npos);
+}
+
+TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_standard_error) {
+  add_vpn_with_neighbour();
+  const Outcome text = check();
+  const Outcome json = check({"--format", "json"});
+  EXPECT_EQ(json.status, text.status);
+  EXPECT_EQ(json.err, text.out);
+  const auto expected = nlohmann::json::parse(R"({
+    "schema-version": 1,
+    "program": {"name": "vpnval", "version": ")" VPNVAL_VERSION R"("},
+    "decision": "rejected",
+    "total": {"fired": 3, "asked": 3, "accepted": 1, "warnings": 1, "rejected": 1},
+    "points": [
+      {"name": "vpn_name_valp", "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}", "verdict": "warning",
+       "message": "this name is hard to read"},
+      {"name": "vpn_overflow_valp", "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}",
+       "verdict": "accepted"},
+      {"name": "vpn_peer_valp", "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}/neighbor{192.0.2.1}",
+       "verdict": "rejected", "message": "this neighbour is not wanted"}
+    ],
+    "changes": [
+      {"change": "added", "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}", "derived": false},
+      {"change": "added", "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}/neighbor{192.0.2.1}",
+       "derived": false},
+      {"change": "added", "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}/neighbor{192.0.2.1}/pw-id",
+       "derived": false, "new": "7"}
+    ]})");
+  auto document = nlohmann::json::parse(json.out);
+  EXPECT_EQ(document["library"]["file"], ANSWERING_PLUGIN_FILE);
+  EXPECT_EQ(document["inputs"]["candidate"], folder.file("candidate.json"));
+  document.erase("library");
+  document.erase("inputs");
+  EXPECT_EQ(document, expected) << document.dump(2);
+}
+
+TEST_F(CheckCommand, every_kind_of_json_document_fits_its_schema) {
+  const std::string names = folder.path();
+  int number = 0;
+  const auto keep = [&](const std::vector<std::string> &options) {
+    std::vector<std::string> all{"--format", "json"};
+    all.insert(all.end(), options.begin(), options.end());
+    folder.write("document-" + std::to_string(++number), check(all).out);
+  };
+  keep({});
+  add_vpn();
+  keep({"--fail-on-warn"});
+  add_vpn_with_neighbour();
+  keep({"--derived"});
+  add_neighbour_and_member();
+  keep({"--all", "--trace"});
+  const ProcessResult result =
+      run_process("python3 " SOURCE_DIR "/tests/cli/fits_schema.py " SOURCE_DIR "/docs/verdict.schema.json " +
+                  folder.path() + "/document-* 2>&1");
+  EXPECT_EQ(result.output, "4 documents fit\n");
+  EXPECT_EQ(result.status, 0);
+}
+
+TEST_F(CheckCommand, a_wrong_configuration_is_an_input_error_and_prints_no_result) {
+  folder.write("candidate.json", "{\n  \"mpls:mpls\": {\"no-such-thing\": 1}\n}");
+  for (const std::string format : {"text", "json"}) {
+    const Outcome outcome = check({"--format", format});
+    EXPECT_EQ(outcome.status, 65);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err.find("vpnval: " + folder.file("candidate.json") + ":2: "), 0u) << outcome.err;
+    EXPECT_EQ(outcome.err.find('\n'), outcome.err.size() - 1) << outcome.err;
+  }
+}
+
+TEST_F(CheckCommand, a_wrong_profile_is_an_input_error) {
+  folder.write("element.json", "{}");
+  const Outcome outcome = check();
+  EXPECT_EQ(outcome.status, 65);
+  EXPECT_EQ(outcome.err.find("vpnval: " + folder.file("element.json")), 0u) << outcome.err;
+}
+
+TEST_F(CheckCommand, a_library_that_cannot_be_loaded_ends_with_status_69) {
+  const Outcome outcome = check({"--plugin", folder.file("element.json")});
+  EXPECT_EQ(outcome.status, 69);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err.find("vpnval: " + folder.file("element.json")), 0u) << outcome.err;
+}
+
+TEST_F(CheckCommand, an_answer_that_the_contract_does_not_have_ends_with_status_70) {
+  folder.configure(vpws_group(vpn("east")), vpws_group(vpn("east", R"(, "access-interface": [{"name": "ge-1"}])")));
+  const Outcome outcome = check();
+  EXPECT_EQ(outcome.status, 70);
+  EXPECT_EQ(outcome.err.find("vpnval: "), 0u) << outcome.err;
+  EXPECT_NE(outcome.err.find("vpn_sp_valp"), std::string::npos) << outcome.err;
+}
+
+}  // namespace

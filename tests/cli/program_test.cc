@@ -1,0 +1,38 @@
+// The real program: what only a process of its own can show.
+
+#include <gtest/gtest.h>
+
+#include "tests/cli/commit_folder.h"
+#include "tests/support/process.h"
+
+namespace {
+
+const std::string vpnval = VPNVAL_FILE;
+
+TEST(Program, finds_the_library_that_stands_with_it) {
+  const CommitFolder folder;
+  const ProcessResult result = run_process(vpnval + " check " + folder.path());
+  EXPECT_EQ(result.status, 0);
+  EXPECT_NE(result.output.find("decided by " PLUGIN_FILE ", build id "), std::string::npos) << result.output;
+}
+
+TEST(Program, takes_the_library_that_the_environment_names) {
+  const CommitFolder folder;
+  const ProcessResult result =
+      run_process("VPNVAL_PLUGIN=" ANSWERING_PLUGIN_FILE " " + vpnval + " check " + folder.path());
+  EXPECT_NE(result.output.find("decided by " ANSWERING_PLUGIN_FILE ", build id "), std::string::npos) << result.output;
+}
+
+TEST(Program, a_result_that_cannot_be_written_is_an_error) {
+  const CommitFolder folder;
+  const ProcessResult result = run_process(vpnval + " check " + folder.path() + " 2>&1 >/dev/full");
+  EXPECT_EQ(result.status, 70);
+  EXPECT_EQ(result.output, "vpnval: standard output cannot be written\n");
+}
+
+TEST(Program, hands_its_status_to_the_shell) {
+  EXPECT_EQ(run_process(vpnval + " 2>/dev/null").status, 64);
+  EXPECT_EQ(run_process(vpnval + " --version").status, 0);
+}
+
+}  // namespace
