@@ -17,9 +17,7 @@ using element::Tree;
 namespace {
 
 Profile four_interfaces() {
-  Profile profile;
-  profile.interfaces = {{"eth0", 1, 1000}, {"eth1", 2, 1001}, {"eth2", 3, 1002}, {"eth3", 4, 1003}};
-  return profile;
+  return Profile({}, {{"eth0", 1, 1000}, {"eth1", 2, 1001}, {"eth2", 3, 1002}, {"eth3", 4, 1003}});
 }
 
 /// Few names, so that two configurations share some and differ in others.

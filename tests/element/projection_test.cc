@@ -18,11 +18,7 @@ const std::string member_table = "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/
 const std::string snooping_table = "/KZ-MGMD-ROUTER-MIB/mgmdRouterInterfaceTable/mgmdRouterInterfaceEntry";
 const std::string pseudowire_table = "/KZ-PWE3-MIB/pwTable/pwEntry";
 
-Profile two_interfaces() {
-  Profile profile;
-  profile.interfaces = {{"eth1", 1, 1001}, {"eth2", 2, 1002}};
-  return profile;
-}
+Profile two_interfaces() { return Profile({}, {{"eth1", 1, 1001}, {"eth2", 2, 1002}}); }
 
 Tree projected(const Lines &configuration) {
   Tree tree = tree_of(configuration);

@@ -13,11 +13,7 @@ namespace {
 const std::string vpls = "/mpls/l2vpn-config/l2vpn/vpls-group";
 const std::string vpws = "/mpls/l2vpn-config/l2vpn/vpws-group";
 
-Profile two_interfaces() {
-  Profile profile;
-  profile.interfaces = {{"eth1", 1, 1001}, {"eth2", 2, 1002}};
-  return profile;
-}
+Profile two_interfaces() { return Profile({}, {{"eth1", 1, 1001}, {"eth2", 2, 1002}}); }
 
 std::string failure(const Lines &running, const Lines &candidate) {
   try {
