@@ -9,8 +9,19 @@
 
 namespace element {
 
-/// Reads an operator's configuration, XML or JSON by content, type-checked by the modules, into a tree of the
-/// operator's nodes alone. Throws InputError, which names the file, the line or path and what was expected.
+/// Reads an operator's configuration into a tree of the operator's nodes alone, type-checked by the modules.
+///
+/// The first character that is not blank tells the format: '<' XML, '{' JSON (as YANG defines both), in UTF-8, with or
+/// without byte order mark. XML is a row of top-level elements, or one <config> or <data> element of NETCONF's base
+/// namespace around them; what it declares in its start tag beside its own name is not seen inside. An empty
+/// configuration is {} in JSON and an element without content in XML; a file that holds nothing at all is an error, for
+/// it is more often a slip than a wish.
+///
+/// Containers that hold nothing are left out: they mean nothing. Every name, key and value stands once.
+///
+/// Throws FileError where the file cannot be read, else InputError: "FILE:LINE: PATH: what is wrong; expected ...".
+/// The line is the one up to which the parser had read. Line and path are given where they are known, one at least
+/// for everything that is more than one line long.
 Tree read_configuration(const Schema &schema, const std::filesystem::path &file);
 
 /// The same from text; `origin` stands for the file's name in errors.

@@ -1,0 +1,143 @@
+#include "element/configuration.h"
+
+#include <fmt/format.h>
+#include <libyang/libyang.h>
+
+#include <memory>
+#include <new>
+#include <optional>
+#include <utility>
+
+#include "element/configuration_tree.h"
+#include "element/input_error.h"
+#include "element/input_text.h"
+#include "element/json_members.h"
+#include "element/netconf_wrapper.h"
+#include "element/parse_fault.h"
+
+namespace element {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+constexpr std::string_view kBlank = " \t\r\n";
+
+struct FreeData {
+  void operator()(lyd_node *tree) const { lyd_free_all(tree); }
+};
+struct FreeInput {
+  void operator()(ly_in *input) const { ly_in_free(input, 0); }
+};
+using Data = std::unique_ptr<lyd_node, FreeData>;
+
+/// A configuration file on its way to a tree.
+struct Source {
+  const Schema &schema;
+  const std::string &origin;
+  std::string text;
+  InputFormat format;
+};
+
+struct Parsed {
+  LY_ERR result = LY_SUCCESS;
+  Data data;
+  std::size_t end = 0;  ///< one past what was read
+};
+
+[[noreturn]] void throw_at(const std::string &origin, std::string_view text, std::size_t offset,
+                           const std::string &fault) {
+  throw InputError(fmt::format("{}:{}: {}", origin, position_at(text, offset).line, fault));
+}
+
+Parsed parse(const Source &source, std::uint32_t options, std::uint32_t validation) {
+  ly_in *input = nullptr;
+  if (ly_in_new_memory(source.text.c_str(), &input) != LY_SUCCESS) throw std::bad_alloc();
+  const std::unique_ptr<ly_in, FreeInput> owner(input);
+  lyd_node *data = nullptr;
+  Parsed parsed;
+  parsed.result =
+      lyd_parse_data(source.schema.context(), nullptr, input, source.format == InputFormat::xml ? LYD_XML : LYD_JSON,
+                     LYD_PARSE_STRICT | LYD_PARSE_NO_STATE | options, validation, &data);
+  parsed.data.reset(data);
+  parsed.end = ly_in_parsed(input);
+  return parsed;
+}
+
+/// libyang names a mandatory node that is missing without saying in which entry: the one is looked up that lacks it.
+std::string missing_path(const Source &source, const std::string &schema_path) {
+  const lysc_node *wanted = lys_find_path(source.schema.context(), nullptr, schema_path.c_str(), 0);
+  const Parsed unchecked = parse(source, LYD_PARSE_ONLY, 0);
+  const std::string parent = wanted == nullptr ? "" : path_of_instance_without(unchecked.data.get(), *wanted);
+  return parent.empty() ? schema_path : fmt::format("{}/{}", parent, wanted->name);
+}
+
+[[noreturn]] void throw_fault(const Source &source) {
+  ParseFault fault = first_fault(source.schema, source.format);
+  if (!fault.missing_node.empty()) fault.path = missing_path(source, fault.missing_node);
+  throw to_input_error(source.origin, fault);
+}
+
+// The JSON parser stops where the object ends.
+void require_nothing_after(const Source &source, std::size_t end) {
+  const std::size_t rest = source.text.find_first_not_of(kBlank, end);
+  if (rest == std::string::npos) return;
+  throw_at(source.origin, source.text, rest, "text after the configuration; expected the end of the file");
+}
+
+// The JSON parser takes the entries of a list from several members of the same name.
+void require_distinct_members(const Source &source) {
+  const std::optional<std::size_t> place = find_repeated_member(source.text);
+  if (!place) return;
+  throw_at(source.origin, source.text, *place, "member given twice in one object; expected each member once");
+}
+
+Tree to_tree(const Source &source) {
+  const CollectedMessages messages(source.schema);
+  const Parsed parsed = parse(source, 0, LYD_VALIDATE_NO_STATE);
+  if (parsed.result != LY_SUCCESS) throw_fault(source);
+  require_nothing_after(source, parsed.end);
+  if (source.format == InputFormat::json) require_distinct_members(source);
+  return operators_tree(source.schema, parsed.data.get(), source.origin);
+}
+
+InputFormat format_of(std::string_view text, const std::string &origin) {
+  const std::size_t begin = text.find_first_not_of(kBlank);
+  if (begin == std::string_view::npos) {
+    throw InputError(
+        fmt::format("{}: empty; expected XML elements or a JSON object ({{}} configures nothing)", origin));
+  }
+  if (text[begin] == '<') return InputFormat::xml;
+  if (text[begin] == '{') return InputFormat::json;
+  throw_at(origin, text, begin,
+           fmt::format("neither XML nor JSON begins with {}; expected '<' or '{{'", one_line(text.substr(begin, 1))));
+}
+
+void prepare_xml(std::string &text, const std::string &origin) {
+  if (first_element(text) == text.size()) {
+    throw InputError(
+        fmt::format("{}: no element; expected at least one, without content to configure nothing", origin));
+  }
+  blank_netconf_wrapper(text, origin);
+}
+
+Tree parse_text(const Schema &schema, std::string text, const std::string &origin) {
+  if (text.starts_with(kByteOrderMark)) text.replace(0, kByteOrderMark.size(), kByteOrderMark.size(), ' ');
+  // The parsers take a zero byte for the end of the text.
+  if (const std::size_t zero = text.find('\0'); zero != std::string::npos) {
+    throw_at(origin, text, zero, "zero byte; expected text in UTF-8");
+  }
+  const InputFormat format = format_of(text, origin);
+  if (format == InputFormat::xml) prepare_xml(text, origin);
+  return to_tree({schema, origin, std::move(text), format});
+}
+
+}  // namespace
+
+Tree read_configuration(const Schema &schema, const std::filesystem::path &file) {
+  return parse_text(schema, read_input(file), file.string());
+}
+
+Tree parse_configuration(const Schema &schema, std::string_view text, const std::string &origin) {
+  return parse_text(schema, std::string(text), origin);
+}
+
+}  // namespace element

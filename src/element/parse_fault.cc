@@ -1,0 +1,77 @@
+#include "element/parse_fault.h"
+
+#include <fmt/format.h>
+#include <libyang/libyang.h>
+
+#include <new>
+#include <stdexcept>
+
+#include "element/expectation.h"
+#include "element/input_text.h"
+
+namespace element {
+namespace {
+
+constexpr std::string_view kLineMark = "ine number ";
+constexpr std::string_view kDataMark = "Data location \"";
+constexpr std::string_view kSchemaMark = "Schema location \"";
+
+/// What follows `mark` in a record's place ("Data location "/a/b", line number 3."), or empty.
+std::string_view after(std::string_view place, std::string_view mark) {
+  const std::size_t found = place.rfind(mark);
+  return found == std::string_view::npos ? "" : place.substr(found + mark.size());
+}
+
+/// A quoted path, which may hold quotes itself, without what follows its closing quote.
+std::string_view quoted(std::string_view text) {
+  const std::size_t with_line = text.rfind("\", line number ");
+  return text.substr(0, with_line == std::string_view::npos ? text.rfind('"') : with_line);
+}
+
+const ly_err_item &first_error(const ly_ctx *context) {
+  for (const ly_err_item *item = ly_err_first(context); item != nullptr; item = item->next) {
+    if (item->level == LY_LLERR) return *item;
+  }
+  throw std::logic_error("the parser refused a configuration and did not say why");
+}
+
+}  // namespace
+
+CollectedMessages::CollectedMessages(const Schema &schema) : context_(schema.context()), options_(LY_LOSTORE) {
+  ly_err_clean(context_, nullptr);
+  ly_temp_log_options(&options_);
+}
+
+CollectedMessages::~CollectedMessages() {
+  ly_temp_log_options(nullptr);
+  ly_err_clean(context_, nullptr);
+}
+
+ParseFault first_fault(const Schema &schema, InputFormat format) {
+  const ly_err_item &record = first_error(schema.context());
+  if (record.no == LY_EMEM) throw std::bad_alloc();
+
+  const std::string_view place = record.path == nullptr ? "" : record.path;
+  const std::string_view line = after(place, kLineMark);
+  const std::string_view schema_path = quoted(after(place, kSchemaMark));
+  std::string_view message = record.msg;
+  if (message.ends_with('.')) message.remove_suffix(1);
+
+  ParseFault fault;
+  fault.line = line.substr(0, line.find('.'));
+  fault.path = schema_path.empty() ? quoted(after(place, kDataMark)) : schema_path;
+  fault.message = message;
+  if (is_about_missing_node(message)) fault.missing_node = schema_path;
+  const bool is_rule = record.apptag != nullptr && std::string_view(record.apptag) == "must-violation";
+  fault.expected = expected_instead(schema, format, {record.vecode, message, fault.path, is_rule});
+  return fault;
+}
+
+InputError to_input_error(const std::string &origin, const ParseFault &fault) {
+  const std::string line = fault.line.empty() ? "" : ":" + fault.line;
+  const std::string path = fault.path.empty() ? "" : one_line(fault.path) + ": ";
+  return InputError(
+      fmt::format("{}{}: {}{}; expected {}", origin, line, path, one_line(fault.message), fault.expected));
+}
+
+}  // namespace element

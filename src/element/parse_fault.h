@@ -1,0 +1,44 @@
+#ifndef ELEMENT_PARSE_FAULT_H
+#define ELEMENT_PARSE_FAULT_H
+
+#include <cstdint>
+#include <string>
+
+#include "element/input_error.h"
+#include "element/schema.h"
+
+namespace element {
+
+enum class InputFormat { xml, json };
+
+/// Keeps libyang's messages of this thread in its error records and off standard error while the object lives.
+class CollectedMessages {
+ public:
+  explicit CollectedMessages(const Schema &schema);
+  ~CollectedMessages();
+  CollectedMessages(const CollectedMessages &) = delete;
+  CollectedMessages &operator=(const CollectedMessages &) = delete;
+
+ private:
+  ly_ctx *context_;
+  std::uint32_t options_;
+};
+
+/// Why a configuration was refused.
+struct ParseFault {
+  std::string line;  ///< digits, or empty
+  std::string path;  ///< data path, or empty
+  std::string message;
+  std::string expected;
+  std::string missing_node;  ///< schema path of a mandatory node that some instance lacks, or empty
+};
+
+/// What libyang's first error record says. Throws std::bad_alloc where it says that memory ran out.
+ParseFault first_fault(const Schema &schema, InputFormat format);
+
+/// "ORIGIN:LINE: PATH: message; expected ...", line and path where they are known.
+InputError to_input_error(const std::string &origin, const ParseFault &fault);
+
+}  // namespace element
+
+#endif
