@@ -11,12 +11,6 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// A file that cannot be read; what() names it and the reason.
-class UnreadableFile : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
 /// The result cannot be delivered.
 class OutputError : public std::runtime_error {
  public:

@@ -1,9 +1,8 @@
 #include "cli/input_files.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
 
-#include <cerrno>
+#include <string>
 #include <system_error>
 
 #include "cli/errors.h"
@@ -14,29 +13,24 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void require_readable(const fs::path &file) {
-  std::error_code ignored;
-  if (fs::is_directory(file, ignored)) {
-    throw UnreadableFile(fmt::format("{}: is a directory; a file was expected", file.string()));
-  }
-  // Existence and permission alone are asked for: opening would use up a pipe.
-  if (::access(file.c_str(), R_OK) != 0) {
-    throw UnreadableFile(fmt::format("{}: {}", file.string(), std::generic_category().message(errno)));
-  }
+bool exists(const fs::path &file) {
+  std::error_code unknown;
+  return fs::exists(file, unknown);
 }
 
 fs::path configuration_in(const fs::path &directory, const std::string &name) {
   const fs::path xml = directory / (name + ".xml");
   const fs::path json = directory / (name + ".json");
-  if (!fs::exists(json)) return xml;
-  if (!fs::exists(xml)) return json;
+  if (!exists(json)) return xml;
+  if (!exists(xml)) return json;
   throw element::InputError(
       fmt::format("{}: holds {}.xml and {}.json; one of them was expected", directory.string(), name, name));
 }
 
 InputFiles in_directory(const fs::path &directory) {
-  if (!fs::is_directory(directory)) {
-    throw UnreadableFile(fmt::format("{}: no such directory", directory.string()));
+  std::error_code unknown;
+  if (!fs::is_directory(directory, unknown)) {
+    throw element::FileError(fmt::format("{}: is no directory that can be read", directory.string()));
   }
   return {directory / "element.json", configuration_in(directory, "running"), configuration_in(directory, "candidate")};
 }
@@ -53,7 +47,6 @@ InputFiles find_input_files(const InputArguments &arguments) {
   if (!arguments.element.empty()) files.element = arguments.element;
   if (!arguments.running.empty()) files.running = arguments.running;
   if (!arguments.candidate.empty()) files.candidate = arguments.candidate;
-  for (const fs::path &file : {files.element, files.running, files.candidate}) require_readable(file);
   return files;
 }
 

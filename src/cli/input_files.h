@@ -14,8 +14,9 @@ struct InputFiles {
   std::filesystem::path candidate;
 };
 
-/// Finds the files and makes sure that they can be opened. Throws UsageError where the arguments leave one open,
-/// UnreadableFile, and element::InputError where a directory holds one configuration as XML and as JSON.
+/// Finds the files; a missing one is left to its reader. Throws UsageError where the arguments leave one open,
+/// element::FileError for a directory that is none, and element::InputError where it holds one configuration as XML
+/// and as JSON.
 InputFiles find_input_files(const InputArguments &arguments);
 
 }  // namespace cli

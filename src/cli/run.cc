@@ -42,7 +42,7 @@ ExitStatus run(const std::vector<std::string> &arguments, const Environment &env
     return run_command(arguments, environment);
   } catch (const UsageError &error) {
     return fail(error, ExitStatus::usage);
-  } catch (const UnreadableFile &error) {
+  } catch (const element::FileError &error) {
     return fail(error, ExitStatus::unreadable_file);
   } catch (const element::InputError &error) {
     return fail(error, ExitStatus::bad_input);

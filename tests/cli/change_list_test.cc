@@ -100,7 +100,7 @@ TEST_F(ChangeList, derived_nodes_are_listed_on_demand_only) {
   EXPECT_EQ(text(true),
             "changes: 1\n"
             "~ /internal/int-vpls-group{campus}\n"
-            "  ~ int-vpls-vpn{voice 1}/int-vpls-bd/int-vpls-bd-tls: on (1) -> off (2)\n"
+            "  ~ int-vpls-vpn{voice 1}/int-vpls-bd/int-vpls-bd-tls: off (2) -> on (1)\n"
             "\n");
 }
 

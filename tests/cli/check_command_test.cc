@@ -105,7 +105,6 @@ TEST_F(CheckCommand, the_trace_is_added_on_demand) {
 
 TEST_F(CheckCommand, derived_changes_are_added_on_demand) {
   folder.configure("", vlan_member("ge-1"));
-  EXPECT_EQ(check().out.find("vlanMgrStaticMemberEntry{1 100 1001}\n"), check().out.find("vlanMgrStaticMemberEntry{"));
   const std::string line = "+ /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry{1 100 1001}\n";
   EXPECT_EQ(check().out.find(line), std::string::npos);
   EXPECT_NE(check({"--derived"}).out.find(line), std::string::npos);
@@ -146,7 +145,6 @@ TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_stand
 }
 
 TEST_F(CheckCommand, every_kind_of_json_document_fits_its_schema) {
-  const std::string names = folder.path();
   int number = 0;
   const auto keep = [&](const std::vector<std::string> &options) {
     std::vector<std::string> all{"--format", "json"};

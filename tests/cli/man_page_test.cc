@@ -46,7 +46,6 @@ TEST(ManPage, has_every_section_and_exit_status) {
        {"NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "EXIT STATUS", "ENVIRONMENT", "FILES", "EXAMPLES"}) {
     EXPECT_NE(text.find("\n" + section + "\n"), std::string::npos) << section;
   }
-  std::string letters = text;
   for (const auto &[status, meaning] : cli::exit_status_table) {
     const std::string line = std::to_string(static_cast<int>(status)) + " ";
     EXPECT_NE(text.find("\n       " + line), std::string::npos) << meaning;
