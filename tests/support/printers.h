@@ -11,10 +11,6 @@
 
 namespace scripted {
 
-inline void PrintTo(const Value &value, std::ostream *out) {
-  *out << "type " << value.type << " \"" << to_text(value) << '"';
-}
-
 inline bool operator==(const TraceCall &a, const TraceCall &b) {
   return a.category == b.category && a.file == b.file && a.file_length == b.file_length && a.function == b.function &&
          a.function_length == b.function_length && a.line == b.line && a.level == b.level && a.text == b.text;

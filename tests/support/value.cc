@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ostream>
 
 namespace scripted {
 
@@ -85,6 +86,8 @@ std::string to_text(const Value &value) {
                                    : std::to_string(value.number);
   }
 }
+
+void PrintTo(const Value &value, std::ostream *out) { *out << "type " << value.type << " \"" << to_text(value) << '"'; }
 
 confd_value_t borrowed(const Value &value) {
   confd_value_t out{};

@@ -2,6 +2,7 @@
 #define TESTS_SUPPORT_VALUE_H
 
 #include <cstdint>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,6 +47,9 @@ int compare(const Values &a, const Values &b);
 
 /// The value as it stands as a key in a path.
 std::string to_text(const Value &value);
+
+/// For a test's output: the type's number and the text.
+void PrintTo(const Value &value, std::ostream *out);
 
 /// A value that borrows: the text stays the property of `value`.
 confd_value_t borrowed(const Value &value);

@@ -1,0 +1,51 @@
+#include "tests/conformance/conformance_test.h"
+
+namespace conformance {
+namespace {
+
+class PathsTest : public ConformanceTest {};
+
+TEST_F(PathsTest, AreFormatsWithTextsAndNumbersInAndOutsideBraces) {
+  stage->put(kMembers, {u32(1), i32(100), i32(1001)});
+  stage->open();
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s{1 %d %d}", kMembers, 100, 1001), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s{%u %d %d}", kMembers, 1U, 100, 1001), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s{1 %d %d}", kMembers, 100, 1002), 0);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s{1 %d %s}", kMembers, 100, "1001"), 1);
+}
+
+TEST_F(PathsTest, MayCarryModulePrefixes) {
+  stage->put("/mpls/l2vpn-config/l2vpn/vpls-group", {text("south")});
+  stage->put("/base:config/service-port", {u32(7)}, {{"match/vlan/vlan-id/any", scripted::tag(1)}});
+  stage->open();
+  for (const char *path :
+       {"/mpls/l2vpn-config/l2vpn/vpls-group{south}",
+        "/mpls/l2-vpn:l2vpn-config/l2vpn/mpls-l2vpn-vpls:vpls-group{south}",
+        "/base:config/service-port{7}/match/vlan/vlan-id/any", "/config/service-port{7}/match/vlan/vlan-id/any"}) {
+    EXPECT_EQ(maapi_exists(sock(), handle(), "%s", path), 1) << path;
+  }
+}
+
+TEST_F(PathsTest, AKeyWithABlankIsOneKeyAsAnArgumentOfItsOwnOrQuoted) {
+  stage->put(kVpwsGroups, {text("north west")});
+  stage->open();
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s{%s}", kVpwsGroups, "north west"), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s", "/mpls/l2vpn-config/l2vpn/vpws-group{\"north west\"}"), 1);
+}
+
+TEST_F(PathsTest, AKeyWithABlankThatWasFormattedBeforehandReadsAsTwo) {
+  stage->put(kVpwsGroups, {text("north west")});
+  stage->open();
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s", "/mpls/l2vpn-config/l2vpn/vpws-group{north west}"), -1);
+  EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
+}
+
+TEST_F(PathsTest, AListTakesAllItsKeys) {
+  stage->put(kMembers, {u32(1), i32(100), i32(1001)});
+  stage->open();
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s{1 100}", kMembers), -1);
+  EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
+}
+
+}  // namespace
+}  // namespace conformance
