@@ -61,8 +61,9 @@ enum vlan_cfg_type_t {
   VLAN_CFG_ENCAP = 1   ///< the access interface's encapsulation: untagged, or one dot1q-range
 };
 
-/// How an attachment matches traffic, which selects the conflicts that are looked for.
-enum en_vpn_match_type_t {
+/// How an attachment matches traffic, which selects the conflicts that are looked for. Holds any
+/// number: the rules say what one that is neither means to them.
+enum en_vpn_match_type_t : std::int32_t {
   VPN_MATCH_PORT_BASED = 0,  ///< takes the whole port
   VPN_MATCH_DOT1Q = 1        ///< takes VLANs of the port
 };
