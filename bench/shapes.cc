@@ -1,0 +1,133 @@
+#include "bench/shapes.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace bench {
+namespace {
+
+using element::Tree;
+
+constexpr std::size_t kVlans = 4094;
+constexpr std::size_t kVpnsAPort = 4;
+constexpr std::size_t kPortsAVpn = 16;
+
+// Every commit has an uplink and a snooping interface, each on a port of its own, so that the rules against them have
+// something to look through and nothing to find.
+constexpr const char *kUplinkPort = "uplink-1";
+constexpr const char *kSnoopingPort = "video-1";
+
+std::string port_name(std::size_t port) { return fmt::format("gigabit-ethernet-1/1/{:06}", port + 1); }
+
+std::string vpls_vpn(std::string_view vpn) {
+  return fmt::format("/mpls/l2vpn-config/l2vpn/vpls-group{{access}}/vpn{{{}}}/bridge-domain", vpn);
+}
+
+void put_vpls(Tree &tree, std::string_view vpn, std::size_t vlan, std::size_t port) {
+  const std::string bridge_domain = vpls_vpn(vpn);
+  tree.put(bridge_domain + "/dot1q", static_cast<std::uint16_t>(vlan));
+  tree.put(fmt::format("{}/access-interface{{{}}}", bridge_domain, port_name(port)));
+}
+
+std::string vpws_access(std::string_view vpn, std::size_t port) {
+  return fmt::format("/mpls/l2vpn-config/l2vpn/vpws-group{{access}}/vpn{{{}}}/access-interface{{{}}}", vpn,
+                     port_name(port));
+}
+
+void put_vpws(Tree &tree, std::string_view vpn, std::size_t vlan, std::size_t port) {
+  tree.put(vpws_access(vpn, port) + "/dot1q", static_cast<std::uint16_t>(vlan));
+}
+
+void put_on_many_ports(Tree &tree, std::size_t index) {
+  const std::size_t port = index / kVpnsAPort;
+  const std::size_t slot = index % kVpnsAPort;
+  const std::string own_vpn = fmt::format("port-{:06}-{}", port + 1, slot);
+  switch (slot) {
+    case 0:
+    case 1:
+      return put_vpls(tree, fmt::format("ports-{:05}-{}", port / kPortsAVpn, slot), 10 + slot, port);
+    case 2:
+      return put_vpws(tree, own_vpn, 20, port);
+    default:
+      tree.put(vpws_access(own_vpn, port) + "/encapsulation/dot1q-range{200 299}");
+  }
+}
+
+void put_on_few_ports(Tree &tree, std::size_t index) {
+  const std::size_t port = index / kVlans;
+  const std::size_t vlan = 1 + index % kVlans;
+  if (vlan % 2 == 1) return put_vpls(tree, fmt::format("vlan-{:04}", vlan), vlan, port);
+  put_vpws(tree, fmt::format("port-{:06}-{:04}", port + 1, vlan), vlan, port);
+}
+
+void put_access_interface(Tree &tree, Shape shape, std::size_t index) {
+  switch (shape) {
+    case Shape::many_ports:
+      return put_on_many_ports(tree, index);
+    case Shape::few_ports:
+      return put_on_few_ports(tree, index);
+    case Shape::one_vpn:
+      return put_vpls(tree, "everywhere", 100, index);
+  }
+}
+
+std::size_t ports_of(Shape shape, std::size_t access_interfaces) {
+  const auto rounded_up = [access_interfaces](std::size_t divisor) {
+    return (access_interfaces + divisor - 1) / divisor;
+  };
+  switch (shape) {
+    case Shape::many_ports:
+      return rounded_up(kVpnsAPort);
+    case Shape::few_ports:
+      return rounded_up(kVlans);
+    case Shape::one_vpn:
+      break;
+  }
+  return access_interfaces;
+}
+
+Tree configuration(const element::Schema &schema, Shape shape, std::size_t access_interfaces) {
+  Tree tree(schema);
+  tree.put(fmt::format("/config/vlan{{4094}}/interface{{{}}}", kUplinkPort));
+  tree.put("/config/l3-interface{l3-uplink}/vlan", std::uint16_t{4094});
+  tree.put(fmt::format("/config/igmp-snooping{{1}}/interface{{{}}}", kSnoopingPort));
+  tree.put("/mpls/ldp/interface{l3-uplink}");
+  for (std::size_t index = 0; index < access_interfaces; ++index) put_access_interface(tree, shape, index);
+  return tree;
+}
+
+element::Profile element_with(std::size_t ports, std::size_t access_interfaces) {
+  std::vector<element::Interface> interfaces;
+  const auto add = [&interfaces](std::string name) {
+    const auto number = static_cast<std::uint32_t>(interfaces.size() + 1);
+    interfaces.push_back({std::move(name), number, static_cast<std::int32_t>(1000000 + number)});
+  };
+  for (std::size_t port = 0; port < ports; ++port) add(port_name(port));
+  add(kUplinkPort);
+  add(kSnoopingPort);
+  const auto limit = static_cast<std::uint32_t>(access_interfaces);
+  return element::Profile({limit, limit, limit, limit}, std::move(interfaces));
+}
+
+}  // namespace
+
+std::string_view name(Shape shape) {
+  switch (shape) {
+    case Shape::many_ports:
+      return "many_ports";
+    case Shape::few_ports:
+      return "few_ports";
+    case Shape::one_vpn:
+      break;
+  }
+  return "one_vpn";
+}
+
+Commit make_commit(const element::Schema &schema, Shape shape, std::size_t access_interfaces) {
+  return {element_with(ports_of(shape, access_interfaces), access_interfaces),
+          configuration(schema, shape, access_interfaces - access_interfaces / 10),
+          configuration(schema, shape, access_interfaces)};
+}
+
+}  // namespace bench

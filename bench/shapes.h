@@ -1,0 +1,36 @@
+#ifndef BENCH_SHAPES_H
+#define BENCH_SHAPES_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "element/profile.h"
+#include "element/tree.h"
+
+namespace bench {
+
+/// How access interfaces spread over ports and VPNs.
+enum class Shape {
+  many_ports,  ///< four VPNs a port: two VPLS VPNs over sixteen ports each, two VPWS VPNs, one of them with a range
+  few_ports,   ///< 4094 VLANs a port, VPLS VPNs on the odd ones, VPWS VPNs on the even ones
+  one_vpn      ///< one VPLS VPN on every port
+};
+
+std::string_view name(Shape shape);
+
+/// A commit that every access rule accepts, on an element whose limits are just high enough. The running configuration
+/// holds the first nine tenths of the candidate's access interfaces.
+struct Commit {
+  element::Profile profile;
+  element::Tree running;
+  element::Tree candidate;
+};
+
+/// Both trees hold what an operator writes, in order; nothing is derived yet. They share the schema, which must outlive
+/// them.
+Commit make_commit(const element::Schema &schema, Shape shape, std::size_t access_interfaces);
+
+}  // namespace bench
+
+#endif
