@@ -3,8 +3,6 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <map>
 
 #include "cli/errors.h"
 
@@ -21,14 +19,19 @@ std::string exit_status_text() {
 
 CLI::App *add_check(CLI::App &program, CheckArguments &check) {
   CLI::App *command = program.add_subcommand("check", "Decide a commit as the network element would");
-  command->add_option("DIR", check.input.directory,
-                      "Folder with element.json, running.xml or .json, and candidate.xml or .json");
+  command
+      ->add_option("DIR", check.input.directory,
+                   "Folder with element.json, running.xml or .json, and candidate.xml or .json")
+      ->type_name("");
   command->add_option("--element", check.input.element, "Element profile (JSON)")->type_name("FILE");
   command->add_option("--running", check.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
   command->add_option("--candidate", check.input.candidate, "Configuration to commit (XML or JSON)")->type_name("FILE");
   command->add_option("--plugin", check.plugin, "Validation library to ask")->type_name("FILE");
-  command->add_option("--format", check.format, "Format of the result: text (default) or json")
-      ->transform(CLI::Transformer(std::map<std::string, Format>{{"text", Format::text}, {"json", Format::json}}))
+  const auto set_format = [&check](const std::string &name) {
+    check.format = name == "json" ? Format::json : Format::text;
+  };
+  command->add_option_function<std::string>("--format", set_format, "Format of the result; text unless it is given")
+      ->check(CLI::IsMember({"text", "json"}))
       ->type_name("FORMAT");
   command->add_flag("--all", check.all_points, "Go on to the other validation points after a rejection");
   command->add_flag("--derived", check.derived, "List the changes of derived nodes, too");
@@ -39,8 +42,9 @@ CLI::App *add_check(CLI::App &program, CheckArguments &check) {
 
 CLI::App *add_show(CLI::App &program, ShowArguments &show) {
   CLI::App *command = program.add_subcommand("show", "Print what a commit's validation would read");
-  command->add_option("DIR", show.input.directory, "Folder as for check")->required();
-  command->add_option("PATH", show.path, "Print what stands at or below this path; default: all derived trees");
+  command->add_option("DIR", show.input.directory, "Folder as for check")->required()->type_name("");
+  command->add_option("PATH", show.path, "Print what stands at or below this path; default: all derived trees")
+      ->type_name("");
   command->add_flag("--running-config", show.running, "Print from the running configuration, not the candidate");
   return command;
 }

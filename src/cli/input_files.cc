@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool exists(const fs::path &file) {
+bool is_there(const fs::path &file) {
   std::error_code unknown;
   return fs::exists(file, unknown);
 }
@@ -21,8 +21,8 @@ bool exists(const fs::path &file) {
 fs::path configuration_in(const fs::path &directory, const std::string &name) {
   const fs::path xml = directory / (name + ".xml");
   const fs::path json = directory / (name + ".json");
-  if (!exists(json)) return xml;
-  if (!exists(xml)) return json;
+  if (!is_there(json)) return xml;
+  if (!is_there(xml)) return json;
   throw element::InputError(
       fmt::format("{}: holds {}.xml and {}.json; one of them was expected", directory.string(), name, name));
 }

@@ -34,7 +34,7 @@ void write_line(std::ostream &out, std::string_view indent, char sign, std::stri
 }
 
 void write_points(std::ostream &out, const host::Verdict &verdict) {
-  out << fmt::format("validation points: {} fired, {} asked\n", verdict.points_fired, verdict.points.size());
+  out << fmt::format("validation points fired: {}\n", verdict.points_fired);
   for (const host::PointVerdict &point : verdict.points) {
     out << fmt::format("  {} at {}: {}", point.point, printable(point.path), answer_text(point));
     if (!point.text.empty()) out << ": " << printable(point.text);
@@ -84,7 +84,8 @@ void write_verdict(std::ostream &out, const Report &report) {
   write_points(out, report.verdict);
   if (report.with_trace) write_trace(out, report.verdict.account.trace);
   const PointCounts counts = count_points(report.verdict);
-  out << fmt::format("\n{}: {} accepted, {} with a warning, {} rejected\n", decision_text(report.verdict.decision),
+  out << fmt::format("\ncommit {}: {} of {} points asked, {} accepted, {} with a warning, {} rejected\n",
+                     decision_text(report.verdict.decision), report.verdict.points.size(), report.verdict.points_fired,
                      counts.accepted, counts.warned, counts.rejected);
   out << fmt::format("decided by {}, build id {}\n", printable(report.library), report.build_id);
 }

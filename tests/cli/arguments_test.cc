@@ -64,6 +64,7 @@ TEST(Arguments, what_cannot_be_carried_out_is_a_usage_error) {
       {"check", "folder", "--frobnicate"},
       {"check", "folder", "--format"},
       {"check", "folder", "--format", "yaml"},
+      {"check", "folder", "--format", "1"},
       {"check", "--element"},
       {"show"},
       {"show", "folder", "/internal", "/mpls"},

@@ -15,7 +15,15 @@ TEST(ShowCommand, without_a_path_prints_every_derived_tree) {
   const Outcome outcome = run_with_answers({"show", folder.path()});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
-  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.out,
+            "/internal/int-vpws-intf-app{metro east 1 ge-1 5}\n"
+            "/internal/int-vpws-intf-encap{metro east 1 ge-1}\n"
+            "/internal/int-vpws-tunnel-idx{metro 1 16908480 7}/role: 0\n"
+            "/internal/int-vpws-tunnel-idx{metro 1 16908480 7}/vpn: east\n"
+            "/internal/int-vpws-group{metro}/int-vpws{east 1}\n"
+            "/KZ-VPWS-MIB/vpwsConfigTable/vpwsConfigEntry{1}\n"
+            "/KZ-PWE3-MIB/pwTable/pwEntry{2 1 192.0.2.1}\n"
+            "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry{1 100 1002}\n");
 }
 
 TEST(ShowCommand, a_path_leads_into_any_tree) {
@@ -25,11 +33,30 @@ TEST(ShowCommand, a_path_leads_into_any_tree) {
       {"/mpls/l2vpn-config/l2vpn/vpws-group{metro}",
        "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{east}/neighbor{192.0.2.1}/pw-id: 7\n"},
       {"/internal/int-vpws-group", "/internal/int-vpws-group{metro}/int-vpws{east 1}\n"},
-      {"/KZ-PWE3-MIB:KZ-PWE3-MIB", ""},
+      {"/KZ-PWE3-MIB:KZ-PWE3-MIB", "/KZ-PWE3-MIB/pwTable/pwEntry{2 1 192.0.2.1}\n"},
+      {"/internal/int-vpws-tunnel-idx{metro 1 16908480 7}/vpn",
+       "/internal/int-vpws-tunnel-idx{metro 1 16908480 7}/vpn: east\n"},
   };
   for (const auto &[path, expected] : rows) {
     EXPECT_EQ(run_with_answers({"show", folder.path(), path}).out, expected) << path;
   }
+}
+
+TEST(ShowCommand, the_root_is_every_tree) {
+  const CommitFolder folder;
+  folder.configure("", vlan_member("ge-2"));
+  EXPECT_EQ(run_with_answers({"show", folder.path(), "/"}).out,
+            "/config/vlan{100}/interface{ge-2}\n"
+            "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry{1 100 1002}\n");
+}
+
+TEST(ShowCommand, an_enumeration_is_shown_by_name_and_number) {
+  const CommitFolder folder;
+  folder.configure("", R"("mpls:mpls": {"l2-vpn:l2vpn-config": {"l2vpn": {"mpls-l2vpn-vpls:vpls-group": [
+    {"name": "campus", "vpn": [{"name": "voice"}]}]}}})");
+  const std::string bridge_domain = "/internal/int-vpls-group{campus}/int-vpls-vpn{voice 1}/int-vpls-bd";
+  EXPECT_EQ(run_with_answers({"show", folder.path(), bridge_domain}).out,
+            bridge_domain + "/int-vpls-bd-vlan: 0\n" + bridge_domain + "/int-vpls-bd-tls: off (2)\n");
 }
 
 TEST(ShowCommand, the_candidate_is_shown_unless_the_running_configuration_is_wanted) {
