@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <libyang/libyang.h>
 
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <optional>
@@ -34,7 +35,10 @@ struct Source {
   const Schema &schema;
   const std::string &origin;
   std::string text;
+  std::size_t begin;  ///< of what is not blank
   InputFormat format;
+
+  std::size_t lines_above() const { return position_at(text, begin).line - 1; }
 };
 
 struct Parsed {
@@ -48,9 +52,10 @@ struct Parsed {
   throw InputError(fmt::format("{}:{}: {}", origin, position_at(text, offset).line, fault));
 }
 
+// The parser begins where the blanks end, for it counts the lines before a JSON object twice.
 Parsed parse(const Source &source, std::uint32_t options, std::uint32_t validation) {
   ly_in *input = nullptr;
-  if (ly_in_new_memory(source.text.c_str(), &input) != LY_SUCCESS) throw std::bad_alloc();
+  if (ly_in_new_memory(source.text.c_str() + source.begin, &input) != LY_SUCCESS) throw std::bad_alloc();
   const std::unique_ptr<ly_in, FreeInput> owner(input);
   lyd_node *data = nullptr;
   Parsed parsed;
@@ -58,7 +63,7 @@ Parsed parse(const Source &source, std::uint32_t options, std::uint32_t validati
       lyd_parse_data(source.schema.context(), nullptr, input, source.format == InputFormat::xml ? LYD_XML : LYD_JSON,
                      LYD_PARSE_STRICT | LYD_PARSE_NO_STATE | options, validation, &data);
   parsed.data.reset(data);
-  parsed.end = ly_in_parsed(input);
+  parsed.end = source.begin + ly_in_parsed(input);
   return parsed;
 }
 
@@ -71,7 +76,7 @@ std::string missing_path(const Source &source, const std::string &schema_path) {
 }
 
 [[noreturn]] void throw_fault(const Source &source) {
-  ParseFault fault = first_fault(source.schema, source.format);
+  ParseFault fault = first_fault(source.schema, source.format, source.lines_above());
   if (!fault.missing_node.empty()) fault.path = missing_path(source, fault.missing_node);
   throw to_input_error(source.origin, fault);
 }
@@ -127,7 +132,8 @@ Tree parse_text(const Schema &schema, std::string text, const std::string &origi
   }
   const InputFormat format = format_of(text, origin);
   if (format == InputFormat::xml) prepare_xml(text, origin);
-  return to_tree({schema, origin, std::move(text), format});
+  const std::size_t begin = std::min(text.find_first_not_of(kBlank), text.size());
+  return to_tree({schema, origin, std::move(text), begin, format});
 }
 
 }  // namespace

@@ -7,8 +7,6 @@
 namespace element {
 namespace {
 
-constexpr std::string_view kStops = "{}\"";
-
 /// One past the closing quote of the string that opens at `open`.
 std::size_t string_end(std::string_view json, std::size_t open) {
   std::size_t place = json.find_first_of("\"\\", open + 1);
@@ -46,14 +44,14 @@ class OpenObjects {
 
 std::optional<std::size_t> find_repeated_member(std::string_view json) {
   OpenObjects objects;
-  std::size_t end = 0;
-  for (std::size_t place = json.find_first_of(kStops); place != std::string_view::npos;
-       place = json.find_first_of(kStops, end)) {
-    end = json[place] == '"' ? string_end(json, place) : place + 1;
+  for (std::size_t place = 0; place < json.size(); ++place) {
     if (json[place] == '{') objects.open();
     if (json[place] == '}') objects.close();
-    if (json[place] != '"' || !is_member_name(json, end)) continue;
-    if (!objects.add(without_module(json.substr(place + 1, end - place - 2)))) return place;
+    if (json[place] != '"') continue;
+    const std::size_t end = string_end(json, place);
+    const std::string_view text = json.substr(place + 1, end - place - 2);
+    if (is_member_name(json, end) && !objects.add(without_module(text))) return place;
+    place = end - 1;
   }
   return std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <libyang/libyang.h>
 
+#include <charconv>
 #include <new>
 #include <stdexcept>
 
@@ -28,6 +29,12 @@ std::string_view quoted(std::string_view text) {
   return text.substr(0, with_line == std::string_view::npos ? text.rfind('"') : with_line);
 }
 
+std::size_t number(std::string_view digits) {
+  std::size_t value = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  return value;
+}
+
 const ly_err_item &first_error(const ly_ctx *context) {
   for (const ly_err_item *item = ly_err_first(context); item != nullptr; item = item->next) {
     if (item->level == LY_LLERR) return *item;
@@ -47,18 +54,18 @@ CollectedMessages::~CollectedMessages() {
   ly_err_clean(context_, nullptr);
 }
 
-ParseFault first_fault(const Schema &schema, InputFormat format) {
+ParseFault first_fault(const Schema &schema, InputFormat format, std::size_t lines_above) {
   const ly_err_item &record = first_error(schema.context());
   if (record.no == LY_EMEM) throw std::bad_alloc();
 
   const std::string_view place = record.path == nullptr ? "" : record.path;
-  const std::string_view line = after(place, kLineMark);
+  const std::size_t line = number(after(place, kLineMark));
   const std::string_view schema_path = quoted(after(place, kSchemaMark));
   std::string_view message = record.msg;
   if (message.ends_with('.')) message.remove_suffix(1);
 
   ParseFault fault;
-  fault.line = line.substr(0, line.find('.'));
+  fault.line = line == 0 ? 0 : line + lines_above;
   fault.path = schema_path.empty() ? quoted(after(place, kDataMark)) : schema_path;
   fault.message = message;
   if (is_about_missing_node(message)) fault.missing_node = schema_path;
@@ -68,7 +75,7 @@ ParseFault first_fault(const Schema &schema, InputFormat format) {
 }
 
 InputError to_input_error(const std::string &origin, const ParseFault &fault) {
-  const std::string line = fault.line.empty() ? "" : ":" + fault.line;
+  const std::string line = fault.line == 0 ? "" : fmt::format(":{}", fault.line);
   const std::string path = fault.path.empty() ? "" : one_line(fault.path) + ": ";
   return InputError(
       fmt::format("{}{}: {}{}; expected {}", origin, line, path, one_line(fault.message), fault.expected));

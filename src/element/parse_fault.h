@@ -1,6 +1,7 @@
 #ifndef ELEMENT_PARSE_FAULT_H
 #define ELEMENT_PARSE_FAULT_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -26,15 +27,16 @@ class CollectedMessages {
 
 /// Why a configuration was refused.
 struct ParseFault {
-  std::string line;  ///< digits, or empty
-  std::string path;  ///< data path, or empty
+  std::size_t line = 0;  ///< from 1, or 0 where it is not known
+  std::string path;      ///< data path, or empty
   std::string message;
   std::string expected;
   std::string missing_node;  ///< schema path of a mandatory node that some instance lacks, or empty
 };
 
-/// What libyang's first error record says. Throws std::bad_alloc where it says that memory ran out.
-ParseFault first_fault(const Schema &schema, InputFormat format);
+/// What libyang's first error record says; it was given the text after the first `lines_above` lines. Throws
+/// std::bad_alloc where it says that memory ran out.
+ParseFault first_fault(const Schema &schema, InputFormat format, std::size_t lines_above);
 
 /// "ORIGIN:LINE: PATH: message; expected ...", line and path where they are known.
 InputError to_input_error(const std::string &origin, const ParseFault &fault);
