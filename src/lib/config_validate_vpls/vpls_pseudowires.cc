@@ -1,6 +1,7 @@
-#include <cstdio>
+#include <string>
 
 #include "confd_maapi.h"
+#include "config_validate_comn/path_format.h"
 #include "config_validate_comn/pseudowire_rules.h"
 #include "config_validate_comn/value_assert.h"
 #include "config_validate_vpls/config_validate_vpls.h"
@@ -44,10 +45,9 @@ std::int32_t fill_config_vpls_peer_running(std::int32_t /*sock*/, confd_trans_ct
 std::int32_t config_validate_vpls_pw_id_exchange(std::int32_t sock, confd_trans_ctx *tctx, const val_pw_map_t &running,
                                                  const st_peer_info_t &pw) {
   std::uint32_t new_pw_id = 0;
-  char path[512];
-  std::snprintf(path, sizeof(path),
-                "/mpls/l2-vpn:l2vpn-config/l2vpn/mpls-l2vpn-vpls:vpls-group{%s}/vpn{%s}/vfi/neighbor{%s}",
-                pw.group_name.c_str(), pw.vpn_name.c_str(), get_peer_text(pw.peer_addr).c_str());
-  maapi_keypath_diff_iterate(sock, tctx->thandle, vpls_vpn_peer_iter, 0, &new_pw_id, "%s/pw-id", path);
+  const std::string path =
+      format_path("/mpls/l2-vpn:l2vpn-config/l2vpn/mpls-l2vpn-vpls:vpls-group{%s}/vpn{%s}/vfi/neighbor{%s}",
+                  pw.group_name.c_str(), pw.vpn_name.c_str(), get_peer_text(pw.peer_addr).c_str());
+  maapi_keypath_diff_iterate(sock, tctx->thandle, vpls_vpn_peer_iter, 0, &new_pw_id, "%s/pw-id", path.c_str());
   return config_validate_pw_id_not_assigned(tctx, running, pw.peer_addr, new_pw_id);
 }

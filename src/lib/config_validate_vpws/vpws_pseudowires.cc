@@ -1,6 +1,7 @@
-#include <cstdio>
+#include <string>
 
 #include "confd_maapi.h"
+#include "config_validate_comn/path_format.h"
 #include "config_validate_comn/pseudowire_rules.h"
 #include "config_validate_comn/value_assert.h"
 #include "config_validate_vpls/qnconfd_cdb_session.h"
@@ -57,15 +58,14 @@ std::int32_t config_validate_vpws_pw_id_exchange(std::int32_t sock, confd_trans_
                                                  const st_peer_info_t &pw) {
   std::uint32_t new_pw_id = 0;
   const std::string peer = get_peer_text(pw.peer_addr);
-  char path[512];
 
-  std::snprintf(path, sizeof(path), "/mpls/l2-vpn:l2vpn-config/l2vpn/vpws-group{%s}/vpn{%s}/neighbor{%s}",
-                pw.group_name.c_str(), pw.vpn_name.c_str(), peer.c_str());
-  maapi_keypath_diff_iterate(sock, tctx->thandle, vpws_vpn_peer_iter, 0, &new_pw_id, "%s/pw-id", path);
+  const std::string neighbor = format_path("/mpls/l2-vpn:l2vpn-config/l2vpn/vpws-group{%s}/vpn{%s}/neighbor{%s}",
+                                           pw.group_name.c_str(), pw.vpn_name.c_str(), peer.c_str());
+  maapi_keypath_diff_iterate(sock, tctx->thandle, vpws_vpn_peer_iter, 0, &new_pw_id, "%s/pw-id", neighbor.c_str());
   if (config_validate_pw_id_not_assigned(tctx, running, pw.peer_addr, new_pw_id) == CONFD_ERR) return CONFD_ERR;
 
-  std::snprintf(path, sizeof(path), "/mpls/l2-vpn:l2vpn-config/l2vpn/vpws-group{%s}/vpn{%s}/backup-neighbor{%s}",
-                pw.group_name.c_str(), pw.vpn_name.c_str(), peer.c_str());
-  maapi_keypath_diff_iterate(sock, tctx->thandle, vpws_vpn_bkp_peer_iter, 0, &new_pw_id, "%s/pw-id", path);
+  const std::string backup = format_path("/mpls/l2-vpn:l2vpn-config/l2vpn/vpws-group{%s}/vpn{%s}/backup-neighbor{%s}",
+                                         pw.group_name.c_str(), pw.vpn_name.c_str(), peer.c_str());
+  maapi_keypath_diff_iterate(sock, tctx->thandle, vpws_vpn_bkp_peer_iter, 0, &new_pw_id, "%s/pw-id", backup.c_str());
   return config_validate_pw_id_not_assigned(tctx, running, pw.peer_addr, new_pw_id);
 }
