@@ -131,7 +131,7 @@ int maapi_get_objects(maapi_cursor *mc, confd_value_t *values, int n, int *nobj)
   const int wanted = *nobj;
   const auto left = static_cast<std::size_t>(host::entry_count(*cursor) - cursor->next);
   *nobj = static_cast<int>(std::min(left, static_cast<std::size_t>(wanted)));
-  int value_count = host::entry_count(*cursor) == 0 ? 0 : host::write_object(*cursor->list, nullptr, nullptr, 0);
+  int value_count = host::write_object(*cursor->list, nullptr, nullptr, 0);
   for (int i = 0; i < *nobj; ++i) {
     const element::Node &entry = cursor->entries->children[cursor->next++];
     value_count = host::write_object(*cursor->list, &entry, values + static_cast<std::ptrdiff_t>(i) * n, n);

@@ -20,13 +20,15 @@ const element::SchemaNode *child_of_tag(const element::SchemaNode *parent, std::
   return nullptr;
 }
 
-std::string keys_text(const confd_value_t *keys) {
-  std::string text;
+void add_keys(std::string &text, const confd_value_t *keys) {
+  char before = '{';
   for (std::size_t i = 0; i < MAXKEYLEN && keys[i].type != C_NOEXISTS; ++i) {
     const element::Value key = from_agent(keys[i]).value_or(std::monostate{});
-    text += (text.empty() ? "" : " ") + element::quoted_key(element::to_text(key));
+    text += before;
+    text += element::quoted_key(element::to_text(key));
+    before = ' ';
   }
-  return '{' + text + '}';
+  text += '}';
 }
 
 /// A name that the data model does not have there is written as its tag.
@@ -36,12 +38,13 @@ std::string path_text(const element::SchemaNode &root, const confd_hkeypath_t &p
   for (int i = std::min(path.len, MAXDEPTH) - 1; i >= 0; --i) {
     const confd_value_t *const element = path.v[i];
     if (element->type != C_XMLTAG) {
-      text += keys_text(element);
+      add_keys(text, element);
       continue;
     }
     const std::uint32_t tag = element->val.xmltag.tag;
     node = child_of_tag(node, tag);
-    text += '/' + (node == nullptr ? std::to_string(tag) : node->name);
+    text += '/';
+    text += node == nullptr ? std::to_string(tag) : node->name;
   }
   return text.empty() ? "/" : text;
 }
