@@ -152,9 +152,15 @@ confd_vtype agent_type(const element::SchemaNode &leaf) {
   return C_NOEXISTS;
 }
 
+// Nearly all keys are texts and identifiers; these are compared where they stand.
 int compare(const confd_value_t &wanted, const element::Value &key) {
   if (wanted.type == C_BUF) {
     if (const auto *text = std::get_if<std::string>(&key)) return text_of(wanted).compare(*text);
+  }
+  if (wanted.type == C_UINT32) {
+    if (const auto *number = std::get_if<std::uint32_t>(&key)) {
+      return static_cast<int>(wanted.val.u32 > *number) - static_cast<int>(wanted.val.u32 < *number);
+    }
   }
   return element::compare(from_agent(wanted).value_or(std::monostate{}), key);
 }

@@ -1,5 +1,6 @@
 #include "host/path_format.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -10,10 +11,12 @@ bool PathText::format(const char *format, std::va_list arguments) {
   Arguments remaining;
   va_copy(remaining.list, arguments);
   while (*format != '\0' && state_ != State::broken) {
-    const std::size_t plain = std::strcspn(format, "%");
+    const char *conversion = std::strchr(format, '%');
+    const std::size_t plain =
+        conversion == nullptr ? std::strlen(format) : static_cast<std::size_t>(conversion - format);
     path_text({format, plain});
     format += plain;
-    if (*format == '%') format = convert(format + 1, remaining);
+    if (conversion != nullptr) format = convert(conversion + 1, remaining);
   }
   va_end(remaining.list);
   return is_complete();
@@ -116,8 +119,8 @@ std::size_t PathText::take_slash(std::string_view text) {
 }
 
 std::size_t PathText::take_name(std::string_view text) {
-  std::size_t length = 0;
-  while (length < text.size() && text[length] != '/' && text[length] != '{') ++length;
+  const std::size_t slash = std::min(text.find('/'), text.size());
+  const std::size_t length = std::min(text.substr(0, slash).find('{'), slash);
   append(text.substr(0, length));
   return length < text.size() ? length + end_name(text[length]) : length;
 }
