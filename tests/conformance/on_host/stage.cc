@@ -1,0 +1,161 @@
+// The element's host as the cases see it: two hand-written configurations, and what leads from one to the other.
+
+#include "tests/conformance/stage.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "element/path.h"
+#include "element/profile.h"
+#include "element/schema.h"
+#include "element/transaction.h"
+#include "element/tree.h"
+#include "host/seam.h"
+
+namespace conformance {
+
+namespace {
+
+const element::Schema &schema() {
+  static const element::Schema schema;
+  return schema;
+}
+
+element::Value element_value(const Value &value) {
+  switch (value.type) {
+    case C_BUF:
+      return value.bytes;
+    case C_UINT32:
+      return static_cast<std::uint32_t>(value.number);
+    case C_INT32:
+      return static_cast<std::int32_t>(value.number);
+    case C_IPV4:
+      return element::Ipv4{static_cast<std::uint32_t>(value.number)};
+    case C_ENUM_VALUE:
+      return element::Enumeration{static_cast<std::int32_t>(value.number)};
+    case C_XMLTAG:
+      return element::Empty{};
+    default:
+      return {};
+  }
+}
+
+std::vector<element::Value> element_values(const Values &values) {
+  std::vector<element::Value> converted;
+  for (const Value &value : values) converted.push_back(element_value(value));
+  return converted;
+}
+
+std::string entry_path(std::string_view list, const Values &keys) {
+  std::string path(list);
+  char before = '{';
+  for (const Value &key : keys) {
+    path += before + element::quoted_key(scripted::to_text(key));
+    before = ' ';
+  }
+  return path + '}';
+}
+
+void put_fields(element::Tree &tree, const std::string &node, const Fields &fields) {
+  for (const Field &field : fields) {
+    if (field.value.type != C_NOEXISTS) tree.put(node + '/' + field.name, element_value(field.value));
+  }
+}
+
+void put_entry(element::Tree &tree, std::string_view list, const Values &keys, const Fields &fields) {
+  tree.put_entry(list, element_values(keys));
+  put_fields(tree, entry_path(list, keys), fields);
+}
+
+host::SeamFunction function_named(std::string_view name) {
+  for (std::size_t i = 0; i < host::seam_function_count; ++i) {
+    const auto function = static_cast<host::SeamFunction>(i);
+    if (host::name(function) == name) return function;
+  }
+  throw std::logic_error("the seam has no function " + std::string(name));
+}
+
+class HostStage : public Stage {
+ public:
+  void put_in_running(std::string_view list, const Values &keys, const Fields &fields) override {
+    put_entry(running_, list, keys, fields);
+  }
+
+  void put_in_candidate(std::string_view list, const Values &keys, const Fields &fields) override {
+    put_entry(candidate_, list, keys, fields);
+  }
+
+  void put_container(std::string_view path, const Fields &fields) override {
+    candidate_.put(path);
+    put_fields(candidate_, std::string(path), fields);
+  }
+
+  void create_entry(std::string_view list, const Values &keys, const Fields &fields) override {
+    put_in_candidate(list, keys, fields);
+  }
+
+  void delete_entry(std::string_view list, const Values &keys, const Fields &fields) override {
+    put_in_running(list, keys, fields);
+  }
+
+  void modify_entry(std::string_view list, const Values &keys) override { put(list, keys); }
+
+  void set_leaf(std::string_view path, const Value &before, const Value &after) override {
+    if (before.type != C_NOEXISTS) running_.put(path, element_value(before));
+    candidate_.put(path, element_value(after));
+  }
+
+  void delete_leaf(std::string_view path, const Value &before) override { running_.put(path, element_value(before)); }
+  void create_empty_leaf(std::string_view path) override { candidate_.put(path, element::Empty{}); }
+
+  void add_interface(std::string_view name, std::uint32_t limid, std::int32_t ifindex) override {
+    interfaces_.push_back({std::string(name), limid, ifindex});
+  }
+
+  void set_vpn_max(std::optional<std::uint32_t> limit) override { limits_.vpn_max = limit; }
+
+  void open() override {
+    running_.sort();
+    candidate_.sort();
+    transaction_ = std::make_unique<element::Transaction>(std::move(running_), std::move(candidate_));
+    profile_ = element::Profile(limits_, std::move(interfaces_));
+    seam_ = std::make_unique<host::Seam>(profile_);
+    seam_->serve(transaction_.get());
+    context_.thandle = seam_->transaction_handle();
+    context_.vcb_opaque = seam_->middleware();
+  }
+
+  int socket() override { return seam_->maapi_socket(); }
+  confd_trans_ctx &context() override { return context_; }
+
+  void fail_next(std::string_view name) override {
+    const host::SeamFunction function = function_named(name);
+    seam_->fault = {function, seam_->account.calls[static_cast<std::size_t>(function)] + 1, false};
+  }
+
+  std::string error() override { return context_.error.str; }
+  std::vector<int> timeouts() override { return seam_->account.timeouts; }
+  std::vector<std::string> trace() override { return seam_->account.trace; }
+
+  std::size_t left_open() override {
+    if (seam_ == nullptr) return 0;
+    const host::Account &account = seam_->account;
+    return static_cast<std::size_t>(account.open_cursors + account.open_sessions + account.values_handed_out);
+  }
+
+ private:
+  element::Tree running_{schema()};
+  element::Tree candidate_{schema()};
+  element::CardLimits limits_;
+  std::vector<element::Interface> interfaces_;
+  element::Profile profile_;
+  std::unique_ptr<element::Transaction> transaction_;
+  std::unique_ptr<host::Seam> seam_;
+  confd_trans_ctx context_{};
+};
+
+}  // namespace
+
+std::unique_ptr<Stage> make_stage() { return std::make_unique<HostStage>(); }
+
+}  // namespace conformance
