@@ -1,0 +1,83 @@
+#include "config_validate_comn/interface_encapsulation.h"
+
+#include <new>
+
+#include "tests/unit/access_test.h"
+
+namespace {
+
+using scripted::enum_value;
+using scripted::text;
+using scripted::u32;
+
+constexpr const char *kUntagged = "/internal/encap/untagged";
+constexpr const char *kRanges = "/internal/encap/range";
+
+class InterfaceEncapsulationTest : public AccessTest {
+ protected:
+  bool untagged() { return is_configured_untagged(sock(), tctx(), kUntagged); }
+};
+
+TEST_F(InterfaceEncapsulationTest, UntaggedIsTheSettingOne) {
+  for (const auto &[setting, is_untagged] : std::map<int, bool>{{0, false}, {1, true}, {2, false}}) {
+    SCOPED_TRACE(setting);
+    platform.leaf(kUntagged, enum_value(setting));
+    EXPECT_EQ(untagged(), is_untagged);
+  }
+}
+
+TEST_F(InterfaceEncapsulationTest, ALeafThatIsNotThereIsNotRead) {
+  EXPECT_FALSE(untagged());
+  EXPECT_EQ(platform.calls(), Calls{std::string("maapi_exists ") + kUntagged});
+}
+
+TEST_F(InterfaceEncapsulationTest, AFailedReadIsNotUntagged) {
+  platform.leaf(kUntagged, enum_value(1));
+  for (const char *function : {"maapi_exists", "maapi_get_enum_value_elem"}) {
+    SCOPED_TRACE(function);
+    fail_only(function, 1);
+    EXPECT_FALSE(untagged());
+  }
+  fail_only("maapi_exists", 1);
+  untagged();
+  EXPECT_EQ(platform.count("maapi_get_enum_value_elem"), 0U) << "a failed existence check says no";
+}
+
+TEST_F(InterfaceEncapsulationTest, RangesAreReadAtOnce) {
+  platform.list(kRanges, 2, {{u32(10), u32(20)}, {u32(30), u32(40)}});
+  {
+    const encap_ranges_t ranges(sock(), tctx(), kRanges);
+    ASSERT_TRUE(ranges.is_read());
+    ASSERT_EQ(ranges.size(), 2);
+    EXPECT_EQ(ranges.entry(0)[0].val.u32, 10U);
+    EXPECT_EQ(ranges.entry(1)[1].val.u32, 40U);
+    EXPECT_EQ(platform.count("maapi_destroy_cursor"), 0U);
+  }
+  const std::string list = kRanges;
+  EXPECT_EQ(platform.calls(), (Calls{"maapi_num_instances " + list, "maapi_init_cursor " + list,
+                                     "maapi_get_objects " + list + " 2x2", "maapi_destroy_cursor " + list}));
+}
+
+TEST_F(InterfaceEncapsulationTest, AListWithoutRangesIsReadAsNone) {
+  const encap_ranges_t ranges(sock(), tctx(), kRanges);
+  EXPECT_TRUE(ranges.is_read());
+  EXPECT_EQ(ranges.size(), 0);
+}
+
+TEST_F(InterfaceEncapsulationTest, AFailedFetchIsToldAndClosesItsCursor) {
+  platform.list(kRanges, 2, {{u32(10), u32(20)}});
+  for (const char *function : {"maapi_init_cursor", "maapi_get_objects"}) {
+    SCOPED_TRACE(function);
+    fail_only(function, 1);
+    EXPECT_FALSE(encap_ranges_t(sock(), tctx(), kRanges).is_read());
+    EXPECT_EQ(platform.leaks(), std::vector<std::string>{});
+  }
+}
+
+TEST_F(InterfaceEncapsulationTest, AFailedCountThrowsBeforeTheCursorIsOpened) {
+  fail_only("maapi_num_instances", 1);
+  EXPECT_THROW(encap_ranges_t(sock(), tctx(), kRanges), std::bad_array_new_length);
+  EXPECT_EQ(platform.calls(), Calls{std::string("maapi_num_instances ") + kRanges});
+}
+
+}  // namespace
