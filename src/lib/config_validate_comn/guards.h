@@ -20,22 +20,17 @@ struct scoped_cursor : maapi_cursor {
   scoped_cursor &operator=(const scoped_cursor &) = delete;
 };
 
-/// A value that a read fills and that is freed when it leaves scope.
-struct scoped_value : confd_value_t {
-  scoped_value() : confd_value_t{} { type = C_NOEXISTS; }
-  ~scoped_value() { confd_free_value(this); }
-  scoped_value(const scoped_value &) = delete;
-  scoped_value &operator=(const scoped_value &) = delete;
-};
-
-/// The values that one object read fills, freed when they leave scope. What a failed read leaves is of no type.
+/// The values that one object read fills. What a failed read leaves is of no type. What owns memory is freed when the
+/// values leave scope; a fixed-size value owns none and costs no call.
 template <std::size_t kValues>
 struct scoped_object : std::array<confd_value_t, kValues> {
   scoped_object() : std::array<confd_value_t, kValues>{} {
     for (confd_value_t &value : *this) value.type = C_NOEXISTS;
   }
   ~scoped_object() {
-    for (confd_value_t &value : *this) confd_free_value(&value);
+    for (confd_value_t &value : *this) {
+      if (value.type == C_BUF || value.type == C_LIST) confd_free_value(&value);
+    }
   }
   scoped_object(const scoped_object &) = delete;
   scoped_object &operator=(const scoped_object &) = delete;

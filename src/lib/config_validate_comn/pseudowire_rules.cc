@@ -67,10 +67,10 @@ std::int32_t config_validate_pw_id_not_assigned(confd_trans_ctx *tctx, const val
   if (found == running.end()) return CONFD_OK;
 
   const st_peer_info_t &owner = found->second;
-  confd_trans_seterr(tctx,
-                     "The PW ID %u was formerly assigned to VPN %s from Group %s. Delete VPN %s, its neighbor or "
-                     "backup-neighbor before applying changes",
-                     owner.pw_id, owner.vpn_name.c_str(), owner.group_name.c_str(), owner.vpn_name.c_str());
+  confd_trans_seterr(
+      tctx,
+      "The PW ID %u was formerly assigned to VPN %s from Group %s. Delete VPN %s, its neighbor or backup-neighbor before applying changes",
+      owner.pw_id, owner.vpn_name.c_str(), owner.group_name.c_str(), owner.vpn_name.c_str());
   return CONFD_ERR;
 }
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "confd_maapi.h"
 #include "config_validate_comn/config_validate_comn.h"
-#include "config_validate_comn/guards.h"
 #include "config_validate_comn/internal_vpls.h"
 #include "config_validate_comn/path_format.h"
 #include "config_validate_comn/value_assert.h"
@@ -20,7 +20,7 @@ bool has_prefix(const std::string &text, const char *prefix) { return text.rfind
 // failed read lets the VPN pass.
 bool has_bridge_mtu_above_limit(int sock, confd_trans_ctx *tctx, const std::string &group, const std::string &vpn) {
   const std::string path = build_low_level_vpls_vpn_bd_mtu_path(sock, tctx, group, vpn);
-  scoped_value v;
+  confd_value_t v{};  // asserted to be a number, which owns nothing to free
   if (maapi_get_elem(sock, tctx->thandle, &v, "%s", path.c_str()) == CONFD_OK) return GET_UINT32(&v) > kMaxBridgeMtu;
   return confd_errno == CONFD_ERR_NOEXISTS;
 }
