@@ -51,10 +51,10 @@ std::int32_t config_validate_vlm_member(confd_trans_ctx *tctx, std::int32_t vlan
   const auto id = static_cast<std::uint32_t>(vlan);
   const st_acc_dot1q_range_t range{id, id};
   if (has_vpn_dot1q_range_overlap(interface, range, snapshot, other)) {
-    confd_trans_seterr(tctx,
-                       "vlan %d interface %s is already assigned to mpls l2vpn %s %s with the same dot1q. It must be "
-                       "configured to another dot1q vlan",
-                       vlan, interface.c_str(), other.group_name.c_str(), other.vpn_name.c_str());
+    confd_trans_seterr(
+        tctx,
+        "vlan %d interface %s is already assigned to mpls l2vpn %s %s with the same dot1q. It must be configured to another dot1q vlan",
+        vlan, interface.c_str(), other.group_name.c_str(), other.vpn_name.c_str());
     return CONFD_ERR;
   }
   return CONFD_OK;
