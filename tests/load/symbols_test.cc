@@ -109,4 +109,8 @@ TEST(SymbolsTest, TheLibraryCarriesABuildId) {
   EXPECT_EQ(names_in(output_of("readelf -n " PLUGIN_FILE), "Build ID: ([0-9a-f]+)").size(), 1U);
 }
 
+TEST(SymbolsTest, TheElementsHostProvidesTheWholeSeam) {
+  EXPECT_EQ(without(declared_by_seam(), defined_in(HOST_FILE)), Names{});
+}
+
 }  // namespace
