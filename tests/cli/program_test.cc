@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 #include "tests/cli/commit_folder.h"
 #include "tests/support/process.h"
 
@@ -28,6 +30,21 @@ TEST(Program, a_result_that_cannot_be_written_is_an_error) {
   const ProcessResult result = run_process(vpnval + " check " + folder.path() + " 2>&1 >/dev/full");
   EXPECT_EQ(result.status, 70);
   EXPECT_EQ(result.output, "vpnval: standard output cannot be written\n");
+}
+
+TEST(Program, prints_the_difference_before_a_library_stops_it) {
+  const CommitFolder folder;
+  folder.configure("", R"("mpls:mpls": {"l2-vpn:l2vpn-config": {"l2vpn": {"mpls-l2vpn-vpls:vpls-group": [
+    {"name": "campus", "vpn": [{"name": "voice", "bridge-domain": {"access-interface": [{"name": "ge-1"}]}}]}]}}})");
+  const ProcessResult result =
+      run_process("VPNVAL_PLUGIN=" ANSWERING_PLUGIN_FILE " " + vpnval + " check " + folder.path() + " 2>/dev/null");
+  EXPECT_EQ(result.status, 128 + SIGABRT);
+  EXPECT_EQ(result.output,
+            "changes: 3\n"
+            "+ /mpls/l2vpn-config/l2vpn/vpls-group{campus}\n"
+            "  + vpn{voice}\n"
+            "  + vpn{voice}/bridge-domain/access-interface{ge-1}\n"
+            "\n");
 }
 
 TEST(Program, hands_its_status_to_the_shell) {

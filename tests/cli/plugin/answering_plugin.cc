@@ -1,6 +1,7 @@
 // A validation library with one fixed answer for each point, so that every kind of verdict can be had from any commit.
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "confd_dp.h"
@@ -42,6 +43,7 @@ int validate(confd_trans_ctx *context, confd_hkeypath_t * /*path*/, confd_value_
     return CONFD_ERR;
   }
   if (is_point(*context, "vlm_memb_valp")) write_trace();
+  if (is_point(*context, "vpn_access_intf_valp")) std::abort();
   constexpr int no_answer_of_the_contract = 7;
   return is_point(*context, "vpn_sp_valp") ? no_answer_of_the_contract : CONFD_OK;
 }
