@@ -1,0 +1,115 @@
+#include "host/path_format.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdarg>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// Names as they are, "+" where braces follow; keys in brackets.
+using Parts = std::optional<std::vector<std::string>>;
+
+Parts parts(const char *format, ...) {
+  host::PathText path;
+  std::va_list arguments;
+  va_start(arguments, format);
+  const bool is_path = path.format(format, arguments);
+  va_end(arguments);
+  if (!is_path) return std::nullopt;
+
+  std::vector<std::string> result;
+  for (const host::PathText::Part &part : path) {
+    const std::string text(path.text(part));
+    result.push_back(part.is_key ? '[' + text + ']' : text + (part.has_braces ? "+" : ""));
+  }
+  return result;
+}
+
+Parts is(std::vector<std::string> expected) { return expected; }
+
+constexpr std::nullopt_t kNoPath = std::nullopt;
+
+TEST(PathFormat, SplitsNamesAndKeys) {
+  EXPECT_EQ(parts("/internal"), is({"internal"}));
+  EXPECT_EQ(parts("/base:config/service-port{7}/match"), is({"base:config", "service-port+", "[7]", "match"}));
+  EXPECT_EQ(parts("/l{a b}"), is({"l+", "[a]", "[b]"}));
+  EXPECT_EQ(parts("/l{  a   b }"), is({"l+", "[a]", "[b]"}));
+  EXPECT_EQ(parts("/l{gigabit-ethernet-1/1/1}/x"), is({"l+", "[gigabit-ethernet-1/1/1]", "x"}));
+  EXPECT_EQ(parts("/l{}"), is({"l+"}));
+  EXPECT_EQ(parts("/"), is({""}));
+}
+
+TEST(PathFormat, SubstitutesArgumentsInsideAndOutsideBraces) {
+  EXPECT_EQ(parts("/l{%s}/%s", "a", "x"), is({"l+", "[a]", "x"}));
+  EXPECT_EQ(parts("/l{%s %s %u}/x", "a", "b", 7U), is({"l+", "[a]", "[b]", "[7]", "x"}));
+  EXPECT_EQ(parts("%s{1 %d %d}", "/a/l", 100, -5), is({"a", "l+", "[1]", "[100]", "[-5]"}));
+  EXPECT_EQ(parts("/l{a%sc}", "b"), is({"l+", "[abc]"}));
+  EXPECT_EQ(parts("/%s%s{%s%u}", "na", "me", "k", 1U), is({"name+", "[k1]"}));
+}
+
+TEST(PathFormat, WritesNumbersAsPrintfDoes) {
+  EXPECT_EQ(parts("/l{%d %i %u %x}", -1, -2147483647, 4294967295U, 255U),
+            is({"l+", "[-1]", "[-2147483647]", "[4294967295]", "[ff]"}));
+  EXPECT_EQ(parts("/l{%ld %lu %lx}", -4294967296L, 18446744073709551615UL, 4294967296UL),
+            is({"l+", "[-4294967296]", "[18446744073709551615]", "[100000000]"}));
+  EXPECT_EQ(parts("/l{%lld %llu}", -1LL, 18446744073709551615ULL), is({"l+", "[-1]", "[18446744073709551615]"}));
+  EXPECT_EQ(parts("/l{%u}", -1), is({"l+", "[4294967295]"}));
+  EXPECT_EQ(parts("/l{5%%}"), is({"l+", "[5%]"}));
+}
+
+TEST(PathFormat, AnArgumentInsideBracesIsOneKeyWhateverItHolds) {
+  for (const char *text : {"a b", " a", "", "a}b", "{", "}", "\"", "a\"b", "\\", "/x", "%s"}) {
+    EXPECT_EQ(parts("/l{%s}/x", text), is({"l+", '[' + std::string(text) + ']', "x"})) << text;
+    EXPECT_EQ(parts("/l{%s c}", text), is({"l+", '[' + std::string(text) + ']', "[c]"})) << text;
+    EXPECT_EQ(parts("/l{\"%s\"}", text), is({"l+", '[' + std::string(text) + ']'})) << text;
+  }
+}
+
+TEST(PathFormat, TextThatWasFormattedBeforeIsReadAsItStands) {
+  EXPECT_EQ(parts("%s", "/l{a b}/x"), is({"l+", "[a]", "[b]", "x"}));
+  EXPECT_EQ(parts("%s/pw-id", "/l{10.0.0.1}"), is({"l+", "[10.0.0.1]", "pw-id"}));
+  EXPECT_EQ(parts("%s}/x", "/l{a"), is({"l+", "[a]", "x"}));
+  EXPECT_EQ(parts("%s", "/l{a}b}"), kNoPath);
+}
+
+TEST(PathFormat, AnArgumentAfterAnOpenBraceOfAnotherIsAKeyToo) {
+  EXPECT_EQ(parts("%s %s}", "/l{a", "b c"), is({"l+", "[a]", "[b c]"}));
+}
+
+TEST(PathFormat, QuotesKeepBlanksAndBracesInOneKey) {
+  EXPECT_EQ(parts("/l{\"a b\" c}"), is({"l+", "[a b]", "[c]"}));
+  EXPECT_EQ(parts("/l{\"\"}"), is({"l+", "[]"}));
+  EXPECT_EQ(parts("/l{a\" }\"b}"), is({"l+", "[a }b]"}));
+  EXPECT_EQ(parts("/l{\"a\\\"b\\\\\"}"), is({"l+", "[a\"b\\]"}));
+  EXPECT_EQ(parts("/l{a\\b}"), is({"l+", "[a\\b]"}));
+  EXPECT_EQ(parts("/l{\"\\%s\"}", "x y"), is({"l+", "[x y]"}));
+}
+
+TEST(PathFormat, RefusesWhatIsNoPath) {
+  for (const char *text : {"", "x", "x/y", "//", "/x//y", "/x/", "/{a}", "/l{a", "/l{\"a}", "/l{a}x", "/l{a}{b}",
+                           "/l{a}/", "/l{\"a\\", "/x%", "/l{50%}", "/l{%f}", "/l{%5d}", "/l{%.3s}"}) {
+    EXPECT_EQ(parts(text), kNoPath) << text;
+  }
+}
+
+TEST(PathFormat, TakesPathsOfAnyLength) {
+  const std::string key(5000, 'k');
+  EXPECT_EQ(parts("/l{%s}/x", key.c_str()), is({"l+", '[' + key + ']', "x"}));
+
+  std::string deep;
+  std::vector<std::string> names;
+  for (int i = 0; i < 300; ++i) {
+    names.push_back("n" + std::to_string(i));
+    deep += '/' + names.back();
+  }
+  EXPECT_EQ(parts("%s", deep.c_str()), is(names));
+}
+
+TEST(PathFormat, ANullTextReadsAsPrintfWritesIt) {
+  EXPECT_EQ(parts("/l{%s}", static_cast<const char *>(nullptr)), is({"l+", "[(null)]"}));
+}
+
+}  // namespace
