@@ -1,0 +1,433 @@
+#include <gtest/gtest.h>
+
+#include "config_validate_vpn/handlers.h"
+#include "tests/support/broken_model.h"
+#include "tests/support/printers.h"
+
+namespace {
+
+using scripted::i32;
+using scripted::text;
+using scripted::u32;
+using scripted::Values;
+using Calls = std::vector<std::string>;
+using Texts = std::vector<std::string>;
+
+constexpr const char *kMembers =
+    "/KZ-VLAN-MANAGER-MIB:KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry";
+constexpr const char *kUplinks = "/internal/int-ldp-intf-l3";
+constexpr const char *kWarning =
+    "Some MPLS VPN's have access and uplink interfaces in common. In this way those access interfaces will not be able "
+    "to encapsulate MPLS traffic";
+
+/// What the walk of the members leaves open when it comes to their end.
+const Texts kMemberCursor{"cursor on /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry"};
+
+/// An element with the ports eth-1-1 (ifindex 5) and eth-1-2 (ifindex 6), and one commit on it.
+class Commit {
+ public:
+  Commit() {
+    platform.interface("eth-1-1", 1005, 5);
+    platform.interface("eth-1-2", 1006, 6);
+  }
+
+  /// VPN V of group G; without a VLAN it takes the whole port.
+  void attach_vpls(const std::string &interface, std::uint32_t vlan = 0, const std::string &vpn = "V") {
+    platform.entry("/internal/int-sub-vpls-vpn-ac", {text("G"), text(vpn), u32(1), text(interface)}, 4);
+    platform.leaf("/internal/int-sub-vpls-vpn-bd{G " + vpn + " 1}/int-vpls-bd-vlan", u32(vlan));
+  }
+
+  /// VPN W of group H.
+  void attach_vpws(const std::string &interface, std::uint32_t vlan = 0) {
+    platform.entry("/internal/int-vpws-intf-app", {text("H"), text("W"), u32(1), text(interface), u32(vlan)}, 5);
+  }
+
+  void encapsulate_vpws(const std::string &interface, std::uint32_t first, std::uint32_t last) {
+    platform.entry("/internal/int-vpws-intf-encap{H W 1 " + interface + "}/int-vpws-encap-dot1q-range",
+                   {u32(first), u32(last)}, 2);
+  }
+
+  void untag_vpws(const std::string &interface) {
+    platform.leaf("/internal/int-vpws-intf-encap{H W 1 " + interface + "}/int-vpws-encap-untagged",
+                  scripted::enum_value(1));
+  }
+
+  void configure_uplink(const std::string &vlan) {
+    platform.entry(kUplinks, {text("l3-" + vlan), u32(1), text(vlan)}, 3);
+  }
+
+  /// A member that the transaction does not touch.
+  void configure_member(std::int32_t vlan, std::int32_t ifindex) {
+    platform.entry(kMembers, {u32(1), i32(vlan), i32(ifindex)}, 3);
+  }
+
+  void change_member(std::int32_t vlan, std::int32_t ifindex, confd_iter_op op) {
+    configure_member(vlan, ifindex);
+    platform.change_entry(kMembers, {u32(1), i32(vlan), i32(ifindex)}, op);
+  }
+
+  void add_member(std::int32_t vlan, std::int32_t ifindex) { change_member(vlan, ifindex, MOP_CREATED); }
+
+  std::int32_t verdict() { return config_validate_vlm(platform.socket(), &platform.context(), nullptr, nullptr); }
+
+  scripted::Platform platform;
+};
+
+class VlanMembershipTest : public ::testing::Test {
+ protected:
+  void expect_accepted() { expect(0, {}, kMemberCursor); }
+  void expect_warned() { expect(-3, {kWarning}, kMemberCursor); }
+  void expect_rejected(const std::string &message) { expect(-1, {message}, {}); }
+
+  void expect(std::int32_t result, const Texts &texts, const Texts &leaks) {
+    EXPECT_EQ(commit.verdict(), result);
+    EXPECT_EQ(platform.errors(), texts);
+    EXPECT_EQ(platform.leaks(), leaks);
+    EXPECT_EQ(platform.misuses(), Texts{});
+  }
+
+  Commit commit;
+  scripted::Platform &platform = commit.platform;
+};
+
+TEST_F(VlanMembershipTest, WithoutAnyAccessInterfaceTheMembersAreNotRead) {
+  commit.add_member(100, 5);
+  commit.configure_uplink("100");
+  expect(0, {}, {});
+  EXPECT_EQ(
+      platform.calls(),
+      (Calls{"maapi_init_cursor /internal/int-sub-vpls-vpn-ac", "maapi_get_next /internal/int-sub-vpls-vpn-ac",
+             "maapi_destroy_cursor /internal/int-sub-vpls-vpn-ac", "maapi_init_cursor /internal/int-vpws-intf-app",
+             "maapi_get_next /internal/int-vpws-intf-app", "maapi_destroy_cursor /internal/int-vpws-intf-app"}));
+}
+
+TEST_F(VlanMembershipTest, APortOfAPortBasedVplsVpnTakesNoMember) {
+  commit.attach_vpls("eth-1-1");
+  commit.add_member(100, 5);
+  expect_rejected("vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V");
+}
+
+TEST_F(VlanMembershipTest, APortOfAPortBasedVpwsVpnTakesNoMember) {
+  commit.attach_vpws("eth-1-2");
+  commit.add_member(4094, 6);
+  expect_rejected("vlan 4094 interface eth-1-2 is already assigned to mpls l2vpn vpws-group H vpn W");
+}
+
+TEST_F(VlanMembershipTest, AnotherPortTakesAMember) {
+  commit.attach_vpls("eth-1-1");
+  commit.add_member(100, 6);
+  expect_accepted();
+}
+
+TEST_F(VlanMembershipTest, APortTakesNoMemberOfAVlanThatItsVpnUses) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.add_member(100, 5);
+  expect_rejected(
+      "vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V with the same "
+      "dot1q. It must be configured to another dot1q vlan");
+}
+
+TEST_F(VlanMembershipTest, APortTakesMembersOfOtherVlansThanItsVpns) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.add_member(99, 5);
+  commit.add_member(101, 5);
+  commit.add_member(100, 6);
+  expect_accepted();
+}
+
+struct RangeCase {
+  std::int32_t vlan;
+  bool is_accepted;
+};
+
+TEST(VlanMembershipRangeTest, BothEndsOfAVpnsDot1qRangeAreItsVlans) {
+  for (const RangeCase &row :
+       std::vector<RangeCase>{{89, true}, {90, false}, {100, false}, {110, false}, {111, true}}) {
+    SCOPED_TRACE(row.vlan);
+    Commit commit;
+    commit.attach_vpws("eth-1-1");
+    commit.encapsulate_vpws("eth-1-1", 90, 110);
+    commit.add_member(row.vlan, 5);
+    EXPECT_EQ(commit.verdict(), row.is_accepted ? 0 : -1);
+    const std::string message = "vlan " + std::to_string(row.vlan) +
+                                " interface eth-1-1 is already assigned to mpls l2vpn vpws-group H vpn W with the same "
+                                "dot1q. It must be configured to another dot1q vlan";
+    EXPECT_EQ(commit.platform.errors(), row.is_accepted ? Texts{} : Texts{message});
+  }
+}
+
+TEST_F(VlanMembershipTest, AnUntaggedVpnUsesNoVlanAndIsNotPortBased) {
+  commit.attach_vpws("eth-1-1");
+  commit.untag_vpws("eth-1-1");
+  commit.add_member(100, 5);
+  commit.add_member(0, 5);
+  expect_accepted();
+}
+
+TEST_F(VlanMembershipTest, APortBasedVpnIsNamedBeforeAVlanBasedOne) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.attach_vpws("eth-1-1");
+  commit.add_member(100, 5);
+  expect_rejected("vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpws-group H vpn W");
+}
+
+TEST_F(VlanMembershipTest, OfSeveralVpnsTheFirstInOrderIsNamed) {
+  commit.attach_vpls("eth-1-1", 100, "B");
+  commit.attach_vpls("eth-1-1", 100, "A");
+  commit.add_member(100, 5);
+  expect_rejected(
+      "vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn A with the same "
+      "dot1q. It must be configured to another dot1q vlan");
+}
+
+TEST(VlanMembershipChangeTest, OnlyMembersThatTheTransactionCreatesAreExamined) {
+  for (const confd_iter_op op :
+       {MOP_CREATED, MOP_DELETED, MOP_MODIFIED, MOP_VALUE_SET, MOP_MOVED_AFTER, MOP_ATTR_SET}) {
+    SCOPED_TRACE(op);
+    Commit commit;
+    commit.attach_vpls("eth-1-1");
+    commit.change_member(100, 5, op);
+    EXPECT_EQ(commit.verdict(), op == MOP_CREATED ? -1 : 0);
+    EXPECT_EQ(commit.platform.errors().size(), op == MOP_CREATED ? 1U : 0U);
+  }
+}
+
+TEST_F(VlanMembershipTest, AMemberThatTheTransactionDoesNotTouchIsNotExamined) {
+  commit.attach_vpls("eth-1-1");
+  commit.configure_member(100, 5);
+  commit.add_member(100, 6);
+  expect_accepted();
+  EXPECT_EQ(platform.count("limid_from_ifindex"), 1U) << "its name is not even asked for";
+}
+
+TEST_F(VlanMembershipTest, TheFirstRejectedMemberInTableOrderEndsTheWalk) {
+  commit.attach_vpls("eth-1-1", 300);
+  commit.attach_vpws("eth-1-2");
+  commit.add_member(300, 5);
+  commit.add_member(200, 6);
+  expect_rejected("vlan 200 interface eth-1-2 is already assigned to mpls l2vpn vpws-group H vpn W");
+  EXPECT_EQ(platform.count("maapi_keypath_diff_iterate"), 1U);
+}
+
+TEST_F(VlanMembershipTest, APortThatTheElementDoesNotKnowCarriesNoVpn) {
+  commit.attach_vpls("eth-1-1");
+  commit.add_member(100, 7);
+  expect_accepted();
+  EXPECT_EQ(platform.calls()[platform.calls().size() - 2], "limid_to_intfname 0");
+}
+
+TEST_F(VlanMembershipTest, APortsNameIsAtMost63CharactersLong) {
+  const std::string longest(63, 'n');
+  platform.interface(longest + "x", 1007, 7);
+  commit.attach_vpls(longest);
+  commit.add_member(100, 7);
+  expect_rejected("vlan 100 interface " + longest + " is already assigned to mpls l2vpn vpls-group G vpn V");
+}
+
+TEST_F(VlanMembershipTest, AnUplinkVlanOnAPortWithAVlanBasedVpnDrawsTheWarning) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.configure_uplink("300");
+  commit.add_member(300, 5);
+  expect_warned();
+}
+
+TEST_F(VlanMembershipTest, AnotherVlanDrawsNone) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.configure_uplink("300");
+  commit.add_member(301, 5);
+  expect_accepted();
+}
+
+TEST_F(VlanMembershipTest, AnUplinkVlanOnAPortWithoutAVpnDrawsNone) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.configure_uplink("300");
+  commit.add_member(300, 6);
+  expect_accepted();
+}
+
+TEST_F(VlanMembershipTest, AnUplinkVlanOnAPortOfAPortBasedVpnIsRejectedAndNotWarnedOf) {
+  commit.attach_vpls("eth-1-1");
+  commit.configure_uplink("300");
+  commit.add_member(300, 5);
+  expect_rejected("vlan 300 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V");
+}
+
+TEST_F(VlanMembershipTest, WithoutUplinksThereIsNoWarning) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.add_member(300, 5);
+  expect_accepted();
+}
+
+TEST_F(VlanMembershipTest, OneWarningIsSetForSeveralMembers) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.attach_vpws("eth-1-2", 100);
+  commit.configure_uplink("300");
+  commit.configure_uplink("301");
+  commit.add_member(300, 5);
+  commit.add_member(300, 6);
+  commit.add_member(301, 5);
+  expect_warned();
+}
+
+TEST_F(VlanMembershipTest, AWarningStaysWhenLaterMembersDrawNone) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.configure_uplink("300");
+  commit.add_member(300, 5);
+  commit.add_member(301, 5);
+  commit.add_member(301, 6);
+  expect_warned();
+}
+
+TEST_F(VlanMembershipTest, AMemberIsRejectedAfterAWarningAndItsMessageStands) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.attach_vpws("eth-1-2");
+  commit.configure_uplink("300");
+  commit.add_member(300, 5);
+  commit.add_member(301, 6);
+  expect(-1, {kWarning, "vlan 301 interface eth-1-2 is already assigned to mpls l2vpn vpws-group H vpn W"}, {});
+}
+
+TEST_F(VlanMembershipTest, AsksInThisOrder) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.configure_uplink("300");
+  commit.configure_member(100, 5);
+  commit.add_member(300, 5);
+  expect_warned();
+  const std::string members = "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry";
+  const std::string encapsulation =
+      "/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-ac{eth-1-1}/"
+      "int-vpls-encap/int-vpls-encap-";
+  EXPECT_EQ(platform.calls(), (Calls{"maapi_init_cursor /internal/int-sub-vpls-vpn-ac",
+                                     "maapi_get_next /internal/int-sub-vpls-vpn-ac",
+                                     "maapi_get_u_int32_elem /internal/int-sub-vpls-vpn-bd{G V 1}/int-vpls-bd-vlan",
+                                     "maapi_exists " + encapsulation + "untagged",
+                                     "maapi_num_instances " + encapsulation + "dot1q-range",
+                                     "maapi_get_next /internal/int-sub-vpls-vpn-ac",
+                                     "maapi_destroy_cursor /internal/int-sub-vpls-vpn-ac",
+                                     "maapi_init_cursor /internal/int-vpws-intf-app",
+                                     "maapi_get_next /internal/int-vpws-intf-app",
+                                     "maapi_destroy_cursor /internal/int-vpws-intf-app",
+                                     "maapi_num_instances /internal/int-ldp-intf-l3",
+                                     "maapi_init_cursor /internal/int-ldp-intf-l3",
+                                     "maapi_get_next /internal/int-ldp-intf-l3",
+                                     "maapi_get_next /internal/int-ldp-intf-l3",
+                                     "maapi_destroy_cursor /internal/int-ldp-intf-l3",
+                                     std::string("maapi_init_cursor ") + kMembers,
+                                     "maapi_get_next " + members,
+                                     std::string("maapi_keypath_diff_iterate ") + kMembers + "{1 100 5}",
+                                     "maapi_get_next " + members,
+                                     std::string("maapi_keypath_diff_iterate ") + kMembers + "{1 300 5}",
+                                     "limid_from_ifindex 5",
+                                     "limid_to_intfname 1005",
+                                     std::string("confd_trans_seterr ") + kWarning,
+                                     "maapi_get_next " + members}));
+}
+
+TEST_F(VlanMembershipTest, ARejectionDestroysTheCursorAfterItsMessage) {
+  commit.attach_vpls("eth-1-1");
+  commit.add_member(100, 5);
+  const std::string message = "vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V";
+  expect_rejected(message);
+  const Calls &calls = platform.calls();
+  EXPECT_EQ(calls[calls.size() - 2], "confd_trans_seterr " + message);
+  EXPECT_EQ(calls.back(),
+            "maapi_destroy_cursor /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry");
+}
+
+TEST_F(VlanMembershipTest, AKeyOfAnotherTypeStopsTheProcessAlsoInAMemberThatDidNotChange) {
+  commit.attach_vpls("eth-1-1");
+  platform.list(kMembers, 3, {{u32(1), u32(100), u32(5)}});
+  EXPECT_BROKEN_MODEL(commit.verdict(), "config_validate_vpn", "(&mc.keys[1])->type == C_INT32");
+  platform.list(kMembers, 3, {{u32(1), i32(100), u32(5)}});
+  EXPECT_BROKEN_MODEL(commit.verdict(), "config_validate_vpn", "(&mc.keys[2])->type == C_INT32");
+}
+
+constexpr const char *kVpls100 =
+    "vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V with the same dot1q. It must be "
+    "configured to another dot1q vlan";
+constexpr const char *kVplsWholePort =
+    "vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V";
+constexpr const char *kVpws200 =
+    "vlan 200 interface eth-1-2 is already assigned to mpls l2vpn vpws-group H vpn W with the same dot1q. It must be "
+    "configured to another dot1q vlan";
+
+/// What comes of a commit when the n-th call of a function fails: of one that adds a member in a VPLS VPN's VLAN and
+/// another in a VPWS VPN's, and of one that adds a member in an uplink's VLAN.
+struct FailureCase {
+  const char *function;
+  std::size_t nth;
+  const char *conflict_text;
+  bool is_warned;
+};
+
+const std::vector<FailureCase> failure_cases{
+    {"", 1, kVpls100, true},
+    {"maapi_init_cursor", 1, kVpws200, false},
+    {"maapi_init_cursor", 2, kVpls100, true},
+    {"maapi_init_cursor", 3, kVpls100, false},
+    {"maapi_init_cursor", 4, "", false},
+    {"maapi_get_next", 1, kVpws200, false},
+    {"maapi_get_next", 2, kVpls100, true},
+    {"maapi_get_next", 3, kVpls100, true},
+    {"maapi_get_next", 4, kVpls100, true},
+    {"maapi_get_next", 5, kVpls100, false},
+    {"maapi_get_next", 6, kVpls100, true},
+    {"maapi_get_next", 7, "", false},
+    {"maapi_get_u_int32_elem", 1, kVplsWholePort, false},
+    {"maapi_exists", 1, kVpls100, true},
+    {"maapi_exists", 2, kVpls100, true},
+    {"maapi_num_instances", 1, kVpls100, true},
+    {"maapi_num_instances", 2, kVpls100, true},
+    {"maapi_num_instances", 3, kVpls100, false},
+    {"maapi_keypath_diff_iterate", 1, kVpws200, false},
+    {"limid_from_ifindex", 1, kVpws200, false},
+    {"limid_to_intfname", 1, kVpws200, false},
+};
+
+void configure_for_failures(Commit &commit) {
+  commit.attach_vpls("eth-1-1", 100);
+  commit.attach_vpws("eth-1-2", 200);
+  commit.configure_uplink("300");
+}
+
+TEST(VlanMembershipFailureTest, AFailedCallLeavesAConflictThatCanStillBeSeen) {
+  for (const FailureCase &row : failure_cases) {
+    SCOPED_TRACE(std::string(row.function) + " " + std::to_string(row.nth));
+    Commit commit;
+    configure_for_failures(commit);
+    commit.add_member(100, 5);
+    commit.add_member(200, 6);
+    commit.platform.fail(row.function, row.nth);
+    const bool is_rejected = *row.conflict_text != '\0';
+    EXPECT_EQ(commit.verdict(), is_rejected ? -1 : 0);
+    EXPECT_EQ(commit.platform.errors(), is_rejected ? Texts{row.conflict_text} : Texts{});
+    EXPECT_EQ(commit.platform.misuses(), Texts{});
+    if (is_rejected) {
+      EXPECT_EQ(commit.platform.leaks(), Texts{});
+    }
+  }
+}
+
+TEST(VlanMembershipFailureTest, AFailedCallMayCostTheWarning) {
+  for (const FailureCase &row : failure_cases) {
+    if (row.conflict_text == kVplsWholePort) continue;  // the member is then in a port-based VPN's port
+    SCOPED_TRACE(std::string(row.function) + " " + std::to_string(row.nth));
+    Commit commit;
+    configure_for_failures(commit);
+    commit.add_member(300, 5);
+    commit.platform.fail(row.function, row.nth);
+    EXPECT_EQ(commit.verdict(), row.is_warned ? -3 : 0);
+    EXPECT_EQ(commit.platform.errors(), row.is_warned ? Texts{kWarning} : Texts{});
+    EXPECT_EQ(commit.platform.misuses(), Texts{});
+  }
+}
+
+TEST(VlanMembershipFailureTest, AnUplinkVlanThatIsNoNumberLeavesNothingOpen) {
+  Commit commit;
+  configure_for_failures(commit);
+  commit.configure_uplink("none");
+  EXPECT_THROW(commit.verdict(), std::invalid_argument);
+  EXPECT_EQ(commit.platform.leaks(), Texts{});
+}
+
+}  // namespace
