@@ -1,0 +1,357 @@
+#include "config_validate_comn/snapshot_loading.h"
+
+#include "tests/unit/access_test.h"
+
+namespace {
+
+using scripted::text;
+using scripted::u32;
+using scripted::Value;
+using scripted::Values;
+
+constexpr const char *kVplsRed = "eth-1 vpls-group north vpn red";
+constexpr const char *kVpwsBlue = "eth-1 vpws-group west vpn blue";
+
+class SnapshotLoadingTest : public AccessTest {
+ protected:
+  std::int32_t load_vpls() { return get_vpn_access(sock(), tctx(), "vpls-group ", kVplsAttachments, snapshot); }
+  std::int32_t load_vpws() { return get_vpn_access(sock(), tctx(), "vpws-group ", kVpwsAttachments, snapshot); }
+
+  /// A VPLS attachment together with the list that the loader takes its VLAN from.
+  void add_vpls(const Vpls &a) {
+    add(a);
+    platform.entry("/internal/int-sub-vpls-vpn-bd", {text(a.group), text(a.vpn), u32(a.id)}, 3);
+    platform.leaf(vlan_path(a), u32(a.vlan));
+  }
+
+  static std::string vlan_path(const Vpls &a) {
+    return "/internal/int-sub-vpls-vpn-bd{\"" + a.group + "\" \"" + a.vpn + "\" " + std::to_string(a.id) +
+           "}/int-vpls-bd-vlan";
+  }
+  static std::string vpls_encap(const Vpls &a, const std::string &leaf) {
+    return bridge_domain(a) + "/int-vpls-ac{" + a.interface + "}/int-vpls-encap/int-vpls-encap-" + leaf;
+  }
+  static std::string vpws_encap(const Vpws &a, const std::string &leaf) {
+    return encap_entry(a) + "/int-vpws-encap-" + leaf;
+  }
+};
+
+struct LoadCase {
+  const char *name;
+  std::uint32_t vlan;
+  bool untagged;
+  Ranges ranges;
+  Claims claims;
+};
+
+const std::vector<LoadCase> load_cases{
+    {"a VLAN alone", 100, false, {}, {{{100, 100}}, false}},
+    {"nothing: the whole port", 0, false, {}, {{{0, 0}}, false}},
+    {"untagged alone", 0, true, {}, {{{0, 0}}, true}},
+    {"untagged: the VLAN is not recorded", 100, true, {}, {{{0, 0}}, true}},
+    {"ranges alone", 0, false, {{10, 20}, {30, 40}}, {{{10, 20}, {30, 40}}, true}},
+    {"ranges and a VLAN", 5, false, {{10, 20}, {30, 40}}, {{{5, 5}, {10, 20}, {30, 40}}, true}},
+    {"a range that starts at the VLAN is absorbed", 10, false, {{10, 20}, {30, 40}}, {{{10, 10}, {30, 40}}, true}},
+    {"a VLAN inside a range stays beside it", 15, false, {{10, 20}}, {{{10, 20}, {15, 15}}, true}},
+    {"untagged and ranges", 0, true, {{10, 20}}, {{{0, 0}, {10, 20}}, true}},
+    {"untagged, ranges and a VLAN", 5, true, {{10, 20}}, {{{0, 0}, {5, 5}, {10, 20}}, true}},
+    {"two ranges with one minimum: the first of the list", 0, false, {{10, 12}, {10, 20}}, {{{10, 12}}, true}},
+};
+
+class AttachmentLoadingTest : public SnapshotLoadingTest, public ::testing::WithParamInterface<LoadCase> {};
+
+void PrintTo(const LoadCase &row, std::ostream *out) { *out << row.name; }
+
+TEST_P(AttachmentLoadingTest, RecordsAVplsAttachment) {
+  const LoadCase &row = GetParam();
+  add_vpls({.vlan = row.vlan, .untagged = row.untagged, .ranges = row.ranges});
+  EXPECT_EQ(load_vpls(), 0);
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVplsRed, row.claims}}));
+}
+
+TEST_P(AttachmentLoadingTest, RecordsAVpwsAttachment) {
+  const LoadCase &row = GetParam();
+  add(Vpws{.vlan = row.vlan, .untagged = row.untagged, .ranges = row.ranges});
+  EXPECT_EQ(load_vpws(), 0);
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVpwsBlue, row.claims}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Attachments, AttachmentLoadingTest, ::testing::ValuesIn(load_cases));
+
+TEST_F(SnapshotLoadingTest, ReadsAVplsAttachmentInThisOrder) {
+  add_vpls({.vlan = 5, .untagged = true, .ranges = {{10, 20}, {30, 40}}});
+  load_vpls();
+  const std::string untagged = vpls_encap({}, "untagged");
+  const std::string ranges = vpls_encap({}, "dot1q-range");
+  EXPECT_EQ(platform.calls(), (Calls{
+                                  "maapi_init_cursor /internal/int-sub-vpls-vpn-ac",
+                                  "maapi_get_next /internal/int-sub-vpls-vpn-ac",
+                                  "maapi_get_u_int32_elem /internal/int-sub-vpls-vpn-bd{north red 1}/int-vpls-bd-vlan",
+                                  "maapi_exists " + untagged,
+                                  "maapi_get_enum_value_elem " + untagged,
+                                  "maapi_num_instances " + ranges,
+                                  "maapi_init_cursor " + ranges,
+                                  "maapi_get_objects " + ranges + " 2x2",
+                                  "maapi_destroy_cursor " + ranges,
+                                  "maapi_get_next /internal/int-sub-vpls-vpn-ac",
+                                  "maapi_destroy_cursor /internal/int-sub-vpls-vpn-ac",
+                              }));
+  EXPECT_EQ(
+      untagged,
+      "/internal/int-vpls-group{north}/int-vpls-vpn{red 1}/int-vpls-bd/int-vpls-ac{eth-1}/int-vpls-encap/int-vpls-encap-untagged");
+}
+
+TEST_F(SnapshotLoadingTest, ReadsAVpwsAttachmentInThisOrder) {
+  add(Vpws{.vlan = 5});
+  load_vpws();
+  EXPECT_EQ(platform.calls(),
+            (Calls{
+                "maapi_init_cursor /internal/int-vpws-intf-app",
+                "maapi_get_next /internal/int-vpws-intf-app",
+                "maapi_exists /internal/int-vpws-intf-encap{west blue 7 eth-1}/int-vpws-encap-untagged",
+                "maapi_num_instances /internal/int-vpws-intf-encap{west blue 7 eth-1}/int-vpws-encap-dot1q-range",
+                "maapi_get_next /internal/int-vpws-intf-app",
+                "maapi_destroy_cursor /internal/int-vpws-intf-app",
+            }));
+}
+
+TEST_F(SnapshotLoadingTest, LoadsEveryAttachmentOfBothFamilies) {
+  add_vpls({.vpn = "green", .id = 2, .interface = "eth-1", .vlan = 10});
+  add_vpls({.vpn = "green", .id = 2, .interface = "eth-2", .vlan = 10});
+  add_vpls({.vpn = "red", .id = 1, .interface = "eth-1", .vlan = 20});
+  add(Vpws{.interface = "eth-1", .vlan = 30});
+  EXPECT_EQ(load_vpls(), 0);
+  EXPECT_EQ(load_vpws(), 0);
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{
+                            {"eth-1 vpls-group north vpn green", {{{10, 10}}, false}},
+                            {"eth-2 vpls-group north vpn green", {{{10, 10}}, false}},
+                            {"eth-1 vpls-group north vpn red", {{{20, 20}}, false}},
+                            {"eth-1 vpws-group west vpn blue", {{{30, 30}}, false}},
+                        }));
+  EXPECT_EQ(snapshot.intf_map.at("eth-1").begin()->first.vpn_type, VPN_TYPE_VPLS);
+  EXPECT_EQ(snapshot.intf_map.at("eth-1").rbegin()->first.vpn_type, VPN_TYPE_VPWS);
+}
+
+TEST_F(SnapshotLoadingTest, TwoIdsOfOneVpnAreOneKey) {
+  add(Vpws{.id = 7, .vlan = 10});
+  add(Vpws{.id = 8, .vlan = 20});
+  load_vpws();
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVpwsBlue, {{{10, 10}, {20, 20}}, false}}}));
+}
+
+TEST_F(SnapshotLoadingTest, AnEmptyOrMissingListLeavesTheSnapshotAsItIs) {
+  record_vlan("vpls-group x", "vpn x", "eth-4", 1);
+  const auto before = recorded();
+  EXPECT_EQ(load_vpls(), 0);
+  EXPECT_EQ(get_vpn_access(sock(), tctx(), "vpls-group ", "/internal/no-such-list", snapshot), 0);
+  EXPECT_EQ(recorded(), before);
+}
+
+TEST_F(SnapshotLoadingTest, ABridgeDomainThatCannotBeReadHasNoVlan) {
+  add(Vpls{});
+  load_vpls();
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVplsRed, {{{0, 0}}, false}}}));
+}
+
+TEST_F(SnapshotLoadingTest, AnUntaggedLeafThatSaysSomethingElseIsNotUntagged) {
+  add(Vpws{.vlan = 5});
+  for (const std::int32_t setting : {0, 2, 3}) {
+    SCOPED_TRACE(setting);
+    snapshot = {};
+    platform.leaf(vpws_encap({}, "untagged"), scripted::enum_value(setting));
+    load_vpws();
+    EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVpwsBlue, {{{5, 5}}, false}}}));
+  }
+}
+
+// Only the whole prefix makes the list VPWS's, while the group's name decides where the encapsulation is read.
+TEST_F(SnapshotLoadingTest, AnotherPrefixReadsTheVlanAsVplsDoes) {
+  platform.entry("/internal/other-list", {text("G"), text("V"), u32(3), text("eth-1")}, 4);
+  get_vpn_access(sock(), tctx(), "my vpws-group ", "/internal/other-list", snapshot);
+  EXPECT_EQ(calls_of({"maapi_get_u_int32_elem", "maapi_exists"}),
+            (Calls{"maapi_get_u_int32_elem /internal/int-sub-vpls-vpn-bd{G V 3}/int-vpls-bd-vlan",
+                   "maapi_exists /internal/int-vpws-intf-encap{up G V 3 eth-1}/int-vpws-encap-untagged"}));
+}
+
+TEST_F(SnapshotLoadingTest, ANameWithAPercentSignIsAName) {
+  add(Vpws{.group = "50%s", .vpn = "100%d", .vlan = 5, .untagged = true});
+  load_vpws();
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{"eth-1 vpws-group 50%s vpn 100%d", {{{0, 0}}, true}}}));
+}
+
+// The encapsulation's paths are put together beforehand, where a blank ends a key; the VLAN's keys are handed over one
+// by one.
+TEST_F(SnapshotLoadingTest, ANameWithABlankHasAVlanButNoEncapsulation) {
+  const Vpls a{.vpn = "dark red", .vlan = 5};
+  platform.entry(kVplsAttachments, {text(a.group), text(a.vpn), u32(a.id), text(a.interface)});
+  platform.entry("/internal/int-vpls-group{north}/int-vpls-vpn", {text(a.vpn), u32(a.id)}, 2);
+  platform.entry("/internal/int-sub-vpls-vpn-bd", {text(a.group), text(a.vpn), u32(a.id)}, 3);
+  platform.leaf(vlan_path(a), u32(5));
+  load_vpls();
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{"eth-1 vpls-group north vpn dark red", {{{5, 5}}, false}}}));
+}
+
+TEST_F(SnapshotLoadingTest, AnEncapsulationsPathIsCutAt511Characters) {
+  add(Vpws{.vpn = std::string(500, 'v'), .vlan = 5});
+  load_vpws();
+  const std::string whole = "/internal/int-vpws-intf-encap{west " + std::string(500, 'v');
+  EXPECT_EQ(calls_of({"maapi_exists"}), (Calls{"maapi_exists " + whole.substr(0, 511)}));
+}
+
+struct EncapResultCase {
+  const char *name;
+  bool untagged;
+  Ranges ranges;
+  std::int32_t result;
+  std::map<std::string, Claims> claims;
+};
+
+const std::vector<EncapResultCase> encap_result_cases{
+    {"none: the caller records the VLAN", false, {}, -1, {}},
+    {"untagged", true, {}, 0, {{kVpwsBlue, {{{0, 0}}, true}}}},
+    {"a range", false, {{10, 20}}, 0, {{kVpwsBlue, {{{5, 5}, {10, 20}}, true}}}},
+};
+
+TEST_F(SnapshotLoadingTest, TellsWhetherAnEncapsulationWasFound) {
+  for (const EncapResultCase &row : encap_result_cases) {
+    SCOPED_TRACE(row.name);
+    snapshot = {};
+    const Vpws a{.vlan = 5, .untagged = row.untagged, .ranges = row.ranges};
+    if (row.untagged) platform.leaf(vpws_encap(a, "untagged"), scripted::enum_value(1));
+    if (!row.untagged) platform.leaf(vpws_encap(a, "untagged"), scripted::enum_value(2));
+    for (const auto &[first, last] : row.ranges) {
+      platform.entry(vpws_encap(a, "dot1q-range"), {u32(first), u32(last)});
+    }
+    EXPECT_EQ(get_vpn_access_encap(sock(), tctx(), "vpws-group west", "vpn blue", 7, "eth-1", 5, snapshot), row.result);
+    EXPECT_EQ(recorded(), row.claims);
+  }
+}
+
+struct FaultCase {
+  const char *function;
+  std::size_t nth;
+  std::map<std::string, Claims> claims;
+};
+
+const Claims kWhole{{{0, 0}, {5, 5}, {10, 20}}, true};
+
+// Of an attachment with a VLAN, untagged and a range, and a second one with a VLAN.
+const std::vector<FaultCase> fault_cases{
+    {"maapi_init_cursor", 1, {}},
+    {"maapi_get_next", 1, {}},
+    {"maapi_get_next", 2, {{kVplsRed, kWhole}}},
+    {"maapi_get_next", 3, {{kVplsRed, kWhole}, {"eth-2 vpls-group north vpn red", {{{5, 5}}, false}}}},
+    {"maapi_get_u_int32_elem",
+     1,
+     {{kVplsRed, {{{0, 0}, {10, 20}}, true}}, {"eth-2 vpls-group north vpn red", {{{5, 5}}, false}}}},
+    {"maapi_get_u_int32_elem", 2, {{kVplsRed, kWhole}, {"eth-2 vpls-group north vpn red", {{{0, 0}}, false}}}},
+    {"maapi_exists",
+     1,
+     {{kVplsRed, {{{5, 5}, {10, 20}}, true}}, {"eth-2 vpls-group north vpn red", {{{5, 5}}, false}}}},
+    {"maapi_get_enum_value_elem",
+     1,
+     {{kVplsRed, {{{5, 5}, {10, 20}}, true}}, {"eth-2 vpls-group north vpn red", {{{5, 5}}, false}}}},
+    {"maapi_num_instances", 1, {{kVplsRed, {{{0, 0}}, true}}, {"eth-2 vpls-group north vpn red", {{{5, 5}}, false}}}},
+    // Ranges that cannot be fetched: the VLAN is recorded once more, which turns the untagged claim's flag off.
+    {"maapi_init_cursor",
+     2,
+     {{kVplsRed, {{{0, 0}, {5, 5}}, false}}, {"eth-2 vpls-group north vpn red", {{{5, 5}}, false}}}},
+    {"maapi_get_objects",
+     1,
+     {{kVplsRed, {{{0, 0}, {5, 5}}, false}}, {"eth-2 vpls-group north vpn red", {{{5, 5}}, false}}}},
+};
+
+TEST_F(SnapshotLoadingTest, AFailedReadLeavesWhatItDidNotBring) {
+  add_vpls({.interface = "eth-1", .vlan = 5, .untagged = true, .ranges = {{10, 20}}});
+  add_vpls({.interface = "eth-2", .vlan = 5});
+  for (const FaultCase &row : fault_cases) {
+    SCOPED_TRACE(::testing::Message() << row.function << " fails at call " << row.nth);
+    snapshot = {};
+    fail_only(row.function, row.nth);
+    EXPECT_EQ(load_vpls(), 0);
+    EXPECT_EQ(recorded(), row.claims);
+    EXPECT_EQ(platform.leaks(), Calls{});
+    EXPECT_EQ(platform.errors(), Calls{});
+  }
+}
+
+struct BrokenKeyCase {
+  const char *group_prefix;
+  Values keys;
+  const char *assertion;
+};
+
+const std::vector<BrokenKeyCase> broken_key_cases{
+    {"vpls-group ", {u32(1), text("red"), u32(1), text("eth-1")}, "(&mc.keys[0])->type == C_BUF"},
+    {"vpls-group ", {text("north"), u32(1), u32(1), text("eth-1")}, "(&mc.keys[1])->type == C_BUF"},
+    {"vpls-group ", {text("north"), text("red"), text("1"), text("eth-1")}, "(&mc.keys[2])->type == C_UINT32"},
+    {"vpls-group ", {text("north"), text("red"), scripted::i32(1), text("eth-1")}, "(&mc.keys[2])->type == C_UINT32"},
+    {"vpls-group ", {text("north"), text("red"), u32(1), u32(1)}, "(&mc.keys[3])->type == C_BUF"},
+    {"vpws-group ", {u32(1), text("blue"), u32(7), text("eth-1"), u32(5)}, "(&mc.keys[0])->type == C_BUF"},
+    {"vpws-group ", {text("west"), text("blue"), u32(7), text("eth-1"), text("5")}, "(&mc.keys[4])->type == C_UINT32"},
+    {"vpws-group ", {text("west"), text("blue"), u32(7), u32(1), text("5")}, "(&mc.keys[3])->type == C_BUF"},
+};
+
+TEST_F(SnapshotLoadingTest, AKeyOfAnotherTypeStopsTheProcess) {
+  for (const BrokenKeyCase &row : broken_key_cases) {
+    SCOPED_TRACE(row.assertion);
+    const std::string list = "/internal/broken-list-" + std::to_string(row.keys.size());
+    platform.list(list, row.keys.size(), {row.keys});
+    EXPECT_BROKEN_MODEL(get_vpn_access(sock(), tctx(), row.group_prefix, list.c_str(), snapshot),
+                        "config_validate_comn", row.assertion);
+  }
+}
+
+TEST_F(SnapshotLoadingTest, TheSameKeysOfTheirTypesDoNot) {
+  platform.list("/internal/sound-list", 5, {{text("west"), text("blue"), u32(7), text("eth-1"), u32(5)}});
+  EXPECT_EQ(get_vpn_access(sock(), tctx(), "vpws-group ", "/internal/sound-list", snapshot), 0);
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVpwsBlue, {{{5, 5}}, false}}}));
+}
+
+TEST_F(SnapshotLoadingTest, ARangeValueOfAnotherTypeStopsTheProcess) {
+  add(Vpws{});
+  platform.list(vpws_encap({}, "dot1q-range"), 2, {{u32(1), u32(2)}, {text("3"), u32(4)}});
+  EXPECT_BROKEN_MODEL(load_vpws(), "config_validate_comn", "(&value[0])->type == C_UINT32");
+  platform.list(vpws_encap({}, "dot1q-range"), 2, {{u32(1), u32(2)}, {u32(3), scripted::u16(4)}});
+  EXPECT_BROKEN_MODEL(load_vpws(), "config_validate_comn", "(&value[1])->type == C_UINT32");
+}
+
+class ChangeProbeTest : public AccessTest {
+ protected:
+  static constexpr const char *kInterface =
+      "/mpls/l2vpn-config/l2vpn/vpws-group{west}/vpn{blue}/access-interface{eth-1}";
+
+  std::int32_t probe() { return get_vpn_mop(sock(), tctx(), kInterface); }
+};
+
+TEST_F(ChangeProbeTest, AnUntouchedPathHasNoOperation) {
+  platform.change("/mpls/l2vpn-config/l2vpn/vpws-group{west}/vpn{blue}/access-interface{eth-2}", MOP_CREATED);
+  platform.change("/mpls/l2vpn-config/l2vpn/vpws-group{west}/vpn{blue}", MOP_MODIFIED);
+  EXPECT_EQ(probe(), 0);
+}
+
+TEST_F(ChangeProbeTest, TheFirstChangeAtOrBelowThePathCounts) {
+  platform.change("/mpls/l2vpn-config/l2vpn/vpws-group{west}/vpn{blue}", MOP_MODIFIED);
+  platform.change(std::string(kInterface) + "/dot1q", MOP_VALUE_SET, u32(5));
+  platform.change(kInterface, MOP_DELETED);
+  EXPECT_EQ(probe(), MOP_VALUE_SET);
+  EXPECT_EQ(platform.calls(), (Calls{std::string("maapi_keypath_diff_iterate ") + kInterface}));
+}
+
+TEST_F(ChangeProbeTest, EveryOperationIsHandedOn) {
+  const std::vector<confd_iter_op> operations{MOP_CREATED,   MOP_DELETED,     MOP_MODIFIED,
+                                              MOP_VALUE_SET, MOP_MOVED_AFTER, MOP_ATTR_SET};
+  scripted::Change &change = platform.change(kInterface, MOP_CREATED);
+  for (const confd_iter_op operation : operations) {
+    change.op = operation;
+    EXPECT_EQ(probe(), operation);
+  }
+}
+
+TEST_F(ChangeProbeTest, AFailedIterationIsNoChange) {
+  platform.change(kInterface, MOP_CREATED);
+  platform.fail("maapi_keypath_diff_iterate", 1);
+  EXPECT_EQ(probe(), 0);
+}
+
+}  // namespace
