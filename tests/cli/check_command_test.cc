@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <nlohmann/json.hpp>
-#include <regex>
 
 #include "tests/cli/commit_folder.h"
 #include "tests/support/process.h"
@@ -13,9 +11,12 @@ namespace {
 
 const std::string neighbour = R"(, "neighbor": [{"address": "192.0.2.1", "pw-id": 7}])";
 
-/// The line that names the library, with the build id of this build left out.
-std::string without_build_id(const std::string &text) {
-  return std::regex_replace(text, std::regex("build id [0-9a-f]+\n"), "build id ID\n");
+/// The text with the build id of this build left out.
+std::string without_build_id(std::string text) {
+  const std::string label = "build id ";
+  const std::size_t at = text.find(label);
+  if (at != std::string::npos) text.replace(at + label.size(), text.find('\n', at) - at - label.size(), "ID");
+  return text;
 }
 
 const std::string decided_by = "decided by " ANSWERING_PLUGIN_FILE ", build id ID\n";

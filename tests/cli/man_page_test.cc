@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <fstream>
-#include <iterator>
-#include <regex>
 #include <set>
 
 #include "cli/exit_status.h"
@@ -18,9 +14,11 @@ std::string rendered() { return run_process("MANWIDTH=200 man -E UTF-8 -l " + ma
 
 /// The long options that a help text or a manual page names.
 std::set<std::string> options_in(const std::string &text) {
-  const std::regex option("--[a-z][a-z-]*");
   std::set<std::string> options;
-  for (std::sregex_iterator it(text.begin(), text.end(), option), end; it != end; ++it) options.insert(it->str());
+  for (std::size_t at = text.find("--"); at != std::string::npos; at = text.find("--", at + 2)) {
+    const std::size_t end = text.find_first_not_of("abcdefghijklmnopqrstuvwxyz-", at);
+    options.insert(text.substr(at, end - at));
+  }
   return options;
 }
 
