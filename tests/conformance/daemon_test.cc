@@ -60,6 +60,15 @@ TEST_F(CardTest, InterfacesAreKnownByNameIdentifierAndIndex) {
   EXPECT_TRUE(valid_intfname("gigabit-1"));
 }
 
+TEST_F(CardTest, ANameOf63CharactersFitsABufferOf64) {
+  const std::string longest(63, 'g');
+  stage->add_interface(longest, 12, 1002);
+  stage->open();
+  char name[64] = "";
+  EXPECT_EQ(limid_to_intfname(12, name, sizeof name), 0);
+  EXPECT_EQ(name, longest);
+}
+
 TEST_F(CardTest, AnUnknownInterfaceLeavesTheOutputAlone) {
   stage->add_interface("gigabit-1", 11, 1001);
   stage->open();
