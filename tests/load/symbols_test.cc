@@ -86,6 +86,11 @@ TEST(SymbolsTest, TheLibraryAsksTheHostForNothingThatTheSeamDoesNotDeclare) {
   EXPECT_EQ(without(asked, declared_by_seam()), Names{});
 }
 
+TEST(SymbolsTest, TheSeamDeclaresNothingThatNobodyUses) {
+  const Names for_hosts{"confd_pp_kpath"};  // which print key paths with it
+  EXPECT_EQ(without(without(declared_by_seam(), for_hosts), asked_of_host(PLUGIN_FILE)), Names{});
+}
+
 TEST(SymbolsTest, TheFourEntryPointsHaveTheirPlainNames) {
   const Names entry_points{"lib_init", "get_validation_point", "validate", "lib_finish"};
   EXPECT_EQ(without(entry_points, defined_in(PLUGIN_FILE)), Names{});
