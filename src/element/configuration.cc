@@ -104,6 +104,14 @@ Tree to_tree(const Source &source) {
   return operators_tree(source.schema, parsed.data.get(), source.origin);
 }
 
+// The parsers take a zero byte for the end of the text, and are at a loss for words about bytes that are not UTF-8.
+void require_text(std::string_view text, const std::string &origin) {
+  const std::size_t zero = text.find('\0');
+  if (zero != std::string_view::npos) throw_at(origin, text, zero, "zero byte; expected text in UTF-8");
+  const std::optional<std::size_t> wrong = find_not_utf8(text);
+  if (wrong) throw_at(origin, text, *wrong, "byte " + one_line(text.substr(*wrong, 1)) + "; expected text in UTF-8");
+}
+
 InputFormat format_of(std::string_view text, const std::string &origin) {
   const std::size_t begin = text.find_first_not_of(kBlank);
   if (begin == std::string_view::npos) {
@@ -126,10 +134,7 @@ void prepare_xml(std::string &text, const std::string &origin) {
 
 Tree parse_text(const Schema &schema, std::string text, const std::string &origin) {
   if (text.starts_with(kByteOrderMark)) text.replace(0, kByteOrderMark.size(), kByteOrderMark.size(), ' ');
-  // The parsers take a zero byte for the end of the text.
-  if (const std::size_t zero = text.find('\0'); zero != std::string::npos) {
-    throw_at(origin, text, zero, "zero byte; expected text in UTF-8");
-  }
+  require_text(text, origin);
   const InputFormat format = format_of(text, origin);
   if (format == InputFormat::xml) prepare_xml(text, origin);
   const std::size_t begin = std::min(text.find_first_not_of(kBlank), text.size());

@@ -100,6 +100,10 @@ std::string value_at(const Schema &schema, const std::string &path) {
 
 }  // namespace
 
+std::string well_formed(InputFormat format) {
+  return format == InputFormat::xml ? "well-formed XML" : "well-formed JSON";
+}
+
 bool is_about_missing_node(std::string_view message) { return message.starts_with(kMissingNode); }
 
 std::string expected_instead(const Schema &schema, InputFormat format, const ParserMessage &message) {
@@ -109,7 +113,7 @@ std::string expected_instead(const Schema &schema, InputFormat format, const Par
   if (known != kExpectations.end()) return std::string(known->second);
 
   const std::string path = without_keys(message.path);
-  if (message.kind == LYVE_SYNTAX) return format == InputFormat::xml ? "well-formed XML" : "well-formed JSON";
+  if (message.kind == LYVE_SYNTAX) return well_formed(format);
   if (message.kind == LYVE_SYNTAX_JSON) return "JSON as it stands for YANG data (RFC 7951)";
   if (message.kind != LYVE_REFERENCE) return value_at(schema, path);
   const SchemaNode *parent = schema.find(path);

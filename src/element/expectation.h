@@ -22,6 +22,9 @@ struct ParserMessage {
 /// What an operator should have written there: a value's type and range, the names that a node may hold, a rule.
 std::string expected_instead(const Schema &schema, InputFormat format, const ParserMessage &message);
 
+/// "well-formed XML" or "well-formed JSON".
+std::string well_formed(InputFormat format);
+
 /// The message says that a mandatory node has no instance.
 bool is_about_missing_node(std::string_view message);
 

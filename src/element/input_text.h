@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,9 @@ std::string read_input(const std::filesystem::path &file);
 
 /// The place of the byte at `offset`; past the end, the place after the last byte.
 Position position_at(std::string_view text, std::size_t offset);
+
+/// Where the first byte stands that is not UTF-8, or nothing.
+std::optional<std::size_t> find_not_utf8(std::string_view text);
 
 /// A piece of input as one line of a message may hold it: control characters as \xNN, long text cut short.
 std::string one_line(std::string_view text);

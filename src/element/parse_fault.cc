@@ -5,7 +5,6 @@
 
 #include <charconv>
 #include <new>
-#include <stdexcept>
 
 #include "element/expectation.h"
 #include "element/input_text.h"
@@ -35,11 +34,27 @@ std::size_t number(std::string_view digits) {
   return value;
 }
 
-const ly_err_item &first_error(const ly_ctx *context) {
+const ly_err_item *first_error(const ly_ctx *context) {
   for (const ly_err_item *item = ly_err_first(context); item != nullptr; item = item->next) {
-    if (item->level == LY_LLERR) return *item;
+    if (item->level == LY_LLERR) return item;
   }
-  throw std::logic_error("the parser refused a configuration and did not say why");
+  return nullptr;
+}
+
+ParseFault described(const Schema &schema, InputFormat format, const ly_err_item &record) {
+  const std::string_view place = record.path == nullptr ? "" : record.path;
+  const std::string_view schema_path = quoted(after(place, kSchemaMark));
+  std::string_view message = record.msg;
+  if (message.ends_with('.')) message.remove_suffix(1);
+
+  ParseFault fault;
+  fault.line = number(after(place, kLineMark));
+  fault.path = schema_path.empty() ? quoted(after(place, kDataMark)) : schema_path;
+  fault.message = message;
+  if (is_about_missing_node(message)) fault.missing_node = schema_path;
+  const bool is_rule = record.apptag != nullptr && std::string_view(record.apptag) == "must-violation";
+  fault.expected = expected_instead(schema, format, {record.vecode, message, fault.path, is_rule});
+  return fault;
 }
 
 }  // namespace
@@ -55,22 +70,12 @@ CollectedMessages::~CollectedMessages() {
 }
 
 ParseFault first_fault(const Schema &schema, InputFormat format, std::size_t lines_above) {
-  const ly_err_item &record = first_error(schema.context());
-  if (record.no == LY_EMEM) throw std::bad_alloc();
-
-  const std::string_view place = record.path == nullptr ? "" : record.path;
-  const std::size_t line = number(after(place, kLineMark));
-  const std::string_view schema_path = quoted(after(place, kSchemaMark));
-  std::string_view message = record.msg;
-  if (message.ends_with('.')) message.remove_suffix(1);
-
-  ParseFault fault;
-  fault.line = line == 0 ? 0 : line + lines_above;
-  fault.path = schema_path.empty() ? quoted(after(place, kDataMark)) : schema_path;
-  fault.message = message;
-  if (is_about_missing_node(message)) fault.missing_node = schema_path;
-  const bool is_rule = record.apptag != nullptr && std::string_view(record.apptag) == "must-violation";
-  fault.expected = expected_instead(schema, format, {record.vecode, message, fault.path, is_rule});
+  const ly_err_item *record = first_error(schema.context());
+  // A character that may not stand in a name stops the parser without a word.
+  if (record == nullptr) return {0, "", "character that may not stand where it does", well_formed(format), ""};
+  if (record->no == LY_EMEM) throw std::bad_alloc();
+  ParseFault fault = described(schema, format, *record);
+  if (fault.line != 0) fault.line += lines_above;
   return fault;
 }
 

@@ -49,13 +49,21 @@ TEST(ConfigurationFault, NothingInTheFile) {
 TEST(ConfigurationFault, NeitherXmlNorJson) {
   expect_faults({{"\n[]", "candidate:2: neither XML nor JSON begins with [; expected '<' or '{'"},
                  {"config", "candidate:1: neither XML nor JSON begins with c; expected '<' or '{'"},
-                 {"\xff\xfe{", "candidate:1: neither XML nor JSON begins with \\xff; expected '<' or '{'"}});
+                 {"\xff\xfe{", "candidate:1: byte \\xff; expected text in UTF-8"}});
 }
 
 TEST(ConfigurationFault, ZeroByteIsNotTheEnd) {
   const std::string xml = base_xml("");
   const std::string fault = "candidate:3: zero byte; expected text in UTF-8";
   expect_faults({{xml + '\0' + "<rest/>", fault}, {base_json("") + '\0' + "rest", fault}});
+}
+
+TEST(ConfigurationFault, BytesThatAreNotUtf8) {
+  const std::string fault = "candidate:2: byte \\xff; expected text in UTF-8";
+  expect_faults({{base_xml("<l3-interface><name>\xc3\xbc</name><vlan>1</vlan></l3-interface>"), "accepted"},
+                 {base_xml("<l3-interface><name>\xff</name><vlan>1</vlan></l3-interface>"), fault},
+                 {base_xml("<vlan \xff/>"), fault},
+                 {base_json("\"\xff\": 1"), fault}});
 }
 
 TEST(ConfigurationFault, MalformedXml) {
