@@ -1,5 +1,3 @@
-#include <array>
-
 #include "config_validate_comn/guards.h"
 #include "config_validate_comn/interface_identifiers.h"
 #include "config_validate_comn/value_assert.h"
@@ -22,12 +20,11 @@ std::int32_t config_validate_vpls_access_igs(std::int32_t sock, confd_trans_ctx 
 
   scoped_cursor mc;
   maapi_init_cursor(sock, tctx->thandle, &mc, kRouterInterfaces);
-  std::array<confd_value_t, 2 * kBatchEntries> values{};
   do {
-    int count = kBatchEntries;
-    if (maapi_get_objects(&mc, values.data(), 2, &count) < 0) return CONFD_OK;
-    for (int i = 0; i < count; ++i) {
-      const confd_value_t *v = &values[2 * static_cast<std::size_t>(i)];
+    scoped_batch<2, 0> batch({});
+    if (!batch.fetch(mc)) return CONFD_OK;
+    for (int i = 0; i < batch.count(); ++i) {
+      const confd_value_t *v = batch.entry(i);
       if (GET_INT32(&v[1]) != ifindex) continue;
       confd_trans_seterr(tctx, "%s %s interface %s is already assigned to multicast igmp snooping %d", group.c_str(),
                          vpn.c_str(), interface.c_str(), GET_INT32(&v[0]));
