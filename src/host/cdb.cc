@@ -67,10 +67,9 @@ int cdb_get_objects(int sock, confd_value_t *values, int n, int ix, int nobj, co
   const auto first = static_cast<std::size_t>(ix);
   const auto count = static_cast<std::size_t>(nobj);
   if (first + count > read.size()) return host::fail(CONFD_ERR_NOEXISTS);
-  int value_count = host::write_object(read.path.target(), nullptr, nullptr, 0);
   for (std::size_t i = 0; i < count; ++i) {
     confd_value_t *const entry_values = values + i * static_cast<std::size_t>(n);
-    value_count = host::write_object(read.path.target(), &read.list->children[first + i], entry_values, n);
+    host::write_object(read.path.target(), &read.list->children[first + i], entry_values, n);
   }
-  return value_count;
+  return CONFD_OK;
 }

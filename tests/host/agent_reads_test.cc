@@ -1,0 +1,160 @@
+#include "confd_maapi.h"
+#include "tests/host/served_element.h"
+
+namespace {
+
+using element::Enumeration;
+using host::SeamFunction;
+using host_test::shown;
+using host_test::tag;
+
+class AgentReads : public host_test::ServedElement {
+ protected:
+  void SetUp() override {
+    candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/transparent-lan-service");
+    candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/dot1q", std::uint16_t{100});
+    candidate.put("/mpls/l2vpn-config/l2vpn/vpws-group{W}");
+    candidate.put("/internal/int-sub-vpls-vpn-bd{G V 1}/int-vpls-bd-vlan", 100U);
+    candidate.put("/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-bd-tls", Enumeration{2});
+    candidate.put("/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-ac{I}");
+    running.put("/internal/int-vpws-group{R}");
+    serve();
+  }
+
+  int count(const char *path) { return maapi_num_instances(sock, thandle, "%s", path); }
+  int exists(const char *path) { return maapi_exists(sock, thandle, "%s", path); }
+};
+
+TEST_F(AgentReads, CountTheEntriesOfAList) {
+  EXPECT_EQ(count("/internal/int-vpls-group{G}/int-vpls-vpn"), 1);
+  EXPECT_EQ(count("/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-ac"), 1);
+  EXPECT_EQ(count("/internal/int-vpls-group{G}/int-vpls-vpn{V 2}/int-vpls-bd/int-vpls-ac"), 0);
+  EXPECT_EQ(count("/internal/int-vpws-group"), 0) << "the candidate is read, not the running configuration";
+  EXPECT_EQ(count("/KZ-PWE3-MIB:KZ-PWE3-MIB/pwTable/pwEntry"), 0);
+}
+
+TEST_F(AgentReads, OnlyListsHaveEntriesToCount) {
+  for (const char *path : {"/internal", "/internal/int-vpls-group{G}", "/internal/int-vpls-group{G}/name", "/"}) {
+    confd_errno = 0;
+    EXPECT_EQ(count(path), -1) << path;
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH) << path;
+  }
+}
+
+TEST_F(AgentReads, AnEntryOrLeafExistsWhereTheTreeHasIt) {
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}"), 1);
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{W}"), 0);
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{H}/vpn{V}"), 0);
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/dot1q"), 1);
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/bridge-mtu"), 0);
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/transparent-lan-service"), 1);
+}
+
+TEST_F(AgentReads, AKeyLeafExistsWithItsEntry) {
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/name"), 1);
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{H}/name"), 0);
+}
+
+TEST_F(AgentReads, AContainerExistsWithWhatHoldsIt) {
+  EXPECT_EQ(exists("/"), 1);
+  EXPECT_EQ(exists("/KZ-PWE3-MIB/pwTable"), 1);
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/vfi"), 1) << "nothing is set in it";
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{W}/vfi"), 0);
+  EXPECT_EQ(exists("/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-ac{I}/int-vpls-encap"), 1);
+  EXPECT_EQ(exists("/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-ac{J}/int-vpls-encap"), 0);
+}
+
+TEST_F(AgentReads, AListExistsWithItsFirstEntry) {
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group"), 1);
+  EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpws-group{W}/vpn"), 0);
+  EXPECT_EQ(exists("/internal/int-vpws-group"), 0);
+}
+
+TEST_F(AgentReads, AKeyLeafHasTheEntrysKey) {
+  std::uint32_t id = 0;
+  EXPECT_EQ(maapi_get_u_int32_elem(sock, thandle, &id, "/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/id"), CONFD_OK);
+  EXPECT_EQ(id, 1U);
+  confd_value_t name{};
+  EXPECT_EQ(maapi_get_elem(sock, thandle, &name, "/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/name"), CONFD_OK);
+  EXPECT_EQ(shown(name), "C_BUF V");
+  confd_free_value(&name);
+}
+
+TEST_F(AgentReads, AnEmptyLeafIsReadAsItsTag) {
+  confd_value_t value{};
+  EXPECT_EQ(maapi_get_elem(sock, thandle, &value,
+                           "/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/transparent-lan-service"),
+            CONFD_OK);
+  EXPECT_EQ(shown(value), tag("transparent-lan-service"));
+}
+
+TEST_F(AgentReads, OnlyLeafsHaveAValue) {
+  confd_value_t value{};
+  std::uint32_t number = 77;
+  for (const char *path : {"/internal", "/internal/int-vpls-group", "/internal/int-vpls-group{G}"}) {
+    confd_errno = 0;
+    EXPECT_EQ(maapi_get_elem(sock, thandle, &value, "%s", path), -1) << path;
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH) << path;
+    EXPECT_EQ(maapi_get_u_int32_elem(sock, thandle, &number, "%s", path), -1) << path;
+  }
+  EXPECT_EQ(number, 77U);
+}
+
+TEST_F(AgentReads, AValueOfAnotherTypeIsRefused) {
+  std::uint32_t number = 77;
+  EXPECT_EQ(maapi_get_u_int32_elem(sock, thandle, &number,
+                                   "/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/dot1q"),
+            -1);
+  EXPECT_EQ(confd_errno, CONFD_ERR_BADTYPE) << "an operator's VLAN has 16 bits";
+  EXPECT_EQ(maapi_get_u_int32_elem(sock, thandle, &number, "/internal/int-sub-vpls-vpn-bd{G V 1}/int-vpls-bd-vlan"), 0);
+  EXPECT_EQ(number, 100U);
+}
+
+TEST_F(AgentReads, ObjectsAreEntriesAndContainers) {
+  confd_value_t values[4];
+  EXPECT_EQ(maapi_get_object(sock, thandle, values, 0, "/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd"), 4);
+  EXPECT_EQ(maapi_get_object(sock, thandle, values, 0, "/internal/int-sub-vpls-vpn-bd{G V 1}"), 4);
+  for (const char *path : {"/internal/int-sub-vpls-vpn-bd", "/internal/int-sub-vpls-vpn-bd{G V 1}/int-vpls-bd-vlan"}) {
+    confd_errno = 0;
+    EXPECT_EQ(maapi_get_object(sock, thandle, values, 4, "%s", path), -1) << path;
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH) << path;
+  }
+}
+
+TEST_F(AgentReads, AContainerWithNothingSetIsAnObjectAllTheSame) {
+  confd_value_t values[2];
+  EXPECT_EQ(maapi_get_object(sock, thandle, values, 2,
+                             "/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-ac{I}/int-vpls-encap"),
+            2);
+  EXPECT_EQ(shown(values[0]), "C_NOEXISTS");
+  EXPECT_EQ(shown(values[1]), "C_NOEXISTS");
+}
+
+TEST_F(AgentReads, AnotherTransactionIsNotKnown) {
+  const auto refused = [](int result) {
+    const bool is_refused = result == -1 && confd_errno == CONFD_ERR_NOSESSION;
+    confd_errno = 0;
+    return is_refused;
+  };
+  EXPECT_TRUE(refused(maapi_exists(sock + 1, thandle, "/internal")));
+  EXPECT_TRUE(refused(maapi_exists(sock, thandle + 1, "/internal")));
+  EXPECT_FALSE(refused(maapi_exists(sock, thandle, "/internal")));
+  seam.serve(nullptr);
+  EXPECT_TRUE(refused(maapi_exists(sock, thandle, "/internal")));
+  EXPECT_TRUE(refused(maapi_num_instances(sock, thandle, "/internal/int-vpws-group")));
+}
+
+TEST_F(AgentReads, AWrongPathIsToldFromAWrongKey) {
+  EXPECT_EQ(exists("/base:mpls"), -1);
+  EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
+  EXPECT_EQ(exists("/base:config/service-port{seven}"), -1);
+  EXPECT_EQ(confd_errno, CONFD_ERR_BADTYPE);
+}
+
+TEST(AgentWithoutElement, EveryReadFails) {
+  confd_errno = 0;
+  EXPECT_EQ(maapi_exists(7, 42, "/internal"), -1);
+  EXPECT_EQ(confd_errno, CONFD_ERR_NOSESSION);
+}
+
+}  // namespace
