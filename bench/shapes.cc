@@ -18,6 +18,9 @@ constexpr std::size_t kPortsAVpn = 16;
 constexpr const char *kUplinkPort = "uplink-1";
 constexpr const char *kSnoopingPort = "video-1";
 
+// The same on every element: a library may read the card's limits once and never again.
+constexpr std::uint32_t kCardLimit = 1'000'000;
+
 std::string port_name(std::size_t port) { return fmt::format("gigabit-ethernet-1/1/{:06}", port + 1); }
 
 std::string vpls_vpn(std::string_view vpn) {
@@ -97,7 +100,7 @@ Tree configuration(const element::Schema &schema, Shape shape, std::size_t acces
   return tree;
 }
 
-element::Profile element_with(std::size_t ports, std::size_t access_interfaces) {
+element::Profile element_with(std::size_t ports) {
   std::vector<element::Interface> interfaces;
   const auto add = [&interfaces](std::string name) {
     const auto number = static_cast<std::uint32_t>(interfaces.size() + 1);
@@ -106,8 +109,7 @@ element::Profile element_with(std::size_t ports, std::size_t access_interfaces) 
   for (std::size_t port = 0; port < ports; ++port) add(port_name(port));
   add(kUplinkPort);
   add(kSnoopingPort);
-  const auto limit = static_cast<std::uint32_t>(access_interfaces);
-  return element::Profile({limit, limit, limit, limit}, std::move(interfaces));
+  return element::Profile({kCardLimit, kCardLimit, kCardLimit, kCardLimit}, std::move(interfaces));
 }
 
 }  // namespace
@@ -125,8 +127,8 @@ std::string_view name(Shape shape) {
 }
 
 Commit make_commit(const element::Schema &schema, Shape shape, std::size_t access_interfaces) {
-  return {element_with(ports_of(shape, access_interfaces), access_interfaces),
-          configuration(schema, shape, access_interfaces - access_interfaces / 10),
+  const std::size_t in_force = access_interfaces * 9 / 10;
+  return {element_with(ports_of(shape, access_interfaces)), configuration(schema, shape, in_force),
           configuration(schema, shape, access_interfaces)};
 }
 

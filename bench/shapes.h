@@ -19,8 +19,8 @@ enum class Shape {
 
 std::string_view name(Shape shape);
 
-/// A commit that every access rule accepts, on an element whose limits are just high enough. The running configuration
-/// holds the first nine tenths of the candidate's access interfaces.
+/// A commit that every rule accepts. The running configuration holds the first nine tenths of the candidate's access
+/// interfaces.
 struct Commit {
   element::Profile profile;
   element::Tree running;
