@@ -3,8 +3,7 @@
 #include "config_validate_vpn/vpn_num_instances.h"
 
 // - The VPNs of both families together must not be more than the card allows.
-// - The comparison is signed, so a limit that was never read (-1) refuses every sum of 0 and above, and the message
-// then
+// - The comparison is signed, so a limit that was never read (-1) refuses every sum of 0 and above. The message then
 //   shows -1 as the allowed number: a card that does not tell its limit gets no VPN past this rule.
 // - A failed count is added as the -1 it is. Two failed counts make -2, which is not above an unread limit.
 std::int32_t config_validate_vpn_overflow(std::int32_t sock, confd_trans_ctx *tctx, confd_hkeypath_t * /*kp*/,
