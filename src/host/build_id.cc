@@ -6,7 +6,6 @@
 
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <optional>
 #include <string_view>
 
@@ -42,11 +41,25 @@ std::string_view find_build_id(std::string_view notes) {
   return {};
 }
 
+std::string in_hexadecimal(std::string_view bytes) {
+  std::string text;
+  for (const char byte : bytes) text += fmt::format("{:02x}", static_cast<unsigned char>(byte));
+  return text;
+}
+
+std::string content_of(const std::filesystem::path &file) {
+  if (!std::filesystem::is_regular_file(file)) return {};
+  std::string content(std::filesystem::file_size(file), '\0');
+  std::ifstream stream(file, std::ios::binary);
+  stream.read(content.data(), static_cast<std::streamsize>(content.size()));
+  content.resize(static_cast<std::size_t>(stream.gcount()));
+  return content;
+}
+
 }  // namespace
 
 std::string build_id(const std::filesystem::path &file) {
-  std::ifstream stream(file, std::ios::binary);
-  const std::string content{std::istreambuf_iterator<char>(stream), {}};
+  const std::string content = content_of(file);
   const auto header = read_at<ElfW(Ehdr)>(content, 0);
   if (!header || std::memcmp(header->e_ident, ELFMAG, SELFMAG) != 0) return "none";
 
@@ -54,9 +67,7 @@ std::string build_id(const std::filesystem::path &file) {
     const auto segment = read_at<ElfW(Phdr)>(content, header->e_phoff + i * header->e_phentsize);
     if (!segment || segment->p_type != PT_NOTE) continue;
     const std::string_view id = find_build_id(part(content, segment->p_offset, segment->p_filesz));
-    if (!id.empty())
-      return fmt::format("{:02x}", fmt::join(reinterpret_cast<const unsigned char *>(id.data()),
-                                             reinterpret_cast<const unsigned char *>(id.data()) + id.size(), ""));
+    if (!id.empty()) return in_hexadecimal(id);
   }
   return "none";
 }

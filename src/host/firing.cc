@@ -17,6 +17,11 @@ using element::NodeKind;
 // it once is enough.
 constexpr std::array<std::string_view, 2> kPointsOfAnInterface{"vpn_access_intf_valp", "vpn_sp_valp"};
 
+// A container that has lost all it held is still there, though the new tree has no node for it.
+element::Value value_after(const Change &change) {
+  return change.after == nullptr ? element::Value{} : change.after->value;
+}
+
 class Walk {
  public:
   // A deleted node is not there to be validated; what it was deleted from is met before it.
@@ -26,7 +31,7 @@ class Walk {
     if (is_whole_list) return visit_children(change);
 
     path_.push_back({change.schema, change.is_entry() ? change.keys() : std::vector<element::Value>{}});
-    fire(*change.schema, change.after->value);
+    fire(*change.schema, value_after(change));
     if (change.kind == ChangeKind::created && change.is_entry()) fire_keys(change);
     visit_children(change);
     path_.pop_back();

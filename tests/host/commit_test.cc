@@ -1,0 +1,152 @@
+#include "host/commit.h"
+
+#include "confd_maapi.h"
+#include "tests/host/served_element.h"
+
+namespace {
+
+using host::Decision;
+using host::SeamFunction;
+
+/// Commits to an element with a library that does what the names of new VPWS groups tell it.
+class Commit : public host_test::ServedElement {
+ protected:
+  void add_group(const std::string &told) { candidate.put("/mpls/l2vpn-config/l2vpn/vpws-group{\"" + told + "\"}"); }
+
+  host::Verdict validate(bool all_points = false) {
+    const element::Transaction commit(running, candidate);
+    return host::validate_commit(plugin, seam, commit, {all_points});
+  }
+
+  /// The breach of contract that a library commits when it is told to.
+  std::string breach(const std::string &told) {
+    candidate = element::Tree(host_test::schema());
+    add_group(told);
+    try {
+      validate();
+      return "none";
+    } catch (const host::ContractError &error) {
+      seam.account = {};
+      return error.what();
+    }
+  }
+
+  const host::Plugin plugin{PLUGIN_AS_TOLD};
+};
+
+TEST_F(Commit, WithoutAChangeAsksNothing) {
+  const host::Verdict verdict = validate();
+  EXPECT_EQ(verdict.decision, Decision::accepted);
+  EXPECT_EQ(verdict.points_fired, 0U);
+  EXPECT_EQ(verdict.points.size(), 0U);
+}
+
+TEST_F(Commit, IsAcceptedWhereEveryPointAccepts) {
+  add_group("accept");
+  const host::Verdict verdict = validate();
+  EXPECT_EQ(verdict.decision, Decision::accepted);
+  ASSERT_EQ(verdict.points.size(), 1U);
+  EXPECT_EQ(verdict.points[0].point, "vpn_name_valp");
+  EXPECT_EQ(verdict.points[0].path, "/mpls/l2vpn-config/l2vpn/vpws-group{accept}");
+  EXPECT_EQ(verdict.points[0].result, 0);
+}
+
+TEST_F(Commit, IsRejectedWithTheText) {
+  add_group("reject");
+  const host::Verdict verdict = validate();
+  EXPECT_EQ(verdict.decision, Decision::rejected);
+  ASSERT_EQ(verdict.points.size(), 1U);
+  EXPECT_EQ(verdict.points[0].result, -1);
+  EXPECT_EQ(verdict.points[0].text, "told to reject");
+}
+
+TEST_F(Commit, IsAcceptedWithAWarningsText) {
+  add_group("warn");
+  const host::Verdict verdict = validate();
+  EXPECT_EQ(verdict.decision, Decision::accepted_with_warnings);
+  EXPECT_EQ(verdict.points.at(0).result, -3);
+  EXPECT_EQ(verdict.points.at(0).text, "told to warn");
+}
+
+TEST_F(Commit, ATextOfAnAcceptedPointIsNotShown) {
+  add_group("accept with a text");
+  const host::Verdict verdict = validate();
+  EXPECT_EQ(verdict.decision, Decision::accepted);
+  EXPECT_EQ(verdict.points.at(0).text, "");
+}
+
+TEST_F(Commit, ARejectionEndsItUnlessAllPointsAreAsked) {
+  add_group("reject");
+  candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}");
+  const host::Verdict stopped = validate();
+  EXPECT_EQ(stopped.points_fired, 2U);
+  EXPECT_EQ(stopped.points.size(), 1U);
+  const host::Verdict all = validate(true);
+  EXPECT_EQ(all.decision, Decision::rejected);
+  ASSERT_EQ(all.points.size(), 2U);
+  EXPECT_EQ(all.points[1].point, "vpn_overflow_valp");
+  EXPECT_EQ(all.points[1].result, 0);
+}
+
+TEST_F(Commit, AWarningDoesNotEndIt) {
+  add_group("warn");
+  candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}");
+  EXPECT_EQ(validate().points.size(), 2U);
+}
+
+TEST_F(Commit, EachPointIsToldItsNameItsNodeAndTheNewValue) {
+  add_group("show");
+  candidate.put("/mpls/l2vpn-config/l2vpn/vpws-group{show}/vpn{V}/access-interface{I}");
+  candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/access-interface{J}");
+  std::vector<std::string> texts;
+  for (const host::PointVerdict &point : validate().points) texts.push_back(point.text);
+  const std::string vpws = "/mpls/l2vpn-config/l2vpn/vpws-group{show}";
+  const std::string vpls = "/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain";
+  EXPECT_EQ(texts,
+            (std::vector<std::string>{"vpn_name_valp at " + vpws + ", new value none",
+                                      "vpn_overflow_valp at " + vpws + "/vpn{V}, new value none",
+                                      "vpn_access_valp at " + vpws + "/vpn{V}/access-interface{I}, new value none",
+                                      "vpn_sp_valp at " + vpws + "/vpn{V}/access-interface{I}, new value none",
+                                      "vpn_access_intf_valp at " + vpls + "/access-interface{J}/name, new value J"}));
+}
+
+TEST_F(Commit, ABrokenContractIsNamedWithItsPoint) {
+  EXPECT_EQ(breach("accept"), "none");
+  EXPECT_EQ(breach("answer 7"), "vpn_name_valp: answered 7; 0, -1 or -3 was expected");
+  EXPECT_EQ(breach("answer -2"), "vpn_name_valp: answered -2; 0, -1 or -3 was expected");
+  EXPECT_EQ(breach("reject without a text"), "vpn_name_valp: answered -1 without a text");
+  EXPECT_EQ(breach("warn without a text"), "vpn_name_valp: answered -3 without a text");
+  EXPECT_EQ(breach("throw"), "vpn_name_valp: an exception left the call: told to");
+  EXPECT_EQ(breach("allocate too much"), "vpn_name_valp: an exception left the call: std::bad_array_new_length");
+  EXPECT_EQ(breach("free what is its own"), "vpn_name_valp: values freed too often: 1");
+}
+
+TEST_F(Commit, ACursorLeftOpenIsClosedAndCounted) {
+  add_group("leak a cursor");
+  const host::Verdict verdict = validate();
+  EXPECT_EQ(verdict.decision, Decision::accepted);
+  EXPECT_EQ(verdict.account.open_cursors, 1);
+  seam.account = {};
+}
+
+TEST_F(Commit, TheAccountIsThisCommitsAlone) {
+  add_group("accept");
+  EXPECT_EQ(maapi_exists(sock, thandle, "/internal"), -1);
+  validate();
+  const host::Verdict verdict = validate();
+  const auto calls = [&verdict](SeamFunction function) {
+    return verdict.account.calls[static_cast<std::size_t>(function)];
+  };
+  EXPECT_EQ(calls(SeamFunction::qnconfd_maapi_socket_get), 1U);
+  EXPECT_EQ(calls(SeamFunction::maapi_exists), 1U);
+}
+
+TEST_F(Commit, TheTransactionThatWasServedIsServedAgain) {
+  serve();
+  add_group("accept");
+  validate();
+  EXPECT_EQ(seam.transaction(), transaction.get());
+  EXPECT_EQ(maapi_exists(sock, thandle, "/mpls/l2vpn-config/l2vpn/vpws-group{accept}"), 0);
+}
+
+}  // namespace

@@ -1,0 +1,95 @@
+#include "host/plugin.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "host/build_id.h"
+#include "tests/host/served_element.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using host::SeamFunction;
+
+class LoadedPlugin : public host_test::ServedElement {
+ protected:
+  static fs::path wrong(const char *fault) { return fs::path(WRONG_PLUGIN_DIR) / (std::string(fault) + ".so"); }
+
+  /// Why the file cannot be loaded, after its name; empty when it can.
+  static std::string fault_of(const fs::path &file) {
+    try {
+      const host::Plugin plugin(file);
+      return "";
+    } catch (const host::LoadError &error) {
+      const std::string message = error.what();
+      const std::string prefix = file.string() + ": ";
+      EXPECT_EQ(message.substr(0, prefix.size()), prefix);
+      return message.substr(std::min(prefix.size(), message.size()));
+    }
+  }
+
+  std::uint64_t calls(SeamFunction function) const { return seam.account.calls[static_cast<std::size_t>(function)]; }
+};
+
+TEST_F(LoadedPlugin, TheLibraryThatShipsLoadsAndReadsTheCardsLimits) {
+  const host::Plugin plugin(PLUGIN_FILE);
+  EXPECT_EQ(plugin.file(), PLUGIN_FILE);
+  EXPECT_EQ(calls(SeamFunction::fm_scalar_card_hal_vpn_vpn_max_limit), 1U);
+  EXPECT_EQ(calls(SeamFunction::fm_scalar_card_vpn_mgr_access_ports), 1U);
+}
+
+TEST_F(LoadedPlugin, AWrongLibraryIsNamedWithItsFault) {
+  EXPECT_EQ(fault_of(wrong("none")), "");
+  EXPECT_EQ(fault_of(wrong("without_lib_init")), "missing entry point lib_init");
+  EXPECT_EQ(fault_of(wrong("without_get_validation_point")), "missing entry point get_validation_point");
+  EXPECT_EQ(fault_of(wrong("without_validate")), "missing entry point validate");
+  EXPECT_EQ(fault_of(wrong("without_lib_finish")), "missing entry point lib_finish");
+  EXPECT_EQ(fault_of(wrong("unresolved_symbol")), "unresolved symbol no_such_platform_function");
+  EXPECT_EQ(fault_of(wrong("other_point_name")),
+            "get_validation_point named \"vpn_other_validation\"; \"vpn_app_validation\" was expected");
+  EXPECT_EQ(fault_of(wrong("lib_init_fails")), "lib_init answered -1");
+}
+
+TEST_F(LoadedPlugin, AFileThatIsNotThereOrNoLibraryIsNamed) {
+  EXPECT_EQ(fault_of(wrong("no_such_file")), "there is no such file");
+  EXPECT_EQ(fault_of(WRONG_PLUGIN_DIR), "there is no such file") << "a folder is none";
+  const fs::path text_file = fs::path(testing::TempDir()) / "no_library.so";
+  std::ofstream(text_file) << "This is no library.";
+  EXPECT_EQ(fault_of(text_file), "not a library that can be loaded: file too short");
+  std::ofstream(text_file) << std::string(10000, 'x');
+  EXPECT_EQ(fault_of(text_file), "not a library that can be loaded: invalid ELF header");
+  fs::remove(text_file);
+}
+
+TEST_F(LoadedPlugin, AFileIsFoundFromTheWorkingDirectoryNotTheLoadersPath) {
+  const fs::path here = fs::current_path();
+  fs::current_path(fs::path(PLUGIN_AS_TOLD).parent_path());
+  EXPECT_EQ(fault_of(fs::path(PLUGIN_AS_TOLD).filename()), "");
+  EXPECT_EQ(fault_of("libc.so.6"), "there is no such file");
+  fs::current_path(here);
+}
+
+TEST(BuildId, IsReadFromTheFile) {
+  EXPECT_EQ(host::build_id(PLUGIN_AS_TOLD), "0123456789abcdef");
+  EXPECT_EQ(host::build_id(PLUGIN_WITHOUT_BUILD_ID), "none");
+  EXPECT_EQ(host::build_id(PLUGIN_FILE).size(), 40U);
+}
+
+TEST(BuildId, OfWhatIsNoLibraryIsNone) {
+  EXPECT_EQ(host::build_id("/no/such/file"), "none");
+  EXPECT_EQ(host::build_id(SOURCE_DIR), "none");
+  EXPECT_EQ(host::build_id(SOURCE_DIR "/CMakeLists.txt"), "none");
+}
+
+TEST(BuildId, OfAFileThatEndsEarlyIsNone) {
+  std::ifstream whole(PLUGIN_AS_TOLD, std::ios::binary);
+  const std::string content{std::istreambuf_iterator<char>(whole), {}};
+  const fs::path file = fs::path(testing::TempDir()) / "cut_library.so";
+  for (const std::size_t size : {std::size_t{0}, std::size_t{16}, std::size_t{64}, std::size_t{200}}) {
+    std::ofstream(file, std::ios::binary | std::ios::trunc) << content.substr(0, size);
+    EXPECT_EQ(host::build_id(file), "none") << size << " bytes";
+  }
+  fs::remove(file);
+}
+
+}  // namespace
