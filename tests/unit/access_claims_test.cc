@@ -10,6 +10,7 @@ namespace {
 const std::string kGroup = "vpls-group north";
 constexpr int kWalkedVpns = 16;
 constexpr int kWalkedInterfaces = 16;
+constexpr int kWalkedAttachments = 64;
 constexpr std::uint32_t kWalkedRanges = 64;
 
 class AccessClaimsTest : public ::testing::Test {
@@ -123,6 +124,14 @@ TEST_F(AccessClaimsTest, NothingIsCertainAboutAVpnOnFewInterfaces) {
   spread_vpn(kWalkedInterfaces + 1, true);
   EXPECT_TRUE(agrees(1, true));
   EXPECT_FALSE(agrees(1, false));
+}
+
+TEST_F(AccessClaimsTest, NothingIsCertainAboutFewAttachments) {
+  crowd_port(kWalkedAttachments);
+  EXPECT_FALSE(agrees(1, false));
+  crowd_port(kWalkedAttachments + 1);
+  EXPECT_TRUE(agrees(1, false));
+  EXPECT_FALSE(agrees(1, true));
 }
 
 TEST_F(AccessClaimsTest, OneInterfaceThatDiffersIsKnown) {

@@ -7,12 +7,20 @@ namespace {
 constexpr std::size_t kShortWalkRecords = 16;
 constexpr std::size_t kShortWalkRanges = 64;
 constexpr std::size_t kShortWalkInterfaces = 16;
+constexpr std::size_t kShortWalkAttachments = 64;
 
 bool is_short_walk(const intf_vpns_t &records) {
   if (records.size() > kShortWalkRecords) return false;
   std::size_t ranges = 0;
   for (const auto &[vpn, record] : records) ranges += record.dot1q_ranges.size();
   return ranges <= kShortWalkRanges;
+}
+
+bool is_short_walk(const intf_map_t &intf_map) {
+  if (intf_map.size() > kShortWalkInterfaces) return false;
+  std::size_t attachments = 0;
+  for (const auto &[interface, records] : intf_map) attachments += records.size();
+  return attachments <= kShortWalkAttachments;
 }
 
 void set_membership(std::set<group_vpn_id_t> &vpns, const group_vpn_id_t &vpn, bool is_member) {
@@ -61,7 +69,7 @@ const port_claims_t *access_claims_t::of_port(const std::string &interface, cons
 
 bool access_claims_t::agrees_on_encapsulation(const group_vpn_id_t &vpn, bool encap_cfg,
                                               const intf_map_t &intf_map) const {
-  if (intf_map.size() <= kShortWalkInterfaces || interfaces_ != intf_map.size()) return false;
+  if (is_short_walk(intf_map) || interfaces_ != intf_map.size()) return false;
   const auto claims = vpns_.find(vpn);
   if (claims == vpns_.end()) return false;
   return (encap_cfg ? claims->second.without_encapsulation : claims->second.with_encapsulation) == 0;
@@ -69,7 +77,7 @@ bool access_claims_t::agrees_on_encapsulation(const group_vpn_id_t &vpn, bool en
 
 void access_claims_t::recorded(const recording_t &recording, const intf_map_t &intf_map) {
   if (!is_short_walk(recording.records)) sum_up_port(recording);
-  if (intf_map.size() > kShortWalkInterfaces) sum_up_vpns(recording, intf_map);
+  if (!is_short_walk(intf_map)) sum_up_vpns(recording, intf_map);
 }
 
 void access_claims_t::sum_up_port(const recording_t &recording) {
@@ -91,7 +99,9 @@ void access_claims_t::sum_up_vpns(const recording_t &recording, const intf_map_t
     vpns_ = sum_of(intf_map);
     return;
   }
+  const bool encap_cfg = recording.record.encap_cfg;
+  if (!recording.is_new_record && recording.had_encap_cfg == encap_cfg) return;
   vpn_claims_t &vpn = vpns_[recording.vpn];
   if (!recording.is_new_record) --count_of(vpn, recording.had_encap_cfg);
-  ++count_of(vpn, recording.record.encap_cfg);
+  ++count_of(vpn, encap_cfg);
 }

@@ -54,10 +54,11 @@ struct recording_t {
 /// the first record in order decides which VPN a message names, and that walk ends the commit.
 ///
 /// Only what is long to walk is summed up: a port from its 17th VPN or 65th range on, the VPNs' encapsulations from the
-/// 17th interface on. The first recording beyond builds the sum from the records. Each sum knows how many records
-/// (interfaces) it was built from: when that is no longer how many there are, somebody filled the map without the
-/// setters; the queries then pass the sum over, and the next recording builds it again. What goes unseen is an edit
-/// inside a record that has been counted; records are edited through the setters.
+/// 17th interface or 65th attachment on. The first recording beyond builds the sum from the records. A port's sum knows
+/// of how many records it is, the VPNs' sum of how many interfaces: when that is no longer how many there are, somebody
+/// filled the map without the setters; the queries then pass the sum over, and the next recording builds it again. What
+/// goes unseen is what is written by hand inside a record, or for the VPNs' sum inside an interface, that has been
+/// counted; records are written through the setters.
 class access_claims_t {
  public:
   /// The sum for an interface with these records; null when they are to be walked.

@@ -12,8 +12,13 @@ bool operator<(const st_acc_dot1q_range_t &a, const st_acc_dot1q_range_t &b) {
 
 bool is_without_vlan(const st_acc_dot1q_range_t &range) { return range.vlan_min == 0 && range.vlan_max == 0; }
 
+// Each text is compared once, for the maps do little else.
 bool operator<(const group_vpn_id_t &a, const group_vpn_id_t &b) {
-  return std::tie(a.group_name, a.vpn_name, a.vpn_type) < std::tie(b.group_name, b.vpn_name, b.vpn_type);
+  const int groups = a.group_name.compare(b.group_name);
+  if (groups != 0) return groups < 0;
+  const int vpns = a.vpn_name.compare(b.vpn_name);
+  if (vpns != 0) return vpns < 0;
+  return a.vpn_type < b.vpn_type;
 }
 
 bool operator==(const group_vpn_id_t &a, const group_vpn_id_t &b) {
