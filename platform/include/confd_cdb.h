@@ -13,8 +13,8 @@ typedef enum cdb_db_type cdb_db_type;
 /* Number of entries of a list in the session's datastore, or -1. */
 int cdb_num_instances(int sock, const char *fmt, ...);
 
-/* Reads n values from each of exactly nobj entries from index ix on (0-based, list order); returns how many an entry has,
- * or -1. Asking past the end is an error and fills nothing. */
+/* Reads at most n values from each of exactly nobj entries from index ix on (0-based, list order). Asking past the end
+ * is an error and fills nothing. */
 int cdb_get_objects(int sock, confd_value_t *values, int n, int ix, int nobj, const char *fmt, ...);
 
 #ifdef __cplusplus

@@ -47,7 +47,7 @@ TEST_F(RunningTest, ObjectsAreReadFromAnIndexOnInListOrder) {
   put_groups(5);
   const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
   ReadValues values(12);
-  EXPECT_EQ(cdb_get_objects(session.Socket(), values.data(), 6, 2, 2, "%s", kTunnels), 6) << "the values of an entry";
+  EXPECT_EQ(cdb_get_objects(session.Socket(), values.data(), 6, 2, 2, "%s", kTunnels), CONFD_OK);
   EXPECT_EQ(values.filled(), (Values{text("north"), u32(1), u32(7), u32(2), u32(0), text("east"), text("north"), u32(1),
                                      u32(7), u32(3), u32(0), text("east")}));
   EXPECT_EQ(stage->left_open(), 5U) << "the session and four texts";
@@ -57,7 +57,7 @@ TEST_F(RunningTest, TheLastObjectsAreReadWhole) {
   put_groups(5);
   const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
   ReadValues values(6);
-  EXPECT_EQ(cdb_get_objects(session.Socket(), values.data(), 6, 4, 1, "%s", kTunnels), 6);
+  EXPECT_EQ(cdb_get_objects(session.Socket(), values.data(), 6, 4, 1, "%s", kTunnels), CONFD_OK);
   EXPECT_EQ(values.at(3), u32(4));
 }
 

@@ -34,7 +34,7 @@ class Cursors {
   /// Stands on a row; past the last one on no entry.
   void stand_on(maapi_cursor &mc, std::size_t row);
 
-  /// Stands on no entry, as after a failed move or fetch; the place in the list stays.
+  /// Stands on no entry, as after a failed move; the place in the list stays.
   void stand_on_none(maapi_cursor &mc);
 
   /// Paths of those that are open or were lost.

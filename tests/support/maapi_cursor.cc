@@ -80,10 +80,7 @@ int maapi_find_next(maapi_cursor *mc, confd_find_next_type type, confd_value_t *
 
 int maapi_get_objects(maapi_cursor *mc, confd_value_t *values, int n, int *nobj) {
   Platform &platform = Platform::active();
-  if (enter_on(mc, "maapi_get_objects", " " + std::to_string(*nobj) + "x" + std::to_string(n))) {
-    platform.cursors.stand_on_none(*mc);
-    return CONFD_ERR;
-  }
+  if (enter_on(mc, "maapi_get_objects", " " + std::to_string(*nobj) + "x" + std::to_string(n))) return CONFD_ERR;
 
   const scripted::List *list = platform.cursors.list(*mc);
   const std::size_t first = platform.cursors.next_row(*mc);
