@@ -12,7 +12,7 @@
 #include "element/configuration_tree.h"
 #include "element/input_error.h"
 #include "element/input_text.h"
-#include "element/json_members.h"
+#include "element/json_text.h"
 #include "element/netconf_wrapper.h"
 #include "element/parse_fault.h"
 
@@ -44,7 +44,6 @@ struct Source {
 struct Parsed {
   LY_ERR result = LY_SUCCESS;
   Data data;
-  std::size_t end = 0;  ///< one past what was read
 };
 
 [[noreturn]] void throw_at(const std::string &origin, std::string_view text, std::size_t offset,
@@ -63,7 +62,6 @@ Parsed parse(const Source &source, std::uint32_t options, std::uint32_t validati
       lyd_parse_data(source.schema.context(), nullptr, input, source.format == InputFormat::xml ? LYD_XML : LYD_JSON,
                      LYD_PARSE_STRICT | LYD_PARSE_NO_STATE | options, validation, &data);
   parsed.data.reset(data);
-  parsed.end = source.begin + ly_in_parsed(input);
   return parsed;
 }
 
@@ -81,26 +79,10 @@ std::string missing_path(const Source &source, const std::string &schema_path) {
   throw to_input_error(source.origin, fault);
 }
 
-// The JSON parser stops where the object ends.
-void require_nothing_after(const Source &source, std::size_t end) {
-  const std::size_t rest = source.text.find_first_not_of(kBlank, end);
-  if (rest == std::string::npos) return;
-  throw_at(source.origin, source.text, rest, "text after the configuration; expected the end of the file");
-}
-
-// The JSON parser takes the entries of a list from several members of the same name.
-void require_distinct_members(const Source &source) {
-  const std::optional<std::size_t> place = find_repeated_member(source.text);
-  if (!place) return;
-  throw_at(source.origin, source.text, *place, "member given twice in one object; expected each member once");
-}
-
 Tree to_tree(const Source &source) {
   const CollectedMessages messages(source.schema);
   const Parsed parsed = parse(source, 0, LYD_VALIDATE_NO_STATE);
   if (parsed.result != LY_SUCCESS) throw_fault(source);
-  require_nothing_after(source, parsed.end);
-  if (source.format == InputFormat::json) require_distinct_members(source);
   return operators_tree(source.schema, parsed.data.get(), source.origin);
 }
 
@@ -137,6 +119,8 @@ Tree parse_text(const Schema &schema, std::string text, const std::string &origi
   require_text(text, origin);
   const InputFormat format = format_of(text, origin);
   if (format == InputFormat::xml) prepare_xml(text, origin);
+  // The parser of libyang takes a text that breaks off, text after the object, and a list from several members.
+  if (format == InputFormat::json) require_json(text, origin);
   const std::size_t begin = std::min(text.find_first_not_of(kBlank), text.size());
   return to_tree({schema, origin, std::move(text), begin, format});
 }

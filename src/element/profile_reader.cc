@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <limits>
 #include <nlohmann/json.hpp>
-#include <set>
 #include <utility>
 
 #include "element/input_error.h"
 #include "element/input_text.h"
+#include "element/json_text.h"
 #include "element/profile.h"
 
 namespace element {
@@ -96,51 +96,6 @@ std::vector<Interface> read_interfaces(const Json &value) {
   return interfaces;
 }
 
-// The library keeps the last of several members of one name and says nothing.
-class DistinctMembers {
- public:
-  explicit DistinctMembers(std::string origin) : origin_(std::move(origin)) {}
-
-  bool operator()(int, Json::parse_event_t event, const Json &parsed) {
-    if (event == Json::parse_event_t::object_start) {
-      names_.emplace_back();
-    } else if (event == Json::parse_event_t::object_end) {
-      names_.pop_back();
-    } else if (event == Json::parse_event_t::key && !names_.back().insert(parsed.get<std::string>()).second) {
-      throw_field_error(fmt::format("{}: {}", origin_, one_line(parsed.get<std::string>())),
-                        "field given twice in one object", "each field once");
-    }
-    return true;
-  }
-
- private:
-  std::string origin_;
-  std::vector<std::set<std::string>> names_;
-};
-
-// "[json.exception...] parse error at line 1, column 2: what is wrong" is cut down to what is wrong. The library often
-// says what it expected.
-std::string reason(const Json::exception &error, const char *expected) {
-  const std::string_view text = error.what();
-  const std::size_t place = text.find("column ");
-  const std::size_t begin = place == std::string_view::npos ? text.find("] ") : text.find(": ", place);
-  const std::string fault = one_line(text.substr(begin + 2));
-  return fault.find("; expected ") == std::string::npos ? fmt::format("{}; expected {}", fault, expected) : fault;
-}
-
-Json parse_json(std::string_view text, const std::string &origin) {
-  try {
-    return Json::parse(text, DistinctMembers(origin));
-  } catch (const Json::parse_error &error) {
-    // The byte is the number of bytes read, the wrong one included.
-    const Position position = position_at(text, error.byte == 0 ? 0 : error.byte - 1);
-    throw InputError(
-        fmt::format("{}:{}:{}: {}", origin, position.line, position.column, reason(error, "well-formed JSON")));
-  } catch (const Json::out_of_range &error) {
-    throw InputError(fmt::format("{}: {}", origin, reason(error, "a number that fits its field")));
-  }
-}
-
 Profile profile_from(const Json &profile) {
   require_object(profile, "", {"card", "interfaces"});
   const auto card = profile.find("card");
@@ -151,7 +106,8 @@ Profile profile_from(const Json &profile) {
 }  // namespace
 
 Profile parse_profile(std::string_view text, const std::string &origin) {
-  const Json json = parse_json(text, origin);
+  require_json(text, origin);
+  const Json json = Json::parse(text);
   try {
     return profile_from(json);
   } catch (const InputError &error) {

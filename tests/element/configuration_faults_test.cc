@@ -66,6 +66,11 @@ TEST(ConfigurationFault, BytesThatAreNotUtf8) {
                  {base_json("\"\xff\": 1"), fault}});
 }
 
+TEST(ConfigurationFault, CharacterThatTheParserRefusesWithoutAWord) {
+  const std::string fault = "candidate: character that may not stand where it does; expected well-formed XML";
+  expect_faults({{base_xml("<vlan \x01/>"), fault}});
+}
+
 TEST(ConfigurationFault, MalformedXml) {
   const std::string expected = "; expected well-formed XML";
   expect_faults({
@@ -82,15 +87,37 @@ TEST(ConfigurationFault, MalformedXml) {
 }
 
 TEST(ConfigurationFault, MalformedJson) {
-  const std::string expected = "; expected well-formed JSON";
+  const std::string literal = "syntax error while parsing value - invalid literal; ";
   expect_faults({
       {base_json(R"("vlan": [{"id": 5])"),
-       "candidate:2: /base:config/vlan: Unexpected character \"]\" after JSON number" + expected},
-      {"{\"base:config\": {\n\"vlan\": [",
-       "candidate:2: /base:config: Invalid character sequence \"\", expected a JSON value" + expected},
-      {base_json("") + "\n\nx", "candidate:5: text after the configuration; expected the end of the file"},
-      {"{}\n{}", "candidate:2: text after the configuration; expected the end of the file"},
+       "candidate:2:18: syntax error while parsing object - unexpected ']'; expected '}'"},
+      {"{\"base:config\":\n",
+       "candidate:2:1: syntax error while parsing value - unexpected end of input; expected '[', '{', or a literal"},
+      {"{}\n\nx", "candidate:3:1: " + literal + "last read: '{}<U+000A><U+000A>x'; expected end of input"},
+      {"{}\n{}", "candidate:2:1: syntax error while parsing value - unexpected '{'; expected end of input"},
+      {base_json(R"("\u14{": 1)"),
+       "candidate:2:6: syntax error while parsing object key - invalid string: '\\u' must be followed by 4 hex digits; "
+       "last read: '\"\\u14{'; expected string literal"},
   });
+}
+
+TEST(ConfigurationFault, NestedDeeperThanAnyConfiguration) {
+  const auto nested = [](std::size_t depth) { return "{\"a\":" + std::string(depth - 1, '['); };
+  EXPECT_EQ(fault_of(nested(101)), "candidate: JSON nested deeper than 100 levels; expected fewer");
+  EXPECT_EQ(fault_of(nested(100)),
+            "candidate:1:105: syntax error while parsing value - unexpected end of input; "
+            "expected '[', '{', or a literal");
+}
+
+TEST(ConfigurationFault, TextThatBreaksOff) {
+  const std::string xml = base_xml("<vlan><id>5</id></vlan>");
+  const std::string json = base_json(R"("vlan": [{"id": 5}])");
+  for (const std::string &text : {xml, json}) {
+    EXPECT_EQ(fault_of(text), "accepted");
+    for (std::size_t size = 0; size < text.size(); ++size) {
+      EXPECT_NE(fault_of(text.substr(0, size)), "accepted") << text.substr(0, size);
+    }
+  }
 }
 
 TEST(ConfigurationFault, UnknownName) {
@@ -171,18 +198,20 @@ TEST(ConfigurationFault, GivenTwice) {
       {base_json("\"vlan\": [{\"id\": 5}, {\"id\": 5}]"),
        "candidate:3: /base:config/vlan[id='5']: Duplicate instance of \"vlan\"" + once},
       {base_xml("") + base_xml(""), "candidate: /base:config: Duplicate instance of \"config\"" + once},
+      {base_json(R"("l3-interface": [{"name": "a", "vlan": 5, "vlan": 6}])"),
+       "candidate: member vlan given twice in one object; expected each member once"},
+      {"{\"base:config\": {}, \"base:config\": {}}",
+       "candidate: member base:config given twice in one object; expected each member once"},
       {base_json("\"vlan\": [{\"id\": 5}],\n\"vlan\": [{\"id\": 6}]"),
-       "candidate:3: member given twice in one object; expected each member once"},
+       "candidate: member vlan given twice in one object; expected each member once"},
       {base_json("\"vlan\": [{\"id\": 5}],\n\"base:vlan\": [{\"id\": 6}]"),
-       "candidate:3: member given twice in one object; expected each member once"},
+       "candidate: member base:vlan given twice in one object; expected each member once"},
   });
   // The path that the parser gives here leaves out what is above the entry.
-  for (const std::string &text : {base_xml("<l3-interface><name>a</name><vlan>5</vlan><vlan>6</vlan></l3-interface>"),
-                                  base_json(R"("l3-interface": [{"name": "a", "vlan": 5, "vlan": 6}])")}) {
-    const std::string fault = fault_of(text);
-    EXPECT_EQ(fault.find("candidate:2: /base:"), 0U) << fault;
-    EXPECT_TRUE(fault.ends_with("l3-interface[name='a']/vlan: Duplicate instance of \"vlan\"" + once)) << fault;
-  }
+  const std::string fault =
+      fault_of(base_xml("<l3-interface><name>a</name><vlan>5</vlan><vlan>6</vlan></l3-interface>"));
+  EXPECT_EQ(fault.find("candidate:2: /base:"), 0U) << fault;
+  EXPECT_TRUE(fault.ends_with("l3-interface[name='a']/vlan: Duplicate instance of \"vlan\"" + once)) << fault;
 }
 
 TEST(ConfigurationFault, MissingNode) {

@@ -9,7 +9,8 @@ namespace {
 
 using element::read_configuration;
 
-constexpr std::size_t kLargeFile = 100'000'000;
+constexpr std::size_t kLargeXml = 100'000'000;
+constexpr std::size_t kLargeJson = 20'000'000;
 constexpr int kEntries = 50'000;
 
 struct Fault {
@@ -28,12 +29,12 @@ Fault fault_of(const std::filesystem::path &file) {
   return {false, "accepted"};
 }
 
-/// A file of kLargeFile bytes: kEntries layer-3 interfaces, each after a comment or blanks as long as need be.
-void write_large(const std::filesystem::path &file, const std::string &head, const std::string &tail,
+/// A file of `size` bytes: kEntries layer-3 interfaces, each after a comment or blanks as long as need be.
+void write_large(const std::filesystem::path &file, std::size_t size, const std::string &head, const std::string &tail,
                  const std::function<std::string(int entry, std::size_t size)> &entry_of_size) {
   std::ofstream out(file, std::ios::binary);
   out << head;
-  const std::size_t left = kLargeFile - head.size() - tail.size();
+  const std::size_t left = size - head.size() - tail.size();
   for (int i = 0; i < kEntries; ++i) {
     const auto n = static_cast<std::size_t>(i);
     out << entry_of_size(i, left * (n + 1) / kEntries - left * n / kEntries);
@@ -80,24 +81,25 @@ TEST(ConfigurationFile, UnreadableFileIsToldFromWrongContent) {
 
 TEST(ConfigurationFile, LargeXml) {
   const TemporaryFile file;
-  write_large(file.path(), "<config xmlns=\"urn:element:base\">\n", "</config>\n", [](int entry, std::size_t size) {
-    const std::string element =
-        "--><l3-interface><name>" + name_of(entry) + "</name><vlan>4094</vlan></l3-interface>\n";
-    return "<!--" + std::string(size - element.size() - 4, 'x') + element;
-  });
-  ASSERT_EQ(std::filesystem::file_size(file.path()), kLargeFile);
+  write_large(file.path(), kLargeXml, "<config xmlns=\"urn:element:base\">\n", "</config>\n",
+              [](int entry, std::size_t size) {
+                const std::string element =
+                    "--><l3-interface><name>" + name_of(entry) + "</name><vlan>4094</vlan></l3-interface>\n";
+                return "<!--" + std::string(size - element.size() - 4, 'x') + element;
+              });
+  ASSERT_EQ(std::filesystem::file_size(file.path()), kLargeXml);
   expect_all_entries(read_configuration(test_schema(), file.path()));
 }
 
 TEST(ConfigurationFile, LargeJson) {
   const TemporaryFile file;
   const std::string head = "{\"base:config\": {\"l3-interface\": [";
-  write_large(file.path(), head, "]}}", [](int entry, std::size_t size) {
+  write_large(file.path(), kLargeJson, head, "]}}", [](int entry, std::size_t size) {
     const std::string element = "{\"name\": \"" + name_of(entry) + "\", \"vlan\": 4094}";
     const std::string comma = entry + 1 < kEntries ? "," : "";
     return std::string(size - element.size() - comma.size(), ' ') + element + comma;
   });
-  ASSERT_EQ(std::filesystem::file_size(file.path()), kLargeFile);
+  ASSERT_EQ(std::filesystem::file_size(file.path()), kLargeJson);
   expect_all_entries(read_configuration(test_schema(), file.path()));
 }
 

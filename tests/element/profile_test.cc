@@ -149,13 +149,13 @@ TEST(Profile, MalformedJsonIsPlaced) {
 
 TEST(Profile, FieldGivenTwiceIsRefused) {
   EXPECT_EQ(error_of(R"({"interfaces": [], "interfaces": []})"),
-            "element.json: interfaces: field given twice in one object; expected each field once");
+            "element.json: member interfaces given twice in one object; expected each member once");
   EXPECT_EQ(error_of(R"({"card": {}, "interfaces": [{"name": "card", "logical-id": 1, "ifindex": 1}]})"), "");
 }
 
 TEST(Profile, NumberBeyondAllRangesIsRefused) {
   EXPECT_EQ(error_of(card(R"("vpn-max": 1e999)")),
-            "element.json: number overflow parsing '1e999'; expected a number that fits its field");
+            "element.json:1:26: number overflow parsing '1e999'; expected well-formed JSON");
 }
 
 TEST(Profile, FileIsReadAndNamed) {
