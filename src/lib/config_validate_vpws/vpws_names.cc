@@ -14,10 +14,10 @@ using vpn_batch_t = scoped_batch<2, 1>;
 
 bool is_valid_name(const std::string &name) { return name.find_first_not_of(kAllowedCharacters) == std::string::npos; }
 
-// "VPWS Group name <group> contains invalid characters (allowed characters: ...)", or the same of a VPN of the group.
+// `whose` is "VPWS Group name <group>", or that and " VPN name <vpn>".
 void set_invalid_name(confd_trans_ctx *tctx, const std::string &whose) {
   const std::string message =
-      whose + " contains invalid characters " + "(allowed characters: 0-9, a-z, A-Z, _, -, @, <>, &, =, :, ., (), +)";
+      whose + " contains invalid characters (allowed characters: 0-9, a-z, A-Z, _, -, @, <>, &, =, :, ., (), +)";
   confd_trans_seterr(tctx, "%s", message.c_str());
 }
 
