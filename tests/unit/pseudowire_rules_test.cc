@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "config_validate_vpls/config_validate_vpls.h"
+#include "config_validate_vpls/qnconfd_cdb_session.h"
 #include "config_validate_vpws/config_validate_vpws.h"
 #include "tests/support/broken_model.h"
 #include "tests/support/printers.h"
@@ -240,6 +241,41 @@ TEST_P(PseudowireListTest, ARunningBatchThatCannotBeReadStopsTheProcess) {
     platform.fail("cdb_get_objects", nth);
     EXPECT_BROKEN_MODEL(collect_running(), family.area, family.first_assertion);
   }
+}
+
+/// How many values were freed when each entry was read.
+std::vector<std::size_t> freed_at_reads;
+
+st_peer_info_t note_freed(const confd_value_t *values) {
+  freed_at_reads.push_back(scripted::Platform::active().count("confd_free_value"));
+  return {"", "", 0, values[3].val.u32};
+}
+
+class PseudowireValuesTest : public scripted::PlatformTest {
+ protected:
+  void configure(scripted::Datastore &datastore) {
+    const std::vector<scripted::Values> rows{scripted::vpws_tunnel({"north", "east", "10.0.0.1", 1}),
+                                             scripted::vpws_tunnel({"north", "west", "10.0.0.1", 2})};
+    datastore.list(list.path, scripted::kPwListKeys, rows);
+    freed_at_reads.clear();
+  }
+
+  const pw_list_t list{scripted::kVpwsTunnelList, {0, 5}, note_freed};
+  val_pw_map_t pws;
+};
+
+TEST_F(PseudowireValuesTest, OfARunningPseudowireAreFreedBeforeTheNextIsRead) {
+  configure(platform.running());
+  const QnConfdCdbSession session(qnconfd_instance_get(platform.middleware()), CDB_RUNNING);
+  add_running_pws(session.Socket(), list, pws);
+  EXPECT_EQ(freed_at_reads, (std::vector<std::size_t>{0, 2}));
+}
+
+TEST_F(PseudowireValuesTest, OfACommittingPseudowireAreFreedWithItsBatch) {
+  configure(platform.candidate());
+  EXPECT_EQ(add_committing_pws(platform.socket(), &platform.context(), list, pws), 0);
+  EXPECT_EQ(freed_at_reads, (std::vector<std::size_t>{0, 0}));
+  EXPECT_EQ(platform.count("confd_free_value"), 4U);
 }
 
 class PwIdAssignedTest : public scripted::PlatformTest {

@@ -113,7 +113,7 @@ TEST_F(VplsPseudowiresTest, LooksAtTheLeafOfThisNeighborOnly) {
 }
 
 TEST_F(VplsPseudowiresTest, LooksAtTheFirstChangeOnly) {
-  platform.change(scripted::vpls_pw_id_path(pw), MOP_DELETED);
+  platform.change(scripted::vpls_pw_id_path(pw) + "/below", MOP_DELETED);
   set_pw_id(pw, 200);
   EXPECT_EQ(exchange(pw, {{"G1", "V1", "10.0.0.1", 200}}), 0);
 }

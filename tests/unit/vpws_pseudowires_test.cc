@@ -109,7 +109,7 @@ TEST_P(VpwsExchangeTest, LooksAtTheLeafOfThisNeighborOnly) {
 }
 
 TEST_P(VpwsExchangeTest, LooksAtTheFirstChangeOnly) {
-  platform.change(scripted::vpws_pw_id_path(pw, kind), MOP_DELETED);
+  platform.change(scripted::vpws_pw_id_path(pw, kind) + "/below", MOP_DELETED);
   set_pw_id(kind, pw, 20);
   EXPECT_EQ(exchange(pw, {{"G1", "B", "10.0.0.1", 20}}), 0);
 }
