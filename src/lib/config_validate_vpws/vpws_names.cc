@@ -15,20 +15,22 @@ using vpn_batch_t = scoped_batch<2, 1>;
 bool is_valid_name(const std::string &name) { return name.find_first_not_of(kAllowedCharacters) == std::string::npos; }
 
 // `whose` is "VPWS Group name <group>", or that and " VPN name <vpn>".
-void set_invalid_name(confd_trans_ctx *tctx, const std::string &whose) {
+std::int32_t reject_name(confd_trans_ctx *tctx, const std::string &whose) {
   const std::string message =
       whose + " contains invalid characters (allowed characters: 0-9, a-z, A-Z, _, -, @, <>, &, =, :, ., (), +)";
   confd_trans_seterr(tctx, "%s", message.c_str());
+  return CONFD_ERR;
+}
+
+std::int32_t check_vpn_name(confd_trans_ctx *tctx, const std::string &group, const std::string &vpn) {
+  if (!is_valid_name(vpn)) return reject_name(tctx, "VPWS Group name " + group + " VPN name " + vpn);
+  return CONFD_OK;
 }
 
 std::int32_t check_vpn_names(confd_trans_ctx *tctx, const std::string &group, const vpn_batch_t &batch) {
   for (int i = 0; i < batch.count(); ++i) {
     const confd_value_t *values = batch.entry(i);
-    const std::string vpn = GET_BUF(&values[0]);
-    if (!is_valid_name(vpn)) {
-      set_invalid_name(tctx, "VPWS Group name " + group + " VPN name " + vpn);
-      return CONFD_ERR;
-    }
+    if (check_vpn_name(tctx, group, GET_BUF(&values[0])) == CONFD_ERR) return CONFD_ERR;
   }
   return CONFD_OK;
 }
@@ -43,10 +45,7 @@ std::int32_t config_validate_vpws_group_name(std::int32_t sock, confd_trans_ctx 
   maapi_init_cursor(sock, tctx->thandle, &mc, "/internal/int-vpws-group");
   for (maapi_get_next(&mc); mc.n != 0; maapi_get_next(&mc)) {
     const std::string group = GET_BUF(&mc.keys[0]);
-    if (!is_valid_name(group)) {
-      set_invalid_name(tctx, "VPWS Group name " + group);
-      return CONFD_ERR;
-    }
+    if (!is_valid_name(group)) return reject_name(tctx, "VPWS Group name " + group);
     if (config_validate_vpws_vpn_name(sock, tctx, group) == CONFD_ERR) return CONFD_ERR;
   }
   return CONFD_OK;
