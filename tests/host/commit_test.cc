@@ -118,11 +118,13 @@ TEST_F(Commit, ABrokenContractIsNamedWithItsPoint) {
   EXPECT_EQ(breach("warn without a text"), "vpn_name_valp: answered -3 without a text");
   EXPECT_EQ(breach("throw"), "vpn_name_valp: an exception left the call: told to");
   EXPECT_EQ(breach("allocate too much"), "vpn_name_valp: an exception left the call: std::bad_array_new_length");
+  EXPECT_EQ(breach("keep a value"), "vpn_name_valp: values not freed: 1");
+  EXPECT_EQ(breach("keep a session"), "vpn_name_valp: CDB sessions left open: 1");
   EXPECT_EQ(breach("free what is its own"), "vpn_name_valp: values freed too often: 1");
 }
 
 TEST_F(Commit, ACursorLeftOpenIsClosedAndCounted) {
-  add_group("leak a cursor");
+  add_group("keep a cursor");
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::accepted);
   EXPECT_EQ(verdict.account.open_cursors, 1);
@@ -147,6 +149,40 @@ TEST_F(Commit, TheTransactionThatWasServedIsServedAgain) {
   validate();
   EXPECT_EQ(seam.transaction(), transaction.get());
   EXPECT_EQ(maapi_exists(sock, thandle, "/mpls/l2vpn-config/l2vpn/vpws-group{accept}"), 0);
+}
+
+/// The library that ships reads the card's limit once a process: a test of its own process for each other limit.
+class CommitToTheLibrary : public host_test::ServedElement {
+ protected:
+  CommitToTheLibrary() { profile.card.vpn_max = 3; }
+
+  /// A commit of this many new VPNs of each family.
+  host::Verdict validate(int vpls, int vpws) {
+    element::Tree proposed(host_test::schema());
+    for (int i = 0; i < vpls; ++i) {
+      proposed.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V" + std::to_string(i) + "}");
+    }
+    for (int i = 0; i < vpws; ++i) {
+      proposed.put("/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{V" + std::to_string(i) + "}");
+    }
+    const host::Plugin plugin(PLUGIN_FILE);
+    return host::validate_commit(plugin, seam, *element::make_transaction(running, proposed, profile));
+  }
+};
+
+TEST_F(CommitToTheLibrary, AsManyVpnsAsTheCardAllowsAreAccepted) {
+  const host::Verdict verdict = validate(1, 2);
+  EXPECT_EQ(verdict.decision, Decision::accepted);
+  EXPECT_EQ(verdict.account.open_cursors, 0);
+}
+
+TEST_F(CommitToTheLibrary, OneVpnMoreIsRejected) {
+  const host::Verdict verdict = validate(2, 2);
+  EXPECT_EQ(verdict.decision, Decision::rejected);
+  EXPECT_EQ(verdict.points.back().point, "vpn_overflow_valp");
+  EXPECT_EQ(verdict.points.back().path, "/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{V0}");
+  EXPECT_EQ(verdict.points.back().text,
+            "Maximum number of VPNs has been exceeded. Attempt to configure 4 of 3 allowed");
 }
 
 }  // namespace

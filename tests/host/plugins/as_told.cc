@@ -47,6 +47,9 @@ confd_value_t read_group(confd_trans_ctx *tctx, std::int32_t sock, const std::st
   return value;
 }
 
+confd_value_t kept_value;
+QnConfdCdbSessionBase *kept_session = nullptr;
+
 std::int32_t do_as_told(confd_trans_ctx *tctx, std::int32_t sock, const std::string &told) {
   if (told == "answer 7") return 7;
   if (told == "answer -2") return CONFD_EOF;
@@ -58,15 +61,17 @@ std::int32_t do_as_told(confd_trans_ctx *tctx, std::int32_t sock, const std::str
   }
   if (told == "throw") throw std::runtime_error("told to");
   if (told == "allocate too much") throw std::bad_array_new_length();
-  if (told == "leak a value") read_group(tctx, sock, told);
-  if (told == "leak a session") new QnConfdCdbSessionBase(qnconfd_instance_get(tctx->vcb_opaque), CDB_RUNNING, true);
+  if (told == "keep a value") kept_value = read_group(tctx, sock, told);
+  if (told == "keep a session") {
+    kept_session = new QnConfdCdbSessionBase(qnconfd_instance_get(tctx->vcb_opaque), CDB_RUNNING, true);
+  }
   if (told == "free what is its own") {
     confd_value_t value{};
     value.type = C_BUF;
     value.val.buf = {1, static_cast<unsigned char *>(std::malloc(1))};
     confd_free_value(&value);
   }
-  if (told == "leak a cursor") {
+  if (told == "keep a cursor") {
     maapi_cursor mc{};
     maapi_init_cursor(sock, tctx->thandle, &mc, "/internal/int-vpws-group");
   }
