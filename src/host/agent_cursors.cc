@@ -14,10 +14,8 @@ namespace host {
 
 namespace {
 
-/// Counts a call on a cursor, which stands on no entry until the call succeeds. The cursor's own state, or null with
-/// confd_errno set.
-OpenCursor *enter_cursor(SeamFunction function, maapi_cursor &mc) {
-  mc.n = 0;
+/// Counts a call on a cursor. The cursor's own state, or null with confd_errno set.
+OpenCursor *enter_cursor(SeamFunction function, const maapi_cursor &mc) {
   Seam *seam = enter_transaction(function, mc.sock, mc.thandle);
   if (seam == nullptr) return nullptr;
   OpenCursor *cursor = seam->state().cursors.find(mc.host);
@@ -49,6 +47,12 @@ void show_keys(OpenCursor &cursor, const element::Node &entry, maapi_cursor &mc)
     buf.ptr = copy;
   }
   mc.n = static_cast<int>(count);
+}
+
+/// As enter_cursor for a move: until it succeeds the cursor stands on no entry.
+OpenCursor *enter_move(SeamFunction function, maapi_cursor &mc) {
+  mc.n = 0;
+  return enter_cursor(function, mc);
 }
 
 /// Stands on the entry that is next, on none past the end.
@@ -102,14 +106,14 @@ int maapi_init_cursor(int sock, int thandle, maapi_cursor *mc, const char *fmt, 
 }
 
 int maapi_get_next(maapi_cursor *mc) {
-  host::OpenCursor *cursor = host::enter_cursor(SeamFunction::maapi_get_next, *mc);
+  host::OpenCursor *cursor = host::enter_move(SeamFunction::maapi_get_next, *mc);
   return cursor == nullptr ? CONFD_ERR : host::move(*cursor, *mc);
 }
 
 // Keys that are fewer than the list's stand before all that begin with them, so that both modes then move to the first
 // of these.
 int maapi_find_next(maapi_cursor *mc, confd_find_next_type type, confd_value_t *inkeys, int n_inkeys) {
-  host::OpenCursor *cursor = host::enter_cursor(SeamFunction::maapi_find_next, *mc);
+  host::OpenCursor *cursor = host::enter_move(SeamFunction::maapi_find_next, *mc);
   if (cursor == nullptr) return CONFD_ERR;
   if (const int reason = host::check_keys(*cursor->list, inkeys, n_inkeys); reason != 0) return host::fail(reason);
   if (cursor->entries == nullptr) return CONFD_OK;
@@ -137,6 +141,7 @@ int maapi_get_objects(maapi_cursor *mc, confd_value_t *values, int n, int *nobj)
     const element::Node &entry = cursor->entries->children[cursor->next++];
     value_count = host::write_object(*cursor->list, &entry, values + static_cast<std::ptrdiff_t>(i) * n, n);
   }
+  mc->n = 0;
   const bool stands_on_last = *nobj == wanted && cursor->next > 0;
   if (stands_on_last) host::show_keys(*cursor, cursor->entries->children[cursor->next - 1], *mc);
   return value_count;

@@ -75,7 +75,7 @@ struct Account {
 
 /// Makes the n-th call (from 1) of a function fail as that function fails; n = 0: none. Functions that return nothing
 /// cannot fail. The agent's calls fail with CONFD_ERR_OS, which stands for a lost connection, and leave their outputs
-/// as they were, apart from a cursor, which then stands on no entry. Calls are counted by the account.
+/// as they were; a move leaves its cursor on no entry. Calls are counted by the account.
 struct Fault {
   SeamFunction function = SeamFunction::count;
   std::uint64_t nth = 0;

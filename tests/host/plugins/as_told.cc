@@ -99,4 +99,8 @@ std::int32_t validate(confd_trans_ctx *tctx, confd_hkeypath_t *kp, confd_value_t
   return is_name_point ? do_as_told(tctx, sock, shown(kp->v[0][0])) : CONFD_OK;
 }
 
-std::int32_t lib_finish(void **) { return 0; }
+std::int32_t lib_finish(void **) {
+  confd_free_value(&kept_value);
+  delete kept_session;
+  return 0;
+}
