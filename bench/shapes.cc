@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
+#include "bench/ports.h"
 
 namespace bench {
 namespace {
@@ -17,11 +17,6 @@ constexpr std::size_t kPortsAVpn = 16;
 // something to look through and nothing to find.
 constexpr const char *kUplinkPort = "uplink-1";
 constexpr const char *kSnoopingPort = "video-1";
-
-// The same on every element: a library may read the card's limits once and never again.
-constexpr std::uint32_t kCardLimit = 1'000'000;
-
-std::string port_name(std::size_t port) { return fmt::format("gigabit-ethernet-1/1/{:06}", port + 1); }
 
 std::string vpls_vpn(std::string_view vpn) {
   return fmt::format("/mpls/l2vpn-config/l2vpn/vpls-group{{access}}/vpn{{{}}}/bridge-domain", vpn);
@@ -100,18 +95,6 @@ Tree configuration(const element::Schema &schema, Shape shape, std::size_t acces
   return tree;
 }
 
-element::Profile element_with(std::size_t ports) {
-  std::vector<element::Interface> interfaces;
-  const auto add = [&interfaces](std::string name) {
-    const auto number = static_cast<std::uint32_t>(interfaces.size() + 1);
-    interfaces.push_back({std::move(name), number, static_cast<std::int32_t>(1000000 + number)});
-  };
-  for (std::size_t port = 0; port < ports; ++port) add(port_name(port));
-  add(kUplinkPort);
-  add(kSnoopingPort);
-  return element::Profile({kCardLimit, kCardLimit, kCardLimit, kCardLimit}, std::move(interfaces));
-}
-
 }  // namespace
 
 std::string_view name(Shape shape) {
@@ -128,8 +111,8 @@ std::string_view name(Shape shape) {
 
 Commit make_commit(const element::Schema &schema, Shape shape, std::size_t access_interfaces) {
   const std::size_t in_force = access_interfaces * 9 / 10;
-  return {element_with(ports_of(shape, access_interfaces)), configuration(schema, shape, in_force),
-          configuration(schema, shape, access_interfaces)};
+  return {element_with(ports_of(shape, access_interfaces), {kUplinkPort, kSnoopingPort}),
+          configuration(schema, shape, in_force), configuration(schema, shape, access_interfaces)};
 }
 
 }  // namespace bench

@@ -1,0 +1,146 @@
+#include "bench/point_commits.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "bench/ports.h"
+#include "bench/shapes.h"
+#include "element/projection.h"
+
+namespace bench {
+namespace {
+
+using element::Tree;
+
+constexpr std::array<std::string_view, std::size(kPointCommitKinds)> kNames{"access_many_ports", "access_few_ports",
+                                                                            "access_one_vpn", "peer", "membership"};
+
+constexpr std::size_t kCountedPseudowires = 1024;
+constexpr std::size_t kPseudowiresAMesh = 16;
+constexpr std::size_t kMemberPorts = 64;
+constexpr std::size_t kLastVlan = 4094;
+constexpr const char *kUplinkPort = "uplink-1";
+
+std::string neighbor_address(std::size_t neighbor) { return fmt::format("10.0.{}.1", neighbor); }
+
+// By turns a VPLS VPN with a mesh of sixteen pseudowires and eight VPWS VPNs with a neighbour and its backup.
+std::string pseudowire_path(std::size_t index) {
+  const std::size_t mesh = index / kPseudowiresAMesh;
+  const std::string address = neighbor_address(index % kPseudowiresAMesh);
+  if (mesh % 2 == 0) {
+    return fmt::format("/mpls/l2vpn-config/l2vpn/vpls-group{{mesh}}/vpn{{mesh-{:06}}}/vfi/neighbor{{{}}}", mesh,
+                       address);
+  }
+  return fmt::format("/mpls/l2vpn-config/l2vpn/vpws-group{{line}}/vpn{{line-{:06}}}/{}neighbor{{{}}}", index / 2,
+                     index % 2 == 0 ? "" : "backup-", address);
+}
+
+Tree pseudowires(const element::Schema &schema, std::size_t count) {
+  Tree tree(schema);
+  for (std::size_t index = 0; index < count; ++index) {
+    tree.put(pseudowire_path(index) + "/pw-id", static_cast<std::uint32_t>(index + 1));
+  }
+  return tree;
+}
+
+void shorten_pseudowire_table(Tree &derived) {
+  element::Node &table = derived.put("/KZ-PWE3-MIB/pwTable/pwEntry");
+  if (table.children.size() > kCountedPseudowires) table.children.resize(kCountedPseudowires);
+}
+
+PointCommit make_peer_commit(const element::Schema &schema, std::size_t size) {
+  element::Profile profile = element_with(0, {});
+  element::Identifiers identifiers;
+  Tree running = pseudowires(schema, size * 9 / 10);
+  Tree candidate = pseudowires(schema, size);
+  project(running, profile, identifiers);
+  project(candidate, profile, identifiers);
+  shorten_pseudowire_table(running);
+  shorten_pseudowire_table(candidate);
+  return {std::move(profile), std::make_unique<element::Transaction>(std::move(running), std::move(candidate)),
+          "vpn_peer_valp"};
+}
+
+std::size_t vlans_for(std::size_t members) { return (members + kMemberPorts - 1) / kMemberPorts; }
+
+// Every port carries an untagged VPN and, above the members' VLANs and below the last, as many VPNs with a VLAN as
+// there are members, or as there is room for.
+void put_vpns(Tree &tree, std::size_t member_vlans) {
+  const std::size_t room = kLastVlan - 1 - std::min(member_vlans, kLastVlan - 1);
+  const std::size_t vpns = std::min(member_vlans, room);
+  for (std::size_t port = 0; port < kMemberPorts; ++port) {
+    const auto access = [port](std::size_t vpn) {
+      return fmt::format("/mpls/l2vpn-config/l2vpn/vpws-group{{access}}/vpn{{port-{:02}-{:04}}}/access-interface{{{}}}",
+                         port, vpn, port_name(port));
+    };
+    tree.put(access(0) + "/encapsulation/untagged");
+    for (std::size_t vpn = 1; vpn <= vpns; ++vpn) {
+      tree.put(access(vpn) + "/dot1q", static_cast<std::uint16_t>(kLastVlan - vpn));
+    }
+  }
+}
+
+void put_members(Tree &tree, std::size_t members) {
+  for (std::size_t index = 0; index < members; ++index) {
+    tree.put(
+        fmt::format("/config/vlan{{{}}}/interface{{{}}}", 1 + index / kMemberPorts, port_name(index % kMemberPorts)));
+  }
+}
+
+// The uplink's VLAN is the last one: members that need it leave no uplink.
+Tree memberships(const element::Schema &schema, std::size_t member_vlans, std::size_t members) {
+  Tree tree(schema);
+  put_members(tree, members);
+  put_vpns(tree, member_vlans);
+  if (member_vlans < kLastVlan) {
+    tree.put(fmt::format("/config/vlan{{{}}}/interface{{{}}}", kLastVlan, kUplinkPort));
+    tree.put("/config/l3-interface{l3-uplink}/vlan", static_cast<std::uint16_t>(kLastVlan));
+    tree.put("/mpls/ldp/interface{l3-uplink}");
+  }
+  return tree;
+}
+
+PointCommit make_membership_commit(const element::Schema &schema, std::size_t size) {
+  element::Profile profile = element_with(kMemberPorts, {kUplinkPort});
+  const std::size_t vlans = vlans_for(size);
+  auto transaction =
+      make_transaction(memberships(schema, vlans, size * 9 / 10), memberships(schema, vlans, size), profile);
+  return {std::move(profile), std::move(transaction), "vlm_memb_valp"};
+}
+
+PointCommit make_access_commit(const element::Schema &schema, Shape shape, std::size_t size) {
+  Commit commit = make_commit(schema, shape, size);
+  auto transaction = make_transaction(std::move(commit.running), std::move(commit.candidate), commit.profile);
+  return {std::move(commit.profile), std::move(transaction), "vpn_access_valp"};
+}
+
+}  // namespace
+
+std::string_view name(PointCommitKind kind) { return kNames.at(static_cast<std::size_t>(kind)); }
+
+std::optional<PointCommitKind> kind_named(std::string_view name) {
+  const auto found = std::find(kNames.begin(), kNames.end(), name);
+  if (found == kNames.end()) return std::nullopt;
+  return static_cast<PointCommitKind>(found - kNames.begin());
+}
+
+PointCommit make_point_commit(const element::Schema &schema, PointCommitKind kind, std::size_t size) {
+  switch (kind) {
+    case PointCommitKind::access_many_ports:
+      return make_access_commit(schema, Shape::many_ports, size);
+    case PointCommitKind::access_few_ports:
+      return make_access_commit(schema, Shape::few_ports, size);
+    case PointCommitKind::access_one_vpn:
+      return make_access_commit(schema, Shape::one_vpn, size);
+    case PointCommitKind::peer:
+      return make_peer_commit(schema, size);
+    case PointCommitKind::membership:
+      break;
+  }
+  return make_membership_commit(schema, size);
+}
+
+}  // namespace bench
