@@ -23,27 +23,27 @@ bool PathText::format(const char *format, std::va_list arguments) {
 }
 
 // Answers where the format goes on. After a conversion that is not known the arguments' types are not known either.
-const char *PathText::convert(const char *specification, Arguments &arguments) {
+const char *PathText::convert(const char *conversion, Arguments &arguments) {
   int longs = 0;
-  for (; *specification == 'l'; ++specification) ++longs;
-  switch (*specification) {
+  for (; *conversion == 'l'; ++conversion) ++longs;
+  switch (*conversion) {
     case 's': {
       const char *text = va_arg(arguments.list, const char *);
       argument(text == nullptr ? "(null)" : text);
-      return specification + 1;
+      return conversion + 1;
     }
     case 'd':
     case 'i':
     case 'u':
     case 'x':
-      number(*specification, longs, arguments);
-      return specification + 1;
+      number(*conversion, longs, arguments);
+      return conversion + 1;
     case '%':
       path_text("%");
-      return specification + 1;
+      return conversion + 1;
     default:
       state_ = State::broken;
-      return specification;
+      return conversion;
   }
 }
 

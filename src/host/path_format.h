@@ -40,7 +40,7 @@ class PathText {
     std::va_list list;
   };
 
-  const char *convert(const char *specification, Arguments &arguments);
+  const char *convert(const char *conversion, Arguments &arguments);
   void number(char conversion, int longs, Arguments &arguments);
   void argument(std::string_view text);
   void path_text(std::string_view text);

@@ -36,6 +36,8 @@ std::uint32_t read_bridge_domain_vlan(std::int32_t sock, confd_trans_ctx *tctx, 
   return vlan;
 }
 
+// The walked list decides where the basic VLAN comes from. The encapsulation's tree goes by the group's name instead,
+// and there the keyword counts anywhere: a VPLS group whose key holds "vpws-group " is looked for among the VPWS ones.
 void load_attachment(std::int32_t sock, confd_trans_ctx *tctx, const char *group_prefix, const maapi_cursor &mc,
                      st_val_acc_dot1q_vpn_t &snapshot) {
   const std::string group = GET_BUF(&mc.keys[0]);
@@ -67,7 +69,8 @@ encap_paths_t build_encap_paths(const attachment_t &at, std::uint32_t vpn_id) {
                       group.c_str(), vpn.c_str(), vpn_id, at.interface.c_str())};
 }
 
-// The values are integers, which own nothing: only their buffer is released.
+// The values are integers, which own nothing: only their buffer is released. A failed fetch counts as no encapsulation,
+// also for an untagged attachment: the caller then records the basic VLAN, which turns encap_cfg off again.
 std::int32_t load_ranges(std::int32_t sock, confd_trans_ctx *tctx, const attachment_t &at, const std::string &path,
                          int count, st_val_acc_dot1q_vpn_t &snapshot) {
   constexpr int kValuesPerRange = 2;

@@ -10,6 +10,8 @@ namespace {
 
 constexpr int kMaxListedInterfaces = 16;
 
+// With the dash that stands before the number, unlike the other rules' tests: an interface that is just named
+// "service-port" is listed here.
 bool is_service_port(const std::string &interface) { return interface.rfind("service-port-", 0) == 0; }
 
 bool is_entry_changed(std::int32_t sock, confd_trans_ctx *tctx, const std::string &list, const std::string &interface) {

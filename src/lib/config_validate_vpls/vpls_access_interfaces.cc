@@ -19,7 +19,8 @@ struct bridge_domain_t {
 };
 
 // The types alone decide what was read: a failed read leaves both unset, and the VPN then has no VLAN and the service
-// off.
+// off. The path has the id as a signed number: nothing is found for an id from 2^31 on, which the application does not
+// reach.
 bridge_domain_t read_bridge_domain(std::int32_t sock, confd_trans_ctx *tctx, const std::string &group,
                                    const std::string &vpn, std::uint32_t vpn_id) {
   scoped_object<2> values;

@@ -14,6 +14,7 @@ std::int32_t lib_init(void **state) {
   return 0;
 }
 
+// A negative length is no room: nothing may be written.
 std::int32_t get_validation_point(char *name, std::int32_t length) {
   const auto room = static_cast<std::size_t>(std::max(length, 0));
   std::snprintf(name, room, "%s", "vpn_app_validation");

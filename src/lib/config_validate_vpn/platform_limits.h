@@ -3,7 +3,8 @@
 
 #include <cstdint>
 
-/// Stands for a limit that has not been read. As a signed number it is -1, which every count exceeds.
+/// Stands for a limit that has not been read. As a signed number it is -1, which every count but a failed one
+/// exceeds.
 constexpr std::uint32_t kLimitNotRead = 0xFFFFFFFF;
 
 /// Capacities of the line card, read once a process by lib_init, only read from then on.
