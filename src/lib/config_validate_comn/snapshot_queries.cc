@@ -67,6 +67,8 @@ bool has_vlan_based_vpn_in_interface(const intf_map_t &intf_map, const std::stri
                      [](const auto &entry) { return !is_port_based(entry.second); });
 }
 
+// By value is how the rules know it; walks over many records ask is_port_based, which copies nothing.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 bool is_interface_vpn_port_based(acc_intf_vpn_info_t record) { return is_port_based(record); }
 
 bool has_modified_port_based_vpn_in_interface(const st_val_acc_dot1q_vpn_t &snapshot, const std::string &interface,
