@@ -101,6 +101,8 @@ std::int32_t validate(confd_trans_ctx *tctx, confd_hkeypath_t *kp, confd_value_t
 
 std::int32_t lib_finish(void **) {
   confd_free_value(&kept_value);
+  kept_value = {};
   delete kept_session;
+  kept_session = nullptr;
   return 0;
 }
