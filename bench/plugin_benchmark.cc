@@ -1,0 +1,89 @@
+// One validation of a commit that every rule accepts, at growing sizes. The time is the plug-in's own, apart from the
+// platform calls, but holds about one reading of the clock for each call (some 25 ns). `plugin` and `platform` are the
+// least seconds of any iteration, out of and in the calls: the ones that a busy machine has disturbed least. The other
+// counters are the platform's functions and how often each was called.
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <initializer_list>
+#include <limits>
+#include <string>
+
+#include "bench/asked_point.h"
+#include "bench/peak_memory.h"
+#include "bench/point_commits.h"
+#include "bench/timed_platform.h"
+
+namespace {
+
+using Seconds = std::chrono::duration<double>;
+
+const element::Schema &schema() {
+  static const element::Schema schema;
+  return schema;
+}
+
+void report_calls(benchmark::State &state, const host::Account &account) {
+  std::uint64_t all = 0;
+  for (std::size_t i = 0; i < host::seam_function_count; ++i) {
+    if (account.calls[i] == 0) continue;
+    all += account.calls[i];
+    state.counters[std::string(name(static_cast<host::SeamFunction>(i)))] = static_cast<double>(account.calls[i]);
+  }
+  state.counters["calls"] = static_cast<double>(all);
+}
+
+void validate(benchmark::State &state, bench::PointCommitKind kind) {
+  const bench::PointCommit commit = make_point_commit(schema(), kind, static_cast<std::size_t>(state.range(0)));
+  host::Seam seam(commit.profile);
+  const host::Plugin library(PLUGIN_FILE);
+  bench::AskedPoint point(commit, library, seam);
+
+  constexpr double kNever = std::numeric_limits<double>::max();
+  double plugin_least = kNever;
+  double platform_least = kNever;
+  std::size_t peak = 0;
+  for (auto _ : state) {
+    const bench::PeakMemory memory;
+    const auto platform_before = bench::time_in_platform();
+    const auto start = std::chrono::steady_clock::now();
+    point.validate();
+    const Seconds all = std::chrono::steady_clock::now() - start;
+    const Seconds in_platform = bench::time_in_platform() - platform_before;
+    const Seconds in_plugin = all - in_platform;
+    state.SetIterationTime(in_plugin.count());
+    plugin_least = std::min(plugin_least, in_plugin.count());
+    platform_least = std::min(platform_least, in_platform.count());
+    peak = std::max(peak, memory.bytes());
+  }
+  using benchmark::Counter;
+  state.counters["plugin"] = plugin_least;
+  state.counters["platform"] = platform_least;
+  state.counters["peak"] = Counter(static_cast<double>(peak), Counter::kDefaults, Counter::kIs1024);
+  report_calls(state, seam.account);
+}
+
+void add(bench::PointCommitKind kind, std::initializer_list<std::int64_t> sizes) {
+  auto *benchmark = benchmark::RegisterBenchmark(std::string(name(kind)).c_str(), validate, kind);
+  for (const std::int64_t size : sizes) benchmark->Arg(size);
+  benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(0.2);
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+  using Kind = bench::PointCommitKind;
+  for (const Kind kind : {Kind::access_many_ports, Kind::access_few_ports, Kind::access_one_vpn}) {
+    add(kind, {256, 1024, 4096, 16384, 65536});
+  }
+  add(Kind::peer, {64, 256, 1024, 16384, 65536});
+  constexpr std::int64_t kAllVlansOn64Ports = 4094 * 64;
+  add(Kind::membership, {1024, 4096, 16384, 65536, kAllVlansOn64Ports});
+
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 64;
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
