@@ -66,7 +66,7 @@ TEST_P(EncapsulationAgreementTest, AllInterfacesOfAVpnHaveAnEncapsulationOrNone)
       EXPECT_EQ(platform.error(), kMessage);
     }
 
-    const Claims &own = recorded().at("eth-2 vpls-group north vpn red");
+    const Claims own = recorded().at("eth-2 vpls-group north vpn red");
     EXPECT_EQ(own.encap_cfg, row.has_encapsulation) << "the flag is recorded whatever the verdict";
     EXPECT_EQ(own.ranges, Ranges{});
   }
