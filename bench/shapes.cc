@@ -52,11 +52,14 @@ void put_on_many_ports(Tree &tree, std::size_t index) {
   }
 }
 
+// Every VPN keeps to one port: with one more attachment all attachments of a VPLS VPN count as changed, and of VPNs
+// over all ports ever more would be, the more ports there are.
 void put_on_few_ports(Tree &tree, std::size_t index) {
   const std::size_t port = index / kVlans;
   const std::size_t vlan = 1 + index % kVlans;
-  if (vlan % 2 == 1) return put_vpls(tree, fmt::format("vlan-{:04}", vlan), vlan, port);
-  put_vpws(tree, fmt::format("port-{:06}-{:04}", port + 1, vlan), vlan, port);
+  const std::string vpn = fmt::format("port-{:06}-{:04}", port + 1, vlan);
+  if (vlan % 2 == 1) return put_vpls(tree, vpn, vlan, port);
+  put_vpws(tree, vpn, vlan, port);
 }
 
 void put_access_interface(Tree &tree, Shape shape, std::size_t index) {

@@ -13,7 +13,7 @@ namespace bench {
 /// How access interfaces spread over ports and VPNs.
 enum class Shape {
   many_ports,  ///< four VPNs a port: two VPLS VPNs over sixteen ports each, two VPWS VPNs, one of them with a range
-  few_ports,   ///< 4094 VLANs a port, VPLS VPNs on the odd ones, VPWS VPNs on the even ones
+  few_ports,   ///< 4094 VLANs a port, each a VPN of its own: VPLS on the odd ones, VPWS on the even ones
   one_vpn      ///< one VPLS VPN on every port
 };
 
