@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <string>
 
+#include "bench/cpu_time.h"
 #include "confd_cdb.h"
 #include "confd_lib.h"
 #include "confd_maapi.h"
@@ -16,19 +17,20 @@
 namespace bench {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-Clock::duration spent{};
+PlatformTime spent;
 
 class Timed {
  public:
   Timed() = default;
-  ~Timed() { spent += Clock::now() - start_; }
+  ~Timed() {
+    spent.seconds += cpu_seconds() - start_;
+    ++spent.timed_calls;
+  }
   Timed(const Timed &) = delete;
   Timed &operator=(const Timed &) = delete;
 
  private:
-  Clock::time_point start_ = Clock::now();
+  double start_ = cpu_seconds();
 };
 
 /// The element's own function of this name.
@@ -54,7 +56,15 @@ class FilledPath {
 
 }  // namespace
 
-std::chrono::nanoseconds time_in_platform() { return spent; }
+PlatformTime platform_time() { return spent; }
+
+double clock_reading_seconds() {
+  constexpr int kReadings = 10000;
+  return cpu_seconds_of([] {
+           for (int i = 0; i < kReadings; ++i) cpu_seconds();
+         }) /
+         kReadings;
+}
 
 }  // namespace bench
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "bench/asked_point.h"
-#include "bench/peer/cpu_time.h"
+#include "bench/cpu_time.h"
 #include "bench/peer/entries.h"
 #include "bench/peer/yang_rules.h"
 #include "bench/point_commits.h"

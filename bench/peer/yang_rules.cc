@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "bench/peer/cpu_time.h"
+#include "bench/cpu_time.h"
 
 namespace bench {
 namespace {

@@ -1,5 +1,5 @@
-#ifndef BENCH_PEER_CPU_TIME_H
-#define BENCH_PEER_CPU_TIME_H
+#ifndef BENCH_CPU_TIME_H
+#define BENCH_CPU_TIME_H
 
 namespace bench {
 

@@ -1,4 +1,4 @@
-#include "bench/peer/cpu_time.h"
+#include "bench/cpu_time.h"
 
 #include <ctime>
 
