@@ -1,0 +1,77 @@
+#include <new>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "config_validate_comn/value_assert.h"
+#include "config_validate_vpn/entry_points.h"
+#include "config_validate_vpn/platform_limits.h"
+#include "drawn_commit.h"
+#include "fuzz_target.h"
+#include "host/agent_paths.h"
+#include "host/agent_values.h"
+
+namespace {
+
+/// Stands for the end of the process on a value of another type than the data model gives it.
+struct TypeAssertion {};
+
+/// What the library answers, or nothing where it does not answer: a broken data model ends the process, and these
+/// exceptions reach the host, for a list that cannot be counted any more or for an uplink whose VLAN is no number.
+std::optional<std::int32_t> ask(fuzz::DrawnCommit &commit, confd_trans_ctx &context) {
+  confd_hkeypath_t path{};
+  host::KeyPath(commit.path).write(path);
+  confd_value_t value = host::lent(commit.value, *commit.path.back().schema);
+  try {
+    return validate(&context, &path, &value);
+  } catch (const TypeAssertion &) {
+  } catch (const std::bad_array_new_length &) {
+  } catch (const std::invalid_argument &) {
+  } catch (const std::out_of_range &) {
+  }
+  return std::nullopt;
+}
+
+void require_nothing_kept(const host::Account &account, bool may_keep_cursor) {
+  require(account.open_sessions == 0, "every session is closed");
+  require(account.values_handed_out == 0, "every value is freed, and freed once");
+  require(account.open_cursors == 0 || (account.open_cursors == 1 && may_keep_cursor), "every cursor is destroyed");
+}
+
+void require_answer(std::int32_t answer, const confd_trans_ctx &context) {
+  require(answer == CONFD_OK || answer == CONFD_ERR || answer == CONFD_VALIDATION_WARN,
+          "the answer is accept, reject or accept with a warning");
+  const bool has_text = context.error.str != nullptr && *context.error.str != '\0';
+  require(answer == CONFD_OK || has_text, "a rejection and a warning have a text");
+}
+
+}  // namespace
+
+// The library is linked without its own, so that what a type assertion leaves open is seen.
+void value_assert_fail(const char *, const char *, unsigned, const char *) { throw TypeAssertion(); }
+
+/// Whatever the configurations hold and whichever call of the platform fails, the library answers as it must and keeps
+/// nothing.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+  static const element::Schema schema;
+  fuzz::DrawnCommit commit = fuzz::draw_commit(schema, data, size);
+  const element::Transaction transaction(std::move(commit.running), std::move(commit.candidate));
+  host::Seam seam(commit.profile);
+  seam.fault = commit.fault;
+  seam.serve(&transaction);
+
+  platform_limits = {};
+  void *state = nullptr;
+  lib_init(&state);
+
+  confd_trans_ctx context{};
+  context.thandle = seam.transaction_handle();
+  context.vcb_opaque = seam.middleware();
+  context.validate_opaque = commit.point.data();
+  const std::optional<std::int32_t> answer = ask(commit, context);
+  // The walk over the static members that comes to its end leaves its cursor to the agent.
+  require_nothing_kept(seam.account, answer && commit.point == "vlm_memb_valp");
+  if (answer) require_answer(*answer, context);
+  return 0;
+}
