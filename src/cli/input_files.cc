@@ -19,8 +19,8 @@ bool is_there(const fs::path &file) {
 }
 
 fs::path configuration_in(const fs::path &directory, const std::string &name) {
-  const fs::path xml = directory / (name + ".xml");
-  const fs::path json = directory / (name + ".json");
+  fs::path xml = directory / (name + ".xml");
+  fs::path json = directory / (name + ".json");
   if (!is_there(json)) return xml;
   if (!is_there(xml)) return json;
   throw element::InputError(

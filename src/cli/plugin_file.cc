@@ -14,9 +14,9 @@ fs::path find_plugin_file(const std::string &option, const Environment &environm
   if (!environment.plugin_variable.empty()) return fs::absolute(environment.plugin_variable);
 
   const fs::path lib = (environment.program.parent_path() / "../lib").lexically_normal();
-  const fs::path built = lib / "libconfig_validate_vpn.so";
+  fs::path built = lib / "libconfig_validate_vpn.so";
   if (fs::exists(built)) return built;
-  const fs::path installed = lib / VPNVAL_MULTIARCH / "vpnval" / "libconfig_validate_vpn.so";
+  fs::path installed = lib / VPNVAL_MULTIARCH / "vpnval" / "libconfig_validate_vpn.so";
   if (fs::exists(installed)) return installed;
   throw host::LoadError(fmt::format("{}: no such file, nor {}; --plugin or VPNVAL_PLUGIN may name another",
                                     built.string(), installed.string()));
