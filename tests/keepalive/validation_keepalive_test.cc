@@ -15,8 +15,8 @@ using scripted::FakeClock;
 
 struct Timeline {
   const char *name;
-  std::vector<long> calls;  ///< seconds after the start of the clock
-  const char *extended;     ///< what each call did: nothing "-" or an extension, by its seconds
+  std::vector<double> calls;  ///< seconds after the start of the clock
+  const char *extended;       ///< what each call did: nothing "-" or an extension, by its seconds
 };
 
 const std::vector<Timeline> timelines{
@@ -25,6 +25,8 @@ const std::vector<Timeline> timelines{
     {"ten seconds apart", {0, 10}, "- - "},
     {"ten seconds apart never add up to an extension before 36", {0, 10, 20, 30}, "- - - - "},
     {"36 seconds are not enough", {0, 36}, "- - "},
+    {"nor are they from within a second on", {0.5, 36.5}, "- - "},
+    {"a part of a second more is", {0, 36.5}, "- 120 "},
     {"37 seconds are", {0, 37}, "- 120 "},
     {"the interval runs from the last extension, not from the last call", {0, 20, 37}, "- - 120 "},
     {"an extension restarts the interval", {0, 37, 73, 74}, "- 120 - 120 "},
@@ -34,7 +36,7 @@ const std::vector<Timeline> timelines{
 [[noreturn]] void run(const Timeline &timeline) {
   scripted::Platform platform;
   std::string extended;
-  for (const long second : timeline.calls) {
+  for (const double second : timeline.calls) {
     FakeClock::set(second);
     const std::size_t before = platform.timeouts().size();
     const std::int32_t result = validation_keepalive(&platform.context());
@@ -58,7 +60,7 @@ TEST(ValidationKeepaliveTest, ExtendsOnceInMoreThan36Seconds) {
 [[noreturn]] void let_the_extension_fail() {
   scripted::Platform platform;
   platform.fail("confd_data_set_timeout", 1);
-  for (const long second : {0, 37, 73, 74}) {
+  for (const double second : {0.0, 37.0, 73.0, 74.0}) {
     FakeClock::set(second);
     std::fprintf(stderr, "%d ", validation_keepalive(&platform.context()));
   }

@@ -4,6 +4,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -30,15 +31,16 @@ class FakeClock {
     std::exit(EXIT_FAILURE);
   }
 
-  /// Sets the clock this many seconds after its start; also back.
-  static void set(long seconds) {
-    const std::time_t time = kStart + seconds;
+  /// Sets the clock this many seconds, to the millisecond, after its start; also back.
+  static void set(double seconds) {
+    const double whole = std::floor(seconds);
+    const std::time_t time = kStart + static_cast<std::time_t>(whole);
     std::tm parts{};
     localtime_r(&time, &parts);
     char text[32];
-    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S\n", &parts);
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &parts);
     std::FILE *file = std::fopen(std::getenv(kFile), "w");
-    std::fputs(text, file);
+    std::fprintf(file, "%s.%03ld\n", text, std::lround((seconds - whole) * 1000));
     std::fclose(file);
   }
 

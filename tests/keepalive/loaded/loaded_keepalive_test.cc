@@ -14,7 +14,7 @@ namespace {
 using scripted::FakeClock;
 
 struct Commit {
-  long second;
+  double second;
   const char *point;
 };
 
