@@ -47,9 +47,7 @@ int maapi_num_instances(int sock, int thandle, const char *fmt, ...) {
   va_start(arguments, fmt);
   const auto path = Platform::active().enter_read("maapi_num_instances", sock, thandle, fmt, arguments);
   va_end(arguments);
-  if (!path) return CONFD_ERR;
-  const scripted::List *list = Platform::active().candidate().find_list(*path);
-  return list == nullptr ? 0 : static_cast<int>(list->rows.size());
+  return path ? Platform::active().instances(*path) : CONFD_ERR;
 }
 
 int maapi_exists(int sock, int thandle, const char *fmt, ...) {

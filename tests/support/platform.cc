@@ -58,6 +58,15 @@ void Platform::leaf(std::string_view path) { candidate_.leaf(path); }
 void Platform::leaf(std::string_view path, Value value) { candidate_.leaf(path, std::move(value)); }
 void Platform::object(std::string_view path, Values values) { candidate_.object(path, std::move(values)); }
 
+void Platform::count_as(std::string_view list_path, int count) { told_counts_[to_text(parse_path(list_path))] = count; }
+
+int Platform::instances(const Path &list) const {
+  const auto told = told_counts_.find(to_text(list));
+  if (told != told_counts_.end()) return told->second;
+  const List *found = candidate_.find_list(list);
+  return found == nullptr ? 0 : static_cast<int>(found->rows.size());
+}
+
 Change &Platform::change(std::string_view path, confd_iter_op op, std::optional<Value> new_value) {
   Path parsed = parse_path(path);
   key_counts_.learn_ancestors(parsed);

@@ -102,6 +102,9 @@ class Platform {
   void leaf(std::string_view path, Value value);
   void object(std::string_view path, Values values);
 
+  /// What counting a list's entries answers, however many there are: others write to it while it is read.
+  void count_as(std::string_view list_path, int count);
+
   /// Declares a change; iterations report changes in the order in which they were declared. The result may be altered
   /// as long as the platform lives.
   Change &change(std::string_view path, confd_iter_op op, std::optional<Value> new_value = {});
@@ -170,6 +173,7 @@ class Platform {
   void add_trace(TraceCall call) { trace_.push_back(std::move(call)); }
   const std::list<Change> &changes() const { return changes_; }
   const std::vector<Interface> &interfaces() const { return interfaces_; }
+  int instances(const Path &list) const;
   bool is_valid_name(std::string_view name) const { return valid_names_.contains(std::string(name)); }
 
   Cursors cursors;
@@ -186,6 +190,7 @@ class Platform {
   KeyCounts key_counts_;
   Datastore candidate_{key_counts_};
   Datastore running_{key_counts_};
+  std::map<std::string, int> told_counts_;
   std::list<Change> changes_;
 
   confd_trans_ctx context_{};

@@ -64,6 +64,16 @@ TEST_F(InterfaceEncapsulationTest, AListWithoutRangesIsReadAsNone) {
   EXPECT_EQ(ranges.size(), 0);
 }
 
+TEST_F(InterfaceEncapsulationTest, RangesThatWentBetweenTheCountAndTheFetchAreNotThere) {
+  platform.list(kRanges, 2, {{u32(10), u32(20)}});
+  platform.count_as(kRanges, 3);
+  const encap_ranges_t ranges(sock(), tctx(), kRanges);
+  EXPECT_TRUE(ranges.is_read());
+  ASSERT_EQ(ranges.size(), 1);
+  EXPECT_EQ(ranges.entry(0)[0].val.u32, 10U);
+  EXPECT_EQ(calls_of({"maapi_get_objects"}), Calls{std::string("maapi_get_objects ") + kRanges + " 3x2"});
+}
+
 TEST_F(InterfaceEncapsulationTest, AFailedFetchIsToldAndClosesItsCursor) {
   platform.list(kRanges, 2, {{u32(10), u32(20)}});
   for (const char *function : {"maapi_init_cursor", "maapi_get_objects"}) {

@@ -198,6 +198,52 @@ TEST_F(SnapshotLoadingTest, AnEncapsulationsPathIsCutAt511Characters) {
   EXPECT_EQ(calls_of({"maapi_exists"}), (Calls{"maapi_exists " + whole.substr(0, 511)}));
 }
 
+TEST_F(SnapshotLoadingTest, RangesThatWentBetweenTheCountAndTheFetchAreNotRecorded) {
+  add(Vpws{.vlan = 5, .ranges = {{10, 20}, {30, 40}}});
+  platform.count_as(vpws_encap({}, "dot1q-range"), 4);
+  load_vpws();
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVpwsBlue, {{{5, 5}, {10, 20}, {30, 40}}, true}}}));
+  EXPECT_EQ(calls_of({"maapi_get_objects"}), Calls{"maapi_get_objects " + vpws_encap({}, "dot1q-range") + " 4x2"});
+}
+
+TEST_F(SnapshotLoadingTest, WhenAllRangesWentTheVlanIsRecordedOnce) {
+  add(Vpws{.vlan = 5});
+  platform.count_as(vpws_encap({}, "dot1q-range"), 1);
+  load_vpws();
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVpwsBlue, {{{5, 5}}, false}}}));
+}
+
+// Identifiers are numbers without sign, and so they stand in the paths.
+TEST_F(SnapshotLoadingTest, AnIdFromTwoToThe31OnIsWrittenWithoutSign) {
+  add_vpls({.id = 0x80000000, .vlan = 5, .untagged = true});
+  add(Vpws{.id = 0xFFFFFFFF, .vlan = 6, .ranges = {{10, 20}}});
+  load_vpls();
+  load_vpws();
+  EXPECT_EQ(recorded(),
+            (std::map<std::string, Claims>{{kVplsRed, {{{0, 0}}, true}}, {kVpwsBlue, {{{6, 6}, {10, 20}}, true}}}));
+  EXPECT_EQ(
+      calls_of({"maapi_get_u_int32_elem", "maapi_exists"}),
+      (Calls{
+          "maapi_get_u_int32_elem /internal/int-sub-vpls-vpn-bd{north red 2147483648}/int-vpls-bd-vlan",
+          "maapi_exists /internal/int-vpls-group{north}/int-vpls-vpn{red 2147483648}/int-vpls-bd/int-vpls-ac{eth-1}/int-vpls-encap/int-vpls-encap-untagged",
+          "maapi_exists /internal/int-vpws-intf-encap{west blue 4294967295 eth-1}/int-vpws-encap-untagged"}));
+}
+
+// The word counts wherever it stands in the group's name: the encapsulation of such a VPLS group is looked for among
+// the VPWS ones, where it is not found.
+TEST_F(SnapshotLoadingTest, AVplsGroupThatHoldsTheOtherFamilysWordIsReadAsOne) {
+  EXPECT_EQ(get_vpn_access_encap(sock(), tctx(), "vpls-group my vpws-group ", "vpn red", 1, "eth-1", 5, snapshot), -1);
+  const std::string entry = "/internal/int-vpws-intf-encap{my vpws-group  red 1 eth-1}";
+  EXPECT_EQ(platform.calls(), (Calls{"maapi_exists " + entry + "/int-vpws-encap-untagged",
+                                     "maapi_num_instances " + entry + "/int-vpws-encap-dot1q-range"}));
+}
+
+TEST_F(SnapshotLoadingTest, AVpwsGroupThatHoldsTheOtherFamilysWordIsStillOne) {
+  EXPECT_EQ(get_vpn_access_encap(sock(), tctx(), "vpws-group my vpls-group ", "vpn blue", 7, "eth-1", 5, snapshot), -1);
+  EXPECT_EQ(calls_of({"maapi_exists"}),
+            Calls{"maapi_exists /internal/int-vpws-intf-encap{my vpls-group  blue 7 eth-1}/int-vpws-encap-untagged"});
+}
+
 struct EncapResultCase {
   const char *name;
   bool untagged;

@@ -183,6 +183,21 @@ TEST_F(VplsAccessEncapsulationTest, RangesThatCannotBeReadAreAcceptedUnrecorded)
   }
 }
 
+TEST_F(VplsAccessEncapsulationTest, RangesThatWentBetweenTheCountAndTheFetchAreNeitherComparedNorRecorded) {
+  set_ranges({{u32(10), u32(20)}});
+  platform.count_as(kRanges, 2);
+  EXPECT_EQ(verdict(5, false, true), 0);
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kRecord, {{{5, 5}, {10, 20}}, true}}}));
+}
+
+TEST_F(VplsAccessEncapsulationTest, AnIdFromTwoToThe31OnIsWrittenWithoutSign) {
+  config_validate_vpls_access_encap(sock(), tctx(), group, vpn, 0x80000000, interface, 5, false, true, snapshot);
+  ASSERT_FALSE(platform.calls().empty());
+  EXPECT_EQ(
+      platform.calls().front(),
+      "maapi_num_instances /internal/int-vpls-group{north}/int-vpls-vpn{red 2147483648}/int-vpls-bd/int-vpls-ac{eth-1}/int-vpls-encap/int-vpls-encap-dot1q-range");
+}
+
 TEST_F(VplsAccessEncapsulationTest, AFailedCountLeavesByException) {
   set_ranges({{u32(10), u32(20)}});
   fail_only("maapi_num_instances", 1);

@@ -279,6 +279,19 @@ TEST_F(VplsAccessInterfacesTest, ABridgeDomainThatCannotBeReadHasNoVlanAndNoServ
   EXPECT_FALSE(get_vpls_tls("vpls-group north", "vpn red", snapshot));
 }
 
+// The paths of the count and of the bridge domain have the id as a signed number, those of the encapsulation have not:
+// the VPN of an id that the application does not reach has no VLAN and no service, but an encapsulation.
+TEST_F(VplsAccessInterfacesTest, TheBridgeDomainOfAnIdFromTwoToThe31OnIsNotFound) {
+  add(Vpls{.id = 0x80000000, .vlan = 100, .tls = 1, .ranges = {{10, 20}}});
+  maximum = 0;
+  expect_accepted();
+  EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{"eth-1 vpls-group north vpn red", {{{10, 20}}, true}}}));
+  EXPECT_FALSE(get_vpls_tls("vpls-group north", "vpn red", snapshot));
+  const std::string vpn = "/internal/int-vpls-group{north}/int-vpls-vpn{red -2147483648}/int-vpls-bd";
+  EXPECT_EQ(calls_of({"maapi_get_object"}), Calls{"maapi_get_object " + vpn});
+  EXPECT_EQ(calls_of({"maapi_num_instances"}).front(), "maapi_num_instances " + vpn + "/int-vpls-ac");
+}
+
 TEST_F(VplsAccessInterfacesTest, BridgeDomainValuesOfAnotherTypeCountAsUnset) {
   add(Vpls{});
   platform.object(bridge_domain(Vpls{}), {text("100"), text("1")});

@@ -54,6 +54,27 @@ TEST_F(VpwsAccessInterfacesTest, OnlyItsOwnEntryIsAnAttachmentsChange) {
   EXPECT_EQ(snapshot.mop_map, (decltype(snapshot.mop_map){{{"vpws-group west", "vpn blue", "eth-2"}, MOP_VALUE_SET}}));
 }
 
+// The word counts wherever it stands in the group's name: the change of such a VPWS group's attachment is looked for
+// among the VPLS ones. Its encapsulation goes by the walk.
+TEST_F(VpwsAccessInterfacesTest, AGroupThatHoldsTheOtherFamilysWordIsChangedWhereThatFamilyIs) {
+  platform.entry(kVpwsAttachments, {text("my vpls-group "), text("blue"), u32(7), text("eth-1"), u32(5)});
+  expect_accepted();
+  EXPECT_EQ(
+      calls_of({"maapi_keypath_diff_iterate", "maapi_exists"}),
+      (Calls{
+          "maapi_keypath_diff_iterate /mpls/l2vpn-config/l2vpn/vpls-group{my vpls-group }/vpn{blue}/bridge-domain/access-interface{eth-1}",
+          "maapi_exists /internal/int-vpws-intf-encap{my vpls-group  blue 7 eth-1}/int-vpws-encap-untagged"}));
+  EXPECT_EQ(recorded(),
+            (std::map<std::string, Claims>{{"eth-1 vpws-group my vpls-group  vpn blue", {{{5, 5}}, false}}}));
+}
+
+TEST_F(VpwsAccessInterfacesTest, AnIdFromTwoToThe31OnIsWrittenWithoutSign) {
+  add(Vpws{.id = 0x80000000, .vlan = 5, .ranges = {{10, 20}}});
+  expect_accepted();
+  EXPECT_EQ(recorded(),
+            (std::map<std::string, Claims>{{"eth-1 vpws-group west vpn blue", {{{5, 5}, {10, 20}}, true}}}));
+}
+
 TEST_F(VpwsAccessInterfacesTest, TheElementMustHaveTheInterface) {
   add(Vpws{.interface = "eth-9"});
   expect_rejected("vpws-group west vpn blue interface is not valid. Verify available interfaces");
