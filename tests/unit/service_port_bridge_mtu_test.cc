@@ -32,6 +32,12 @@ TEST_F(ServicePortBridgeMtuTest, ThePathHoldsTheVpnsIdentifier) {
             "/internal/int-vpls-group{north}/int-vpls-vpn{blue 0}/int-vpls-bd/int-vpls-bd-mtu");
 }
 
+TEST_F(ServicePortBridgeMtuTest, AnIdentifierFromTwoToThe31OnIsWrittenWithoutSign) {
+  add_vpn("north", "yellow", 0xFFFFFFFF);
+  EXPECT_EQ(build_low_level_vpls_vpn_bd_mtu_path(sock(), tctx(), "vpls-group north", "vpn yellow"),
+            "/internal/int-vpls-group{north}/int-vpls-vpn{yellow 4294967295}/int-vpls-bd/int-vpls-bd-mtu");
+}
+
 TEST_F(ServicePortBridgeMtuTest, ThePathIsCutAt511Characters) {
   const std::string group(600, 'g');
   EXPECT_EQ(build_low_level_vpls_vpn_bd_mtu_path(sock(), tctx(), "vpls-group " + group, "vpn red"),
@@ -66,6 +72,14 @@ TEST_F(ServicePortBridgeMtuTest, AnyOtherFailedReadPasses) {
   fail_only("maapi_get_elem", 1);
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.error(), "");
+}
+
+TEST_F(ServicePortBridgeMtuTest, AVpnThatAFailedReadLetPassIsNotReadAgain) {
+  record_change("vpls-group north", "vpn red", "service-port-1");
+  record_change("vpls-group north", "vpn red", "service-port-2");
+  fail_only("maapi_get_elem", 1);
+  EXPECT_EQ(verdict(), 0) << "the second port would find the MTU missing";
+  EXPECT_EQ(platform.count("maapi_get_elem"), 1U);
 }
 
 TEST_F(ServicePortBridgeMtuTest, AFailedLookUpOfTheIdentifierReadsUnderZero) {

@@ -314,6 +314,22 @@ TEST_F(PortBasedServiceTest, AsksInThisOrder) {
              "maapi_destroy_cursor " + list}));
 }
 
+TEST_F(PortBasedServiceTest, WithAChangedServiceAsksForTheVlanAllTheSameAndForNoEntry) {
+  attach("eth-1");
+  list({"eth-1", "eth-2"});
+  change_service();
+  EXPECT_EQ(verdict(), -3);
+  const std::string list = kAccessList;
+  EXPECT_EQ(
+      platform.calls(),
+      (Calls{std::string("maapi_keypath_diff_iterate ") + kTlsSwitch, std::string("maapi_init_cursor ") + kVpns,
+             std::string("maapi_find_next ") + kVpns + " after {red 0}", std::string("maapi_destroy_cursor ") + kVpns,
+             std::string("maapi_keypath_diff_iterate ") + kBridgeDomain + "/int-vpls-bd-vlan",
+             "maapi_num_instances " + list, "maapi_init_cursor " + list, "maapi_get_next " + list,
+             "maapi_get_next " + list, "maapi_get_next " + list, "maapi_destroy_cursor " + list,
+             "confd_trans_seterr " + warning("eth-1 eth-2")}));
+}
+
 TEST_F(PortBasedServiceTest, ALongPathStaysWhole) {
   const std::string group(600, 'g');
   set_vpls_tls("vpls-group " + group, "vpn red", 1, snapshot);
@@ -386,6 +402,14 @@ TEST_F(PortBasedServiceTest, AnInterfacesNameIsAText) {
   EXPECT_BROKEN_MODEL(verdict(), "config_validate_comn", "(&mc.keys[0])->type == C_BUF");
   platform.list(kAccessList, 1, {{u32(1)}});
   EXPECT_EQ(verdict(), -3) << "a single entry is not read";
+}
+
+TEST_F(PortBasedServiceTest, AnInterfacesNameIsATextAlsoWhereNoneIsListed) {
+  attach("service-port-1");
+  platform.list(kAccessList, 1, {{u32(1)}, {u32(2)}});
+  EXPECT_BROKEN_MODEL(verdict(), "config_validate_comn", "(&mc.keys[0])->type == C_BUF");
+  change_service();
+  EXPECT_BROKEN_MODEL(verdict(), "config_validate_comn", "(&mc.keys[0])->type == C_BUF");
 }
 
 TEST_F(PortBasedServiceTest, TheKeysOfAVpnAreATextAndANumber) {

@@ -170,6 +170,19 @@ TEST_F(UplinkWarningTest, LooksUpInterfaceByInterfaceAndVlanByVlanUntilAHit) {
                    std::string("confd_trans_seterr ") + kWarning}));
 }
 
+TEST_F(UplinkWarningTest, EveryChangedVpnOfAnInterfaceIsLookedUpAnew) {
+  for (const char *vpn : {"vpn green", "vpn red"}) {
+    record_vlan("vpls-group north", vpn, "eth-1", 100);
+    record_change("vpls-group north", vpn, "eth-1");
+  }
+  add_uplink("l3-a", 1, "10");
+  EXPECT_EQ(verdict(), 0);
+  const std::string exists = std::string("maapi_exists ") + kMembers + "{1 10 1001}";
+  EXPECT_EQ(calls_of({"limid_from_intfname", "limid_to_ifindex", "maapi_exists"}),
+            (Calls{"limid_from_intfname eth-1", "limid_to_ifindex 101", exists, "limid_from_intfname eth-1",
+                   "limid_to_ifindex 101", exists}));
+}
+
 TEST_F(UplinkWarningTest, AFailedReadDrawsNoWarning) {
   record_changed_vlan("eth-1");
   add_uplink("l3-a", 1, "10");
