@@ -26,7 +26,7 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
 
   Report report;
   report.inputs = input.files();
-  report.library = plugin.file().string();
+  report.plugin_file = plugin.file().string();
   report.build_id = plugin.build_id();
   report.changes = list_changes(input.transaction().changes, arguments.derived);
   report.with_trace = arguments.trace;

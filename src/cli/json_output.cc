@@ -69,7 +69,7 @@ void write_json(std::ostream &out, const Report &report) {
   ordered_json json;
   json["schema-version"] = schema_version;
   json["program"] = {{"name", "vpnval"}, {"version", VPNVAL_VERSION}};
-  json["library"] = {{"file", report.library}, {"build-id", report.build_id}};
+  json["library"] = {{"file", report.plugin_file}, {"build-id", report.build_id}};
   json["inputs"] = {{"element", report.inputs.element.string()},
                     {"running", report.inputs.running.string()},
                     {"candidate", report.inputs.candidate.string()}};

@@ -15,7 +15,7 @@ namespace cli {
 /// What `check` found out, for every output format.
 struct Report {
   InputFiles inputs;
-  std::string library;  ///< the file that decided
+  std::string plugin_file;  ///< the file that decided
   std::string build_id;
   std::vector<ListedChange> changes;
   host::Verdict verdict;

@@ -87,7 +87,7 @@ void write_verdict(std::ostream &out, const Report &report) {
   out << fmt::format("\ncommit {}: {} of {} points asked, {} accepted, {} with a warning, {} rejected\n",
                      decision_text(report.verdict.decision), report.verdict.points.size(), report.verdict.points_fired,
                      counts.accepted, counts.warned, counts.rejected);
-  out << fmt::format("decided by {}, build id {}\n", printable(report.library), report.build_id);
+  out << fmt::format("decided by {}, build id {}\n", printable(report.plugin_file), report.build_id);
 }
 
 }  // namespace cli
