@@ -77,9 +77,9 @@ void KeyPath::write(confd_hkeypath_t &path) const {
     }
     const std::size_t count = std::min<std::size_t>(element.keys->size(), MAXKEYLEN - 1);
     for (std::size_t k = 0; k < count; ++k) path.v[i][k] = lent((*element.keys)[k], key_leaf(*element.schema, k));
-    path.v[i][count] = no_value();
+    path.v[i][count].type = C_NOEXISTS;
   }
-  for (std::size_t i = size_; i < MAXDEPTH; ++i) path.v[i][0] = no_value();
+  for (std::size_t i = size_; i < MAXDEPTH; ++i) path.v[i][0].type = C_NOEXISTS;
 }
 
 }  // namespace host

@@ -4,6 +4,7 @@
 #include <array>
 #include <set>
 #include <string_view>
+#include <unordered_set>
 
 namespace host {
 
@@ -22,19 +23,39 @@ element::Value value_after(const Change &change) {
   return change.after == nullptr ? element::Value{} : change.after->value;
 }
 
+/// The schema nodes at or below which validation points stand: what else changed, if much, fires nothing.
+class GuardedNodes {
+ public:
+  explicit GuardedNodes(const element::SchemaNode &root) { add(root); }
+
+  bool contains(const element::SchemaNode &node) const { return nodes_.count(&node) != 0; }
+
+ private:
+  bool add(const element::SchemaNode &node) {
+    bool is_guarded = !node.validation_points.empty();
+    for (const auto &child : node.children) is_guarded |= add(*child);
+    if (is_guarded) nodes_.insert(&node);
+    return is_guarded;
+  }
+
+  std::unordered_set<const element::SchemaNode *> nodes_;
+};
+
 class Walk {
  public:
+  explicit Walk(const element::SchemaNode &root) : guarded_(root) {}
+
   // A deleted node is not there to be validated; what it was deleted from is met before it.
   void visit(const Change &change) {
-    if (change.kind == ChangeKind::deleted) return;
+    if (change.kind == ChangeKind::deleted || !guarded_.contains(*change.schema)) return;
     const bool is_whole_list = change.schema->kind == NodeKind::list && !change.is_entry();
     if (is_whole_list) return visit_children(change);
 
-    path_.push_back({change.schema, change.is_entry() ? change.keys() : std::vector<element::Value>{}});
+    trail_.push_back(&change);
     fire(*change.schema, value_after(change));
     if (change.kind == ChangeKind::created && change.is_entry()) fire_keys(change);
     visit_children(change);
-    path_.pop_back();
+    trail_.pop_back();
   }
 
   void visit_children(const Change &change) {
@@ -47,13 +68,7 @@ class Walk {
   // A key is new where its entry is; it can never change.
   void fire_keys(const Change &entry) {
     const std::size_t count = std::min(entry.schema->key_count, entry.keys().size());
-    for (std::size_t i = 0; i < count; ++i) {
-      const element::SchemaNode &key = *entry.schema->children[i];
-      if (key.validation_points.empty()) continue;
-      path_.push_back({&key, {}});
-      fire(key, entry.keys()[i]);
-      path_.pop_back();
-    }
+    for (std::size_t i = 0; i < count; ++i) fire(*entry.schema->children[i], entry.keys()[i]);
   }
 
   void fire(const element::SchemaNode &node, const element::Value &value) {
@@ -61,11 +76,22 @@ class Walk {
       const bool is_asked_each_time =
           std::find(kPointsOfAnInterface.begin(), kPointsOfAnInterface.end(), point) != kPointsOfAnInterface.end();
       const bool is_first = fired_.insert(point).second;
-      if (is_first || is_asked_each_time) firings_.push_back({point, path_, value});
+      if (is_first || is_asked_each_time) firings_.push_back({point, path_to(node), value});
     }
   }
 
-  element::Path path_;
+  // The node is the last of the trail, or a key of it.
+  element::Path path_to(const element::SchemaNode &node) const {
+    element::Path path;
+    for (const Change *change : trail_) {
+      path.push_back({change->schema, change->is_entry() ? change->keys() : std::vector<element::Value>{}});
+    }
+    if (trail_.back()->schema != &node) path.push_back({&node, {}});
+    return path;
+  }
+
+  GuardedNodes guarded_;
+  std::vector<const Change *> trail_;
   std::set<std::string> fired_;
   std::vector<Firing> firings_;
 };
@@ -73,7 +99,7 @@ class Walk {
 }  // namespace
 
 std::vector<Firing> fired_points(const element::Transaction &transaction) {
-  Walk walk;
+  Walk walk(transaction.candidate.schema().root());
   walk.visit_children(transaction.changes);
   return walk.take();
 }

@@ -61,7 +61,7 @@ void PathText::number(char conversion, int longs, Arguments &arguments) {
                                                   : va_arg(arguments.list, unsigned int);
     result = std::to_chars(digits.begin(), digits.end(), value, conversion == 'x' ? 16 : 10);
   }
-  argument({digits.data(), static_cast<std::size_t>(result.ptr - digits.data())});
+  argument(keep({digits.data(), static_cast<std::size_t>(result.ptr - digits.data())}));
 }
 
 void PathText::argument(std::string_view text) {
@@ -114,7 +114,7 @@ std::size_t PathText::take_slash(std::string_view text) {
     return text.size();
   }
   state_ = State::name;
-  parts_.push_back({static_cast<std::uint32_t>(bytes_.size()), 0, false, false});
+  open_part(false);
   return 1;
 }
 
@@ -128,7 +128,7 @@ std::size_t PathText::take_name(std::string_view text) {
 // A slash is left to begin the next name with.
 std::size_t PathText::end_name(char terminator) {
   Part &name = parts_[parts_.size() - 1];
-  if (name.length == 0) {
+  if (name.text.empty()) {
     state_ = State::broken;
     return 1;
   }
@@ -175,21 +175,39 @@ std::size_t PathText::take_quoted(std::string_view text) {
   return length;
 }
 
+void PathText::open_part(bool is_key) { parts_.push_back({"", is_key, false, nullptr}); }
+
 void PathText::open_key() {
   if (key_is_open_) return;
   key_is_open_ = true;
-  parts_.push_back({static_cast<std::uint32_t>(bytes_.size()), 0, true, false});
+  open_part(true);
+}
+
+std::string_view PathText::keep(std::string_view digits) {
+  if (digits.size() > digits_.size() - digits_used_) return own_texts_.emplace_back(digits);
+  char *place = digits_.data() + digits_used_;
+  digits_used_ += digits.copy(place, digits.size());
+  return {place, digits.size()};
 }
 
 void PathText::append(std::string_view text) {
-  bytes_.append(text.data(), text.data() + text.size());
-  parts_[parts_.size() - 1].length += static_cast<std::uint32_t>(text.size());
+  Part &part = parts_[parts_.size() - 1];
+  if (part.text.empty()) {
+    part.text = text;
+    return;
+  }
+  if (part.text.data() + part.text.size() == text.data()) {
+    part.text = {part.text.data(), part.text.size() + text.size()};
+    return;
+  }
+  if (part.joined == nullptr) part.joined = &own_texts_.emplace_back(part.text);
+  part.text = part.joined->append(text);
 }
 
 bool PathText::is_complete() const {
   if (state_ == State::closed) return true;
   if (state_ != State::name) return false;
-  const bool has_name = parts_[parts_.size() - 1].length != 0;
+  const bool has_name = !parts_[parts_.size() - 1].text.empty();
   const bool is_root = parts_.size() == 1;
   return has_name || is_root;
 }

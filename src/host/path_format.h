@@ -3,8 +3,11 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <cstdarg>
-#include <cstdint>
+#include <cstddef>
+#include <list>
+#include <string>
 #include <string_view>
 
 namespace host {
@@ -14,14 +17,18 @@ namespace host {
 ///
 /// An argument that stands inside braces is one key or part of one, whatever characters it holds; one that stands
 /// outside is path text and read as such, braces included. Paths of any length are taken; ordinary ones cost no
-/// allocation.
+/// allocation. Names and keys are left where they stand, in the format or an argument, and are valid as long as these.
 class PathText {
  public:
+  PathText() = default;
+  PathText(const PathText &) = delete;
+  PathText &operator=(const PathText &) = delete;
+
   struct Part {
-    std::uint32_t begin;
-    std::uint32_t length;
-    bool is_key;      ///< of the list that the last name before it names
-    bool has_braces;  ///< names: braces follow, even empty ones
+    std::string_view text;
+    bool is_key;          ///< of the list that the last name before it names
+    bool has_braces;      ///< names: braces follow, even empty ones
+    std::string *joined;  ///< its text where that did not stand in one piece
   };
 
   /// False when the outcome is no path: no leading slash, an empty name, a brace or quote left open, text between a
@@ -30,8 +37,6 @@ class PathText {
 
   const Part *begin() const { return parts_.begin(); }
   const Part *end() const { return parts_.end(); }
-
-  std::string_view text(const Part &part) const { return {bytes_.data() + part.begin, part.length}; }
 
  private:
   enum class State { start, name, keys, quoted, escaped, closed, broken };
@@ -50,14 +55,18 @@ class PathText {
   std::size_t take_keys(std::string_view text);
   std::size_t take_quoted(std::string_view text);
   std::size_t end_name(char terminator);
+  void open_part(bool is_key);
   void open_key();
+  std::string_view keep(std::string_view digits);
   void append(std::string_view text);
   bool is_complete() const;
 
   State state_ = State::start;
   bool key_is_open_ = false;
-  fmt::basic_memory_buffer<char, 512> bytes_;
   fmt::basic_memory_buffer<Part, 32> parts_;
+  std::array<char, 128> digits_;  ///< of the numbers among the arguments
+  std::size_t digits_used_ = 0;
+  std::list<std::string> own_texts_;  ///< joined ones, and digits for which there was no room
 };
 
 }  // namespace host

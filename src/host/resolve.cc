@@ -91,7 +91,7 @@ int ResolvedPath::resolve(const element::Schema &schema, const char *format, std
   if (!text_.format(format, arguments)) return CONFD_ERR_BADPATH;
   target_ = &schema.root();
   const PathText::Part *part = text_.begin();
-  const bool is_root = part->length == 0 && !part->is_key;
+  const bool is_root = part->text.empty() && !part->is_key;
   if (is_root) return 0;
 
   while (part != text_.end()) {
@@ -107,7 +107,7 @@ int ResolvedPath::resolve(const element::Schema &schema, const char *format, std
 
 int ResolvedPath::add_name(const PathText::Part &name) {
   if (is_list()) return CONFD_ERR_BADPATH;
-  target_ = target_->child(text_.text(name));
+  target_ = target_->child(name.text);
   if (target_ == nullptr) return CONFD_ERR_BADPATH;
   steps_.push_back({target_, static_cast<std::uint32_t>(keys_.size()), false});
   return 0;
@@ -118,7 +118,7 @@ int ResolvedPath::add_keys(const PathText::Part *first, std::size_t count) {
   steps_[steps_.size() - 1].has_keys = true;
   for (std::size_t i = 0; i < count; ++i) {
     const element::SchemaNode &leaf = *target_->children[i];
-    const std::string_view text = text_.text(first[i]);
+    const std::string_view text = first[i].text;
     if (leaf.type == element::ValueType::text) {
       keys_.push_back(lent_text(text));
       continue;

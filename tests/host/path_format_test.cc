@@ -22,7 +22,7 @@ Parts parts(const char *format, ...) {
 
   std::vector<std::string> result;
   for (const host::PathText::Part &part : path) {
-    const std::string text(path.text(part));
+    const std::string text(part.text);
     result.push_back(part.is_key ? '[' + text + ']' : text + (part.has_braces ? "+" : ""));
   }
   return result;
@@ -106,6 +106,18 @@ TEST(PathFormat, TakesPathsOfAnyLength) {
     deep += '/' + names.back();
   }
   EXPECT_EQ(parts("%s", deep.c_str()), is(names));
+}
+
+TEST(PathFormat, TakesAnyNumberOfNumbersAndOfPiecesOfAKey) {
+  constexpr unsigned long long most = 18446744073709551615ULL;
+  const std::string digits = "18446744073709551615";
+  std::vector<std::string> expected(8, '[' + digits + ']');
+  expected.insert(expected.begin(), "l+");
+  EXPECT_EQ(parts("/l{%llu %llu %llu %llu %llu %llu %llu %llu}", most, most, most, most, most, most, most, most),
+            is(expected));
+  EXPECT_EQ(parts("/l{%llu-%llu-%llu-%llu-%llu-%s-%llu-%llu}", most, most, most, most, most, "x", most, most),
+            is({"l+", '[' + digits + '-' + digits + '-' + digits + '-' + digits + '-' + digits + "-x-" + digits + '-' +
+                          digits + ']'}));
 }
 
 TEST(PathFormat, ANullTextReadsAsPrintfWritesIt) {
