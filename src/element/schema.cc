@@ -104,7 +104,13 @@ void read_validation_points(const lysc_node &compiled, SchemaNode &node) {
 
 void read_children(const lysc_node *first, SchemaNode &parent);
 
-std::unique_ptr<SchemaNode> read_node(const lysc_node &compiled, SchemaNode &parent) {
+/// Which of a parent's choices and of the choice's cases a node stands in; 0: none.
+struct ChoicePlace {
+  std::size_t choice = 0;
+  std::size_t choice_case = 0;
+};
+
+std::unique_ptr<SchemaNode> read_node(const lysc_node &compiled, SchemaNode &parent, ChoicePlace place) {
   auto node = std::make_unique<SchemaNode>();
   node->name = compiled.name;
   node->module = compiled.module->name;
@@ -113,6 +119,9 @@ std::unique_ptr<SchemaNode> read_node(const lysc_node &compiled, SchemaNode &par
   node->module_tag = node_tag(node->module);
   node->parent = &parent;
   node->position = parent.children.size();
+  node->mandatory = (compiled.flags & LYS_MAND_TRUE) != 0;
+  node->choice = place.choice;
+  node->choice_case = place.choice_case;
   read_validation_points(compiled, *node);
   switch (compiled.nodetype) {
     case LYS_CONTAINER:
@@ -132,14 +141,33 @@ std::unique_ptr<SchemaNode> read_node(const lysc_node &compiled, SchemaNode &par
   return node;
 }
 
-void read_children(const lysc_node *first, SchemaNode &parent) {
-  for (const lysc_node *node = first; node != nullptr; node = node->next) {
-    if ((node->nodetype & (LYS_CHOICE | LYS_CASE)) != 0) {
-      read_children(lysc_node_child(node), parent);
-      continue;
+void add_child(const lysc_node &compiled, SchemaNode &parent, ChoicePlace place) {
+  if (parent.kind == NodeKind::list && (compiled.flags & LYS_KEY) != 0) ++parent.key_count;
+  parent.children.push_back(read_node(compiled, parent, place));
+}
+
+void read_choice(const lysc_node &choice, SchemaNode &parent, std::size_t number) {
+  ChoicePlace place{number, 0};
+  for (const lysc_node *one = lysc_node_child(&choice); one != nullptr; one = one->next) {
+    ++place.choice_case;
+    for (const lysc_node *node = lysc_node_child(one); node != nullptr; node = node->next) {
+      if (node->nodetype == LYS_CHOICE) {
+        throw std::runtime_error(
+            fmt::format("choice {} stands in a choice, which the element does not serve", node->name));
+      }
+      add_child(*node, parent, place);
     }
-    if (parent.kind == NodeKind::list && (node->flags & LYS_KEY) != 0) ++parent.key_count;
-    parent.children.push_back(read_node(*node, parent));
+  }
+}
+
+void read_children(const lysc_node *first, SchemaNode &parent) {
+  std::size_t choices = 0;
+  for (const lysc_node *node = first; node != nullptr; node = node->next) {
+    if (node->nodetype == LYS_CHOICE) {
+      read_choice(*node, parent, ++choices);
+    } else {
+      add_child(*node, parent, {});
+    }
   }
 }
 

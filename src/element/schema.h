@@ -42,6 +42,9 @@ struct SchemaNode {
   NodeKind kind = NodeKind::container;
   bool presence = false;               ///< containers: existence has a meaning of its own
   bool derived = false;                ///< kept by the element's applications, never written by an operator
+  bool mandatory = false;              ///< leafs: every instance of the parent has it
+  std::size_t choice = 0;              ///< from 1 among the parent's choices; 0: in none
+  std::size_t choice_case = 0;         ///< from 1 among the choice's cases: nodes of two cases never stand together
   ValueType type = ValueType::none;    ///< leafs
   std::uint32_t tag = 0;               ///< hash of the name, the same wherever the name stands
   std::uint32_t module_tag = 0;        ///< hash of the module's name
