@@ -5,12 +5,11 @@
 #include <cstdint>
 #include <string>
 
+#include "element/configuration_text.h"
 #include "element/input_error.h"
 #include "element/schema.h"
 
 namespace element {
-
-enum class InputFormat { xml, json };
 
 /// Keeps libyang's messages of this thread in its error records and off standard error while the object lives.
 class CollectedMessages {
