@@ -100,6 +100,13 @@ Position position_at(std::string_view text, std::size_t offset) {
   return position;
 }
 
+std::size_t LineCounter::line_at(std::size_t offset) {
+  const std::string_view passed = text_.substr(counted_, offset - counted_);
+  line_ += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
+  counted_ = offset;
+  return line_;
+}
+
 std::optional<std::size_t> find_not_utf8(std::string_view text) {
   std::size_t place = 0;
   while (place < text.size()) {

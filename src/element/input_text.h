@@ -26,6 +26,20 @@ std::string read_input(const std::filesystem::path &file);
 /// The place of the byte at `offset`; past the end, the place after the last byte.
 Position position_at(std::string_view text, std::size_t offset);
 
+/// Counts lines for a reader that goes through a text once.
+class LineCounter {
+ public:
+  explicit LineCounter(std::string_view text) : text_(text) {}
+
+  /// The line, from 1, of the byte at `offset`, which is not before the offset of the last call.
+  std::size_t line_at(std::size_t offset);
+
+ private:
+  std::string_view text_;
+  std::size_t counted_ = 0;
+  std::size_t line_ = 1;
+};
+
 /// Where the first byte stands that is not UTF-8, or nothing.
 std::optional<std::size_t> find_not_utf8(std::string_view text);
 

@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 
+#include "drawn_configuration.h"
 #include "element/transaction.h"
 #include "print.h"
 
@@ -19,44 +20,6 @@ namespace {
 Profile four_interfaces() {
   return Profile({}, {{"eth0", 1, 1000}, {"eth1", 2, 1001}, {"eth2", 3, 1002}, {"eth3", 4, 1003}});
 }
-
-/// Few names, so that two configurations share some and differ in others.
-rc::Gen<std::string> configuration_line() {
-  return rc::gen::exec([] {
-    const auto pick = [](std::initializer_list<const char *> texts) {
-      return std::string(*rc::gen::elementOf(std::vector<const char *>(texts)));
-    };
-    const std::string group = pick({"G", "H"});
-    const std::string vpn = pick({"U", "V"});
-    const std::string interface = pick({"eth0", "eth1", "eth2", "eth3"});
-    const std::string number = pick({"9", "10", "200"});
-    const std::string vpls = "/mpls/l2vpn-config/l2vpn/vpls-group{" + group + "}/vpn{" + vpn + "}";
-    const std::string vpws = "/mpls/l2vpn-config/l2vpn/vpws-group{" + group + "}/vpn{" + vpn + "}";
-    const std::string access = "/access-interface{" + interface + "}";
-    const std::vector<std::string> lines = {
-        vpls,
-        vpls + "/bridge-domain/dot1q = " + number,
-        vpls + "/bridge-domain/bridge-mtu = " + number,
-        vpls + "/bridge-domain/transparent-lan-service",
-        vpls + "/bridge-domain" + access,
-        vpls + "/bridge-domain" + access + "/encapsulation/untagged",
-        vpls + "/bridge-domain" + access + "/encapsulation/dot1q-range{" + number + " 300}",
-        vpls + "/vfi/neighbor{10.0.0." + number + "}/pw-id = " + pick({"1", "2"}),
-        vpws + access + "/dot1q = " + number,
-        vpws + access + "/encapsulation/untagged",
-        vpws + "/neighbor{10.0.0." + number + "}/pw-id = " + pick({"1", "2"}),
-        vpws + "/backup-neighbor{10.0.0." + number + "}/pw-id = " + pick({"1", "2"}),
-        "/config/vlan{" + number + "}/interface{" + interface + "}",
-        "/config/igmp-snooping{" + number + "}/interface{" + interface + "}",
-        "/config/l3-interface{l3-" + group + "}/vlan = " + number,
-        "/mpls/ldp/interface{l3-" + group + "}",
-        "/config/service-port{" + number + "}/match/vlan/vlan-id/vid = " + number,
-    };
-    return *rc::gen::elementOf(lines);
-  });
-}
-
-rc::Gen<Lines> configuration() { return rc::gen::container<Lines>(configuration_line()); }
 
 void apply(const Change &change, Node &parent);
 
@@ -126,7 +89,8 @@ void check_find_change(const Change &root, const Change &change, const element::
 }
 
 RC_GTEST_PROP(DifferenceProperty, AppliedToTheOldTreeGivesTheNew, ()) {
-  const auto transaction = make_transaction(tree_of(*configuration()), tree_of(*configuration()), four_interfaces());
+  const auto transaction =
+      make_transaction(tree_of(*drawn_configuration()), tree_of(*drawn_configuration()), four_interfaces());
   Tree patched = transaction->running;
   apply_below(transaction->changes, patched.root());
   patched.sort();
@@ -134,13 +98,14 @@ RC_GTEST_PROP(DifferenceProperty, AppliedToTheOldTreeGivesTheNew, ()) {
 }
 
 RC_GTEST_PROP(DifferenceProperty, EveryChangeIsRealAndIsFoundByItsPath, ()) {
-  const auto transaction = make_transaction(tree_of(*configuration()), tree_of(*configuration()), four_interfaces());
+  const auto transaction =
+      make_transaction(tree_of(*drawn_configuration()), tree_of(*drawn_configuration()), four_interfaces());
   check_are_real(transaction->changes.children);
   check_find_change(transaction->changes, transaction->changes, {});
 }
 
 RC_GTEST_PROP(DifferenceProperty, OfATreeWithItselfIsEmpty, ()) {
-  const Lines lines = *configuration();
+  const Lines lines = *drawn_configuration();
   const auto transaction = make_transaction(tree_of(lines), tree_of(lines), four_interfaces());
   RC_ASSERT(transaction->changes.children.empty());
 }
@@ -159,7 +124,8 @@ std::map<std::pair<std::string, std::string>, std::string> identifiers(const Tre
 }
 
 RC_GTEST_PROP(TransactionProperty, AVpnKeepsItsIdentifierAndSharesItWithNoOther, ()) {
-  const auto transaction = make_transaction(tree_of(*configuration()), tree_of(*configuration()), four_interfaces());
+  const auto transaction =
+      make_transaction(tree_of(*drawn_configuration()), tree_of(*drawn_configuration()), four_interfaces());
   for (const char *groups : {"/internal/int-vpls-group", "/internal/int-vpws-group"}) {
     auto all = identifiers(transaction->running, groups);
     for (const auto &[vpn, id] : identifiers(transaction->candidate, groups)) {

@@ -1,0 +1,220 @@
+#include "element/source_lines.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include "configuration_text.h"
+#include "drawn_configuration.h"
+#include "element/configuration.h"
+#include "element/input_error.h"
+#include "temporary_file.h"
+#include "written_configuration.h"
+
+namespace {
+
+using element::SourceLines;
+using Line = std::optional<std::size_t>;
+
+Line line_of(const SourceLines &lines, const std::string &path) {
+  return lines.line_of(element::parse_path(test_schema(), path));
+}
+
+struct Place {
+  std::string path;
+  Line line;
+};
+
+struct Text {
+  const char *name;
+  std::string text;
+  std::vector<Place> places;
+};
+
+void expect_places(const std::vector<Text> &rows) {
+  for (const auto &[name, text, places] : rows) {
+    EXPECT_NO_THROW(element::parse_configuration(test_schema(), text, "candidate")) << name;
+    const TemporaryFile file(text);
+    const SourceLines lines(file.path());
+    for (const auto &[path, line] : places) EXPECT_EQ(line_of(lines, path), line) << name << ": " << path;
+  }
+}
+
+TEST(SourceLines, ContainersListsEntriesAndLeafs) {
+  const std::string vpn = "/mpls/l2vpn-config/l2vpn/vpws-group{g}/vpn{v}";
+  expect_places({{"XML",
+                  l2vpn_xml("<vpws-group>\n<name>g</name>\n<vpn>\n<name>v</name>\n"
+                            "<neighbor><address>10.0.0.1</address>\n<pw-id>7</pw-id></neighbor>\n"
+                            "<access-interface>\n<name>p</name><encapsulation>\n<untagged\n/></encapsulation>\n"
+                            "</access-interface></vpn></vpws-group>"),
+                  {{"/mpls", 1},
+                   {"/mpls/l2vpn-config/l2vpn", 1},
+                   {"/mpls/l2vpn-config/l2vpn/vpws-group", 2},
+                   {"/mpls/l2vpn-config/l2vpn/vpws-group{g}", 2},
+                   {"/mpls/l2vpn-config/l2vpn/vpws-group{g}/name", 3},
+                   {vpn, 4},
+                   {vpn + "/neighbor{10.0.0.1}", 6},
+                   {vpn + "/neighbor{10.0.0.1}/pw-id", 7},
+                   {vpn + "/access-interface{p}/name", 9},
+                   {vpn + "/access-interface{p}/encapsulation/untagged", 10}}},
+                 {"JSON",
+                  l2vpn_json("\"vpws-group\":\n[\n{\"name\": \"g\",\n\"vpn\": [{\n\"name\": \"v\",\n"
+                             "\"neighbor\": [{\"address\": \"10.0.0.1\",\n\"pw-id\": 7}],\n"
+                             "\"access-interface\": [\n{\"name\": \"p\", \"encapsulation\":\n{\"untagged\"\n:\n[null]"
+                             "\n}}]}]}]"),
+                  {{"/mpls", 1},
+                   {"/mpls/l2vpn-config/l2vpn", 1},
+                   {"/mpls/l2vpn-config/l2vpn/vpws-group", 2},
+                   {"/mpls/l2vpn-config/l2vpn/vpws-group{g}", 4},
+                   {"/mpls/l2vpn-config/l2vpn/vpws-group{g}/name", 4},
+                   {vpn, 5},
+                   {vpn + "/neighbor{10.0.0.1}", 7},
+                   {vpn + "/neighbor{10.0.0.1}/pw-id", 8},
+                   {vpn + "/access-interface{p}", 10},
+                   {vpn + "/access-interface{p}/encapsulation", 10},
+                   {vpn + "/access-interface{p}/encapsulation/untagged", 11}}}});
+}
+
+TEST(SourceLines, EntriesAreToldByTheirKeysWhereverTheseStand) {
+  const std::string encapsulation =
+      "/mpls/l2vpn-config/l2vpn/vpws-group{g}/vpn{v}/access-interface{p}/encapsulation/dot1q-range";
+  const std::vector<Place> places{{encapsulation + "{1 9}", 3},
+                                  {encapsulation + "{2 9}", 4},
+                                  {encapsulation + "{1 8}", 5},
+                                  {encapsulation + "{2 8}", std::nullopt},
+                                  {encapsulation + "{1 9}/max", 3}};
+  expect_places({{"XML",
+                  l2vpn_xml("<vpws-group><vpn><access-interface><name>p</name><encapsulation>\n"
+                            "<dot1q-range><min>1</min><max>9</max></dot1q-range>\n"
+                            "<dot1q-range><min>2</min><max>9</max></dot1q-range>\n"
+                            "<dot1q-range><min>1</min><max>8</max></dot1q-range>\n"
+                            "</encapsulation></access-interface><name>v</name></vpn><name>g</name></vpws-group>"),
+                  places},
+                 {"JSON",
+                  l2vpn_json("\"vpws-group\": [{\"vpn\": [{\"access-interface\": [{\"encapsulation\": "
+                             "{\"dot1q-range\": [\n{\"max\": 9, \"min\": 1},\n{\"min\": 2, \"max\": 9},\n"
+                             "{\"min\": 1, \"max\": 8}\n]}, \"name\": \"p\"}], \"name\": \"v\"}], \"name\": \"g\"}]"),
+                  places}});
+}
+
+TEST(SourceLines, KeysAreComparedAsTheValuesThatTheyStandFor) {
+  const std::vector<Place> vlans{{"/config/vlan{5}", 2}, {"/config/vlan{50}", 3}, {"/config/vlan{500}", 4}};
+  expect_places(
+      {{"numbers in XML",
+        base_xml("<vlan><id>005</id></vlan>\n<vlan><id> +50<!-- -->\n</id></vlan><vlan><id>500</id></vlan>"), vlans},
+       {"numbers in JSON", base_json("\"vlan\": [{\"id\": 5},\n{\"id\": 50e0},\n{\"id\": 5E2}]"), vlans},
+       {"texts are taken to the letter",
+        base_xml("<vlan><id>1</id><interface><name>07</name></interface>\n<interface><name> 7</name></interface>\n"
+                 "<interface><name>+7</name></interface>\n<interface><name>7</name></interface></vlan>"),
+        {{"/config/vlan{1}/interface{7}", 5},
+         {"/config/vlan{1}/interface{07}", 2},
+         {"/config/vlan{1}/interface{\" 7\"}", 3},
+         {"/config/vlan{1}/interface{+7}", 4}}}});
+}
+
+TEST(SourceLines, NamesWithEscapes) {
+  const auto interface = [](const std::string &key) { return "/config/vlan{1}/interface{\"" + key + "\"}"; };
+  const auto xml = [](const std::string &name) { return "<interface><name>" + name + "</name></interface>\n"; };
+  expect_places(
+      {{"XML",
+        base_xml("<vlan><id>1</id>\n" + xml("&lt;&amp;&gt;&quot;&apos;") + xml("&#x20ac;&#233;&#x1F600;&#36;") +
+                 xml("a<![CDATA[<!-- & -->]]>b") + xml("]]> b") + xml("c\r\n") + "</vlan>"),
+        {{interface("<&>\\\"'"), 3},
+         {interface("\xe2\x82\xac\xc3\xa9\xf0\x9f\x98\x80$"), 4},
+         {interface("a<!-- & -->b"), 5},
+         {interface("]]> b"), 6},
+         {interface("c\r\n"), 7}}},
+       {"JSON",
+        base_json("\"vlan\": [{\"id\": 1, \"interface\": [\n{\"name\": \"\\\"\\\\\\/\\n\"},\n"
+                  "{\"name\": \"\\u20ac\"},\n{\"n\\u0061me\": \"{[,]}\"}]}]"),
+        {{interface("\\\"\\\\/\n"), 3}, {interface("\xe2\x82\xac"), 4}, {interface("{[,]}"), 5}}}});
+}
+
+TEST(SourceLines, NamesWithPrefixes) {
+  const std::vector<Place> places{{"/config/vlan{5}/interface{a}", 2}, {"/base:config/base:vlan{5}/id", 1}};
+  expect_places(
+      {{"XML",
+        "<b:config xmlns:b='urn:element:base' xmlns:c='urn:element:base'><c:vlan ><b:id>5</b:id>\n"
+        "<c:interface ><name xmlns='urn:element:base'>a</name></c:interface></c:vlan></b:config >",
+        places},
+       {"JSON", "{\"base:config\": {\"base:vlan\": [{\"base:id\": 5,\n\"interface\": [{\"base:name\": \"a\"}]}]}}",
+        places}});
+}
+
+TEST(SourceLines, WhatStandsAroundTheElements) {
+  const std::vector<Place> places{{"/config", 4}, {"/config/vlan{5}", 5}, {"/mpls/ldp/interface{a}", 8}};
+  const std::string row = base_xml("<vlan><id>5</id></vlan>") +
+                          "\n<mpls xmlns=\"urn:element:mpls\"><ldp xmlns=\"urn:element:ldp\">\n"
+                          "<interface><name>a</name></interface></ldp></mpls>";
+  expect_places(
+      {{"a row of elements", "\n\n\n" + row, places},
+       {"byte order mark and declaration", "\xef\xbb\xbf\r\n<?xml version=\"1.0\"\nencoding=\"latin1\"?>\r\n" + row,
+        places},
+       {"comments that are none in strict XML", "<!-- -- <config>\n ---><!-->--><!--\n\n-->" + row, places},
+       {"a second declaration",
+        "\n<?xml version=\"1.0\"?>\n<?\n?>" + row +
+            "<?"
+            "?>",
+        places},
+       {"NETCONF's wrapper",
+        "<config xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'\n\n a='>'>\n" + row + "\n</config>", places},
+       {"NETCONF's wrapper with a prefix",
+        "<nc:data xmlns:nc='urn:ietf:params:xml:ns:netconf:base:1.0'><!--\n\n\n-->" + row + "</nc:data>", places},
+       {"attributes with brackets",
+        "<mpls xmlns='urn:element:mpls' xmlns:a='<!--' xmlns:b=\"/>\"\n><ldp xmlns='urn:element:ldp'\n>\n"
+        "<interface><name>a</name></interface></ldp></mpls>",
+        {{"/mpls", 1}, {"/mpls/ldp", 2}, {"/mpls/ldp/interface{a}", 4}}}});
+}
+
+TEST(SourceLines, OfJsonAfterAByteOrderMark) {
+  expect_places({{"JSON", "\xef\xbb\xbf\r\n\n" + base_json("\"vlan\": [{\"id\": 5}]"), {{"/config/vlan{5}", 4}}}});
+}
+
+TEST(SourceLines, WhatTheFileDoesNotHold) {
+  const std::vector<Place> nowhere{{"/", std::nullopt},
+                                   {"/mpls", std::nullopt},
+                                   {"/config/vlan{6}", std::nullopt},
+                                   {"/config/vlan{5}/interface{a}", std::nullopt},
+                                   {"/config/vlan{5}/interface", std::nullopt},
+                                   {"/config/vlan/id", std::nullopt},
+                                   {"/internal/int-ldp-intf-l3", std::nullopt}};
+  expect_places({{"XML", base_xml("<vlan><id>5</id></vlan>"), nowhere},
+                 {"JSON", base_json("\"vlan\": [{\"id\": 5}]"), nowhere},
+                 {"an empty configuration in XML", "<config xmlns=\"urn:element:base\"/>", nowhere},
+                 {"an empty configuration in JSON", "{}", nowhere},
+                 {"an empty list", base_json("\"vlan\": []"), nowhere}});
+}
+
+TEST(SourceLines, OfAFileThatCannotBeReadOnceMore) {
+  const SourceLines gone("no-such-file.xml");
+  EXPECT_EQ(line_of(gone, "/config"), std::nullopt);
+  const SourceLines pipe("/dev/null");
+  EXPECT_EQ(line_of(pipe, "/config"), std::nullopt);
+  const TemporaryFile emptied;
+  EXPECT_THROW(SourceLines{emptied.path()}, element::InputError);
+}
+
+// The file may have changed since it was accepted.
+TEST(SourceLines, XmlThatBreaksOffOrIsOutOfOrder) {
+  const std::string text = base_xml("<vlan a='b'><id>&#53;</id><![CDATA[]]><!-- --><?x?></vlan>");
+  for (std::size_t size = 1; size <= text.size(); ++size) {
+    const TemporaryFile file(text.substr(0, size));
+    EXPECT_NO_THROW(SourceLines{file.path()}) << size;
+  }
+  const TemporaryFile closes_more("</a></b><config>\n<vlan></c></d></e><mpls/>");
+  EXPECT_EQ(line_of(SourceLines(closes_more.path()), "/mpls"), 2U);
+}
+
+RC_GTEST_PROP(SourceLinesProperty, EveryNodeIsFoundAtItsLine, ()) {
+  const element::Tree tree = tree_of(*rc::gen::nonEmpty(drawn_configuration()));
+  for (const auto writer : {written_as_xml, written_as_json}) {
+    const WrittenConfiguration written = writer(tree, *rc::gen::arbitrary<std::uint32_t>());
+    const TemporaryFile file(written.text);
+    const SourceLines lines(file.path());
+    for (const auto &[path, line] : written.lines) {
+      RC_LOG() << path << " in\n" << written.text << '\n';
+      RC_ASSERT(line_of(lines, path) == Line(line));
+    }
+  }
+}
+
+}  // namespace
