@@ -34,6 +34,12 @@ struct FoundParty {
   std::vector<FoundNode> details;
 };
 
+/// A line of a suppression file, with the reason that it gives.
+struct Suppressed {
+  FilePlace by;
+  std::string reason;
+};
+
 /// A message of the library with what draws it, as every output format shows it.
 struct Finding {
   std::string rule;  ///< id; empty for a message that the rule table does not know
@@ -45,10 +51,24 @@ struct Finding {
   std::vector<FoundNode> change;    ///< the smallest part of the change that draws it
   std::vector<FoundNode> scaffold;  ///< added above that part, and needed by other parts, too
   std::vector<FoundParty> parties;
-  std::uint64_t enough = 0;   ///< a limit: so many parts of `change` are enough to take back; 0: all
-  bool complete = true;       ///< false: the budget ended the search
-  std::string suppressed_by;  ///< the suppression, as "FILE:LINE: reason"; empty: none
+  std::uint64_t enough = 0;  ///< a limit: so many parts of `change` are enough to take back; 0: all
+  bool complete = true;      ///< false: the budget ended the search, or there was none
+  FilePlace place;  ///< where to look first: what the commit does to the first party, else the candidate's file
+  std::optional<Suppressed> suppressed;
 };
+
+/// "FILE:LINE", or "FILE" where the line is not known.
+std::string to_text(const FilePlace &place);
+
+/// Where to look for a node: in the candidate's file what the commit adds or changes, in the running configuration's
+/// what it removes or leaves. Null where that file does not hold it.
+const FilePlace *place_of(const FoundNode &node);
+
+/// "vpws-group branches, vpn south, interface gigabit-ethernet-1/1/1"; the path of what belongs to no group.
+std::string title_of(const FoundParty &party);
+
+/// What the commit does to a node: "added by this commit", "in the running configuration" ...
+std::string standing_text(const FoundNode &node);
 
 }  // namespace cli
 

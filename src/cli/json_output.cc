@@ -2,13 +2,13 @@
 
 #include <nlohmann/json.hpp>
 
+#include "cli/decision_text.h"
+#include "cli/finding_json.h"
+
 namespace cli {
 namespace {
 
 using nlohmann::ordered_json;
-
-/// Grows when a field goes or changes its meaning; a field that is added leaves it.
-constexpr int schema_version = 1;
 
 std::string_view mark_text(ChangeMark mark) {
   switch (mark) {
@@ -18,18 +18,6 @@ std::string_view mark_text(ChangeMark mark) {
       return "removed";
     case ChangeMark::changed:
       return "changed";
-  }
-  return "?";
-}
-
-std::string_view decision_text(host::Decision decision) {
-  switch (decision) {
-    case host::Decision::accepted:
-      return "accepted";
-    case host::Decision::accepted_with_warnings:
-      return "accepted-with-warnings";
-    case host::Decision::rejected:
-      return "rejected";
   }
   return "?";
 }
@@ -67,16 +55,19 @@ ordered_json total_json(const host::Verdict &verdict) {
 
 void write_json(std::ostream &out, const Report &report) {
   ordered_json json;
-  json["schema-version"] = schema_version;
+  json["schema-version"] = json_schema_version;
   json["program"] = {{"name", "vpnval"}, {"version", VPNVAL_VERSION}};
   json["library"] = {{"file", report.plugin_file}, {"build-id", report.build_id}};
   json["inputs"] = {{"element", report.inputs.element.string()},
                     {"running", report.inputs.running.string()},
                     {"candidate", report.inputs.candidate.string()}};
-  json["decision"] = decision_text(report.verdict.decision);
+  json["decision"] = decision_name(report.verdict.decision);
   json["total"] = total_json(report.verdict);
   json["points"] = array(report.verdict.points, point_json);
   json["changes"] = array(report.changes, change_json);
+  json["findings"] = findings_json(report.findings);
+  json["search"] = search_json(report.search);
+  json["unused-suppressions"] = report.unused_suppressions;
   if (report.with_trace) json["trace"] = report.verdict.account.trace;
   // A message may end within a character: the library cuts long names at a number of bytes.
   out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/change_list.h"
+#include "cli/decided_commit.h"
 #include "cli/input_files.h"
 #include "host/commit.h"
 
@@ -20,6 +21,9 @@ struct Report {
   std::vector<ListedChange> changes;
   host::Verdict verdict;
   bool with_trace = false;
+  std::vector<Finding> findings;  ///< what the device says first
+  SearchAccount search;
+  std::vector<std::string> unused_suppressions;  ///< "FILE:LINE: RULE PATH"
 };
 
 /// The points that were asked, by answer.

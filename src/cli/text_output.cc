@@ -5,6 +5,7 @@
 #include <sstream>
 #include <string_view>
 
+#include "cli/decision_text.h"
 #include "cli/printable.h"
 
 namespace cli {
@@ -48,18 +49,6 @@ void write_trace(std::ostream &out, const std::vector<std::string> &trace) {
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) out << "  " << printable(line) << '\n';
   }
-}
-
-std::string_view decision_text(host::Decision decision) {
-  switch (decision) {
-    case host::Decision::accepted:
-      return "accepted";
-    case host::Decision::accepted_with_warnings:
-      return "accepted with warnings";
-    case host::Decision::rejected:
-      return "rejected";
-  }
-  return "?";
 }
 
 }  // namespace

@@ -157,7 +157,10 @@ TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_stand
        "derived": false},
       {"change": "added", "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}/neighbor{192.0.2.1}/pw-id",
        "derived": false, "new": "7"}
-    ]})");
+    ],
+    "findings": [],
+    "search": {"all-faults": false, "calls": 0, "budget": {"calls": 0, "seconds": 0.0}, "complete": true},
+    "unused-suppressions": []})");
   auto document = nlohmann::json::parse(json.out);
   EXPECT_EQ(document["library"]["file"], ANSWERING_PLUGIN_FILE);
   EXPECT_EQ(document["inputs"]["candidate"], folder.file("candidate.json"));

@@ -1,0 +1,31 @@
+#include "cli/finding.h"
+
+#include <fmt/format.h>
+
+namespace cli {
+
+std::string to_text(const FilePlace &place) {
+  return place.line == 0 ? place.file : fmt::format("{}:{}", place.file, place.line);
+}
+
+const FilePlace *place_of(const FoundNode &node) {
+  const bool is_new = node.standing == "added" || node.standing == "changed";
+  const std::optional<FilePlace> &place = is_new ? node.candidate : node.running;
+  return place ? &*place : nullptr;
+}
+
+std::string title_of(const FoundParty &party) {
+  if (party.group.empty()) return party.node.path;
+  std::string title = party.group;
+  if (!party.vpn.empty()) title += ", vpn " + party.vpn;
+  if (!party.interface.empty()) title += ", interface " + party.interface;
+  if (!party.neighbor.empty()) title += ", neighbor " + party.neighbor;
+  return title;
+}
+
+std::string standing_text(const FoundNode &node) {
+  if (node.standing == "unchanged") return "in the running configuration";
+  return node.standing + " by this commit";
+}
+
+}  // namespace cli

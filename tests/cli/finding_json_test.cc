@@ -1,0 +1,111 @@
+#include "cli/finding_json.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "cli/json_input.h"
+#include "cli/json_output.h"
+#include "tests/cli/commit_folder.h"
+#include "tests/cli/sample_findings.h"
+#include "tests/support/process.h"
+
+namespace {
+
+/// A report with everything that one can hold.
+cli::Report full_report() {
+  cli::Report report;
+  report.inputs = {"element.json", "running.xml", "candidate.xml"};
+  report.plugin_file = "lib.so";
+  report.build_id = "none";
+  report.verdict.decision = host::Decision::rejected;
+  report.findings = {same_dot1q(), uplink_warning(), too_many_vpns(6)};
+  report.findings[1].suppressed = cli::Suppressed{{"known.txt", 3}, "the uplink moves next week"};
+  report.findings[2].complete = false;
+  report.search = {.all_faults = true, .calls = 500, .budget_calls = 500, .budget_seconds = 2.5, .ended_by = "calls"};
+  report.unused_suppressions = {"known.txt:4: vpn-limit /mpls"};
+  return report;
+}
+
+std::string written(const cli::Report &report) {
+  std::ostringstream out;
+  write_json(out, report);
+  return out.str();
+}
+
+TEST(FindingJson, what_is_read_back_is_what_was_written) {
+  const cli::Report report = full_report();
+  const cli::DecidedCommit commit = cli::read_json_report(written(report), "night/42");
+  EXPECT_EQ(commit.name, "night/42");
+  EXPECT_EQ(commit.decision, host::Decision::rejected);
+  EXPECT_EQ(commit.error, "");
+  ASSERT_EQ(commit.findings.size(), 3u);
+  EXPECT_EQ(cli::findings_json(commit.findings), cli::findings_json(report.findings));
+  EXPECT_EQ(cli::search_json(commit.search), cli::search_json(report.search));
+  EXPECT_EQ(commit.unused_suppressions, report.unused_suppressions);
+}
+
+TEST(FindingJson, a_finding_shows_rule_message_parties_and_places) {
+  const auto expected = nlohmann::ordered_json::parse(R"({
+    "rule": "access-on-uplink", "severity": "warning", "from-device": false,
+    "point": "vlm_memb_valp", "path": "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable",
+    "message": "Some MPLS VPN's have access and uplink interfaces in common.",
+    "place": {"file": "night/42/candidate.xml", "line": 40},
+    "change": [{"standing": "added", "path": "/config/vlan{100}/interface{gigabit-ethernet-1/1/2}",
+                "candidate": {"file": "night/42/candidate.xml", "line": 40}}],
+    "scaffold": [],
+    "parties": [{"standing": "added", "path": "/config/vlan{100}/interface{gigabit-ethernet-1/1/2}",
+                 "candidate": {"file": "night/42/candidate.xml", "line": 40},
+                 "interface": "gigabit-ethernet-1/1/2", "details": []}],
+    "enough": 0, "complete": true,
+    "suppressed": {"file": "known.txt", "line": 3, "reason": "the uplink moves next week"}})");
+  EXPECT_EQ(nlohmann::ordered_json::parse(written(full_report())).at("findings").at(1), expected);
+}
+
+TEST(FindingJson, a_bound_that_ended_the_search_is_named) {
+  const auto expected = nlohmann::ordered_json::parse(
+      R"({"all-faults": true, "calls": 500, "budget": {"calls": 500, "seconds": 2.5}, "complete": false,
+          "ended-by": "calls"})");
+  EXPECT_EQ(nlohmann::ordered_json::parse(written(full_report())).at("search"), expected);
+}
+
+TEST(FindingJson, every_text_survives_but_for_bytes_that_are_no_utf8) {
+  cli::Report report = full_report();
+  report.findings = {hostile()};
+  const cli::DecidedCommit commit = cli::read_json_report(written(report), "");
+  std::string expected = hostile_text;
+  expected.replace(expected.size() - 1, 1, "\xef\xbf\xbd");
+  EXPECT_EQ(commit.findings.at(0).message, expected);
+  EXPECT_EQ(commit.findings.at(0).parties.at(1).vpn, expected);
+}
+
+TEST(FindingJson, documents_with_findings_fit_the_schema) {
+  const CommitFolder folder;
+  folder.write("full", written(full_report()));
+  cli::Report report = full_report();
+  report.findings = {hostile()};
+  report.search.ended_by.clear();
+  folder.write("hostile", written(report));
+  const ProcessResult result =
+      run_process("python3 " SOURCE_DIR "/tests/cli/fits_schema.py " SOURCE_DIR "/docs/verdict.schema.json " +
+                  folder.file("full") + " " + folder.file("hostile") + " 2>&1");
+  EXPECT_EQ(result.output, "2 documents fit\n");
+}
+
+TEST(FindingJson, what_is_no_verdict_is_refused) {
+  auto document = nlohmann::ordered_json::parse(written(full_report()));
+  const auto changed = [&document](const char *pointer, nlohmann::ordered_json value) {
+    nlohmann::ordered_json copy = document;
+    copy[nlohmann::ordered_json::json_pointer(pointer)] = std::move(value);
+    return copy.dump();
+  };
+  for (const std::string &text :
+       {std::string(), std::string("commit rejected"), std::string("[]"), changed("/schema-version", 2),
+        changed("/decision", "maybe"), changed("/findings", nlohmann::ordered_json::object({{"rule", 1}})),
+        changed("/findings/0/message", 7), changed("/search", nullptr)}) {
+    EXPECT_THROW(cli::read_json_report(text, ""), cli::DocumentError) << text;
+  }
+}
+
+}  // namespace

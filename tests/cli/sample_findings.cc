@@ -1,0 +1,145 @@
+#include "tests/cli/sample_findings.h"
+
+#include "cli/finding.h"
+
+using cli::DecidedCommit;
+using cli::FilePlace;
+using cli::Finding;
+using cli::FoundNode;
+using cli::FoundParty;
+
+const std::string hostile_text =
+    "a\"b'c<d>&amp;]]>::error file=x,line=1::y%0A,:\r\n\x1b[31mred\x01 [link](https://example.invalid) {0} caf\xc3";
+
+namespace {
+
+const std::string l2vpn = "/mpls/l2vpn-config/l2vpn/";
+
+FoundNode added(const std::string &path, std::size_t line) {
+  FoundNode node;
+  node.standing = "added";
+  node.path = path;
+  node.candidate = FilePlace{"night/42/candidate.xml", line};
+  return node;
+}
+
+FoundNode unchanged(const std::string &path, std::size_t line) {
+  FoundNode node;
+  node.standing = "unchanged";
+  node.path = path;
+  node.running = FilePlace{"night/42/running.xml", line};
+  node.candidate = FilePlace{"night/42/candidate.xml", line + 20};
+  return node;
+}
+
+FoundNode with_value(FoundNode node, const std::string &value) {
+  (node.standing == "added" ? node.new_value : node.old_value) = value;
+  return node;
+}
+
+FoundParty branches_south() {
+  const std::string path = l2vpn + "vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1}";
+  FoundParty party;
+  party.node = added(path, 11);
+  party.group = "vpws-group branches";
+  party.vpn = "south";
+  party.interface = "gigabit-ethernet-1/1/1";
+  party.details = {with_value(added(path + "/dot1q", 13), "210")};
+  return party;
+}
+
+FoundParty campus_data() {
+  const std::string path = l2vpn + "vpls-group{campus}/vpn{data}/bridge-domain";
+  FoundParty party;
+  party.node = unchanged(path + "/access-interface{gigabit-ethernet-1/1/1}", 16);
+  party.group = "vpls-group campus";
+  party.vpn = "data";
+  party.interface = "gigabit-ethernet-1/1/1";
+  party.details = {with_value(unchanged(path + "/dot1q", 15), "210")};
+  return party;
+}
+
+}  // namespace
+
+Finding same_dot1q() {
+  Finding finding;
+  finding.rule = "dot1q-conflict";
+  finding.from_device = true;
+  finding.point = "vpn_access_valp";
+  finding.path = l2vpn + "vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1}";
+  finding.message =
+      "vpls-group campus vpn data and vpws-group branches vpn south must not be configured with the same dot1q on "
+      "interface gigabit-ethernet-1/1/1";
+  finding.parties = {branches_south(), campus_data()};
+  finding.change = {with_value(added(finding.path + "/dot1q", 13), "210")};
+  finding.scaffold = {added(l2vpn + "vpws-group{branches}", 4)};
+  finding.place = {"night/42/candidate.xml", 11};
+  return finding;
+}
+
+Finding uplink_warning() {
+  Finding finding;
+  finding.rule = "access-on-uplink";
+  finding.is_warning = true;
+  finding.point = "vlm_memb_valp";
+  finding.path = "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable";
+  finding.message = "Some MPLS VPN's have access and uplink interfaces in common.";
+  FoundParty member;
+  member.node = added("/config/vlan{100}/interface{gigabit-ethernet-1/1/2}", 40);
+  member.interface = "gigabit-ethernet-1/1/2";
+  finding.parties = {member};
+  finding.change = {member.node};
+  finding.place = {"night/42/candidate.xml", 40};
+  return finding;
+}
+
+Finding too_many_vpns(std::size_t vpns) {
+  Finding finding;
+  finding.rule = "vpn-limit";
+  finding.from_device = true;
+  finding.point = "vpn_overflow_valp";
+  finding.path = l2vpn + "vpls-group{campus}/vpn{v1}";
+  finding.message =
+      "Maximum number of VPNs has been exceeded. Attempt to configure " + std::to_string(vpns) + " of 4 allowed";
+  for (std::size_t i = 1; i <= vpns; ++i) {
+    FoundParty party;
+    party.node = added(l2vpn + "vpls-group{campus}/vpn{v" + std::to_string(i) + "}", 10 * i);
+    party.group = "vpls-group campus";
+    party.vpn = "v" + std::to_string(i);
+    finding.parties.push_back(party);
+    finding.change.push_back(party.node);
+  }
+  finding.enough = vpns - 4;
+  finding.place = {"night/42/candidate.xml", 10};
+  return finding;
+}
+
+Finding hostile() {
+  Finding finding = same_dot1q();
+  finding.message = hostile_text;
+  finding.path += hostile_text;
+  for (FoundParty &party : finding.parties) {
+    party.vpn = hostile_text;
+    party.node.path += hostile_text;
+  }
+  finding.parties[0].node.candidate->file = hostile_text;
+  finding.parties[0].details[0].new_value = hostile_text;
+  finding.change[0].new_value = hostile_text;
+  finding.place.file = hostile_text;
+  return finding;
+}
+
+DecidedCommit decided(std::vector<Finding> findings) {
+  DecidedCommit commit;
+  commit.name = "night/42";
+  commit.decision = host::Decision::accepted;
+  for (const Finding &finding : findings) {
+    if (finding.is_warning && commit.decision == host::Decision::accepted) {
+      commit.decision = host::Decision::accepted_with_warnings;
+    }
+    if (!finding.is_warning) commit.decision = host::Decision::rejected;
+  }
+  commit.findings = std::move(findings);
+  commit.search = {.all_faults = true, .calls = 41, .budget_calls = 20000, .budget_seconds = 60, .ended_by = ""};
+  return commit;
+}
