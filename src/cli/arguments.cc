@@ -49,6 +49,19 @@ CLI::App *add_show(CLI::App &program, ShowArguments &show) {
   return command;
 }
 
+CLI::App *add_explain(CLI::App &program, ExplainArguments &explain) {
+  CLI::App *command = program.add_subcommand("explain", "Tell what provokes a message, why, and what to do");
+  command->add_option("RULE", explain.rule, "Id of a rule, or the text of a message; default: list all rules")
+      ->type_name("");
+  const auto set_format = [&explain](const std::string &name) {
+    explain.format = name == "markdown" ? PageFormat::markdown : PageFormat::text;
+  };
+  command->add_option_function<std::string>("--format", set_format, "Format of the page; text unless it is given")
+      ->check(CLI::IsMember({"text", "markdown"}))
+      ->type_name("FORMAT");
+  return command;
+}
+
 }  // namespace
 
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment) {
@@ -58,8 +71,10 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   program.footer(exit_status_text());
   CheckArguments check;
   ShowArguments show;
+  ExplainArguments explain;
   const CLI::App *check_command = add_check(program, check);
-  add_show(program, show);
+  const CLI::App *show_command = add_show(program, show);
+  add_explain(program, explain);
 
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
@@ -71,7 +86,8 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
     throw UsageError(fmt::format("{} (vpnval --help lists what is expected)", error.what()));
   }
   if (check_command->parsed()) return check;
-  return show;
+  if (show_command->parsed()) return show;
+  return explain;
 }
 
 }  // namespace cli

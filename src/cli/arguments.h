@@ -36,8 +36,15 @@ struct ShowArguments {
   bool running = false;  ///< the running configuration instead of the candidate
 };
 
+enum class PageFormat { text, markdown };
+
+struct ExplainArguments {
+  std::string rule;  ///< id or message; empty: list all rules
+  PageFormat format = PageFormat::text;
+};
+
 /// A command to carry out, or the status to end with because help or the version was all that was asked for.
-using ParsedArguments = std::variant<ExitStatus, CheckArguments, ShowArguments>;
+using ParsedArguments = std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments>;
 
 /// Reads a command line without the program's name; prints help and version itself. Throws UsageError.
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment);

@@ -6,6 +6,7 @@
 #include "cli/arguments.h"
 #include "cli/check_command.h"
 #include "cli/errors.h"
+#include "cli/explain_command.h"
 #include "cli/printable.h"
 #include "cli/show_command.h"
 #include "element/input_error.h"
@@ -21,6 +22,7 @@ struct CarryOut {
   ExitStatus operator()(ExitStatus status) const { return status; }
   ExitStatus operator()(const CheckArguments &arguments) const { return check(arguments, environment); }
   ExitStatus operator()(const ShowArguments &arguments) const { return show(arguments, environment); }
+  ExitStatus operator()(const ExplainArguments &arguments) const { return explain(arguments, environment); }
 };
 
 ExitStatus run_command(const std::vector<std::string> &arguments, const Environment &environment) {

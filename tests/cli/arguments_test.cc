@@ -10,6 +10,7 @@
 namespace {
 
 using cli::CheckArguments;
+using cli::ExplainArguments;
 using cli::ShowArguments;
 
 cli::ParsedArguments parse(const std::vector<std::string> &arguments) {
@@ -56,6 +57,17 @@ TEST(Arguments, show_takes_a_directory_and_a_path) {
   EXPECT_TRUE(some.running);
 }
 
+TEST(Arguments, explain_takes_a_rule_and_a_format_or_nothing) {
+  const auto all = std::get<ExplainArguments>(parse({"explain"}));
+  EXPECT_EQ(all.rule, "");
+  EXPECT_EQ(all.format, cli::PageFormat::text);
+
+  const auto one = std::get<ExplainArguments>(parse({"explain", "vpn-limit", "--format", "markdown"}));
+  EXPECT_EQ(one.rule, "vpn-limit");
+  EXPECT_EQ(one.format, cli::PageFormat::markdown);
+  EXPECT_EQ(std::get<ExplainArguments>(parse({"explain", "--format", "text"})).format, cli::PageFormat::text);
+}
+
 TEST(Arguments, what_cannot_be_carried_out_is_a_usage_error) {
   const std::vector<std::vector<std::string>> wrong{
       {},
@@ -69,6 +81,8 @@ TEST(Arguments, what_cannot_be_carried_out_is_a_usage_error) {
       {"show"},
       {"show", "folder", "/internal", "/mpls"},
       {"check", "folder", "show", "folder"},
+      {"explain", "vpn-limit", "pw-id-twice"},
+      {"explain", "vpn-limit", "--format", "json"},
   };
   for (const auto &arguments : wrong) {
     EXPECT_THROW(parse(arguments), cli::UsageError) << testing::PrintToString(arguments);
