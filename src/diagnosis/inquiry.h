@@ -1,0 +1,55 @@
+#ifndef DIAGNOSIS_INQUIRY_H
+#define DIAGNOSIS_INQUIRY_H
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+
+#include "diagnosis/diagnose.h"
+#include "diagnosis/places.h"
+#include "host/commit.h"
+
+namespace diagnosis {
+
+/// An answer that is looked for in reduced commits.
+struct Wanted {
+  host::PointVerdict answer;
+  bool on_rejected_commit = true;  ///< a commit that is rejected for whatever reason may give it; else it must not be
+};
+
+/// Asks the library about reduced commits, as often and as long as the budget allows.
+class Inquiry {
+ public:
+  /// All that is referred to must outlive the inquiry.
+  Inquiry(const host::Plugin &plugin, host::Seam &seam, const Places &places, const Options &options);
+
+  /// The library's verdict, as the device would give it, with every derived table of the reduced configurations.
+  /// Nothing where the budget is used up or the library breaks its contract.
+  std::optional<host::Verdict> ask(const Shapes &shapes);
+
+  /// The library gives the wanted answer, word for word, on the reduced commit.
+  bool draws(const Shapes &shapes, const Wanted &wanted);
+
+  bool is_over() const { return over_; }
+  std::uint64_t calls() const { return calls_; }
+
+  std::size_t faults = 0;  ///< found so far, for the progress
+
+ private:
+  bool may_ask();
+
+  const host::Plugin &plugin_;
+  host::Seam &seam_;
+  const Places &places_;
+  const Options &options_;
+  std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+  std::uint64_t calls_ = 0;
+  bool over_ = false;
+};
+
+/// Both are the same answer of the same point, wherever it fired.
+bool is_same_answer(const host::PointVerdict &a, const host::PointVerdict &b);
+
+}  // namespace diagnosis
+
+#endif
