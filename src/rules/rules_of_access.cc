@@ -119,9 +119,8 @@ std::vector<Rule> rules_of_access() {
           .point = "vpn_access_valp",
           .message = "%s encapsulation untagged cannot be set simultaneously in %s %s and %s %s",
           .source = "config_validate_comn/access_interface_checks.cc",
-          .provokes =
-              "Two VPNs take the untagged frames of one port. It passes where the first of them also has a dot1q "
-              "of its own and no range: then the VLAN is what is remembered of it.",
+          .provokes = "Two VPNs take the untagged frames of one port. It passes where the one that is taken first, "
+                      "VPWS before VPLS, also has a dot1q and no range: then the VLAN is what is remembered of it.",
           .why = "Untagged frames carry nothing that tells them apart: all of a port's belong to one VPN.",
           .remedy =
               "Leave the untagged frames to one of the two; take the other's customer in with a VLAN or on another "
@@ -168,8 +167,9 @@ std::vector<Rule> rules_of_access() {
               "%s %s access-interface %s : VPLS VPN assigned to a service-port must have its bridge MTU lesser or "
               "equal than %u.",
           .source = "config_validate_comn/service_port_bridge_mtu.cc",
-          .provokes = "Two VPNs take the untagged frames of one port. It passes where the one that is taken first, "
-                      "VPWS before VPLS, also has a dot1q and no range: then the VLAN is what is remembered of it.",
+          .provokes = "A changed VPLS VPN with a service port has a bridge MTU above 2000 bytes, or none: nothing then "
+                      "keeps it within the limit. Here a service port is an interface whose name begins with "
+                      "service-port.",
           .why =
               "A service port carries frames of at most this size. Larger ones from the pseudowires or the other ports "
               "would be dropped there, which shows as a service that works until somebody sends a large packet.",

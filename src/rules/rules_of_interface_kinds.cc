@@ -51,9 +51,8 @@ std::vector<Rule> rules_of_interface_kinds() {
           .point = "vpn_sp_valp",
           .message = "%s is not valid. Verify available service-port interfaces",
           .source = "config_validate_vpws/vpws_service_port.cc",
-          .provokes =
-              "A VPWS access interface has service-port in its name, and what follows the last hyphen of the name "
-              "does not begin with a number, or with one that is too large.",
+          .provokes = "A VPWS access interface has service-port in its name, and what follows the name's last hyphen "
+                      "does not begin with a number, or the number is above 2147483647.",
           .why =
               "A service port is known by its number. Without one it cannot be looked up whether it has a VLAN action.",
           .remedy = "Name a service port that the element has, such as service-port-1.",
@@ -64,8 +63,7 @@ std::vector<Rule> rules_of_interface_kinds() {
           .point = "vpn_sp_valp",
           .message = "Service-port with VLAN action not allowed on a VPN",
           .source = "config_validate_vpws/vpws_service_port.cc",
-          .provokes = "A VPWS access interface has service-port in its name, and what follows the name's last hyphen "
-                      "does not begin with a number, or the number is above 2147483647.",
+          .provokes = "A service port that matches a VLAN, or any VLAN, joins a VPWS VPN or is changed there.",
           .why =
               "The service port's own VLAN match changes tags before the VPN sees the frame. The two would work on one "
               "tag, and the far end would get frames with a tag that it does not expect.",
