@@ -43,7 +43,7 @@ class Diagnoser {
     std::vector<Fault> faults;
     for (const host::PointVerdict &answer : spoken(verdict)) faults.push_back(of_device(answer, is_rejected));
     std::move(faults_.begin(), faults_.end(), std::back_inserter(faults));
-    return {std::move(faults), inquiry_.calls(), !inquiry_.is_over()};
+    return {std::move(faults), inquiry_.calls(), !inquiry_.is_over() && breach_.empty(), breach_};
   }
 
  private:
@@ -66,8 +66,10 @@ class Diagnoser {
       const std::vector<host::PointVerdict> answers = spoken(*verdict);
       if (answers.empty()) return;
       const bool is_rejected = verdict->decision == host::Decision::rejected;
-      within = without(std::move(within), take_back(within, {answers.front(), is_rejected}));
+      const ItemSet gone = take_back(within, {answers.front(), is_rejected});
+      within = without(std::move(within), gone);
     }
+    if (breach_.empty()) breach_ = inquiry_.breach();
   }
 
   /// What has to go for the answer not to come again.
@@ -132,6 +134,7 @@ class Diagnoser {
   ItemSet taken_back_;
   std::vector<ExceededLimit> limits_;
   std::vector<Fault> faults_;
+  std::string breach_;
 };
 
 }  // namespace

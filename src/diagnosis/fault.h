@@ -63,7 +63,8 @@ struct Fault {
 struct Diagnosis {
   std::vector<Fault> faults;  ///< the device's verdict first, then in the order in which they were found
   std::uint64_t calls = 0;    ///< how often the library was asked about a reduced commit
-  bool complete = true;       ///< false: a bound ended the search, so that there may be further faults
+  bool complete = true;       ///< false: a bound or a breach ended the search, so that there may be further faults
+  std::string breach;  ///< what the library did against its contract when it was asked about the rest of the commit
 };
 
 }  // namespace diagnosis

@@ -11,11 +11,13 @@ std::optional<host::Verdict> Inquiry::ask(const Shapes &shapes) {
   if (!may_ask()) return std::nullopt;
   if (options_.progress) options_.progress(calls_, faults);
   ++calls_;
+  breach_.clear();
   const auto transaction =
       element::make_transaction(places_.running(shapes), places_.candidate(shapes), seam_.profile());
   try {
     return host::validate_commit(plugin_, seam_, *transaction);
-  } catch (const host::ContractError &) {
+  } catch (const host::ContractError &error) {
+    breach_ = error.what();
     return std::nullopt;
   }
 }

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "diagnosis/diagnose.h"
 #include "diagnosis/places.h"
@@ -31,6 +32,9 @@ class Inquiry {
   bool draws(const Shapes &shapes, const Wanted &wanted);
 
   bool is_over() const { return over_; }
+
+  /// What the library did against its contract when it was asked last, or empty.
+  const std::string &breach() const { return breach_; }
   std::uint64_t calls() const { return calls_; }
 
   std::size_t faults = 0;  ///< found so far, for the progress
@@ -45,6 +49,7 @@ class Inquiry {
   std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
   std::uint64_t calls_ = 0;
   bool over_ = false;
+  std::string breach_;
 };
 
 /// Both are the same answer of the same point, wherever it fired.
