@@ -74,15 +74,11 @@ class Diagnoser {
 
   /// What has to go for the answer not to come again.
   ItemSet take_back(const ItemSet &within, const Wanted &wanted) {
-    ExceededLimit *limit = limit_of(wanted.answer);
-    if (limit != nullptr) {
-      Excess known = leave_out_excess(within, *limit);
-      if (count(known.gone) > 0) return std::move(known.gone);
-    }
+    Excess known = excess_of_known_limit(within, wanted.answer);
+    if (count(known.gone) > 0) return std::move(known.gone);
     FoundFault found = search_.find(within, wanted);
-    ItemSet gone = std::move(found.taken_back);
-    Excess excess{{}, {}};
-    if (limit == nullptr && is_count(wanted.answer)) excess = leave_out_excess(within, add_limit(wanted, found.own));
+    ItemSet gone = found.taken_back;
+    Excess excess = is_count(wanted.answer) ? leave_out_excess(within, add_limit(found)) : Excess{};
     if (count(excess.gone) > 0) {
       gone = std::move(excess.gone);
       if (count(excess.units) < count(found.own)) found.fault.enough = count(excess.units);
@@ -93,15 +89,18 @@ class Diagnoser {
     return gone;
   }
 
-  ExceededLimit *limit_of(const host::PointVerdict &answer) {
-    const auto known = std::find_if(limits_.begin(), limits_.end(), [&answer](const ExceededLimit &limit) {
-      return is_same_limit(limit.answer, answer);
-    });
-    return known == limits_.end() ? nullptr : &*known;
+  Excess excess_of_known_limit(const ItemSet &within, const host::PointVerdict &answer) {
+    for (ExceededLimit &limit : limits_) {
+      if (!is_same_limit(limit.answer, answer)) continue;
+      Excess excess = leave_out_excess(within, limit);
+      if (count(excess.gone) > 0) return excess;
+    }
+    return {};
   }
 
-  ExceededLimit &add_limit(const Wanted &wanted, const ItemSet &counted) {
-    return limits_.emplace_back(ExceededLimit{wanted.answer, counted, std::vector<std::uint32_t>(units_.size(), 0)});
+  ExceededLimit &add_limit(const FoundFault &found) {
+    return limits_.emplace_back(
+        ExceededLimit{found.fault.verdict, found.part, found.own, std::vector<std::uint32_t>(units_.size(), 0)});
   }
 
   Excess leave_out_excess(const ItemSet &within, ExceededLimit &limit) {

@@ -24,6 +24,11 @@ ItemSet first_of(const std::vector<std::size_t> &order, std::size_t number, std:
   return set;
 }
 
+ItemSet both(ItemSet a, const ItemSet &b) {
+  for (std::size_t i = 0; i < a.size(); ++i) a[i] = a[i] && b[i];
+  return a;
+}
+
 bool exceeds(const host::Verdict &verdict, const ExceededLimit &limit) {
   return std::any_of(verdict.points.begin(), verdict.points.end(),
                      [&limit](const host::PointVerdict &point) { return is_same_limit(point, limit.answer); });
@@ -42,11 +47,13 @@ Excess excess(const ChangeUnits &units, Inquiry &inquiry, const ItemSet &within,
     const ItemSet chosen = first_of(order, number, within.size());
     return Excess{chosen, with_dependents(units.items(), chosen)};
   };
+  // Asked about alone, for the rest of the commit may exceed the same limit elsewhere.
+  const ItemSet part = both(limit.part, within);
   const auto is_kept_without = [&](std::size_t number) {
-    const std::optional<host::Verdict> verdict = inquiry.ask(units.shapes(without(within, first(number).gone)));
+    const std::optional<host::Verdict> verdict = inquiry.ask(units.shapes(without(part, first(number).gone)));
     return verdict && !exceeds(*verdict, limit);
   };
-  if (order.empty() || !is_kept_without(order.size())) return first(0);
+  if (is_kept_without(0) || !is_kept_without(order.size())) return first(0);
   std::size_t too_few = 0;
   std::size_t enough = order.size();
   while (enough - too_few > 1) {

@@ -9,14 +9,15 @@
 
 namespace diagnosis {
 
-/// A limit that a commit exceeds, and how often each of the units that count towards it was left out so far.
+/// A limit that a commit exceeds. One rule may be exceeded several times: by two VPNs, by two interfaces.
 struct ExceededLimit {
-  host::PointVerdict answer;  ///< as the library gave it when the limit was met first
-  ItemSet counted;
+  host::PointVerdict answer;                  ///< as the library gave it when the limit was met first
+  ItemSet part;                               ///< the units that draw it, with all that they need
+  ItemSet counted;                            ///< those of them that may be left out
   std::vector<std::uint32_t> times_left_out;  ///< by unit
 };
 
-/// The same rule of the same point, whatever the numbers in its message.
+/// The same rule of the same point, whatever the numbers and names in its message.
 bool is_same_limit(const host::PointVerdict &a, const host::PointVerdict &b);
 
 struct Excess {
@@ -24,9 +25,9 @@ struct Excess {
   ItemSet gone;  ///< the same with all that cannot be without them
 };
 
-/// The fewest of the counted units without which the rest of `within` keeps the limit. Which ones are left out is free:
-/// those that were left out least often, later ones first, so that every pair of units is asked about together once
-/// three sets of them have been left out. Empty where leaving out all does not help.
+/// The fewest of the counted units without which the part that is left of the limit `within` keeps it. Which ones are
+/// left out is free: those that were left out least often, later ones first, so that every pair of units is asked about
+/// together once three sets of them have been left out. Empty where what is left keeps the limit, or nothing helps.
 Excess excess(const ChangeUnits &units, Inquiry &inquiry, const ItemSet &within, const ExceededLimit &limit);
 
 }  // namespace diagnosis

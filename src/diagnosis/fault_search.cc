@@ -40,6 +40,7 @@ FoundFault FaultSearch::find(const ItemSet &within, const Wanted &wanted) const 
   ItemSet own = own_units(within, part);
   return {{wanted.answer, change_parts(own), change_parts(without(part, own)), parties_of(places_, shapes),
            SmallestCommit{places_.running(shapes), places_.candidate(shapes)}, 0, !inquiry_.is_over()},
+          part,
           own,
           with_dependents(units_.items(), own)};
 }

@@ -11,8 +11,9 @@ namespace diagnosis {
 /// A fault, and the units of the change that go when it is taken back.
 struct FoundFault {
   Fault fault;
-  ItemSet own;         ///< units that draw the message, without what other units stand on, too
-  ItemSet taken_back;  ///< the same with all that cannot be without them
+  ItemSet part;        ///< units that draw the message
+  ItemSet own;         ///< the same without what other units stand on, too
+  ItemSet taken_back;  ///< `own` with all that cannot be without them
 };
 
 /// Finds what draws one answer of the library.
