@@ -8,8 +8,8 @@
 #include "cli/json_input.h"
 #include "cli/json_output.h"
 #include "tests/cli/commit_folder.h"
+#include "tests/cli/reader.h"
 #include "tests/cli/sample_findings.h"
-#include "tests/support/process.h"
 
 namespace {
 
@@ -48,7 +48,7 @@ TEST(FindingJson, what_is_read_back_is_what_was_written) {
 
 TEST(FindingJson, a_finding_shows_rule_message_parties_and_places) {
   const auto expected = nlohmann::ordered_json::parse(R"({
-    "rule": "access-on-uplink", "severity": "warning", "from-device": false,
+    "rule": "member-on-uplink", "severity": "warning", "from-device": false,
     "point": "vlm_memb_valp", "path": "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable",
     "message": "Some MPLS VPN's have access and uplink interfaces in common.",
     "place": {"file": "night/42/candidate.xml", "line": 40},
@@ -87,9 +87,8 @@ TEST(FindingJson, documents_with_findings_fit_the_schema) {
   report.findings = {hostile()};
   report.search.ended_by.clear();
   folder.write("hostile", written(report));
-  const ProcessResult result =
-      run_process("python3 " SOURCE_DIR "/tests/cli/fits_schema.py " SOURCE_DIR "/docs/verdict.schema.json " +
-                  folder.file("full") + " " + folder.file("hostile") + " 2>&1");
+  const ProcessResult result = run_reader(
+      "fits_schema.py", SOURCE_DIR "/docs/verdict.schema.json " + folder.file("full") + " " + folder.file("hostile"));
   EXPECT_EQ(result.output, "2 documents fit\n");
 }
 

@@ -63,7 +63,7 @@ FoundParty campus_data() {
 
 Finding same_dot1q() {
   Finding finding;
-  finding.rule = "dot1q-conflict";
+  finding.rule = "access-same-dot1q";
   finding.from_device = true;
   finding.point = "vpn_access_valp";
   finding.path = l2vpn + "vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1}";
@@ -79,7 +79,7 @@ Finding same_dot1q() {
 
 Finding uplink_warning() {
   Finding finding;
-  finding.rule = "access-on-uplink";
+  finding.rule = "member-on-uplink";
   finding.is_warning = true;
   finding.point = "vlm_memb_valp";
   finding.path = "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable";

@@ -1,0 +1,219 @@
+#include "cli/findings.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/finding.h"
+#include "confd_lib.h"
+#include "element/configuration.h"
+#include "element/input_error.h"
+#include "tests/cli/commit_folder.h"
+
+namespace {
+
+using cli::Finding;
+using diagnosis::Standing;
+
+const std::string l2vpn = "/mpls/l2vpn-config/l2vpn/";
+const std::string east = l2vpn + "vpws-group{metro}/vpn{east}";
+const std::string west = l2vpn + "vpws-group{metro}/vpn{west}";
+
+const char *const running = R"({
+  "mpls:mpls": {"l2-vpn:l2vpn-config": {"l2vpn": {"vpws-group": [{
+    "name": "metro",
+    "vpn": [
+      {"name": "east",
+       "access-interface": [{
+         "name": "ge-1",
+         "dot1q": 100}]}]}]}}}
+})";
+const char *const candidate = R"({
+  "mpls:mpls": {"l2-vpn:l2vpn-config": {"l2vpn": {"vpws-group": [{
+    "name": "metro",
+
+    "vpn": [
+      {"name": "east",
+       "access-interface": [{
+         "name": "ge-1",
+
+         "dot1q": 200}]},
+      {"name": "west"}]}]}}}
+})";
+
+host::PointVerdict rejection(const std::string &text, const std::string &path = west) {
+  return {"vpn_overflow_valp", path, CONFD_ERR, text};
+}
+
+host::PointVerdict warning(const std::string &text, const std::string &path = east) {
+  return {"vpn_access_valp", path, CONFD_VALIDATION_WARN, text};
+}
+
+class Findings : public testing::Test {
+ protected:
+  Findings() {
+    folder.write("running.json", running);
+    folder.write("candidate.json", candidate);
+  }
+
+  element::Path path(const std::string &text) const { return element::parse_path(schema, text); }
+
+  void find(const host::PointVerdict &verdict, std::vector<diagnosis::Party> parties,
+            std::vector<diagnosis::ChangePart> change = {}) {
+    diagnosis.faults.push_back({verdict, std::move(change), {}, std::move(parties), {tree, tree}, 0, true});
+  }
+
+  std::vector<Finding> make(std::vector<host::PointVerdict> said) const {
+    host::Verdict verdict;
+    verdict.points = std::move(said);
+    return cli::make_findings(diagnosis, verdict, schema, files());
+  }
+
+  cli::InputFiles files() const {
+    return {folder.file("element.json"), folder.file("running.json"), folder.file("candidate.json")};
+  }
+
+  /// The place without the folder.
+  std::string place(const cli::FilePlace &at) const {
+    const std::string text = to_text(at);
+    EXPECT_EQ(text.find(folder.path() + "/"), 0u) << text;
+    return text.substr(folder.path().size() + 1);
+  }
+
+  CommitFolder folder;
+  element::Schema schema;
+  element::Tree tree{schema};
+  diagnosis::Diagnosis diagnosis;
+};
+
+TEST_F(Findings, a_commit_without_a_message_has_none_and_reads_no_file_again) {
+  folder.remove("running.json");
+  EXPECT_TRUE(make({{"vpn_name_valp", west, CONFD_OK, ""}}).empty());
+}
+
+TEST_F(Findings, nodes_have_their_lines_in_the_files_that_hold_them) {
+  find(rejection("no"),
+       {{Standing::changed,
+         path(east + "/access-interface{ge-1}"),
+         "vpws-group metro",
+         "east",
+         "ge-1",
+         "",
+         {{Standing::changed, path(east + "/access-interface{ge-1}/dot1q"), "100", "200"}}},
+        {Standing::unchanged, path(l2vpn + "vpws-group{metro}"), "vpws-group metro", "", "", "", {}}},
+       {{Standing::added, path(west), {}, {}}, {Standing::removed, path(east), {}, {}}});
+  const Finding finding = make({rejection("no")}).at(0);
+  const cli::FoundParty &party = finding.parties.at(0);
+  EXPECT_EQ(party.group, "vpws-group metro");
+  EXPECT_EQ(party.vpn, "east");
+  EXPECT_EQ(party.interface, "ge-1");
+  EXPECT_EQ(party.node.path, east + "/access-interface{ge-1}");
+  EXPECT_EQ(party.node.standing, "changed");
+  EXPECT_EQ(place(party.node.running.value()), "running.json:6");
+  EXPECT_EQ(place(party.node.candidate.value()), "candidate.json:7");
+  EXPECT_EQ(party.details.at(0).old_value, "100");
+  EXPECT_EQ(party.details.at(0).new_value, "200");
+  EXPECT_EQ(place(party.details.at(0).running.value()), "running.json:8");
+  EXPECT_EQ(place(party.details.at(0).candidate.value()), "candidate.json:10");
+  EXPECT_EQ(finding.parties.at(1).node.standing, "unchanged");
+  EXPECT_EQ(place(finding.parties.at(1).node.running.value()), "running.json:2");
+
+  EXPECT_EQ(finding.change.at(0).standing, "added");
+  EXPECT_FALSE(finding.change.at(0).running);
+  EXPECT_EQ(place(finding.change.at(0).candidate.value()), "candidate.json:11");
+  EXPECT_EQ(finding.change.at(1).standing, "removed");
+  EXPECT_EQ(place(finding.change.at(1).running.value()), "running.json:5");
+  EXPECT_FALSE(finding.change.at(1).candidate);
+}
+
+TEST_F(Findings, the_place_to_look_first_is_what_the_commit_does_to_the_first_party_that_the_candidate_holds) {
+  const diagnosis::Party left{Standing::unchanged, path(l2vpn + "vpws-group{metro}"), "", "", "", "", {}};
+  const diagnosis::Party added{Standing::added, path(west), "", "", "", "", {}};
+  const diagnosis::Party removed{Standing::removed, path(east + "/access-interface{ge-1}"), "", "", "", "", {}};
+  diagnosis::Party changed{Standing::changed, path(east), "", "", "", "", {}};
+  changed.details = {{Standing::changed, path(east + "/access-interface{ge-1}/dot1q"), "100", "200"}};
+  diagnosis::Party shrunk = changed;
+  shrunk.details[0].standing = Standing::removed;
+  const diagnosis::ChangePart part{Standing::added, path(west), {}, {}};
+  struct Row {
+    std::vector<diagnosis::Party> parties;
+    std::vector<diagnosis::ChangePart> change;
+    std::string place;
+  };
+  for (const Row &row : std::vector<Row>{{{added, left}, {}, "candidate.json:11"},
+                                         {{changed, left}, {part}, "candidate.json:10"},
+                                         {{shrunk, left}, {part}, "candidate.json:6"},
+                                         {{removed, changed}, {}, "candidate.json:10"},
+                                         {{removed, left}, {part}, "candidate.json:11"},
+                                         {{left}, {part}, "candidate.json:11"},
+                                         {{left}, {}, "candidate.json:2"}}) {
+    diagnosis.faults.clear();
+    find(rejection("no", l2vpn + "vpws-group{metro}"), row.parties, row.change);
+    EXPECT_EQ(place(make({rejection("no", l2vpn + "vpws-group{metro}")}).at(0).place), row.place);
+  }
+}
+
+TEST_F(Findings, a_derived_node_has_the_candidates_file_alone) {
+  const Finding finding = make({rejection("no", "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable")}).at(0);
+  EXPECT_EQ(place(finding.place), "candidate.json");
+}
+
+TEST_F(Findings, the_rejection_of_the_device_comes_before_its_warnings_and_what_hides_last) {
+  find(rejection("behind"), {});
+  find(warning("one"), {});
+  find(rejection("no"), {});
+  const std::vector<Finding> findings = make({warning("one"), warning("two"), rejection("no")});
+  ASSERT_EQ(findings.size(), 4u);
+  const std::vector<std::string> messages{"no", "one", "two", "behind"};
+  const std::vector<bool> warnings{false, true, true, false};
+  const std::vector<bool> from_device{true, true, true, false};
+  for (std::size_t i = 0; i < findings.size(); ++i) {
+    EXPECT_EQ(findings[i].message, messages[i]);
+    EXPECT_EQ(findings[i].is_warning, warnings[i]);
+    EXPECT_EQ(findings[i].from_device, from_device[i]);
+  }
+}
+
+TEST_F(Findings, a_message_that_was_not_looked_into_is_there_but_not_complete) {
+  const Finding finding = make({warning("one")}).at(0);
+  EXPECT_EQ(finding.path, east);
+  EXPECT_EQ(finding.point, "vpn_access_valp");
+  EXPECT_FALSE(finding.complete);
+  EXPECT_EQ(place(finding.place), "candidate.json:6");
+}
+
+TEST_F(Findings, a_message_that_is_drawn_again_behind_the_devices_is_another_finding) {
+  find(warning("one", west), {});
+  find(warning("one", west), {});
+  const std::vector<Finding> findings = make({warning("one", east)});
+  ASSERT_EQ(findings.size(), 2u);
+  EXPECT_TRUE(findings[0].from_device);
+  EXPECT_EQ(findings[0].path, east);
+  EXPECT_FALSE(findings[1].from_device);
+  EXPECT_EQ(findings[1].path, west);
+}
+
+TEST_F(Findings, messages_have_the_rules_that_the_table_knows) {
+  const Finding known =
+      make({rejection("Maximum number of VPNs has been exceeded. Attempt to configure 5 of 4 allowed")}).at(0);
+  EXPECT_EQ(known.rule, "vpn-limit");
+  EXPECT_EQ(make({rejection("no")}).at(0).rule, "");
+}
+
+TEST_F(Findings, a_limit_keeps_its_number_and_an_unfinished_search_its_mark) {
+  find(rejection("no"), {});
+  diagnosis.faults[0].enough = 3;
+  diagnosis.faults[0].complete = false;
+  diagnosis.faults[0].scaffold = {{Standing::added, path(west), {}, {}}};
+  const Finding finding = make({rejection("no")}).at(0);
+  EXPECT_EQ(finding.enough, 3u);
+  EXPECT_FALSE(finding.complete);
+  EXPECT_EQ(finding.scaffold.at(0).path, west);
+}
+
+TEST_F(Findings, a_file_that_was_changed_meanwhile_is_an_input_error) {
+  folder.write("running.json", "{");
+  EXPECT_THROW(make({rejection("no")}), element::InputError);
+}
+
+}  // namespace

@@ -1,0 +1,14 @@
+#ifndef TESTS_CLI_READER_H
+#define TESTS_CLI_READER_H
+
+#include <string>
+
+#include "tests/support/process.h"
+
+/// Runs a Python script of this directory, with what it says on standard error. It is Debian's Python, for which the
+/// readers of the formats are installed.
+inline ProcessResult run_reader(const std::string &script, const std::string &arguments) {
+  return run_process("/usr/bin/python3 " SOURCE_DIR "/tests/cli/" + script + " " + arguments + " 2>&1");
+}
+
+#endif
