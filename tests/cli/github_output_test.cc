@@ -1,0 +1,101 @@
+#include "cli/github_output.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "tests/cli/commit_folder.h"
+#include "tests/cli/reader.h"
+#include "tests/cli/sample_findings.h"
+
+namespace {
+
+std::string written(const std::vector<cli::DecidedCommit> &commits) {
+  std::ostringstream out;
+  cli::write_github(out, commits);
+  return out.str();
+}
+
+/// What a runner finds in the commands.
+std::string read_back(const std::vector<cli::DecidedCommit> &commits) {
+  const CommitFolder folder;
+  folder.write("commands", written(commits));
+  return run_reader("read_github.py", folder.file("commands")).output;
+}
+
+TEST(GithubOutput, each_finding_is_an_annotation_at_its_place) {
+  EXPECT_EQ(read_back({decided({same_dot1q(), uplink_warning()})}),
+            "error\n"
+            "  file = 'night/42/candidate.xml'\n"
+            "  line = '11'\n"
+            "  title = 'access-same-dot1q'\n"
+            "  | 'vpls-group campus vpn data and vpws-group branches vpn south must not be configured with the same "
+            "dot1q on interface gigabit-ethernet-1/1/1'\n"
+            "  | '   involved:'\n"
+            "  | '     + vpws-group branches, vpn south, interface gigabit-ethernet-1/1/1: added by this commit "
+            "(night/42/candidate.xml:11)'\n"
+            "  | '         + dot1q: 210 (night/42/candidate.xml:13)'\n"
+            "  | '       vpls-group campus, vpn data, interface gigabit-ethernet-1/1/1: in the running configuration "
+            "(night/42/running.xml:16)'\n"
+            "  | '           dot1q: 210 (night/42/running.xml:15)'\n"
+            "  | '   take back:'\n"
+            "  | '     + /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/"
+            "access-interface{gigabit-ethernet-1/1/1}/dot1q: 210 (night/42/candidate.xml:13)'\n"
+            "warning\n"
+            "  file = 'night/42/candidate.xml'\n"
+            "  line = '40'\n"
+            "  title = 'member-on-uplink'\n"
+            "  | \"Some MPLS VPN's have access and uplink interfaces in common.\"\n"
+            "  | '   involved:'\n"
+            "  | '     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2}: added by this commit "
+            "(night/42/candidate.xml:40)'\n"
+            "  | '   to be rid of it, take back:'\n"
+            "  | '     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2} (night/42/candidate.xml:40)'\n");
+}
+
+TEST(GithubOutput, a_command_is_one_line_and_escapes_what_ends_its_parts) {
+  cli::Finding finding = same_dot1q();
+  finding.rule.clear();
+  finding.parties.clear();
+  finding.change.clear();
+  finding.message = "100% of: a, b";
+  finding.path = "/a";
+  finding.place = {"50%,\n:c.xml", 0};
+  EXPECT_EQ(written({decided({finding})}),
+            "::error file=50%25%2C%0A%3Ac.xml,title=vpn_access_valp::100%25 of: a, b%0A   at /a (50%25,\\n:c.xml)\n");
+}
+
+TEST(GithubOutput, what_is_suppressed_is_no_annotation) {
+  cli::Finding known = same_dot1q();
+  known.suppressed = cli::Suppressed{{"known.txt", 3}, "moves tonight"};
+  EXPECT_EQ(written({decided({known})}), "");
+  EXPECT_EQ(written({decided({})}), "");
+}
+
+TEST(GithubOutput, a_commit_that_could_not_be_decided_is_an_error) {
+  cli::DecidedCommit broken;
+  broken.name = "night/43";
+  broken.error = "night/43/candidate.xml:7: /mpls: what is wrong";
+  EXPECT_EQ(written({broken}), "::error title=night/43::night/43/candidate.xml:7: /mpls: what is wrong\n");
+}
+
+TEST(GithubOutput, a_search_that_ended_early_is_a_notice) {
+  cli::DecidedCommit commit = decided({});
+  commit.search.ended_by = "calls";
+  EXPECT_EQ(written({commit}),
+            "::notice title=night/42::the search ended early, for its 20,000 calls of the library are made: there may "
+            "be further faults, and less than is listed may draw a message; --budget sets the bound\n");
+}
+
+TEST(GithubOutput, hostile_texts_make_no_command_of_their_own) {
+  const std::string commands = written({decided({hostile()})});
+  EXPECT_EQ(std::count(commands.begin(), commands.end(), '\n'), 1);
+  const std::string text = read_back({decided({hostile()})});
+  const std::string printed =
+      R"(a"b\'c<d>&amp;]]>::error file=x,line=1::y%0A,:\\x0d\\n\\x1b[31mred\\x01 [link](https://example.invalid) {0} caf)"
+      "\xef\xbf\xbd";
+  EXPECT_NE(text.find("\n  title = 'access-same-dot1q'\n  | '" + printed + "'\n"), std::string::npos) << text;
+}
+
+}  // namespace

@@ -1,0 +1,112 @@
+#include "cli/junit_output.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "tests/cli/commit_folder.h"
+#include "tests/cli/reader.h"
+#include "tests/cli/sample_findings.h"
+
+namespace {
+
+/// What a CI system's reader finds in the report.
+std::string read_back(const std::vector<cli::DecidedCommit> &commits) {
+  const CommitFolder folder;
+  std::ostringstream out;
+  cli::write_junit(out, commits);
+  folder.write("report.xml", out.str());
+  return run_reader("read_junit.py", folder.file("report.xml")).output;
+}
+
+cli::Finding suppressed(cli::Finding finding) {
+  finding.suppressed = cli::Suppressed{{"known.txt", 3}, "moves tonight"};
+  return finding;
+}
+
+cli::DecidedCommit named(const std::string &name, cli::DecidedCommit commit) {
+  commit.name = name;
+  return commit;
+}
+
+const std::string uplink_lines[] = {
+    "warning [member-on-uplink]: Some MPLS VPN's have access and uplink interfaces in common.\n",
+    "   involved:\n",
+    "     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2}: added by this commit (night/42/candidate.xml:40)\n",
+    "   to be rid of it, take back:\n",
+    "     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2} (night/42/candidate.xml:40)\n",
+};
+
+std::string uplink_text(const std::string &indent) {
+  std::string text;
+  for (const std::string &line : uplink_lines) text += indent + line;
+  return text;
+}
+
+TEST(JunitOutput, each_commit_is_a_case_with_its_outcome) {
+  cli::DecidedCommit broken;
+  broken.name = "broken";
+  broken.error = "broken/candidate.xml:7: /mpls: what is wrong";
+  EXPECT_EQ(read_back({named("good", decided({})), named("warned", decided({uplink_warning()})),
+                       named("known", decided({suppressed(too_many_vpns(5))})), broken}),
+            "suite vpnval: tests 4 failures 0 errors 1 skipped 1\n"
+            "case vpnval.check good\n"
+            "case vpnval.check warned\n" +
+                uplink_text("  out: ") +
+                "case vpnval.check known\n"
+                "  Skipped -: rejected, but every rejection found is suppressed\n"
+                "  out: rejected [vpn-limit]: Maximum number of VPNs has been exceeded. Attempt to configure 5 of 4 "
+                "allowed\n"
+                "  out:    suppressed by known.txt:3: moves tonight\n"
+                "  out:    the device rejects the commit all the same\n"
+                "case vpnval.check broken\n"
+                "  Error error: broken/candidate.xml:7: /mpls: what is wrong\n"
+                "    broken/candidate.xml:7: /mpls: what is wrong\n");
+}
+
+TEST(JunitOutput, the_rejections_of_a_commit_are_one_failure_that_the_first_one_names) {
+  cli::Finding bare = same_dot1q();
+  bare.rule.clear();
+  bare.message = "this neighbour is not wanted";
+  bare.parties.clear();
+  bare.change.clear();
+  EXPECT_EQ(
+      read_back({decided({bare, suppressed(same_dot1q()), uplink_warning(), bare})}),
+      "suite vpnval: tests 1 failures 1 errors 0 skipped 0\n"
+      "case vpnval.check night/42\n"
+      "  Failure vpn_access_valp: this neighbour is not wanted\n"
+      "    rejected: this neighbour is not wanted\n"
+      "       at /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1} "
+      "(night/42/candidate.xml:11)\n"
+      "    rejected: this neighbour is not wanted\n"
+      "       at /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1} "
+      "(night/42/candidate.xml:11)\n"
+      "  out: rejected [access-same-dot1q]: vpls-group campus vpn data and vpws-group branches vpn south must not be "
+      "configured with the same dot1q on interface gigabit-ethernet-1/1/1\n"
+      "  out:    suppressed by known.txt:3: moves tonight\n"
+      "  out:    the device rejects the commit all the same\n" +
+          uplink_text("  out: "));
+}
+
+TEST(JunitOutput, a_search_that_ended_early_is_told) {
+  cli::DecidedCommit commit = decided({uplink_warning()});
+  commit.search.ended_by = "time";
+  EXPECT_EQ(read_back({commit}), "suite vpnval: tests 1 failures 0 errors 0 skipped 0\ncase vpnval.check night/42\n" +
+                                     uplink_text("  out: ") +
+                                     "  out: the search ended early, for its 60 s are over: there may be further "
+                                     "faults, and less than is listed may draw a message; --budget sets the bound\n");
+}
+
+TEST(JunitOutput, hostile_texts_leave_a_report_that_reads_back) {
+  const std::string printed =
+      R"(a"b'c<d>&amp;]]>::error file=x,line=1::y%0A,:\x0d\n\x1b[31mred\x01 [link](https://example.invalid) {0} caf)"
+      "\xef\xbf\xbd";
+  const std::string text = read_back({named(hostile_text, decided({hostile()}))});
+  EXPECT_EQ(text.find("suite vpnval: tests 1 failures 1 errors 0 skipped 0\ncase vpnval.check " + printed +
+                      "\n  Failure access-same-dot1q: " + printed + "\n    rejected [access-same-dot1q]: " + printed +
+                      "\n       involved:\n"),
+            0u)
+      << text;
+}
+
+}  // namespace
