@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <map>
 
+#include "cli/budget.h"
 #include "cli/errors.h"
 
 namespace cli {
@@ -17,6 +19,39 @@ std::string exit_status_text() {
   return text;
 }
 
+const std::map<std::string, Format> formats{{"text", Format::text},
+                                            {"json", Format::json},
+                                            {"sarif", Format::sarif},
+                                            {"junit", Format::junit},
+                                            {"github", Format::github}};
+const std::map<std::string, Colour> colours{
+    {"auto", Colour::on_a_terminal}, {"always", Colour::always}, {"never", Colour::never}};
+
+/// An option that takes one of the names.
+template <typename Value>
+void add_choice(CLI::App &command, const std::string &option, const std::map<std::string, Value> &names, Value &value,
+                const std::string &description) {
+  command
+      .add_option_function<std::string>(
+          option, [&names, &value](const std::string &name) { value = names.at(name); }, description)
+      ->check(CLI::IsMember(names))
+      ->type_name("");
+}
+
+void add_search_options(CLI::App &command, CheckArguments &check) {
+  command.add_flag("--all-faults", check.all_faults, "Look for further faults behind what the device says");
+  command
+      .add_option_function<std::string>(
+          "--budget", [&check](const std::string &text) { check.budget = parse_budget(text); },
+          "Bound of the search for what draws a message: calls of the library, seconds or both, as 500, 30s or "
+          "500,30s; 20000,60s unless it is given; 0: no search")
+      ->type_name("BUDGET");
+  command
+      .add_option("--suppress", check.suppressions,
+                  "File of faults that are known, a line each: RULE PATH # REASON; implies --all-faults")
+      ->type_name("FILE");
+}
+
 CLI::App *add_check(CLI::App &program, CheckArguments &check) {
   CLI::App *command = program.add_subcommand("check", "Decide a commit as the network element would");
   command
@@ -27,15 +62,12 @@ CLI::App *add_check(CLI::App &program, CheckArguments &check) {
   command->add_option("--running", check.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
   command->add_option("--candidate", check.input.candidate, "Configuration to commit (XML or JSON)")->type_name("FILE");
   command->add_option("--plugin", check.plugin, "Validation library to ask")->type_name("FILE");
-  const auto set_format = [&check](const std::string &name) {
-    check.format = name == "json" ? Format::json : Format::text;
-  };
-  command->add_option_function<std::string>("--format", set_format, "Format of the result; text unless it is given")
-      ->check(CLI::IsMember({"text", "json"}))
-      ->type_name("FORMAT");
+  add_choice(*command, "--format", formats, check.format, "Format of the result; text unless it is given");
+  add_choice(*command, "--color", colours, check.colour, "Colour in the text; auto: on a terminal");
   command->add_flag("--all", check.all_points, "Go on to the other validation points after a rejection");
   command->add_flag("--derived", check.derived, "List the changes of derived nodes, too");
   command->add_flag("--trace", check.trace, "Add what the library wrote to its trace");
+  add_search_options(*command, check);
   command->add_flag("--fail-on-warn", check.fail_on_warn, "End with status 2 when a commit is accepted with warnings");
   return command;
 }

@@ -7,6 +7,7 @@
 
 #include "cli/environment.h"
 #include "cli/exit_status.h"
+#include "diagnosis/diagnose.h"
 
 namespace cli {
 
@@ -18,7 +19,8 @@ struct InputArguments {
   std::string candidate;
 };
 
-enum class Format { text, json };
+enum class Format { text, json, sarif, junit, github };
+enum class Colour { on_a_terminal, always, never };
 
 struct CheckArguments {
   InputArguments input;
@@ -28,6 +30,10 @@ struct CheckArguments {
   bool derived = false;
   bool trace = false;
   bool fail_on_warn = false;
+  bool all_faults = false;
+  diagnosis::Budget budget;
+  std::string suppressions;  ///< a file; empty: none
+  Colour colour = Colour::on_a_terminal;
 };
 
 struct ShowArguments {

@@ -1,9 +1,16 @@
 #include "cli/check_command.h"
 
 #include "cli/commit_input.h"
+#include "cli/findings_text.h"
+#include "cli/github_output.h"
 #include "cli/json_output.h"
+#include "cli/junit_output.h"
 #include "cli/plugin_file.h"
+#include "cli/printable.h"
 #include "cli/report.h"
+#include "cli/sarif_output.h"
+#include "cli/search.h"
+#include "cli/suppressions.h"
 #include "cli/text_output.h"
 #include "host/plugin.h"
 #include "host/seam.h"
@@ -11,15 +18,52 @@
 namespace cli {
 namespace {
 
-ExitStatus status_of(host::Decision decision, bool fail_on_warn) {
-  if (decision == host::Decision::rejected) return ExitStatus::rejected;
-  if (decision == host::Decision::accepted_with_warnings && fail_on_warn) return ExitStatus::accepted_with_warnings;
-  return ExitStatus::accepted;
+/// A warning that is not suppressed, or may not be: behind those that a search left unseen.
+bool has_open_warning(const Report &report) {
+  return count_open(report.findings, true) != 0 || !report.search.ended_by.empty();
+}
+
+ExitStatus status_of(const Report &report, bool fail_on_warn) {
+  if (report.verdict.decision == host::Decision::accepted) return ExitStatus::accepted;
+  if (report.verdict.decision == host::Decision::rejected) return ExitStatus::rejected;
+  return fail_on_warn && has_open_warning(report) ? ExitStatus::accepted_with_warnings : ExitStatus::accepted;
+}
+
+bool wants_colour(const CheckArguments &arguments, const Environment &environment) {
+  if (arguments.colour != Colour::on_a_terminal) return arguments.colour == Colour::always;
+  return arguments.format == Format::text && environment.out_is_terminal && !environment.no_colour;
+}
+
+DecidedCommit decided_commit(const CheckArguments &arguments, const Report &report) {
+  DecidedCommit commit;
+  commit.name = arguments.input.directory.empty() ? arguments.input.candidate : arguments.input.directory;
+  commit.decision = report.verdict.decision;
+  commit.findings = report.findings;
+  commit.search = report.search;
+  commit.unused_suppressions = report.unused_suppressions;
+  return commit;
+}
+
+void write_document(std::ostream &out, const CheckArguments &arguments, const Report &report) {
+  switch (arguments.format) {
+    case Format::text:
+      return;
+    case Format::json:
+      return write_json(out, report);
+    case Format::sarif:
+      return write_sarif(out, {decided_commit(arguments, report)});
+    case Format::junit:
+      return write_junit(out, {decided_commit(arguments, report)});
+    case Format::github:
+      return write_github(out, {decided_commit(arguments, report)});
+  }
 }
 
 }  // namespace
 
 ExitStatus check(const CheckArguments &arguments, const Environment &environment) {
+  Suppressions suppressions;
+  if (!arguments.suppressions.empty()) suppressions = Suppressions::read(arguments.suppressions);
   const CommitInput input(find_input_files(arguments.input));
   host::Seam seam(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
@@ -31,14 +75,24 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
   report.changes = list_changes(input.transaction().changes, arguments.derived);
   report.with_trace = arguments.trace;
 
+  const Paint paint(wants_colour(arguments, environment));
   std::ostream &human = arguments.format == Format::text ? environment.out : environment.err;
-  write_changes(human, report.changes);
+  write_changes(human, report.changes, paint);
   // A library that meets a broken data model stops the process: what was found out by then must be out.
   human.flush();
   report.verdict = host::validate_commit(plugin, seam, input.transaction(), {.all_points = arguments.all_points});
-  write_verdict(human, report);
-  if (arguments.format == Format::json) write_json(environment.out, report);
-  return status_of(report.verdict.decision, arguments.fail_on_warn);
+  write_verdict(human, report, paint);
+  human.flush();
+
+  search(arguments, environment, input, plugin, seam, report);
+  suppressions.apply(report.findings);
+  report.unused_suppressions = suppressions.unused();
+  write_findings(human, report.findings, report.search, paint);
+  for (const std::string &line : report.unused_suppressions) {
+    environment.err << "vpnval: suppresses nothing: " << printable(line) << '\n';
+  }
+  write_document(environment.out, arguments, report);
+  return status_of(report, arguments.fail_on_warn);
 }
 
 }  // namespace cli

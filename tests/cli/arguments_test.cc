@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdint>
+#include <limits>
+#include <map>
 #include <sstream>
 
 #include "cli/errors.h"
@@ -24,7 +28,11 @@ TEST(Arguments, check_takes_a_directory_and_leaves_every_option_off) {
   EXPECT_EQ(check.input.directory, "folder");
   EXPECT_EQ(check.input.element + check.input.running + check.input.candidate + check.plugin, "");
   EXPECT_EQ(check.format, cli::Format::text);
-  EXPECT_FALSE(check.all_points || check.derived || check.trace || check.fail_on_warn);
+  EXPECT_FALSE(check.all_points || check.derived || check.trace || check.fail_on_warn || check.all_faults);
+  EXPECT_EQ(check.budget.calls, 20000u);
+  EXPECT_EQ(check.budget.time, std::chrono::seconds(60));
+  EXPECT_EQ(check.suppressions, "");
+  EXPECT_EQ(check.colour, cli::Colour::on_a_terminal);
 }
 
 TEST(Arguments, check_takes_three_files_and_a_library) {
@@ -42,8 +50,54 @@ TEST(Arguments, each_flag_of_check_sets_its_own_option) {
   EXPECT_TRUE(std::get<CheckArguments>(parse({"check", "d", "--derived"})).derived);
   EXPECT_TRUE(std::get<CheckArguments>(parse({"check", "d", "--trace"})).trace);
   EXPECT_TRUE(std::get<CheckArguments>(parse({"check", "d", "--fail-on-warn"})).fail_on_warn);
-  EXPECT_EQ(std::get<CheckArguments>(parse({"check", "d", "--format", "json"})).format, cli::Format::json);
-  EXPECT_EQ(std::get<CheckArguments>(parse({"check", "d", "--format", "text"})).format, cli::Format::text);
+  EXPECT_TRUE(std::get<CheckArguments>(parse({"check", "d", "--all-faults"})).all_faults);
+  EXPECT_EQ(std::get<CheckArguments>(parse({"check", "d", "--suppress", "known.txt"})).suppressions, "known.txt");
+}
+
+TEST(Arguments, formats_and_colours_go_by_name) {
+  for (const auto &[name, format] : std::map<std::string, cli::Format>{{"text", cli::Format::text},
+                                                                       {"json", cli::Format::json},
+                                                                       {"sarif", cli::Format::sarif},
+                                                                       {"junit", cli::Format::junit},
+                                                                       {"github", cli::Format::github}}) {
+    EXPECT_EQ(std::get<CheckArguments>(parse({"check", "d", "--format", name})).format, format) << name;
+  }
+  for (const auto &[name, colour] : std::map<std::string, cli::Colour>{
+           {"auto", cli::Colour::on_a_terminal}, {"always", cli::Colour::always}, {"never", cli::Colour::never}}) {
+    EXPECT_EQ(std::get<CheckArguments>(parse({"check", "d", "--color", name})).colour, colour) << name;
+  }
+}
+
+TEST(Arguments, a_budget_is_calls_seconds_or_both) {
+  struct Row {
+    std::string text;
+    std::uint64_t calls;
+    std::chrono::seconds time;
+  };
+  for (const auto &[text, calls, time] :
+       std::vector<Row>{{"500", 500, std::chrono::seconds(60)},
+                        {"30s", 20000, std::chrono::seconds(30)},
+                        {"500,30s", 500, std::chrono::seconds(30)},
+                        {"0", 0, std::chrono::seconds(60)},
+                        {"0s", 20000, std::chrono::seconds(0)},
+                        {"18446744073709551615,1000000000s", std::numeric_limits<std::uint64_t>::max(),
+                         std::chrono::seconds(1000000000)}}) {
+    const diagnosis::Budget budget = std::get<CheckArguments>(parse({"check", "d", "--budget", text})).budget;
+    EXPECT_EQ(budget.calls, calls) << text;
+    EXPECT_EQ(budget.time, time) << text;
+  }
+}
+
+TEST(Arguments, what_is_no_budget_is_told_with_what_was_expected) {
+  for (const std::string text : {"", ",", "s", "-1", "+5", "1.5s", "30 s", "30m", "30s,500", "500,30", "500,", ",30s",
+                                 "500,30s,", "1000000001s", "18446744073709551616", "5x"}) {
+    const Outcome outcome = run_with_answers({"check", "folder", "--budget=" + text});
+    EXPECT_EQ(outcome.status, 64) << text;
+    if (text.empty()) continue;
+    EXPECT_EQ(outcome.err, "vpnval: --budget: \"" + text +
+                               "\" is no budget; expected calls of the library, seconds, or both, as 500, 30s or "
+                               "500,30s\n");
+  }
 }
 
 TEST(Arguments, show_takes_a_directory_and_a_path) {
@@ -77,6 +131,9 @@ TEST(Arguments, what_cannot_be_carried_out_is_a_usage_error) {
       {"check", "folder", "--format"},
       {"check", "folder", "--format", "yaml"},
       {"check", "folder", "--format", "1"},
+      {"check", "folder", "--color", "blue"},
+      {"check", "folder", "--color", "0"},
+      {"check", "folder", "--suppress"},
       {"check", "--element"},
       {"show"},
       {"show", "folder", "/internal", "/mpls"},

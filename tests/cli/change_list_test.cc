@@ -23,7 +23,7 @@ class ChangeList : public testing::Test {
     after.sort();
     const element::Change changes = element::difference(before, after);
     std::ostringstream out;
-    cli::write_changes(out, cli::list_changes(changes, with_derived));
+    cli::write_changes(out, cli::list_changes(changes, with_derived), cli::Paint(false));
     return out.str();
   }
 

@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/cli/commit_folder.h"
-#include "tests/support/process.h"
+#include "tests/cli/reader.h"
 
 namespace {
 
@@ -26,6 +26,12 @@ class CheckCommand : public testing::Test {
   Outcome check(std::vector<std::string> options = {}) {
     options.insert(options.begin(), {"check", folder.path()});
     return run_with_answers(options);
+  }
+
+  /// The verdict without a search for what draws its messages.
+  Outcome verdict(std::vector<std::string> options = {}) {
+    options.insert(options.end(), {"--budget", "0"});
+    return check(options);
   }
 
   /// A VPN is added: vpn_overflow_valp accepts, vpn_name_valp warns.
@@ -59,7 +65,7 @@ TEST_F(CheckCommand, nothing_changed_is_accepted_and_asks_nothing) {
 
 TEST_F(CheckCommand, a_warning_is_shown_and_accepted) {
   add_vpn();
-  const Outcome outcome = check();
+  const Outcome outcome = verdict();
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(without_build_id(outcome.out),
             "changes: 1\n"
@@ -86,7 +92,7 @@ TEST_F(CheckCommand, fail_on_warn_changes_the_status_of_warnings_alone) {
 
 TEST_F(CheckCommand, a_rejection_ends_the_commit) {
   add_neighbour_and_member();
-  const Outcome outcome = check();
+  const Outcome outcome = verdict();
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(without_build_id(outcome.out),
             "changes: 4\n"
@@ -108,7 +114,7 @@ TEST_F(CheckCommand, a_rejection_ends_the_commit) {
 
 TEST_F(CheckCommand, all_goes_on_after_a_rejection) {
   add_neighbour_and_member();
-  const Outcome outcome = check({"--all"});
+  const Outcome outcome = verdict({"--all"});
   EXPECT_EQ(outcome.status, 1);
   for (const std::string line :
        {"  vlm_memb_valp at /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable: accepted\n",
@@ -134,8 +140,8 @@ TEST_F(CheckCommand, derived_changes_are_added_on_demand) {
 
 TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_standard_error) {
   add_vpn_with_neighbour();
-  const Outcome text = check();
-  const Outcome json = check({"--format", "json"});
+  const Outcome text = verdict();
+  const Outcome json = verdict({"--format", "json"});
   EXPECT_EQ(json.status, text.status);
   EXPECT_EQ(json.err, text.out);
   const auto expected = nlohmann::json::parse(R"({
@@ -158,12 +164,26 @@ TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_stand
       {"change": "added", "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}/neighbor{192.0.2.1}/pw-id",
        "derived": false, "new": "7"}
     ],
-    "findings": [],
-    "search": {"all-faults": false, "calls": 0, "budget": {"calls": 0, "seconds": 0.0}, "complete": true},
+    "findings": [
+      {"severity": "rejection", "from-device": true, "point": "vpn_peer_valp",
+       "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}/neighbor{192.0.2.1}",
+       "message": "this neighbour is not wanted", "place": {"file": "CANDIDATE", "line": 1},
+       "change": [], "scaffold": [], "parties": [], "enough": 0, "complete": false},
+      {"severity": "warning", "from-device": true, "point": "vpn_name_valp",
+       "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}",
+       "message": "this name is hard to read", "place": {"file": "CANDIDATE", "line": 1},
+       "change": [], "scaffold": [], "parties": [], "enough": 0, "complete": false}
+    ],
+    "search": {"all-faults": false, "calls": 0, "budget": {"calls": 0, "seconds": 60.0}, "complete": false,
+               "ended-by": "calls"},
     "unused-suppressions": []})");
   auto document = nlohmann::json::parse(json.out);
   EXPECT_EQ(document["library"]["file"], ANSWERING_PLUGIN_FILE);
   EXPECT_EQ(document["inputs"]["candidate"], folder.file("candidate.json"));
+  for (auto &finding : document["findings"]) {
+    EXPECT_EQ(finding["place"]["file"], folder.file("candidate.json"));
+    finding["place"]["file"] = "CANDIDATE";
+  }
   document.erase("library");
   document.erase("inputs");
   EXPECT_EQ(document, expected) << document.dump(2);
@@ -184,8 +204,7 @@ TEST_F(CheckCommand, every_kind_of_json_document_fits_its_schema) {
   add_neighbour_and_member();
   keep({"--all", "--trace"});
   const ProcessResult result =
-      run_process("python3 " SOURCE_DIR "/tests/cli/fits_schema.py " SOURCE_DIR "/docs/verdict.schema.json " +
-                  folder.path() + "/document-* 2>&1");
+      run_reader("fits_schema.py", SOURCE_DIR "/docs/verdict.schema.json " + folder.path() + "/document-*");
   EXPECT_EQ(result.output, "4 documents fit\n");
   EXPECT_EQ(result.status, 0);
 }

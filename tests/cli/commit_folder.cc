@@ -52,9 +52,19 @@ std::string vlan_member(const std::string &interface) {
   return R"("base:config": {"vlan": [{"id": 100, "interface": [{"name": ")" + interface + R"("}]}]})";
 }
 
-Outcome run_with_answers(const std::vector<std::string> &arguments) {
+namespace {
+
+Outcome run_with(const std::string &plugin, const std::vector<std::string> &arguments) {
   std::ostringstream out;
   std::ostringstream err;
-  const cli::ExitStatus status = cli::run(arguments, {out, err, "/nowhere/bin/vpnval", ANSWERING_PLUGIN_FILE});
+  const cli::ExitStatus status = cli::run(arguments, {out, err, "/nowhere/bin/vpnval", plugin});
   return {static_cast<int>(status), out.str(), err.str()};
 }
+
+}  // namespace
+
+Outcome run_with_answers(const std::vector<std::string> &arguments) {
+  return run_with(ANSWERING_PLUGIN_FILE, arguments);
+}
+
+Outcome run_with_library(const std::vector<std::string> &arguments) { return run_with(PLUGIN_FILE, arguments); }

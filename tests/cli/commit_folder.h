@@ -51,4 +51,7 @@ struct Outcome {
 /// Runs a command line in this process, with the library that has one fixed answer for each point.
 Outcome run_with_answers(const std::vector<std::string> &arguments);
 
+/// The same with the library as it ships.
+Outcome run_with_library(const std::vector<std::string> &arguments);
+
 #endif

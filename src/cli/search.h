@@ -1,0 +1,20 @@
+#ifndef CLI_SEARCH_H
+#define CLI_SEARCH_H
+
+#include "cli/arguments.h"
+#include "cli/commit_input.h"
+#include "cli/environment.h"
+#include "cli/report.h"
+#include "host/plugin.h"
+#include "host/seam.h"
+
+namespace cli {
+
+/// Fills in the findings and the search's account of a report that has its verdict: has what draws each message looked
+/// for, within the budget, and shows on `err` how far that is. Throws what reading and asking the library throw.
+void search(const CheckArguments &arguments, const Environment &environment, const CommitInput &input,
+            const host::Plugin &plugin, host::Seam &seam, Report &report);
+
+}  // namespace cli
+
+#endif
