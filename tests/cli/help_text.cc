@@ -1,5 +1,6 @@
 #include "tests/cli/help_text.h"
 
+#include <regex>
 #include <sstream>
 
 #include "tests/cli/commit_folder.h"
@@ -30,6 +31,17 @@ std::set<std::string> options_at_line_begin(const std::string &text, std::size_t
     if (line.find_first_not_of(' ') == indent) add_options(line.substr(indent), options);
   }
   return options;
+}
+
+std::map<std::string, std::set<std::string>> listed_values_in_help(const std::string &command) {
+  static const std::regex line("(?:^|\n)  (?:-[a-z],)?(--[a-z-]+) [A-Z]*:\\{([^}]*)\\}");
+  const std::string help = help_of(command);
+  std::map<std::string, std::set<std::string>> values;
+  for (std::sregex_iterator at(help.begin(), help.end(), line), end; at != end; ++at) {
+    std::istringstream list((*at)[2]);
+    for (std::string value; std::getline(list, value, ',');) values[(*at)[1]].insert(value);
+  }
+  return values;
 }
 
 std::vector<std::string> commands_in_help() {

@@ -1,6 +1,7 @@
 #ifndef TESTS_CLI_HELP_TEXT_H
 #define TESTS_CLI_HELP_TEXT_H
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -12,6 +13,9 @@ std::vector<std::string> commands_in_help();
 
 /// The options, short and long, that the help of the command lists; of the program itself for an empty command.
 std::set<std::string> options_in_help(const std::string &command);
+
+/// The options of the command that list their values, as "--format FORMAT:{text,json}", with these values.
+std::map<std::string, std::set<std::string>> listed_values_in_help(const std::string &command);
 
 /// The options that stand in a text at the beginning of an indented line: "  -h,--help  Print" has two.
 std::set<std::string> options_at_line_begin(const std::string &text, std::size_t indent);
