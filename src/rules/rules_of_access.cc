@@ -132,10 +132,8 @@ std::vector<Rule> rules_of_access() {
           .point = "vpn_access_valp",
           .message = "%s cannot be used on port-based and VLAN based VPNs at the same time",
           .source = "config_validate_comn/access_interface_checks.cc",
-          .provokes =
-              "Several VPNs use one service port and not all of them by VLAN. Two that take it whole draw this as "
-              "well, unless they were refused as two port-based VPNs before. A service port is any interface "
-              "with service-port in its name.",
+          .provokes = "Several VPNs use one service port, and one of them takes it whole while another does not. A "
+                      "service port is any interface with service-port in its name.",
           .why =
               "A service port hands its frames either to one VPN, tags and all, or to several by their VLAN. It is set "
               "to one of the two ways as a whole.",

@@ -22,10 +22,10 @@ std::vector<Rule> rules_of_interface_kinds() {
           .point = "vpn_access_intf_valp",
           .message = "Cannot configure access interfaces service-port and ethernet in the same VPN",
           .source = "config_validate_vpls/vpls_interface_kind.cc",
-          .provokes =
-              "An access interface is added to a VPLS VPN, and it is a service port while the VPN's first other "
-              "interface is none, or the other way round. Only the VPN that comes first in order of group and "
-              "VPN is looked at, and those whose names begin as its do: every other VPN may mix.",
+          .provokes = "An access interface is added to a VPLS VPN, and it is a service port while the VPN's first "
+                      "other interface is none, or the other way round. Only the VPN that comes first in order of "
+                      "group and VPN is looked at, together with those after it whose group and VPN names begin with "
+                      "its own: every other VPN may mix.",
           .why =
               "A service port hands frames on without the learning and flooding of an Ethernet port. A bridge domain "
               "of both kinds would learn addresses on some of its ports only, and flood what it should forward.",

@@ -70,6 +70,11 @@ TEST(RuleTable, a_page_is_whole_prose_without_a_sign_of_markdown) {
   }
 }
 
+TEST(RuleTable, no_two_rules_are_provoked_by_the_same) {
+  std::set<std::string_view> provocations;
+  for (const Rule &rule : all_rules()) EXPECT_TRUE(provocations.insert(rule.provokes).second) << rule.id;
+}
+
 TEST(RuleTable, every_message_is_said_by_its_examples_and_the_look_up_finds_its_row) {
   for (const Rule &rule : all_rules()) {
     for (const std::string_view example : rule.examples) {
