@@ -1,0 +1,56 @@
+# What is installed, and the Debian package of it: cpack --preset package
+
+# The libraries are the program's own, so they stand in a directory of its own, where the program looks for them relative
+# to itself: an unpacked package works wherever it lies.
+set(private_libraries lib/${CMAKE_LIBRARY_ARCHITECTURE}/vpnval)
+set_target_properties(vpnval PROPERTIES INSTALL_RPATH "$ORIGIN/../${private_libraries}")
+install(TARGETS vpnval RUNTIME DESTINATION bin)
+install(TARGETS element_host config_validate_vpn LIBRARY DESTINATION ${private_libraries})
+
+file(GLOB yang_modules CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/yang/*.yang)
+install(FILES ${yang_modules} DESTINATION share/vpnval/yang)
+
+install(FILES completions/vpnval.bash DESTINATION share/bash-completion/completions RENAME vpnval)
+install(FILES completions/_vpnval DESTINATION share/zsh/vendor-completions)
+
+# Without name and time inside, so that the same page is the same file.
+function(add_compressed source file)
+  add_custom_command(
+    OUTPUT ${file}
+    COMMAND gzip -9nc ${source} > ${file}
+    DEPENDS ${source}
+    VERBATIM)
+endfunction()
+
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/share)
+set(compressed_files ${CMAKE_BINARY_DIR}/share/changelog.gz)
+add_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${CMAKE_BINARY_DIR}/share/changelog.gz)
+install(FILES ${CMAKE_BINARY_DIR}/share/changelog.gz packaging/copyright DESTINATION share/doc/vpnval)
+
+file(GLOB man_pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/man/*.1)
+foreach(page IN LISTS man_pages)
+  get_filename_component(name ${page} NAME)
+  set(compressed ${CMAKE_BINARY_DIR}/share/${name}.gz)
+  add_compressed(${page} ${compressed})
+  install(FILES ${compressed} DESTINATION share/man/man1)
+  list(APPEND compressed_files ${compressed})
+endforeach()
+add_custom_target(compressed_files ALL DEPENDS ${compressed_files})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME vpnval)
+set(CPACK_PACKAGE_CONTACT "vpnval maintainers <maintainers@vpnval.invalid>")
+set(CPACK_PACKAGE_VENDOR "vpnval maintainers")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "check commits of MPLS layer-2 VPN configuration off the network element")
+set(CPACK_PACKAGE_DESCRIPTION
+    "vpnval loads the validation library of a network element outside of the element\nand has it decide a change of VPLS and VPWS configuration: accepted, rejected with\na message, or accepted with a warning.")
+set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+                                                WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION net)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+include(CPack)
