@@ -7,8 +7,6 @@
 
 /// Runs a Python script of this directory, with what it says on standard error. It is Debian's Python, for which the
 /// readers of the formats are installed.
-inline ProcessResult run_reader(const std::string &script, const std::string &arguments) {
-  return run_process("/usr/bin/python3 " SOURCE_DIR "/tests/cli/" + script + " " + arguments + " 2>&1");
-}
+ProcessResult run_reader(const std::string &script, const std::string &arguments);
 
 #endif
