@@ -2,6 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <string_view>
+
+#include "cli/path_text.h"
+
 namespace cli {
 
 std::string to_text(const FilePlace &place) {
@@ -19,8 +23,10 @@ std::string title_of(const FoundParty &party) {
   std::string title = party.group;
   if (!party.vpn.empty()) title += ", vpn " + party.vpn;
   if (!party.interface.empty()) title += ", interface " + party.interface;
-  if (!party.neighbor.empty()) title += ", neighbor " + party.neighbor;
-  return title;
+  if (party.neighbor.empty()) return title;
+  const std::vector<std::string_view> steps = path_steps(party.node.path);
+  const bool is_backup = !steps.empty() && steps.back().starts_with("backup-neighbor{");
+  return title + (is_backup ? ", backup-neighbor " : ", neighbor ") + party.neighbor;
 }
 
 std::string standing_text(const FoundNode &node) {

@@ -42,7 +42,8 @@ std::string in_brackets(const FilePlace *place) {
 
 template <typename Items, typename Writer>
 void write_list(std::ostream &out, std::string_view indent, const Items &items, Writer write) {
-  const std::size_t shown = std::min(items.size(), kLongestList);
+  // A line for one more is as good as the line that says so.
+  const std::size_t shown = items.size() == kLongestList + 1 ? items.size() : std::min(items.size(), kLongestList);
   for (std::size_t i = 0; i < shown; ++i) write(items[i]);
   if (items.size() > shown) out << indent << fmt::format("... and {} more\n", grouped(items.size() - shown));
 }
@@ -56,19 +57,23 @@ void write_node(std::ostream &out, std::string_view indent, const FoundNode &nod
 void write_party(std::ostream &out, const FoundParty &party, const Paint &paint) {
   out << "     " << mark(party.node, paint) << ' ' << printable(title_of(party)) << ": " << standing_text(party.node)
       << in_brackets(place_of(party.node)) << '\n';
+  // What the commit touches must not be what a long list leaves out.
+  std::vector<FoundNode> details = party.details;
+  std::stable_partition(details.begin(), details.end(), [](const FoundNode &d) { return d.standing != "unchanged"; });
   const std::string_view indent = "         ";
-  write_list(out, indent, party.details, [&](const FoundNode &detail) {
+  write_list(out, indent, details, [&](const FoundNode &detail) {
     write_node(out, indent, detail, path_beside(detail.path, party.node.path), paint);
   });
 }
 
-/// What is to be taken back, without what goes with an entry above it.
+/// What is to be taken back, without the entries above it that were added for nothing else: empty, they do no harm. In
+/// schema order an entry is followed by what stands below it.
 std::vector<FoundNode> parts_to_go(const Finding &finding) {
   if (finding.enough != 0) return finding.change;
   std::vector<FoundNode> parts;
   for (const FoundNode &part : finding.change) {
-    const bool goes_with_last = !parts.empty() && part.path.starts_with(parts.back().path + "/");
-    if (!goes_with_last) parts.push_back(part);
+    if (!parts.empty() && part.path.starts_with(parts.back().path + "/")) parts.pop_back();
+    parts.push_back(part);
   }
   return parts;
 }
@@ -92,7 +97,7 @@ void write_hints(std::ostream &out, const std::vector<Finding> &findings, const 
   if (known == findings.end() && !may_hide) return;
   out << '\n';
   if (known != findings.end()) out << "why, and what to do: vpnval explain " << known->rule << '\n';
-  if (may_hide) out << "what else is wrong: vpnval check --all-faults\n";
+  if (may_hide) out << "what else is wrong, if anything: vpnval check --all-faults\n";
 }
 
 }  // namespace

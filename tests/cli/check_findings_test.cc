@@ -81,7 +81,7 @@ TEST_F(CheckFindings, a_rejection_is_explained_with_both_parties_and_their_lines
                 south + " (" + rejected +
                 "/candidate.xml:12)\n"
                 "\nwhy, and what to do: vpnval explain access-same-dot1q\n"
-                "what else is wrong: vpnval check --all-faults\n");
+                "what else is wrong, if anything: vpnval check --all-faults\n");
 }
 
 TEST_F(CheckFindings, an_accepted_commit_has_nothing_below_its_verdict) {

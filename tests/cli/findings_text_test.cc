@@ -37,7 +37,7 @@ TEST(FindingsText, both_parties_are_shown_with_their_places_and_what_is_to_be_ta
   commit.search.all_faults = false;
   EXPECT_EQ(text_of(commit), "\nwhat the device says: 1\n\n" + same_dot1q_text +
                                  "\nwhy, and what to do: vpnval explain access-same-dot1q\n"
-                                 "what else is wrong: vpnval check --all-faults\n");
+                                 "what else is wrong, if anything: vpnval check --all-faults\n");
 }
 
 TEST(FindingsText, what_hides_behind_the_device_follows) {
@@ -69,24 +69,44 @@ TEST(FindingsText, a_limit_tells_how_many_are_enough_and_long_lists_are_cut) {
         "{v8} (night/42/candidate.xml:80)\n     ... and 1,017 more\n\n"}) {
     EXPECT_NE(text.find(part), std::string::npos) << text;
   }
-  EXPECT_EQ(text_of(decided({too_many_vpns(8)})).find("more\n"), std::string::npos);
+  EXPECT_NE(text_of(decided({too_many_vpns(10)})).find("... and 2 more\n"), std::string::npos);
+  EXPECT_EQ(text_of(decided({too_many_vpns(9)})).find("more\n"), std::string::npos);
+}
+
+TEST(FindingsText, what_the_commit_touches_comes_first_among_the_details) {
+  cli::Finding finding = same_dot1q();
+  const cli::FoundNode left = finding.parties[1].details[0];
+  finding.parties[0].details.insert(finding.parties[0].details.begin(), 10, left);
+  const std::string text = text_of(decided({finding}));
+  EXPECT_NE(text.find("candidate.xml:11)\n         + dot1q: 210 (night/42/candidate.xml:13)\n           "),
+            std::string::npos)
+      << text;
+  EXPECT_NE(text.find("\n         ... and 3 more\n"), std::string::npos) << text;
+}
+
+TEST(FindingsText, a_pseudowire_goes_by_its_neighbour) {
+  cli::FoundParty party;
+  party.node.path = "/mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/neighbor{192.0.2.2}";
+  party.group = "vpws-group branches";
+  party.vpn = "south";
+  party.neighbor = "192.0.2.2";
+  EXPECT_EQ(title_of(party), "vpws-group branches, vpn south, neighbor 192.0.2.2");
+  party.node.path = "/mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/backup-neighbor{192.0.2.2}";
+  EXPECT_EQ(title_of(party), "vpws-group branches, vpn south, backup-neighbor 192.0.2.2");
 }
 
 TEST(FindingsText, the_parts_of_a_change_stand_under_the_number_that_is_to_go) {
   cli::Finding finding = same_dot1q();
-  finding.change.push_back(finding.scaffold[0]);
+  finding.change.push_back(finding.parties[1].node);
   EXPECT_NE(text_of(decided({finding})).find("   take back these 2:\n"), std::string::npos);
   finding.enough = 1;
   EXPECT_NE(text_of(decided({finding})).find("   take back any 1 of these 2:\n"), std::string::npos);
 }
 
-TEST(FindingsText, what_goes_with_an_entry_above_it_is_not_listed) {
+TEST(FindingsText, an_entry_that_was_added_for_a_part_alone_is_not_listed_beside_it) {
   cli::Finding finding = same_dot1q();
   finding.change.insert(finding.change.begin(), finding.scaffold[0]);
-  EXPECT_NE(
-      text_of(decided({finding}))
-          .find("   take back:\n     + /mpls/l2vpn-config/l2vpn/vpws-group{branches} (night/42/candidate.xml:4)\n\n"),
-      std::string::npos);
+  EXPECT_NE(text_of(decided({finding})).find(same_dot1q_text), std::string::npos);
 }
 
 TEST(FindingsText, each_standing_has_its_mark_its_words_and_its_file) {
