@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <set>
 #include <string_view>
 
 #include "cli/path_text.h"
@@ -92,11 +93,14 @@ void write_numbered(std::ostream &out, std::size_t number, const Finding &findin
 }
 
 void write_hints(std::ostream &out, const std::vector<Finding> &findings, const SearchAccount &search) {
-  const auto known = std::find_if(findings.begin(), findings.end(), [](const Finding &f) { return !f.rule.empty(); });
+  std::set<std::string_view> rules;
+  for (const Finding &finding : findings) rules.insert(finding.rule);
+  rules.erase("");
   const bool may_hide = !search.all_faults && count_open(findings, false) != 0;
-  if (known == findings.end() && !may_hide) return;
+  if (rules.empty() && !may_hide) return;
   out << '\n';
-  if (known != findings.end()) out << "why, and what to do: vpnval explain " << known->rule << '\n';
+  if (rules.size() == 1) out << "why, and what to do: vpnval explain " << *rules.begin() << '\n';
+  if (rules.size() > 1) out << "why, and what to do: vpnval explain RULE, with what stands in brackets\n";
   if (may_hide) out << "what else is wrong, if anything: vpnval check --all-faults\n";
 }
 

@@ -50,7 +50,7 @@ TEST(FindingsText, what_hides_behind_the_device_follows) {
                 "(night/42/candidate.xml:40)\n"
                 "   to be rid of it, take back:\n"
                 "     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2} (night/42/candidate.xml:40)\n"
-                "\nwhy, and what to do: vpnval explain access-same-dot1q\n");
+                "\nwhy, and what to do: vpnval explain RULE, with what stands in brackets\n");
 }
 
 TEST(FindingsText, where_nothing_hides_it_says_so) {
@@ -179,7 +179,7 @@ TEST(FindingsText, what_is_suppressed_is_shown_with_the_line_that_suppresses_it)
       "\nhidden behind it: 1\n\n"
       "2. warning [member-on-uplink]: Some MPLS VPN's have access and uplink interfaces in common.\n"
       "   suppressed by known.txt:3: moves tonight\n";
-  EXPECT_EQ(text_of(commit), expected + "\nwhy, and what to do: vpnval explain access-same-dot1q\n");
+  EXPECT_EQ(text_of(commit), expected + "\nwhy, and what to do: vpnval explain RULE, with what stands in brackets\n");
   commit.search.budget_calls = 0;
   EXPECT_EQ(text_of(commit), expected);
 }
