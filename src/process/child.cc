@@ -1,0 +1,117 @@
+#include "process/child.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cerrno>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+extern char **environ;
+
+namespace process {
+namespace {
+
+void require(int error, const char *what) {
+  if (error != 0) throw std::system_error(error, std::generic_category(), what);
+}
+
+struct Pipe {
+  Descriptor read;
+  Descriptor write;
+
+  Pipe() {
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) require(errno, "pipe");
+    read = Descriptor(ends[0]);
+    write = Descriptor(ends[1]);
+  }
+};
+
+/// What a child does before it becomes the program.
+class Preparation {
+ public:
+  Preparation(const Pipe &out, const Pipe &err, const sigset_t &mask) {
+    require(posix_spawn_file_actions_init(&actions_), "posix_spawn");
+    require(posix_spawnattr_init(&attributes_), "posix_spawn");
+    require(posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0), "posix_spawn");
+    require(posix_spawn_file_actions_adddup2(&actions_, out.write.number(), STDOUT_FILENO), "posix_spawn");
+    require(posix_spawn_file_actions_adddup2(&actions_, err.write.number(), STDERR_FILENO), "posix_spawn");
+    require(posix_spawnattr_setsigmask(&attributes_, &mask), "posix_spawn");
+    require(posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK), "posix_spawn");
+  }
+  ~Preparation() {
+    posix_spawn_file_actions_destroy(&actions_);
+    posix_spawnattr_destroy(&attributes_);
+  }
+  Preparation(const Preparation &) = delete;
+  Preparation &operator=(const Preparation &) = delete;
+
+  const posix_spawn_file_actions_t *actions() const { return &actions_; }
+  const posix_spawnattr_t *attributes() const { return &attributes_; }
+
+ private:
+  posix_spawn_file_actions_t actions_{};
+  posix_spawnattr_t attributes_{};
+};
+
+/// Appends what stands ready; closes the descriptor at the end of what there is to read.
+void read_into(std::string &text, Descriptor &descriptor) {
+  std::array<char, std::size_t{1} << 16> chunk{};
+  const ssize_t count = read(descriptor.number(), chunk.data(), chunk.size());
+  if (count < 0 && errno == EINTR) return;
+  if (count <= 0) return descriptor.close();
+  text.append(chunk.data(), static_cast<std::size_t>(count));
+}
+
+int wait_for(pid_t process) {
+  int status = 0;
+  while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+  }
+  return status;
+}
+
+}  // namespace
+
+Child::Child(const std::filesystem::path &program, const std::vector<std::string> &arguments, const sigset_t &mask) {
+  Pipe out;
+  Pipe err;
+  const Preparation preparation(out, err, mask);
+  std::string name = program.string();
+  std::vector<std::string> texts = arguments;
+  std::vector<char *> argv{name.data()};
+  for (std::string &text : texts) argv.push_back(text.data());
+  argv.push_back(nullptr);
+  require(posix_spawn(&process_, name.c_str(), preparation.actions(), preparation.attributes(), argv.data(), environ),
+          name.c_str());
+  out_ = std::move(out.read);
+  err_ = std::move(err.read);
+}
+
+Child::~Child() {
+  if (process_ < 0) return;
+  kill(process_, SIGKILL);
+  wait_for(process_);
+}
+
+void Child::read_out() { read_into(result_.out, out_); }
+
+void Child::read_err() {
+  read_into(result_.err, err_);
+  if (result_.err.size() > kErrorTail) result_.err.erase(0, result_.err.size() - kErrorTail);
+}
+
+Result Child::finish() {
+  const int status = wait_for(std::exchange(process_, -1));
+  if (WIFSIGNALED(status)) {
+    result_.signal = WTERMSIG(status);
+  } else {
+    result_.exit_status = WEXITSTATUS(status);
+  }
+  return std::move(result_);
+}
+
+}  // namespace process

@@ -1,0 +1,56 @@
+#ifndef PROCESS_CHILD_H
+#define PROCESS_CHILD_H
+
+#include <sys/types.h>
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "process/descriptor.h"
+
+namespace process {
+
+/// What a process left behind.
+struct Result {
+  int exit_status = 0;
+  int signal = 0;           ///< that ended it; 0: it ended by itself, with exit_status
+  std::string not_started;  ///< why it could not be started; empty: it was
+  std::string out;          ///< standard output, whole
+  std::string err;          ///< the end of standard error, at most kErrorTail bytes
+};
+
+inline constexpr std::size_t kErrorTail = 8192;
+
+/// A process of its own, ended with the object where it still runs. Its standard input is empty.
+class Child {
+ public:
+  /// Starts the program; `arguments` without its name, `mask` the signals that are blocked in it. Throws
+  /// std::system_error.
+  Child(const std::filesystem::path &program, const std::vector<std::string> &arguments, const sigset_t &mask);
+  ~Child();
+  Child(const Child &) = delete;
+  Child &operator=(const Child &) = delete;
+
+  /// The descriptors to wait for; closed ones once their end was read.
+  const Descriptor &out() const { return out_; }
+  const Descriptor &err() const { return err_; }
+
+  /// Takes what stands ready, without waiting where the descriptor is ready.
+  void read_out();
+  void read_err();
+
+  /// Waits for the end of the process, to be called when both descriptors are closed.
+  Result finish();
+
+ private:
+  pid_t process_ = -1;
+  Descriptor out_;
+  Descriptor err_;
+  Result result_;
+};
+
+}  // namespace process
+
+#endif
