@@ -1,5 +1,6 @@
 #include "cli/check_command.h"
 
+#include "cli/colour.h"
 #include "cli/commit_input.h"
 #include "cli/findings_text.h"
 #include "cli/github_output.h"
@@ -27,11 +28,6 @@ ExitStatus status_of(const Report &report, bool fail_on_warn) {
   if (report.verdict.decision == host::Decision::accepted) return ExitStatus::accepted;
   if (report.verdict.decision == host::Decision::rejected) return ExitStatus::rejected;
   return fail_on_warn && has_open_warning(report) ? ExitStatus::accepted_with_warnings : ExitStatus::accepted;
-}
-
-bool wants_colour(const CheckArguments &arguments, const Environment &environment) {
-  if (arguments.colour != Colour::on_a_terminal) return arguments.colour == Colour::always;
-  return arguments.format == Format::text && environment.out_is_terminal && !environment.no_colour;
 }
 
 DecidedCommit decided_commit(const CheckArguments &arguments, const Report &report) {

@@ -1,7 +1,5 @@
 #include "cli/progress.h"
 
-#include <fmt/format.h>
-
 #include <utility>
 
 namespace cli {
@@ -19,21 +17,23 @@ constexpr const char *kWriteOver = "\r\x1b[K";
 Progress::Progress(std::ostream &out, bool is_terminal, std::function<Clock::time_point()> now)
     : out_(out), is_terminal_(is_terminal), now_(std::move(now)), next_(now_() + kSilence) {}
 
-Progress::~Progress() {
-  if (stands_on_line_) out_ << kWriteOver << std::flush;
-}
+Progress::~Progress() { hide(); }
 
-void Progress::tell(std::uint64_t calls, std::size_t faults) {
+void Progress::tell(const std::function<std::string()> &text) {
   const Clock::time_point now = now_();
   if (now < next_) return;
   next_ = now + (is_terminal_ ? kBetweenOnTerminal : kBetweenLines);
-  const std::string text = fmt::format("searching: {} calls of the library, faults found: {}", calls, faults);
   if (is_terminal_) {
-    out_ << kWriteOver << text << std::flush;
+    out_ << kWriteOver << text() << std::flush;
     stands_on_line_ = true;
   } else {
-    out_ << text << '\n' << std::flush;
+    out_ << text() << '\n' << std::flush;
   }
+}
+
+void Progress::hide() {
+  if (stands_on_line_) out_ << kWriteOver << std::flush;
+  stands_on_line_ = false;
 }
 
 }  // namespace cli

@@ -2,15 +2,13 @@
 #define CLI_PROGRESS_H
 
 #include <chrono>
-#include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <ostream>
 #include <string>
 
 namespace cli {
 
-/// Tells how far a search is, once it has lasted for a second: on a terminal in one line that is written over and is
+/// Tells how far something is, once it has lasted for a second: on a terminal in one line that is written over and is
 /// gone at the end, elsewhere in a line every few seconds.
 class Progress {
  public:
@@ -21,7 +19,11 @@ class Progress {
   Progress(const Progress &) = delete;
   Progress &operator=(const Progress &) = delete;
 
-  void tell(std::uint64_t calls, std::size_t faults);
+  /// Asks for the text where it is time to tell.
+  void tell(const std::function<std::string()> &text);
+
+  /// Makes room on a terminal for other text.
+  void hide();
 
  private:
   std::ostream &out_;

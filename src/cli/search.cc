@@ -1,5 +1,7 @@
 #include "cli/search.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "cli/budget.h"
@@ -24,7 +26,9 @@ diagnosis::Diagnosis diagnose(const diagnosis::Options &options, const Environme
                               const host::Verdict &verdict) {
   Progress progress(environment.err, environment.err_is_terminal);
   diagnosis::Options told = options;
-  told.progress = [&progress](std::uint64_t calls, std::size_t faults) { progress.tell(calls, faults); };
+  told.progress = [&progress](std::uint64_t calls, std::size_t faults) {
+    progress.tell([=] { return fmt::format("searching: {} calls of the library, faults found: {}", calls, faults); });
+  };
   return diagnosis::diagnose(plugin, seam, input.transaction(), verdict, told);
 }
 
