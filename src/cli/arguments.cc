@@ -4,12 +4,15 @@
 
 #include <CLI/CLI.hpp>
 #include <map>
+#include <set>
 
 #include "cli/budget.h"
 #include "cli/errors.h"
 
 namespace cli {
 namespace {
+
+constexpr std::size_t kMostJobs = 256;
 
 std::string exit_status_text() {
   std::string text = "Exit status:\n";
@@ -55,13 +58,20 @@ void add_search_options(CLI::App &command, CheckArguments &check) {
 CLI::App *add_check(CLI::App &program, CheckArguments &check) {
   CLI::App *command = program.add_subcommand("check", "Decide a commit as the network element would");
   command
-      ->add_option("DIR", check.input.directory,
-                   "Folder with element.json, running.xml or .json, and candidate.xml or .json")
+      ->add_option(
+          "DIR", check.directories,
+          "Folder with element.json, running.xml or .json, and candidate.xml or .json; several are decided each "
+          "by itself and summed up")
       ->type_name("");
   command->add_option("--element", check.input.element, "Element profile (JSON)")->type_name("FILE");
   command->add_option("--running", check.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
   command->add_option("--candidate", check.input.candidate, "Configuration to commit (XML or JSON)")->type_name("FILE");
   command->add_option("--plugin", check.plugin, "Validation library to ask")->type_name("FILE");
+  command
+      ->add_option("--jobs", check.jobs,
+                   "Decide so many commits at once; as many as there are processors unless it is given")
+      ->check(CLI::Range(std::size_t{1}, kMostJobs))
+      ->type_name("N");
   add_choice(*command, "--format", formats, check.format, "Format of the result; text unless it is given");
   add_choice(*command, "--color", colours, check.colour, "Colour in the text; auto: on a terminal");
   command->add_flag("--all", check.all_points, "Go on to the other validation points after a rejection");
@@ -94,6 +104,30 @@ CLI::App *add_explain(CLI::App &program, ExplainArguments &explain) {
   return command;
 }
 
+bool is_handed_on(const CLI::Option &option) {
+  static const std::set<std::string> own{"DIR", "jobs", "format", "color", "plugin"};
+  return option.count() != 0 && !own.contains(option.get_single_name());
+}
+
+/// The options that were given, for the command line of a process that decides one of many commits.
+std::vector<std::string> handed_on(const CLI::App &command) {
+  std::vector<std::string> arguments;
+  for (const CLI::Option *option : command.get_options()) {
+    if (!is_handed_on(*option)) continue;
+    const bool is_flag = option->get_items_expected_max() == 0;
+    for (const std::string &value : option->results()) {
+      arguments.push_back("--" + option->get_single_name() + (is_flag ? "" : "=" + value));
+    }
+  }
+  return arguments;
+}
+
+void complete(CheckArguments &check, const CLI::App &command) {
+  check.handed_on = handed_on(command);
+  if (check.jobs != 0 && check.directories.empty()) throw UsageError("--jobs without a folder; expected DIR...");
+  if (check.directories.size() == 1) check.input.directory = check.directories.front();
+}
+
 }  // namespace
 
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment) {
@@ -117,7 +151,10 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   } catch (const CLI::ParseError &error) {
     throw UsageError(fmt::format("{} (vpnval --help lists what is expected)", error.what()));
   }
-  if (check_command->parsed()) return check;
+  if (check_command->parsed()) {
+    complete(check, *check_command);
+    return check;
+  }
   if (show_command->parsed()) return show;
   return explain;
 }

@@ -1,6 +1,7 @@
 #ifndef CLI_ARGUMENTS_H
 #define CLI_ARGUMENTS_H
 
+#include <cstddef>
 #include <string>
 #include <variant>
 #include <vector>
@@ -23,7 +24,10 @@ enum class Format { text, json, sarif, junit, github };
 enum class Colour { on_a_terminal, always, never };
 
 struct CheckArguments {
-  InputArguments input;
+  InputArguments input;                  ///< a single commit's
+  std::vector<std::string> directories;  ///< as they were given
+  std::size_t jobs = 0;                  ///< so many commits are decided at once; 0: not given
+  std::vector<std::string> handed_on;    ///< the options that deciding each of many commits takes
   std::string plugin;
   Format format = Format::text;
   bool all_points = false;
@@ -34,6 +38,9 @@ struct CheckArguments {
   diagnosis::Budget budget;
   std::string suppressions;  ///< a file; empty: none
   Colour colour = Colour::on_a_terminal;
+
+  /// Many commits, or one that is to be decided as one of many.
+  bool is_series() const { return jobs != 0 || directories.size() > 1; }
 };
 
 struct ShowArguments {

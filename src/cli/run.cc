@@ -5,6 +5,7 @@
 
 #include "cli/arguments.h"
 #include "cli/check_command.h"
+#include "cli/check_series.h"
 #include "cli/errors.h"
 #include "cli/explain_command.h"
 #include "cli/printable.h"
@@ -20,7 +21,9 @@ struct CarryOut {
   const Environment &environment;
 
   ExitStatus operator()(ExitStatus status) const { return status; }
-  ExitStatus operator()(const CheckArguments &arguments) const { return check(arguments, environment); }
+  ExitStatus operator()(const CheckArguments &arguments) const {
+    return arguments.is_series() ? check_series(arguments, environment) : check(arguments, environment);
+  }
   ExitStatus operator()(const ShowArguments &arguments) const { return show(arguments, environment); }
   ExitStatus operator()(const ExplainArguments &arguments) const { return explain(arguments, environment); }
 };
