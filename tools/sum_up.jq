@@ -1,0 +1,17 @@
+# Adds up the summaries of documents that vpnval check --format json printed for many commits each:
+# jq -n -f sum_up.jq RESULT...
+
+# An error is worse than a rejection, a rejection worse than warnings.
+def badness: if . == 2 then 1 elif . == 1 then 2 else . end;
+def findings: group_by(.rule) | map(.[0] + {open: map(.open) | add, suppressed: map(.suppressed) | add});
+
+reduce (inputs | .summary) as $next (
+  {commits: 0, accepted: 0, "accepted-with-warnings": 0, rejected: 0, "not-decided": 0, findings: [], status: 0};
+  .commits += $next.commits
+  | .accepted += $next.accepted
+  | ."accepted-with-warnings" += $next."accepted-with-warnings"
+  | .rejected += $next.rejected
+  | ."not-decided" += $next."not-decided"
+  | .findings = (.findings + $next.findings | findings)
+  | .status = ([.status, $next.status] | max_by(badness))
+)
