@@ -38,7 +38,7 @@ void add_choice(CLI::App &command, const std::string &option, const std::map<std
       .add_option_function<std::string>(
           option, [&names, &value](const std::string &name) { value = names.at(name); }, description)
       ->check(CLI::IsMember(names))
-      ->type_name("");
+      ->type_name("NAME");
 }
 
 void add_search_options(CLI::App &command, CheckArguments &check) {
