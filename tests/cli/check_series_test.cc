@@ -177,7 +177,9 @@ TEST_F(CheckSeries, options_reach_every_commit) {
   other.write("a b=c.json", R"({"card": {}, "interfaces": [{"name": "ge-1", "logical-id": 1, "ifindex": 77}]})");
   const Outcome outcome = check_series({member, member}, {"--all", "--element", other.file("a b=c.json"), "--trace",
                                                           "--format=json", "--derived", "--budget=7"});
-  for (const auto &commit : nlohmann::json::parse(outcome.out)["commits"]) {
+  const auto document = nlohmann::json::parse(outcome.out);
+  ASSERT_EQ(document["commits"].size(), 2u);
+  for (const auto &commit : document["commits"]) {
     const auto &verdict = commit["verdict"];
     EXPECT_EQ(verdict["inputs"]["element"], other.file("a b=c.json"));
     EXPECT_EQ(verdict["total"]["asked"], verdict["total"]["fired"]);
