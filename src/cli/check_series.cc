@@ -84,7 +84,7 @@ class Series {
  private:
   void give_out(CommitResult result) {
     ++next_;
-    progress_.hide();
+    if (environment_.out_is_terminal) progress_.hide();
     output_->write(std::move(result));
     if (!environment_.out) throw OutputError("standard output cannot be written");
   }

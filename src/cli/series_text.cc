@@ -11,7 +11,7 @@ namespace {
 
 std::string outcome_text(const DecidedCommit &commit, const Paint &paint) {
   if (!commit.decision) return paint(Accent::rejected, "not decided") + ": " + printable(commit.error);
-  const std::string text(decision_text(*commit.decision));
+  std::string text(decision_text(*commit.decision));
   if (*commit.decision == host::Decision::accepted) return text;
   return paint(*commit.decision == host::Decision::rejected ? Accent::rejected : Accent::warning, text);
 }

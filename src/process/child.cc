@@ -10,8 +10,6 @@
 #include <system_error>
 #include <utility>
 
-extern char **environ;
-
 namespace process {
 namespace {
 
