@@ -1,0 +1,45 @@
+# Writes the style sheets and scripts of ASSETS_DIR into OUTPUT as C++ string literals with their SHA-256 in base64, by
+# which a content security policy names them. The scripts become one, in file name order.
+
+set(base64 "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/")
+
+# Three hexadecimal digits are two of base64. Of a digest's 64 digits one is left over: four bits, filled up with two.
+function(base64_of_digest hex result)
+  set(text "")
+  foreach(at RANGE 0 60 3)
+    string(SUBSTRING ${hex} ${at} 3 digits)
+    math(EXPR high "0x${digits} >> 6")
+    math(EXPR low "0x${digits} & 63")
+    string(SUBSTRING ${base64} ${high} 1 first)
+    string(SUBSTRING ${base64} ${low} 1 second)
+    string(APPEND text ${first}${second})
+  endforeach()
+  string(SUBSTRING ${hex} 63 1 digit)
+  math(EXPR last "0x${digit} << 2")
+  string(SUBSTRING ${base64} ${last} 1 final)
+  set(${result} "${text}${final}=" PARENT_SCOPE)
+endfunction()
+
+function(append_asset name content)
+  string(SHA256 hex "${content}")
+  base64_of_digest(${hex} digest)
+  string(APPEND text "const Asset ${name}{R\"asset(${content})asset\", \"${digest}\"};\n\n")
+  set(text "${text}" PARENT_SCOPE)
+endfunction()
+
+set(text "#include \"vlan_map/assets.h\"\n\nnamespace vlan_map {\n\n")
+file(READ ${ASSETS_DIR}/map.css map_style)
+append_asset(map_style "${map_style}")
+file(READ ${ASSETS_DIR}/page.css page_style)
+append_asset(page_style "${page_style}")
+
+file(GLOB scripts ${ASSETS_DIR}/*.js)
+list(SORT scripts)
+set(page_script "")
+foreach(script IN LISTS scripts)
+  file(READ ${script} content)
+  string(APPEND page_script "${content}")
+endforeach()
+append_asset(page_script "${page_script}")
+string(APPEND text "}  // namespace vlan_map\n")
+file(WRITE ${OUTPUT} "${text}")

@@ -1,0 +1,212 @@
+#include "vlan_map/svg.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "vlan_map/assets.h"
+#include "vlan_map/layout.h"
+#include "vlan_map/marks.h"
+#include "vlan_map/markup.h"
+#include "vlan_map/words.h"
+
+namespace vlan_map {
+namespace {
+
+constexpr double kMargin = 16;
+constexpr double kLineHeight = 18;
+constexpr double kScaleHeight = 20;
+constexpr double kTextWidth = 7.8;  ///< of a character of running text, about
+constexpr double kFlagsWidth = 90;
+constexpr std::size_t kMessageColumns = 190;
+constexpr std::size_t kRowsToAScale = 40;
+constexpr std::size_t kFlags = 3;
+
+/// The begin of the character of UTF-8 that the byte at `offset` belongs to.
+std::size_t character_begin(std::string_view text, std::size_t offset) {
+  while (offset > 1 && (static_cast<unsigned char>(text[offset]) & 0xc0u) == 0x80u) --offset;
+  return offset;
+}
+
+/// The text in lines of at most so many bytes, broken at blanks where there are any.
+std::vector<std::string> wrapped(std::string_view text, std::size_t columns) {
+  std::vector<std::string> lines;
+  while (text.size() > columns) {
+    const std::size_t blank = text.rfind(' ', columns);
+    const bool breaks = blank != std::string_view::npos && blank > 0;
+    const std::size_t end = breaks ? blank : character_begin(text, columns);
+    lines.emplace_back(text.substr(0, end));
+    text.remove_prefix(end + (breaks ? 1 : 0));
+  }
+  lines.emplace_back(text);
+  return lines;
+}
+
+/// The signs of a port's conflicts, the first ones of many.
+std::string flags_of(const Map &map, const Port &port) {
+  std::string flags;
+  for (std::size_t i = 0; i < std::min(port.conflicts.size(), kFlags); ++i) {
+    flags += (i > 0 ? " " : "") + conflict_sign(map, port.conflicts[i]);
+  }
+  return flags + (port.conflicts.size() > kFlags ? " ..." : "");
+}
+
+/// Enough for the longest name, within reason.
+double width_of_names(const Map &map) {
+  std::size_t longest = 0;
+  for (const Port &port : map.ports) longest = std::max(longest, port.name.size());
+  return std::clamp(static_cast<double>(longest) * kTextWidth, 60.0, 280.0);
+}
+
+std::string with_rule(const Conflict &conflict) {
+  return conflict.rule.empty() ? conflict.message : fmt::format("{} ({})", conflict.message, conflict.rule);
+}
+
+std::string description_of(const Map &map) {
+  std::string text = verdict_text(map) + " " + count_text(map) + ".";
+  for (std::size_t i = 0; i < map.conflicts.size(); ++i) {
+    text += fmt::format(" {}: {}.", conflict_text(map, i), map.conflicts[i].message);
+  }
+  return text;
+}
+
+class Picture {
+ public:
+  explicit Picture(const Map &map)
+      : map_(map),
+        name_width_(width_of_names(map)),
+        plot_left_(kMargin + name_width_ + kFlagsWidth),
+        width_(plot_left_ + plot_width() + kMargin) {}
+
+  std::string draw() {
+    write_head();
+    write_conflicts();
+    write_legend();
+    top_ = y_;
+    for (std::size_t i = 0; i < map_.ports.size(); ++i) {
+      if (i % kRowsToAScale == 0) write_scale();
+      write_row(i);
+    }
+    const std::string grid = grid_markup();
+    write_scale();
+    return start() + grid + body_ + "</svg>\n";
+  }
+
+ private:
+  void write_line(std::string_view style, double x, std::string_view text) {
+    y_ += kLineHeight;
+    body_ += fmt::format("<text class=\"{}\" x=\"{}\" y=\"{}\">{}</text>\n", style, x, y_, to_markup(text));
+  }
+
+  void write_head() {
+    y_ += 4;
+    write_line("title", kMargin, map_.title);
+    write_line(map_.decision == host::Decision::rejected ? "verdict rejected" : "verdict", kMargin, verdict_text(map_));
+    write_line("note", kMargin, count_text(map_));
+  }
+
+  void write_conflicts() {
+    for (std::size_t i = 0; i < map_.conflicts.size(); ++i) {
+      const Conflict &conflict = map_.conflicts[i];
+      const std::string_view style = conflict.is_warning ? "flag warned" : "flag rejected";
+      bool is_first = true;
+      for (const std::string &line : wrapped(with_rule(conflict), kMessageColumns)) {
+        write_line("note", kMargin + 40, line);
+        if (!is_first) continue;
+        body_ +=
+            fmt::format("<text class=\"{}\" x=\"{}\" y=\"{}\">{}</text>\n", style, kMargin, y_, conflict_sign(map_, i));
+        is_first = false;
+      }
+    }
+  }
+
+  void write_legend() {
+    double x = kMargin;
+    y_ += kLineHeight + 4;
+    for (const LegendEntry &entry : legend()) {
+      const double mark = mark_width(entry.signs);
+      const double width = mark + 6 + static_cast<double>(entry.meaning.size()) * kTextWidth + 12;
+      if (x + width > width_) {
+        x = kMargin;
+        y_ += kLineHeight + 2;
+      }
+      body_ += sample_markup(entry, fmt::format(R"( x="{:.2f}" y="{}")", x, y_ - 12));
+      body_ += fmt::format("<text class=\"note\" x=\"{:.2f}\" y=\"{}\">{}</text>\n", x + mark + 6, y_, entry.meaning);
+      x += width;
+    }
+    y_ += 10;
+  }
+
+  void write_scale() {
+    body_ += fmt::format("<g class=\"scale\" transform=\"translate({} {})\" aria-hidden=\"true\">{}</g>\n", plot_left_,
+                         y_, scale_markup());
+    y_ += kScaleHeight;
+  }
+
+  void write_row(std::size_t index) {
+    const Port &port = map_.ports[index];
+    const Row row = lay_out(map_, port);
+    body_ += fmt::format("<g class=\"row\" role=\"group\" transform=\"translate(0 {})\"><title>{}</title>\n", y_,
+                         to_markup(row_text(port)));
+    body_ += fmt::format("<path class=\"line\" d=\"M{} {}H{:.2f}\"/>\n", kMargin, row.height, width_ - kMargin);
+    write_port(port);
+    body_ += fmt::format("<g transform=\"translate({} 0)\">{}\n", plot_left_, meetings_markup(map_, index, row.height));
+    for (const Mark &mark : row.marks) {
+      body_ += mark_markup(map_, port, mark, "", to_markup(mark_sentence(map_, port, mark))) + "\n";
+    }
+    body_ += "</g></g>\n";
+    y_ += row.height;
+  }
+
+  std::string row_text(const Port &port) const {
+    std::string text = fmt::format("{}: {} claim{}", port.name, port.claims.size(), port.claims.size() == 1 ? "" : "s");
+    if (!port.in_profile) text += ", not in the element's profile";
+    if (!port.conflicts.empty()) text += "; " + conflicts_text(map_, port.conflicts);
+    return text;
+  }
+
+  /// The name in a picture of its own, which clips it.
+  void write_port(const Port &port) {
+    body_ += fmt::format(R"(<svg x="{}" width="{}" height="22"><text class="port{}" x="4" y="15">{}</text></svg>)",
+                         kMargin, name_width_, port.in_profile ? "" : " unknown", to_markup(port.name));
+    if (port.conflicts.empty()) return;
+    body_ += fmt::format("<text class=\"flag\" x=\"{}\" y=\"15\">{}</text>\n", kMargin + name_width_ + 4,
+                         flags_of(map_, port));
+  }
+
+  /// The scale's lines from the first row to the last.
+  std::string grid_markup() const {
+    std::string path = fmt::format("M0 {0}V{1}M{2} {0}V{1}", top_, y_, kUntaggedWidth);
+    for (const std::uint32_t vlan : scale_ticks()) path += fmt::format("M{:.2f} {}V{}", left_of(vlan), top_, y_);
+    return fmt::format("<path class=\"line\" transform=\"translate({} 0)\" d=\"{}\"/>\n", plot_left_, path);
+  }
+
+  std::string start() const {
+    return fmt::format(
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"map\" role=\"graphics-document document\" "
+        "aria-labelledby=\"map-title\" aria-describedby=\"map-description\" width=\"{0:.0f}\" height=\"{1:.0f}\" "
+        "viewBox=\"0 0 {0:.0f} {1:.0f}\">\n"
+        "<title id=\"map-title\">{2}</title>\n<desc id=\"map-description\">{3}</desc>\n"
+        "<style>{4}</style>\n{5}\n<rect class=\"paper\" width=\"100%\" height=\"100%\"/>\n",
+        width_, y_ + kMargin, to_markup(map_.title), to_markup(description_of(map_)), map_style.text,
+        definitions_markup());
+  }
+
+  const Map &map_;
+  double name_width_;
+  double plot_left_;
+  double width_;
+  std::string body_;
+  double y_ = kMargin;
+  double top_ = 0;  ///< of the first scale
+};
+
+}  // namespace
+
+std::string to_svg(const Map &map) { return Picture(map).draw(); }
+
+}  // namespace vlan_map

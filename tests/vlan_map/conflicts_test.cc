@@ -1,0 +1,145 @@
+#include "vlan_map/conflicts.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/vlan_map/drawn_map.h"
+#include "vlan_map/words.h"
+
+namespace {
+
+using vlan_map::Conflict;
+using vlan_map::Map;
+
+const std::string same_vlan =
+    "vpls-group campus vpn data and vpws-group branches vpn south must not be configured with the same dot1q on "
+    "interface ge-1";
+
+host::Verdict verdict_of(const std::vector<host::PointVerdict> &points) {
+  return {host::Decision::rejected, points, points.size(), {}};
+}
+
+diagnosis::Diagnosis diagnosis_of(std::vector<diagnosis::Fault> faults) {
+  diagnosis::Diagnosis diagnosis;
+  diagnosis.faults = std::move(faults);
+  return diagnosis;
+}
+
+/// The claims of a conflict as "PORT VLANS of the holder".
+Lines claims_of(const Map &map, const Conflict &conflict) {
+  Lines lines;
+  for (const vlan_map::ClaimPlace &place : conflict.claims) {
+    const vlan_map::Port &port = map.ports[place.port];
+    const vlan_map::Claim &claim = port.claims[place.claim];
+    lines.push_back(port.name + " " + text_of(claim.vlans) + " of " + vpn_text(claim));
+  }
+  return lines;
+}
+
+Lines meetings_of(const Map &map, const Conflict &conflict) {
+  Lines lines;
+  for (const vlan_map::Meeting &meeting : conflict.meetings) {
+    lines.push_back(map.ports[meeting.port].name + " " + text_of(meeting.vlans));
+  }
+  return lines;
+}
+
+struct Row {
+  std::string what;
+  Lines configuration;
+  Lines parties;
+  Lines claims;
+  Lines meetings;
+};
+
+TEST(Conflicts, have_the_claims_of_their_parties) {
+  const std::string range = on_vpws("ge-1") + "/encapsulation/dot1q-range";
+  const Lines uplink{"/config/l3-interface{core}/vlan = 20", "/mpls/ldp/interface{core}",
+                     "/config/vlan{20}/interface{ge-1}", "/config/vlan{20}/interface{ge-2}"};
+  const std::vector<Row> rows{
+      {"two VPNs on one VLAN",
+       {domain + "/dot1q = 6", on_vpls("ge-1"), on_vpls("ge-2"), on_vpws("ge-1") + "/dot1q = 6"},
+       {on_vpws("ge-1"), on_vpls("ge-1")},
+       {"ge-1 VLAN 6 of vpn south", "ge-1 VLAN 6 of vpn data"},
+       {"ge-1 VLAN 6"}},
+      {"of many ranges, the one that is told",
+       {domain + "/dot1q = 25", on_vpls("ge-1"), range + "{10 19}", range + "{20 29}"},
+       {on_vpws("ge-1") + " with " + range + "{20 29}", on_vpls("ge-1") + " with " + domain + "/dot1q"},
+       {"ge-1 VLANs 20-29 of vpn south", "ge-1 VLAN 25 of vpn data"},
+       {"ge-1 VLAN 25"}},
+      {"a range that begins at its own bridge domain's VLAN",
+       {domain + "/dot1q = 10", on_vpls("ge-1") + "/encapsulation/dot1q-range{10 19}"},
+       {on_vpls("ge-1")},
+       {"ge-1 VLAN 10 of vpn data", "ge-1 VLANs 10-19 of vpn data"},
+       {"ge-1 VLAN 10"}},
+      {"claims that do not meet",
+       {range + "{10 19}", range + "{20 29}"},
+       {on_vpws("ge-1")},
+       {"ge-1 VLANs 10-19 of vpn south", "ge-1 VLANs 20-29 of vpn south"},
+       {}},
+      {"of an uplink, the port that the other party names",
+       {uplink[0], uplink[1], uplink[2], uplink[3], on_vpws("ge-2") + "/dot1q = 5"},
+       {on_vpws("ge-2"), "/config/vlan{20}/interface{ge-2}", "/mpls/ldp/interface{core}"},
+       {"ge-2 VLAN 5 of vpn south", "ge-2 VLAN 20 of vlan 20", "ge-2 VLAN 20 of core"},
+       {}},
+      {"a limit on VPNs is about no claim", {on_vpws("ge-1")}, {vpws}, {}, {}},
+  };
+  for (const Row &row : rows) {
+    Map map = map_of({}, row.configuration);
+    map.conflicts = find_conflicts({}, diagnosis_of({fault(says("no"), row.parties)}), map.ports);
+    ASSERT_EQ(map.conflicts.size(), 1u) << row.what;
+    EXPECT_EQ(claims_of(map, map.conflicts[0]), row.claims) << row.what;
+    EXPECT_EQ(meetings_of(map, map.conflicts[0]), row.meetings) << row.what;
+  }
+}
+
+TEST(Conflicts, what_is_removed_is_no_part_unless_the_party_is_removed) {
+  const std::string range = on_vpws("ge-1") + "/encapsulation/dot1q-range";
+  Map map = map_of({range + "{10 19}"}, {range + "{10 29}"});
+  map.conflicts = find_conflicts({}, diagnosis_of({fault(says("no"), {on_vpws("ge-1")})}), map.ports);
+  EXPECT_EQ(claims_of(map, map.conflicts[0]), (Lines{"ge-1 VLANs 10-29 of vpn south"}));
+
+  Map gone = map_of({on_vpws("ge-1")}, {});
+  diagnosis::Fault about_removed = fault(says("no"), {on_vpws("ge-1")});
+  about_removed.parties[0].standing = diagnosis::Standing::removed;
+  std::vector<diagnosis::Fault> faults;
+  faults.push_back(std::move(about_removed));
+  gone.conflicts = find_conflicts({}, diagnosis_of(std::move(faults)), gone.ports);
+  EXPECT_EQ(claims_of(gone, gone.conflicts[0]), (Lines{"ge-1 whole port of vpn south"}));
+}
+
+TEST(Conflicts, are_marked_on_their_claims_and_ports) {
+  Map map = map_of({}, {on_vpws("ge-2") + "/dot1q = 5"});
+  std::vector<diagnosis::Fault> faults;
+  faults.push_back(fault(says("first"), {on_vpws("ge-2")}));
+  faults.push_back(fault(says("second", -3), {on_vpws("ge-2")}));
+  map.conflicts = find_conflicts({}, diagnosis_of(std::move(faults)), map.ports);
+  EXPECT_EQ(map.ports[0].conflicts, (std::vector<std::size_t>{}));
+  EXPECT_EQ(map.ports[1].conflicts, (std::vector<std::size_t>{0, 1}));
+  EXPECT_EQ(sentence_of(map, map.ports[1], map.ports[1].claims[0]),
+            "ge-2: vpws-group branches vpn south, VLAN 5, added; rejection 1: first; warning 2: second");
+  EXPECT_EQ(signs_of(map, map.ports[1].claims[0]), "!!1+W");
+}
+
+TEST(Conflicts, tell_whether_the_element_itself_says_them_and_by_which_rule) {
+  Map map = map_of({}, {on_vpws("ge-1") + "/dot1q = 5"});
+  std::vector<diagnosis::Fault> faults;
+  faults.push_back(fault(says(same_vlan), {on_vpws("ge-1")}));
+  faults.push_back(fault(says("behind it"), {on_vpws("ge-1")}));
+  map.conflicts = find_conflicts(verdict_of({says(same_vlan)}), diagnosis_of(std::move(faults)), map.ports);
+  ASSERT_EQ(map.conflicts.size(), 2u);
+  EXPECT_TRUE(map.conflicts[0].from_device);
+  EXPECT_EQ(map.conflicts[0].rule, "access-same-dot1q");
+  EXPECT_FALSE(map.conflicts[1].from_device);
+  EXPECT_EQ(map.conflicts[1].rule, "");
+}
+
+TEST(Conflicts, a_message_that_nothing_explains_has_no_claims) {
+  Map map = map_of({}, {on_vpws("ge-1") + "/dot1q = 5"});
+  map.conflicts = find_conflicts(verdict_of({says("", 0), says(same_vlan)}), {}, map.ports);
+  ASSERT_EQ(map.conflicts.size(), 1u);
+  EXPECT_EQ(map.conflicts[0].message, same_vlan);
+  EXPECT_TRUE(map.conflicts[0].from_device);
+  EXPECT_TRUE(map.conflicts[0].claims.empty());
+}
+
+}  // namespace

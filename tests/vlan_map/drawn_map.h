@@ -1,0 +1,40 @@
+#ifndef TESTS_VLAN_MAP_DRAWN_MAP_H
+#define TESTS_VLAN_MAP_DRAWN_MAP_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "element/profile.h"
+#include "element/transaction.h"
+#include "tests/element/print.h"
+#include "vlan_map/map.h"
+
+/// Paths of the entries that the tests write.
+inline const std::string vpws = "/mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}";
+inline const std::string vpls = "/mpls/l2vpn-config/l2vpn/vpls-group{campus}/vpn{data}";
+inline const std::string domain = vpls + "/bridge-domain";
+
+/// The access interface of the VPWS or VPLS VPN on a port.
+inline std::string on_vpws(const std::string &port) { return vpws + "/access-interface{" + port + "}"; }
+inline std::string on_vpls(const std::string &port) { return domain + "/access-interface{" + port + "}"; }
+
+/// An element with the ports ge-1 to ge-3.
+const element::Profile &three_ports();
+
+/// A commit from the lines of two configurations, as tree_of reads them.
+std::unique_ptr<element::Transaction> commit(const Lines &running, const Lines &candidate);
+
+/// A map without conflicts of such a commit.
+vlan_map::Map map_of(const Lines &running, const Lines &candidate);
+
+/// A sentence a claim, port by port.
+Lines claims_in(const vlan_map::Map &map);
+
+/// A verdict of a point, a rejection unless it is told.
+host::PointVerdict says(const std::string &message, std::int32_t result = -1);
+
+/// A fault with a party a line: its path, and " with " a detail's path where it has one.
+diagnosis::Fault fault(const host::PointVerdict &verdict, const Lines &parties);
+
+#endif
