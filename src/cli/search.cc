@@ -21,9 +21,21 @@ host::Verdict device_verdict(host::Verdict verdict) {
   return verdict;
 }
 
-diagnosis::Diagnosis diagnose(const diagnosis::Options &options, const Environment &environment,
-                              const CommitInput &input, const host::Plugin &plugin, host::Seam &seam,
-                              const host::Verdict &verdict) {
+bool is_complete(const diagnosis::Diagnosis &diagnosis) {
+  return diagnosis.complete && std::all_of(diagnosis.faults.begin(), diagnosis.faults.end(),
+                                           [](const diagnosis::Fault &fault) { return fault.complete; });
+}
+
+}  // namespace
+
+diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Environment &environment,
+                                 const CommitInput &input, const host::Plugin &plugin, host::Seam &seam,
+                                 const host::Verdict &verdict) {
+  diagnosis::Diagnosis diagnosis;
+  if (verdict.decision == host::Decision::accepted) return diagnosis;
+  diagnosis.complete = false;
+  if (is_nothing(options.budget)) return diagnosis;
+
   Progress progress(environment.err, environment.err_is_terminal);
   diagnosis::Options told = options;
   told.progress = [&progress](std::uint64_t calls, std::size_t faults) {
@@ -31,13 +43,6 @@ diagnosis::Diagnosis diagnose(const diagnosis::Options &options, const Environme
   };
   return diagnosis::diagnose(plugin, seam, input.transaction(), verdict, told);
 }
-
-bool is_complete(const diagnosis::Diagnosis &diagnosis) {
-  return diagnosis.complete && std::all_of(diagnosis.faults.begin(), diagnosis.faults.end(),
-                                           [](const diagnosis::Fault &fault) { return fault.complete; });
-}
-
-}  // namespace
 
 void search(const CheckArguments &arguments, const Environment &environment, const CommitInput &input,
             const host::Plugin &plugin, host::Seam &seam, Report &report) {
@@ -50,12 +55,8 @@ void search(const CheckArguments &arguments, const Environment &environment, con
   if (report.verdict.decision == host::Decision::accepted) return;
 
   const host::Verdict verdict = device_verdict(report.verdict);
-  diagnosis::Diagnosis diagnosis;
-  diagnosis.complete = false;
-  if (!is_nothing(budget)) {
-    diagnosis = diagnose({.all_faults = all_faults, .budget = budget, .progress = {}}, environment, input, plugin, seam,
-                         verdict);
-  }
+  const diagnosis::Diagnosis diagnosis = find_faults({.all_faults = all_faults, .budget = budget, .progress = {}},
+                                                     environment, input, plugin, seam, verdict);
   report.search.calls = diagnosis.calls;
   if (!is_complete(diagnosis)) report.search.ended_by = diagnosis.calls >= budget.calls ? "calls" : "time";
   report.findings = make_findings(diagnosis, verdict, input.schema(), input.files());
