@@ -41,14 +41,24 @@ void add_choice(CLI::App &command, const std::string &option, const std::map<std
       ->type_name("NAME");
 }
 
-void add_search_options(CLI::App &command, CheckArguments &check) {
-  command.add_flag("--all-faults", check.all_faults, "Look for further faults behind what the device says");
+void add_files(CLI::App &command, InputArguments &input) {
+  command.add_option("--element", input.element, "Element profile (JSON)")->type_name("FILE");
+  command.add_option("--running", input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
+  command.add_option("--candidate", input.candidate, "Configuration to commit (XML or JSON)")->type_name("FILE");
+}
+
+void add_budget(CLI::App &command, diagnosis::Budget &budget) {
   command
       .add_option_function<std::string>(
-          "--budget", [&check](const std::string &text) { check.budget = parse_budget(text); },
+          "--budget", [&budget](const std::string &text) { budget = parse_budget(text); },
           "Bound of the search for what draws a message: calls of the library, seconds or both, as 500, 30s or "
           "500,30s; 20000,60s unless it is given; 0: no search")
       ->type_name("BUDGET");
+}
+
+void add_search_options(CLI::App &command, CheckArguments &check) {
+  command.add_flag("--all-faults", check.all_faults, "Look for further faults behind what the device says");
+  add_budget(command, check.budget);
   command
       .add_option("--suppress", check.suppressions,
                   "File of faults that are known, a line each: RULE PATH # REASON; implies --all-faults")
@@ -63,9 +73,7 @@ CLI::App *add_check(CLI::App &program, CheckArguments &check) {
           "Folder with element.json, running.xml or .json, and candidate.xml or .json; several are decided each "
           "by itself and summed up")
       ->type_name("");
-  command->add_option("--element", check.input.element, "Element profile (JSON)")->type_name("FILE");
-  command->add_option("--running", check.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
-  command->add_option("--candidate", check.input.candidate, "Configuration to commit (XML or JSON)")->type_name("FILE");
+  add_files(*command, check.input);
   command->add_option("--plugin", check.plugin, "Validation library to ask")->type_name("FILE");
   command
       ->add_option("--jobs", check.jobs,
@@ -128,6 +136,16 @@ void complete(CheckArguments &check, const CLI::App &command) {
   if (check.directories.size() == 1) check.input.directory = check.directories.front();
 }
 
+CLI::App *add_map(CLI::App &program, MapArguments &map) {
+  CLI::App *command = program.add_subcommand("map", "Draw who claims which VLAN on which port");
+  command->add_option("DIR", map.input.directory, "Folder as for check")->type_name("");
+  add_files(*command, map.input);
+  command->add_option("-o,--output", map.output, "The picture, .svg or .html")->required()->option_text("FILE");
+  command->add_option("--plugin", map.plugin, "Validation library to ask")->type_name("FILE");
+  add_budget(*command, map.budget);
+  return command;
+}
+
 }  // namespace
 
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment) {
@@ -138,9 +156,11 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   CheckArguments check;
   ShowArguments show;
   ExplainArguments explain;
+  MapArguments map;
   const CLI::App *check_command = add_check(program, check);
   const CLI::App *show_command = add_show(program, show);
-  add_explain(program, explain);
+  const CLI::App *explain_command = add_explain(program, explain);
+  add_map(program, map);
 
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
@@ -156,7 +176,8 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
     return check;
   }
   if (show_command->parsed()) return show;
-  return explain;
+  if (explain_command->parsed()) return explain;
+  return map;
 }
 
 }  // namespace cli

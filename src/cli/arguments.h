@@ -56,8 +56,15 @@ struct ExplainArguments {
   PageFormat format = PageFormat::text;
 };
 
+struct MapArguments {
+  InputArguments input;
+  std::string output;
+  std::string plugin;
+  diagnosis::Budget budget;
+};
+
 /// A command to carry out, or the status to end with because help or the version was all that was asked for.
-using ParsedArguments = std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments>;
+using ParsedArguments = std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, MapArguments>;
 
 /// Reads a command line without the program's name; prints help and version itself. Throws UsageError.
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment);

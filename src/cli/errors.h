@@ -17,6 +17,12 @@ class OutputError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// A result file cannot be written; what() names it.
+class OutputFileError : public OutputError {
+ public:
+  using OutputError::OutputError;
+};
+
 }  // namespace cli
 
 #endif

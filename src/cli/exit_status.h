@@ -16,7 +16,8 @@ enum class ExitStatus : int {
   bad_input = 65,
   unreadable_file = 66,
   no_plugin = 69,
-  internal = 70
+  internal = 70,
+  unwritable_file = 73
 };
 
 struct ExitStatusMeaning {
@@ -25,7 +26,7 @@ struct ExitStatusMeaning {
 };
 
 /// All of them, ascending, in the words of the help.
-extern const std::array<ExitStatusMeaning, 8> exit_status_table;
+extern const std::array<ExitStatusMeaning, 9> exit_status_table;
 
 }  // namespace cli
 

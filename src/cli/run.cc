@@ -8,6 +8,7 @@
 #include "cli/check_series.h"
 #include "cli/errors.h"
 #include "cli/explain_command.h"
+#include "cli/map_command.h"
 #include "cli/printable.h"
 #include "cli/show_command.h"
 #include "element/input_error.h"
@@ -26,6 +27,7 @@ struct CarryOut {
   }
   ExitStatus operator()(const ShowArguments &arguments) const { return show(arguments, environment); }
   ExitStatus operator()(const ExplainArguments &arguments) const { return explain(arguments, environment); }
+  ExitStatus operator()(const MapArguments &arguments) const { return map(arguments, environment); }
 };
 
 ExitStatus run_command(const std::vector<std::string> &arguments, const Environment &environment) {
@@ -51,6 +53,8 @@ ExitStatus run(const std::vector<std::string> &arguments, const Environment &env
     return fail(error, ExitStatus::unreadable_file);
   } catch (const element::InputError &error) {
     return fail(error, ExitStatus::bad_input);
+  } catch (const OutputFileError &error) {
+    return fail(error, ExitStatus::unwritable_file);
   } catch (const host::LoadError &error) {
     return fail(error, ExitStatus::no_plugin);
   } catch (const std::exception &error) {

@@ -15,6 +15,7 @@ namespace {
 
 using cli::CheckArguments;
 using cli::ExplainArguments;
+using cli::MapArguments;
 using cli::ShowArguments;
 
 cli::ParsedArguments parse(const std::vector<std::string> &arguments) {
@@ -142,6 +143,18 @@ TEST(Arguments, explain_takes_a_rule_and_a_format_or_nothing) {
   EXPECT_EQ(one.rule, "vpn-limit");
   EXPECT_EQ(one.format, cli::PageFormat::markdown);
   EXPECT_EQ(std::get<ExplainArguments>(parse({"explain", "--format", "text"})).format, cli::PageFormat::text);
+}
+
+TEST(Arguments, map_takes_a_commit_and_a_file) {
+  const auto map = std::get<MapArguments>(parse({"map", "folder", "-o", "map.svg"}));
+  EXPECT_EQ(map.input.directory, "folder");
+  EXPECT_EQ(map.output, "map.svg");
+  EXPECT_EQ(map.plugin, "");
+  EXPECT_EQ(map.budget.calls, 20000u);
+  const auto other = std::get<MapArguments>(
+      parse({"map", "--element", "e", "--candidate", "c", "--output", "o", "--plugin", "p", "--budget", "5s"}));
+  EXPECT_EQ(other.input.element + other.input.running + other.input.candidate + other.output + other.plugin, "ecop");
+  EXPECT_EQ(other.budget.time, std::chrono::seconds(5));
 }
 
 TEST(Arguments, what_cannot_be_carried_out_is_a_usage_error) {
