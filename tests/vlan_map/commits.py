@@ -1,0 +1,101 @@
+"""Commits of any number of ports for the tests of the page: valid, but for two conflicts that the change brings."""
+import json
+import pathlib
+
+LAST_VLAN = 4094
+
+
+def port_names(count):
+    return [f"gigabit-ethernet-1/{1 + i // 40}/{1 + i % 40}" for i in range(count)]
+
+
+def profile(ports):
+    return {
+        "card": {"vpn-max": 100000, "access-ports": 1000, "selective-encapsulation-vlan-entries": 100000,
+                 "selective-encapsulation-vlan-ranges": 10000},
+        "interfaces": [{"name": name, "logical-id": i + 1, "ifindex": 1001 + i} for i, name in enumerate(ports)],
+    }
+
+
+def attachment(port, dot1q=None, ranges=(), untagged=False):
+    entry = {"name": port}
+    if dot1q:
+        entry["dot1q"] = dot1q
+    if untagged:
+        entry["encapsulation"] = {"untagged": [None]}
+    if ranges:
+        entry["encapsulation"] = {"dot1q-range": [{"min": first, "max": last} for first, last in ranges]}
+    return entry
+
+
+class Configuration:
+    """What an operator writes, by the names that the page shows."""
+
+    def __init__(self):
+        self.vpws = {}
+        self.vpls = {}
+        self.members = {}
+        self.snooping = []
+        self.layer3 = {}
+
+    def add_vpws(self, group, vpn, *attachments):
+        self.vpws.setdefault(group, {})[vpn] = list(attachments)
+
+    def add_vpls(self, group, vpn, dot1q, ports):
+        self.vpls.setdefault(group, {})[vpn] = {"dot1q": dot1q, "access-interface": [{"name": p} for p in ports]}
+
+    def document(self):
+        return {
+            "mpls:mpls": {
+                "l2-vpn:l2vpn-config": {"l2vpn": {
+                    "vpws-group": [{"name": group, "vpn": [{"name": vpn, "access-interface": attachments}
+                                                           for vpn, attachments in vpns.items()]}
+                                   for group, vpns in self.vpws.items()],
+                    "mpls-l2vpn-vpls:vpls-group": [{"name": group, "vpn": [{"name": vpn, "bridge-domain": domain}
+                                                                           for vpn, domain in vpns.items()]}
+                                                   for group, vpns in self.vpls.items()],
+                }},
+                "ldp:ldp": {"interface": [{"name": name} for name in self.layer3]},
+            },
+            "base:config": {
+                "vlan": [{"id": vlan, "interface": [{"name": p} for p in ports]}
+                         for vlan, ports in self.members.items()],
+                "l3-interface": [{"name": name, "vlan": vlan} for name, vlan in self.layer3.items()],
+                "igmp-snooping": [{"instance": 1, "interface": [{"name": p} for p in self.snooping]}],
+            },
+        }
+
+
+def write(folder, ports, running, candidate):
+    folder = pathlib.Path(folder)
+    folder.mkdir(parents=True, exist_ok=True)
+    for name, content in (("element", profile(ports)), ("running", running.document()),
+                          ("candidate", candidate.document())):
+        (folder / f"{name}.json").write_text(json.dumps(content), encoding="utf-8")
+
+
+def large_configuration(ports, is_candidate):
+    """Port i carries VPNs on VLANs that are its own: no two claims of a port meet until one is planted."""
+    made = Configuration()
+    for i, port in enumerate(ports):
+        group = f"region-{i // 20}"
+        for j in range(4):
+            moves = is_candidate and i % 50 == 10 and j == 2
+            made.add_vpws(group, f"customer-{i}-{j}", attachment(port, 11 + 900 * j + i * 2 + (1 if moves else 0)))
+        first = 820 + 10 * (i % 8)
+        made.add_vpws(group, f"transit-{i}", attachment(port, ranges=[(first, first + 4), (1720, 1720 + i % 60)]))
+        if i % 4 == 0:
+            made.add_vpws(group, f"management-{i}", attachment(port, untagged=True))
+    for i in range(0, len(ports), 20):
+        made.add_vpls("campus", f"lan-{i}", 3800 + i // 20, ports[i:i + 10])
+    made.members = {3900 + i: [ports[i * 7 % len(ports)], ports[i * 11 % len(ports)]] for i in range(1, 60)}
+    if is_candidate:
+        made.add_vpws("new", "south", attachment(ports[0], 11))
+        made.add_vpws("new", "north", attachment(ports[-1], 1730))
+    return made
+
+
+def write_large(folder, count=400):
+    """So many ports with six claims or more each, and a change that draws two rejections at its ends."""
+    ports = port_names(count)
+    write(folder, ports, large_configuration(ports, False), large_configuration(ports, True))
