@@ -18,7 +18,8 @@ struct SearchAccount {
   std::uint64_t calls = 0;  ///< how often the library was asked about a reduced commit
   std::uint64_t budget_calls = 0;
   double budget_seconds = 0;
-  std::string ended_by;  ///< the bound that ended it, "calls" or "time"; empty: it came to its end
+  std::string ended_by;  ///< what ended it early: "calls", "time" or "breach"; empty: it came to its end
+  std::string breach;    ///< what the library did against its contract when it was asked about a smaller commit
 };
 
 /// A commit that was decided, or could not be, as the formats for many commits show it.

@@ -137,6 +137,7 @@ ordered_json search_json(const SearchAccount &search) {
                     {"budget", {{"calls", search.budget_calls}, {"seconds", search.budget_seconds}}},
                     {"complete", search.ended_by.empty()}};
   if (!search.ended_by.empty()) json["ended-by"] = search.ended_by;
+  if (!search.breach.empty()) json["breach"] = search.breach;
   return json;
 }
 
@@ -149,6 +150,7 @@ SearchAccount read_search(const ordered_json &json) {
   search.budget_calls = json.at("budget").at("calls").get<std::uint64_t>();
   search.budget_seconds = json.at("budget").at("seconds").get<double>();
   search.ended_by = json.value("ended-by", "");
+  search.breach = json.value("breach", "");
   return search;
 }
 

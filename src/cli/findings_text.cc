@@ -156,6 +156,12 @@ void write_findings(std::ostream &out, const std::vector<Finding> &findings, con
 
 std::string search_end_text(const SearchAccount &search) {
   if (search.ended_by.empty() || !is_wanted(search)) return {};
+  if (search.ended_by == "breach") {
+    return fmt::format(
+        "the search ended early, for the library broke its contract on a smaller commit: {}; there may be "
+        "further faults",
+        printable(search.breach));
+  }
   const std::string bound = search.ended_by == "calls"
                                 ? fmt::format("{} calls of the library are made", grouped(search.budget_calls))
                                 : fmt::format("{} s are over", search.budget_seconds);

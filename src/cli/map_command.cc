@@ -58,7 +58,9 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   OutputFile file(arguments.output);
   file.write(to_picture(drawn));
   file.put_in_place();
-  if (!diagnosis.breach.empty()) environment.err << "the search ended early: " << printable(diagnosis.breach) << '\n';
+  if (!diagnosis.breach.empty()) {
+    environment.err << "vpnval: the search ended early: " << printable(diagnosis.breach) << '\n';
+  }
   environment.out << fmt::format("{}: {}. {}\n", printable(arguments.output), count_text(drawn), verdict_text(drawn));
   return ExitStatus::accepted;
 }

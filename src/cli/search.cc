@@ -26,6 +26,11 @@ bool is_complete(const diagnosis::Diagnosis &diagnosis) {
                                            [](const diagnosis::Fault &fault) { return fault.complete; });
 }
 
+std::string_view end_of(const diagnosis::Diagnosis &diagnosis, const diagnosis::Budget &budget) {
+  if (!diagnosis.breach.empty()) return "breach";
+  return diagnosis.calls >= budget.calls ? "calls" : "time";
+}
+
 }  // namespace
 
 diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Environment &environment,
@@ -58,7 +63,8 @@ void search(const CheckArguments &arguments, const Environment &environment, con
   const diagnosis::Diagnosis diagnosis = find_faults({.all_faults = all_faults, .budget = budget, .progress = {}},
                                                      environment, input, plugin, seam, verdict);
   report.search.calls = diagnosis.calls;
-  if (!is_complete(diagnosis)) report.search.ended_by = diagnosis.calls >= budget.calls ? "calls" : "time";
+  report.search.breach = diagnosis.breach;
+  if (!is_complete(diagnosis)) report.search.ended_by = end_of(diagnosis, budget);
   report.findings = make_findings(diagnosis, verdict, input.schema(), input.files());
 }
 

@@ -23,7 +23,8 @@ cli::Report full_report() {
   report.findings = {same_dot1q(), uplink_warning(), too_many_vpns(6)};
   report.findings[1].suppressed = cli::Suppressed{{"known.txt", 3}, "the uplink moves next week"};
   report.findings[2].complete = false;
-  report.search = {.all_faults = true, .calls = 500, .budget_calls = 500, .budget_seconds = 2.5, .ended_by = "calls"};
+  report.search = {
+      .all_faults = true, .calls = 500, .budget_calls = 500, .budget_seconds = 2.5, .ended_by = "calls", .breach = ""};
   report.unused_suppressions = {"known.txt:4: vpn-limit /mpls"};
   return report;
 }
@@ -85,11 +86,17 @@ TEST(FindingJson, documents_with_findings_fit_the_schema) {
   folder.write("full", written(full_report()));
   cli::Report report = full_report();
   report.findings = {hostile()};
+  report.search.ended_by = "breach";
+  report.search.breach = "vpn_peer_valp: values not freed: 1";
+  EXPECT_EQ(cli::read_json_report(written(report), "").search.breach, report.search.breach);
+  folder.write("broken", written(report));
   report.search.ended_by.clear();
+  report.search.breach.clear();
   folder.write("hostile", written(report));
-  const ProcessResult result = run_reader(
-      "fits_schema.py", SOURCE_DIR "/docs/verdict.schema.json " + folder.file("full") + " " + folder.file("hostile"));
-  EXPECT_EQ(result.output, "2 documents fit\n");
+  const ProcessResult result =
+      run_reader("fits_schema.py", SOURCE_DIR "/docs/verdict.schema.json " + folder.file("full") + " " +
+                                       folder.file("broken") + " " + folder.file("hostile"));
+  EXPECT_EQ(result.output, "3 documents fit\n");
 }
 
 TEST(FindingJson, what_is_no_verdict_is_refused) {

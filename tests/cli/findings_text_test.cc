@@ -145,6 +145,12 @@ TEST(FindingsText, a_bound_that_ended_the_search_is_told_at_the_finding_and_at_t
   EXPECT_NE(text_of(commit).find("\nthe search ended early, for its 60 s are over: less than is listed may draw the "
                                  "message; --budget sets the bound\n"),
             std::string::npos);
+  commit.search.ended_by = "breach";
+  commit.search.breach = "vpn_access_valp: an exception left the call: out of range";
+  EXPECT_NE(text_of(commit).find("\nthe search ended early, for the library broke its contract on a smaller commit: "
+                                 "vpn_access_valp: an exception left the call: out of range; there may be further "
+                                 "faults\n"),
+            std::string::npos);
 }
 
 TEST(FindingsText, a_message_that_the_search_did_not_come_to_has_its_node_alone) {

@@ -140,6 +140,7 @@ DecidedCommit decided(std::vector<Finding> findings) {
     if (!finding.is_warning) commit.decision = host::Decision::rejected;
   }
   commit.findings = std::move(findings);
-  commit.search = {.all_faults = true, .calls = 41, .budget_calls = 20000, .budget_seconds = 60, .ended_by = ""};
+  commit.search = {
+      .all_faults = true, .calls = 41, .budget_calls = 20000, .budget_seconds = 60, .ended_by = "", .breach = ""};
   return commit;
 }
