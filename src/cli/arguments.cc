@@ -27,6 +27,7 @@ const std::map<std::string, Format> formats{{"text", Format::text},
                                             {"sarif", Format::sarif},
                                             {"junit", Format::junit},
                                             {"github", Format::github}};
+const std::map<std::string, TableFormat> table_formats{{"text", TableFormat::text}, {"json", TableFormat::json}};
 const std::map<std::string, Colour> colours{
     {"auto", Colour::on_a_terminal}, {"always", Colour::always}, {"never", Colour::never}};
 
@@ -136,6 +137,20 @@ void complete(CheckArguments &check, const CLI::App &command) {
   if (check.directories.size() == 1) check.input.directory = check.directories.front();
 }
 
+CLI::App *add_headroom(CLI::App &program, HeadroomArguments &headroom) {
+  CLI::App *command = program.add_subcommand("headroom", "Tell what a commit leaves of every limit, on some elements");
+  command->add_option("DIR", headroom.input.directory, "Folder as for check")->type_name("");
+  command->add_option("--element", headroom.elements, "Element profile (JSON); may be given many times")
+      ->allow_extra_args(false)
+      ->type_name("FILE");
+  command->add_option("--running", headroom.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
+  command->add_option("--candidate", headroom.input.candidate, "Configuration to commit (XML or JSON)")
+      ->type_name("FILE");
+  command->add_option("--plugin", headroom.plugin, "Validation library to ask")->type_name("FILE");
+  add_choice(*command, "--format", table_formats, headroom.format, "Format of the result; text unless it is given");
+  return command;
+}
+
 CLI::App *add_map(CLI::App &program, MapArguments &map) {
   CLI::App *command = program.add_subcommand("map", "Draw who claims which VLAN on which port");
   command->add_option("DIR", map.input.directory, "Folder as for check")->type_name("");
@@ -156,10 +171,12 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   CheckArguments check;
   ShowArguments show;
   ExplainArguments explain;
+  HeadroomArguments headroom;
   MapArguments map;
   const CLI::App *check_command = add_check(program, check);
   const CLI::App *show_command = add_show(program, show);
   const CLI::App *explain_command = add_explain(program, explain);
+  const CLI::App *headroom_command = add_headroom(program, headroom);
   add_map(program, map);
 
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
@@ -177,6 +194,7 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   }
   if (show_command->parsed()) return show;
   if (explain_command->parsed()) return explain;
+  if (headroom_command->parsed()) return headroom;
   return map;
 }
 

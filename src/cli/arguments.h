@@ -56,6 +56,15 @@ struct ExplainArguments {
   PageFormat format = PageFormat::text;
 };
 
+enum class TableFormat { text, json };
+
+struct HeadroomArguments {
+  InputArguments input;               ///< its element is not used
+  std::vector<std::string> elements;  ///< profiles; none: the directory's
+  std::string plugin;
+  TableFormat format = TableFormat::text;
+};
+
 struct MapArguments {
   InputArguments input;
   std::string output;
@@ -64,7 +73,8 @@ struct MapArguments {
 };
 
 /// A command to carry out, or the status to end with because help or the version was all that was asked for.
-using ParsedArguments = std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, MapArguments>;
+using ParsedArguments =
+    std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, HeadroomArguments, MapArguments>;
 
 /// Reads a command line without the program's name; prints help and version itself. Throws UsageError.
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment);

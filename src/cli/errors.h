@@ -2,6 +2,9 @@
 #define CLI_ERRORS_H
 
 #include <stdexcept>
+#include <string>
+
+#include "cli/exit_status.h"
 
 namespace cli {
 
@@ -9,6 +12,14 @@ namespace cli {
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
+};
+
+/// A process that ran this program has come to no verdict; what() says why.
+class ChildError : public std::runtime_error {
+ public:
+  ChildError(const std::string &why, ExitStatus child_status) : std::runtime_error(why), status(child_status) {}
+
+  ExitStatus status;  ///< to end with
 };
 
 /// The result cannot be delivered.

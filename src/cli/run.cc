@@ -8,6 +8,7 @@
 #include "cli/check_series.h"
 #include "cli/errors.h"
 #include "cli/explain_command.h"
+#include "cli/headroom_command.h"
 #include "cli/map_command.h"
 #include "cli/printable.h"
 #include "cli/show_command.h"
@@ -27,6 +28,7 @@ struct CarryOut {
   }
   ExitStatus operator()(const ShowArguments &arguments) const { return show(arguments, environment); }
   ExitStatus operator()(const ExplainArguments &arguments) const { return explain(arguments, environment); }
+  ExitStatus operator()(const HeadroomArguments &arguments) const { return headroom(arguments, environment); }
   ExitStatus operator()(const MapArguments &arguments) const { return map(arguments, environment); }
 };
 
@@ -49,6 +51,8 @@ ExitStatus run(const std::vector<std::string> &arguments, const Environment &env
     return run_command(arguments, environment);
   } catch (const UsageError &error) {
     return fail(error, ExitStatus::usage);
+  } catch (const ChildError &error) {
+    return fail(error, error.status);
   } catch (const element::FileError &error) {
     return fail(error, ExitStatus::unreadable_file);
   } catch (const element::InputError &error) {

@@ -211,4 +211,18 @@ TEST(Arguments, help_and_version_are_results) {
   EXPECT_NE(run_with_answers({"check", "--help"}).out.find("--fail-on-warn"), std::string::npos);
 }
 
+TEST(Arguments, headroom_takes_many_elements_one_by_one) {
+  const auto none = std::get<cli::HeadroomArguments>(parse({"headroom", "folder"}));
+  EXPECT_EQ(none.input.directory, "folder");
+  EXPECT_TRUE(none.elements.empty());
+  EXPECT_EQ(none.format, cli::TableFormat::text);
+  const auto two = std::get<cli::HeadroomArguments>(
+      parse({"headroom", "--element", "a", "folder", "--element", "b", "--format", "json", "--plugin", "p"}));
+  EXPECT_EQ(two.input.directory, "folder");
+  EXPECT_EQ(two.elements, (std::vector<std::string>{"a", "b"}));
+  EXPECT_EQ(two.format, cli::TableFormat::json);
+  EXPECT_EQ(two.plugin, "p");
+  EXPECT_THROW(parse({"headroom", "folder", "--format", "sarif"}), cli::UsageError);
+}
+
 }  // namespace
