@@ -6,8 +6,8 @@
 #include <map>
 #include <set>
 
-#include "cli/budget.h"
 #include "cli/errors.h"
+#include "cli/input/budget.h"
 
 namespace cli {
 namespace {

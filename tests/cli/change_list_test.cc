@@ -1,10 +1,10 @@
-#include "cli/change_list.h"
+#include "cli/output/change_list.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "cli/text_output.h"
+#include "cli/output/text_output.h"
 #include "element/tree.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "cli/check_command.h"
+#include "cli/commands/check_command.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/check_series.h"
+#include "cli/commands/check_series.h"
 
 #include <gtest/gtest.h>
 

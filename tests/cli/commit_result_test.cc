@@ -1,4 +1,4 @@
-#include "cli/commit_result.h"
+#include "cli/children/commit_result.h"
 
 #include <gtest/gtest.h>
 

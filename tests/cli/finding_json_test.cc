@@ -1,12 +1,12 @@
-#include "cli/finding_json.h"
+#include "cli/findings/finding_json.h"
 
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "cli/json_input.h"
-#include "cli/json_output.h"
+#include "cli/output/json_input.h"
+#include "cli/output/json_output.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_findings.h"

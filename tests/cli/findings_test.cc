@@ -1,10 +1,10 @@
-#include "cli/findings.h"
+#include "cli/findings/findings.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "cli/finding.h"
+#include "cli/findings/finding.h"
 #include "confd_lib.h"
 #include "element/configuration.h"
 #include "element/input_error.h"

@@ -1,4 +1,4 @@
-#include "cli/findings_text.h"
+#include "cli/output/findings_text.h"
 
 #include <gtest/gtest.h>
 

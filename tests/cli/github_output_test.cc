@@ -1,4 +1,4 @@
-#include "cli/github_output.h"
+#include "cli/output/github_output.h"
 
 #include <gtest/gtest.h>
 

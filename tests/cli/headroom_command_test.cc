@@ -1,6 +1,6 @@
 // The real program with the real library, which reads some limits once a process.
 
-#include "cli/headroom_command.h"
+#include "cli/commands/headroom_command.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include <sstream>
 
-#include "cli/headroom_json.h"
-#include "cli/headroom_text.h"
+#include "cli/output/headroom_json.h"
+#include "cli/output/headroom_text.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_headroom.h"

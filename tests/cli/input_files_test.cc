@@ -1,4 +1,4 @@
-#include "cli/input_files.h"
+#include "cli/input/input_files.h"
 
 #include <gtest/gtest.h>
 

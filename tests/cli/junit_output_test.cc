@@ -1,4 +1,4 @@
-#include "cli/junit_output.h"
+#include "cli/output/junit_output.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/map_command.h"
+#include "cli/commands/map_command.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/output_file.h"
+#include "cli/output/output_file.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/path_pattern.h"
+#include "cli/findings/path_pattern.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/path_text.h"
+#include "cli/text/path_text.h"
 
 #include <gtest/gtest.h>
 

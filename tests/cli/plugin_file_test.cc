@@ -1,4 +1,4 @@
-#include "cli/plugin_file.h"
+#include "cli/input/plugin_file.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/printable.h"
+#include "cli/text/printable.h"
 
 #include <gtest/gtest.h>
 

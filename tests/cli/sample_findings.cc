@@ -1,6 +1,6 @@
 #include "tests/cli/sample_findings.h"
 
-#include "cli/finding.h"
+#include "cli/findings/finding.h"
 
 using cli::DecidedCommit;
 using cli::FilePlace;

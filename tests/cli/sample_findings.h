@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-#include "cli/decided_commit.h"
+#include "cli/findings/decided_commit.h"
 
 /// An added VPWS VPN takes the VLAN that a VPLS VPN of the running configuration has on the port: the device rejects.
 cli::Finding same_dot1q();

@@ -1,7 +1,7 @@
 #ifndef TESTS_CLI_SAMPLE_HEADROOM_H
 #define TESTS_CLI_SAMPLE_HEADROOM_H
 
-#include "cli/headroom_report.h"
+#include "cli/output/headroom_report.h"
 
 /// A report with every limit and every standing, for an element that accepts, with warnings, and one that rejects.
 cli::HeadroomReport sample_headroom();

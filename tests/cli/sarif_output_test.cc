@@ -1,4 +1,4 @@
-#include "cli/sarif_output.h"
+#include "cli/output/sarif_output.h"
 
 #include <glob.h>
 #include <gtest/gtest.h>
@@ -7,8 +7,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "cli/file_uri.h"
-#include "cli/sarif_rules.h"
+#include "cli/output/sarif_rules.h"
+#include "cli/text/file_uri.h"
 #include "rules/rule.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"

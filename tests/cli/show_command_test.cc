@@ -1,4 +1,4 @@
-#include "cli/show_command.h"
+#include "cli/commands/show_command.h"
 
 #include <gtest/gtest.h>
 

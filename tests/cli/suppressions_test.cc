@@ -1,4 +1,4 @@
-#include "cli/suppressions.h"
+#include "cli/findings/suppressions.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,121 @@
+#include "cli/commands/check_series.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <csignal>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "cli/children/commit_result.h"
+#include "cli/errors.h"
+#include "cli/findings/suppressions.h"
+#include "cli/input/plugin_file.h"
+#include "cli/output/colour.h"
+#include "cli/output/progress.h"
+#include "cli/output/series_output.h"
+#include "cli/output/series_summary.h"
+#include "cli/text/printable.h"
+#include "process/batch.h"
+#include "process/interrupts.h"
+
+namespace cli {
+namespace {
+
+process::Batch make_batch(const CheckArguments &arguments, const Environment &environment) {
+  std::vector<std::string> common{"check", "--format=json",
+                                  "--plugin=" + find_plugin_file(arguments.plugin, environment).string()};
+  common.insert(common.end(), arguments.handed_on.begin(), arguments.handed_on.end());
+  common.emplace_back("--");
+  process::Batch batch;
+  batch.program = environment.program;
+  batch.jobs = arguments.jobs != 0 ? arguments.jobs : std::max(std::thread::hardware_concurrency(), 1U);
+  for (const std::string &directory : arguments.directories) {
+    batch.arguments.push_back(common);
+    batch.arguments.back().push_back(directory);
+  }
+  return batch;
+}
+
+/// Takes results in any order, gives them out in the order of the arguments.
+class Series {
+ public:
+  Series(const CheckArguments &arguments, const Environment &environment)
+      : names_(arguments.directories),
+        environment_(environment),
+        output_(make_series_output(arguments.format, environment.out, Paint(wants_colour(arguments, environment)))),
+        progress_(environment.err, environment.err_is_terminal),
+        waiting_(names_.size()) {}
+
+  void take(std::size_t index, const process::Result &left) {
+    CommitResult result = commit_result(names_[index], left);
+    decided_.add(result);
+    waiting_[index] = std::move(result);
+    while (next_ < waiting_.size() && waiting_[next_]) give_out(std::exchange(waiting_[next_], std::nullopt).value());
+  }
+
+  void tell() {
+    progress_.tell([this] {
+      return fmt::format("{} of {} commits decided, {} rejected", decided_.commits, names_.size(), decided_.rejected);
+    });
+  }
+
+  /// Leaves what was given out so far.
+  void pause() {
+    progress_.hide();
+    environment_.out.flush();
+  }
+
+  ExitStatus finish(bool is_text) {
+    progress_.hide();
+    output_->finish(decided_);
+    if (!is_text) write_summary(environment_.err, decided_);
+    for (const std::string &line : decided_.unused_suppressions) {
+      environment_.err << "vpnval: suppresses nothing: " << printable(line) << '\n';
+    }
+    return decided_.worst;
+  }
+
+ private:
+  void give_out(CommitResult result) {
+    ++next_;
+    if (environment_.out_is_terminal) progress_.hide();
+    output_->write(std::move(result));
+    if (!environment_.out) throw OutputError("standard output cannot be written");
+  }
+
+  const std::vector<std::string> &names_;
+  const Environment &environment_;
+  std::unique_ptr<SeriesOutput> output_;
+  Progress progress_;
+  SeriesSummary decided_;
+  std::vector<std::optional<CommitResult>> waiting_;
+  std::size_t next_ = 0;
+};
+
+}  // namespace
+
+ExitStatus check_series(const CheckArguments &arguments, const Environment &environment) {
+  // A fault in what all commits share is one error, not one for each of them.
+  if (!arguments.suppressions.empty()) Suppressions::read(arguments.suppressions);
+  const process::Batch batch = make_batch(arguments, environment);
+  Series series(arguments, environment);
+  const process::BatchEvents events{
+      [&series](std::size_t index, const process::Result &left) { series.take(index, left); },
+      [&series] { series.tell(); }};
+  try {
+    process::run_all(batch, events);
+  } catch (const process::Interrupted &interrupted) {
+    series.pause();
+    std::raise(interrupted.signal);
+    throw std::runtime_error(fmt::format("ended by signal {}", interrupted.signal));
+  }
+  return series.finish(arguments.format == Format::text);
+}
+
+}  // namespace cli

@@ -1,0 +1,68 @@
+#include "cli/commands/headroom_command.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "cli/children/headroom_children.h"
+#include "cli/input/headroom_inputs.h"
+#include "cli/input/plugin_file.h"
+#include "cli/output/headroom_json.h"
+#include "cli/output/headroom_text.h"
+#include "cli/output/progress.h"
+#include "element/configuration.h"
+#include "headroom/measure.h"
+#include "host/plugin.h"
+#include "host/seam.h"
+
+namespace cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+host::Plugin load(const fs::path &file, const element::Profile &card) {
+  const host::Seam seam(card);
+  return host::Plugin(file);
+}
+
+HeadroomReport measure_here(const HeadroomInputs &inputs, const fs::path &plugin_file, const Environment &environment) {
+  const fs::path &file = inputs.elements.front();
+  const element::Schema schema;
+  const headroom::Commit commit{element::read_configuration(schema, inputs.running),
+                                element::read_configuration(schema, inputs.candidate), element::read_profile(file)};
+  const host::Plugin plugin = load(plugin_file, commit.profile);
+  Progress progress(environment.err, environment.err_is_terminal);
+  const auto tell = [&progress](std::size_t done, std::size_t total) {
+    progress.tell([=] { return fmt::format("{} of {} limits measured", done, total); });
+  };
+  return {inputs.running.string(),
+          inputs.candidate.string(),
+          plugin.file().string(),
+          plugin.build_id(),
+          {{file.string(), headroom::measure(plugin, commit, tell)}}};
+}
+
+HeadroomReport measure(const HeadroomInputs &inputs, const fs::path &plugin_file, const Environment &environment) {
+  if (inputs.elements.size() == 1) return measure_here(inputs, plugin_file, environment);
+  return measure_in_children(inputs, plugin_file, environment);
+}
+
+ExitStatus status_of(const HeadroomReport &report) {
+  const bool is_rejected = std::any_of(
+      report.elements.begin(), report.elements.end(),
+      [](const ElementHeadroom &element) { return element.measurement.decision == host::Decision::rejected; });
+  return is_rejected ? ExitStatus::rejected : ExitStatus::accepted;
+}
+
+}  // namespace
+
+ExitStatus headroom(const HeadroomArguments &arguments, const Environment &environment) {
+  const HeadroomInputs inputs = find_headroom_inputs(arguments);
+  const HeadroomReport report = measure(inputs, find_plugin_file(arguments.plugin, environment), environment);
+  const auto write = arguments.format == TableFormat::json ? write_headroom_json : write_headroom_text;
+  write(environment.out, report);
+  return status_of(report);
+}
+
+}  // namespace cli

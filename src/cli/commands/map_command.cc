@@ -1,0 +1,68 @@
+#include "cli/commands/map_command.h"
+
+#include <fmt/format.h>
+
+#include "cli/commands/search.h"
+#include "cli/errors.h"
+#include "cli/input/commit_input.h"
+#include "cli/input/plugin_file.h"
+#include "cli/output/output_file.h"
+#include "cli/text/printable.h"
+#include "host/plugin.h"
+#include "host/seam.h"
+#include "vlan_map/claims.h"
+#include "vlan_map/conflicts.h"
+#include "vlan_map/html.h"
+#include "vlan_map/svg.h"
+#include "vlan_map/words.h"
+
+namespace cli {
+namespace {
+
+using Writer = std::string (*)(const vlan_map::Map &);
+
+Writer writer_for(const std::string &file) {
+  const std::string ending = std::filesystem::path(file).extension();
+  if (ending == ".svg") return vlan_map::to_svg;
+  if (ending == ".html") return vlan_map::to_html;
+  throw UsageError(fmt::format("-o: \"{}\" is no picture; expected a file that ends in .svg or .html", file));
+}
+
+vlan_map::Map map_of(const MapArguments &arguments, const CommitInput &input, const host::Verdict &verdict,
+                     const diagnosis::Diagnosis &diagnosis) {
+  const bool is_folder = arguments.input.candidate.empty();
+  vlan_map::Map map;
+  map.title = "VLANs by port: " + (is_folder ? arguments.input.directory : arguments.input.candidate);
+  map.decision = verdict.decision;
+  map.ports = vlan_map::find_claims(input.transaction(), input.profile());
+  map.conflicts = vlan_map::find_conflicts(verdict, diagnosis, map.ports);
+  map.complete = diagnosis.complete;
+  return map;
+}
+
+}  // namespace
+
+ExitStatus map(const MapArguments &arguments, const Environment &environment) {
+  const Writer to_picture = writer_for(arguments.output);
+  // Found out before a search that may take a minute.
+  { const OutputFile can_be_written(arguments.output); }
+
+  const CommitInput input(find_input_files(arguments.input));
+  host::Seam seam(input.profile());
+  const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
+  const host::Verdict verdict = host::validate_commit(plugin, seam, input.transaction());
+  const diagnosis::Diagnosis diagnosis = find_faults({.all_faults = true, .budget = arguments.budget, .progress = {}},
+                                                     environment, input, plugin, seam, verdict);
+  const vlan_map::Map drawn = map_of(arguments, input, verdict, diagnosis);
+
+  OutputFile file(arguments.output);
+  file.write(to_picture(drawn));
+  file.put_in_place();
+  if (!diagnosis.breach.empty()) {
+    environment.err << "vpnval: the search ended early: " << printable(diagnosis.breach) << '\n';
+  }
+  environment.out << fmt::format("{}: {}. {}\n", printable(arguments.output), count_text(drawn), verdict_text(drawn));
+  return ExitStatus::accepted;
+}
+
+}  // namespace cli

@@ -1,0 +1,17 @@
+#ifndef CLI_COMMANDS_MAP_COMMAND_H
+#define CLI_COMMANDS_MAP_COMMAND_H
+
+#include "cli/arguments.h"
+#include "cli/environment.h"
+#include "cli/exit_status.h"
+
+namespace cli {
+
+/// Draws who claims which VLAN on which port, with the conflicts that the validation library sees, and tells in a line
+/// what the picture holds. Accepted whatever the verdict, once the picture stands. Throws UsageError for a file that is
+/// neither .svg nor .html, OutputFileError, and what reading, loading and validating throw.
+ExitStatus map(const MapArguments &arguments, const Environment &environment);
+
+}  // namespace cli
+
+#endif

@@ -1,0 +1,71 @@
+#include "cli/commands/search.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "cli/findings/findings.h"
+#include "cli/input/budget.h"
+#include "cli/output/progress.h"
+#include "confd_lib.h"
+#include "diagnosis/diagnose.h"
+
+namespace cli {
+namespace {
+
+/// What the device would have said: `--all` asks the library further than a device does.
+host::Verdict device_verdict(host::Verdict verdict) {
+  const auto rejection = std::find_if(verdict.points.begin(), verdict.points.end(),
+                                      [](const host::PointVerdict &point) { return point.result == CONFD_ERR; });
+  if (rejection != verdict.points.end()) verdict.points.erase(rejection + 1, verdict.points.end());
+  return verdict;
+}
+
+bool is_complete(const diagnosis::Diagnosis &diagnosis) {
+  return diagnosis.complete && std::all_of(diagnosis.faults.begin(), diagnosis.faults.end(),
+                                           [](const diagnosis::Fault &fault) { return fault.complete; });
+}
+
+std::string_view end_of(const diagnosis::Diagnosis &diagnosis, const diagnosis::Budget &budget) {
+  if (!diagnosis.breach.empty()) return "breach";
+  return diagnosis.calls >= budget.calls ? "calls" : "time";
+}
+
+}  // namespace
+
+diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Environment &environment,
+                                 const CommitInput &input, const host::Plugin &plugin, host::Seam &seam,
+                                 const host::Verdict &verdict) {
+  diagnosis::Diagnosis diagnosis;
+  if (verdict.decision == host::Decision::accepted) return diagnosis;
+  diagnosis.complete = false;
+  if (is_nothing(options.budget)) return diagnosis;
+
+  Progress progress(environment.err, environment.err_is_terminal);
+  diagnosis::Options told = options;
+  told.progress = [&progress](std::uint64_t calls, std::size_t faults) {
+    progress.tell([=] { return fmt::format("searching: {} calls of the library, faults found: {}", calls, faults); });
+  };
+  return diagnosis::diagnose(plugin, seam, input.transaction(), verdict, told);
+}
+
+void search(const CheckArguments &arguments, const Environment &environment, const CommitInput &input,
+            const host::Plugin &plugin, host::Seam &seam, Report &report) {
+  // Behind a fault that is suppressed another may hide that is not.
+  const bool all_faults = arguments.all_faults || !arguments.suppressions.empty();
+  const diagnosis::Budget &budget = arguments.budget;
+  report.search.all_faults = all_faults;
+  report.search.budget_calls = budget.calls;
+  report.search.budget_seconds = std::chrono::duration<double>(budget.time).count();
+  if (report.verdict.decision == host::Decision::accepted) return;
+
+  const host::Verdict verdict = device_verdict(report.verdict);
+  const diagnosis::Diagnosis diagnosis = find_faults({.all_faults = all_faults, .budget = budget, .progress = {}},
+                                                     environment, input, plugin, seam, verdict);
+  report.search.calls = diagnosis.calls;
+  report.search.breach = diagnosis.breach;
+  if (!is_complete(diagnosis)) report.search.ended_by = end_of(diagnosis, budget);
+  report.findings = make_findings(diagnosis, verdict, input.schema(), input.files());
+}
+
+}  // namespace cli

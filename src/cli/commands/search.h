@@ -1,0 +1,27 @@
+#ifndef CLI_COMMANDS_SEARCH_H
+#define CLI_COMMANDS_SEARCH_H
+
+#include "cli/arguments.h"
+#include "cli/environment.h"
+#include "cli/input/commit_input.h"
+#include "cli/output/report.h"
+#include "diagnosis/diagnose.h"
+#include "host/plugin.h"
+#include "host/seam.h"
+
+namespace cli {
+
+/// Has what draws each message of the device's verdict looked for, within the budget, and shows on `err` how far that
+/// is. Nothing is looked for on an accepted commit, nor with a budget that allows no search.
+diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Environment &environment,
+                                 const CommitInput &input, const host::Plugin &plugin, host::Seam &seam,
+                                 const host::Verdict &verdict);
+
+/// Fills in the findings and the search's account of a report that has its verdict: has what draws each message looked
+/// for, within the budget, and shows on `err` how far that is. Throws what reading and asking the library throw.
+void search(const CheckArguments &arguments, const Environment &environment, const CommitInput &input,
+            const host::Plugin &plugin, host::Seam &seam, Report &report);
+
+}  // namespace cli
+
+#endif

@@ -1,0 +1,91 @@
+#include "cli/commands/show_command.h"
+
+#include <fmt/format.h>
+
+#include "cli/errors.h"
+#include "cli/input/commit_input.h"
+#include "cli/text/printable.h"
+#include "cli/text/value_text.h"
+
+namespace cli {
+namespace {
+
+using element::Node;
+using element::NodeKind;
+using element::Path;
+
+class Printer {
+ public:
+  explicit Printer(std::ostream &out) : out_(out) {}
+
+  /// Prints a node that stands at `above`; a list as its entries. False where there was nothing to print.
+  bool print(const Node &node, Path &above) {
+    if (node.schema->kind != NodeKind::list || node.is_entry()) return print_node(node, above);
+    bool printed = false;
+    for (const Node &entry : node.children) printed = print_node(entry, above) || printed;
+    return printed;
+  }
+
+  bool print_below(const Node &node, Path &path) {
+    bool printed = false;
+    for (const Node &below : node.children) printed = print(below, path) || printed;
+    return printed;
+  }
+
+ private:
+  bool print_node(const Node &node, Path &above) {
+    above.push_back({node.schema, node.keys});
+    bool printed = print_below(node, above);
+    if (!printed && (node.is_entry() || node.schema->presence || node.schema->kind == NodeKind::leaf)) {
+      print_line(node, above);
+      printed = true;
+    }
+    above.pop_back();
+    return printed;
+  }
+
+  void print_line(const Node &node, const Path &path) {
+    const std::string value = value_text(node);
+    out_ << printable(to_text(path)) << (value.empty() ? "" : ": ") << printable(value) << '\n';
+  }
+
+  std::ostream &out_;
+};
+
+bool print_derived(Printer &printer, const element::Tree &tree) {
+  bool printed = false;
+  for (const Node &top : tree.root().children) {
+    Path above;
+    if (top.schema->derived) printed = printer.print(top, above) || printed;
+  }
+  return printed;
+}
+
+bool print_at(Printer &printer, const element::Tree &tree, const std::string &text) {
+  const Node *node = tree.find(text);
+  if (node == nullptr) return false;
+  Path path = element::parse_path(tree.schema(), text);
+  if (path.empty()) return printer.print_below(*node, path);
+  path.pop_back();
+  return printer.print(*node, path);
+}
+
+}  // namespace
+
+ExitStatus show(const ShowArguments &arguments, const Environment &environment) {
+  const CommitInput input(find_input_files(arguments.input));
+  const element::Transaction &transaction = input.transaction();
+  const element::Tree &tree = arguments.running ? transaction.running : transaction.candidate;
+
+  Printer printer(environment.out);
+  try {
+    const bool printed =
+        arguments.path.empty() ? print_derived(printer, tree) : print_at(printer, tree, arguments.path);
+    if (!printed) environment.err << "nothing stands there\n";
+  } catch (const element::PathError &error) {
+    throw UsageError(error.what());
+  }
+  return ExitStatus::accepted;
+}
+
+}  // namespace cli

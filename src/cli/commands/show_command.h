@@ -1,0 +1,16 @@
+#ifndef CLI_COMMANDS_SHOW_COMMAND_H
+#define CLI_COMMANDS_SHOW_COMMAND_H
+
+#include "cli/arguments.h"
+#include "cli/environment.h"
+#include "cli/exit_status.h"
+
+namespace cli {
+
+/// Prints a line a leaf, and a line an entry that holds no leaf, of what stands at the path, or of all derived trees.
+/// Throws UsageError for a path that the data model does not have, and what reading throws.
+ExitStatus show(const ShowArguments &arguments, const Environment &environment);
+
+}  // namespace cli
+
+#endif

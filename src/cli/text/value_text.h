@@ -1,0 +1,15 @@
+#ifndef CLI_TEXT_VALUE_TEXT_H
+#define CLI_TEXT_VALUE_TEXT_H
+
+#include <string>
+
+#include "element/tree.h"
+
+namespace cli {
+
+/// A leaf's value for a reader; an enumeration with its name and number ("off (2)"). Empty for a leaf without a value.
+std::string value_text(const element::Node &leaf);
+
+}  // namespace cli
+
+#endif
