@@ -12,8 +12,22 @@
 namespace diagnosis {
 namespace {
 
+/// A fault that the running configuration has: any change that makes the library look draws it.
+struct StandingFault {
+  host::PointVerdict answer;
+  std::vector<std::size_t> parties;  ///< by place, those that the commit leaves as they are
+};
+
+std::vector<std::size_t> untouched_parties(const Fault &fault) {
+  std::vector<std::size_t> places;
+  for (const Party &party : fault.parties) {
+    if (party.standing == Standing::unchanged) places.push_back(party.place);
+  }
+  return places;
+}
+
 // With three choices of what is left out for a limit, any two units are together in one of the rests.
-constexpr int kChoicesForLimit = 3;
+constexpr std::size_t kChoices = 3;
 
 /// What the library says: its rejection first, for it ends the commit; else its warnings.
 std::vector<host::PointVerdict> spoken(const host::Verdict &verdict) {
@@ -41,17 +55,19 @@ class Diagnoser {
     if (all_faults) find_all();
     const bool is_rejected = verdict.decision == host::Decision::rejected;
     std::vector<Fault> faults;
-    for (const host::PointVerdict &answer : spoken(verdict)) faults.push_back(of_device(answer, is_rejected));
+    for (const host::PointVerdict &answer : spoken(verdict)) faults.push_back(of_device({answer, is_rejected}));
     std::move(faults_.begin(), faults_.end(), std::back_inserter(faults));
     return {std::move(faults), inquiry_.calls(), !inquiry_.is_over() && breach_.empty(), breach_};
   }
 
  private:
   void find_all() {
-    for (int choice = 0; choice < kChoicesForLimit; ++choice) {
+    for (choice_ = 0; choice_ < kChoices; ++choice_) {
+      leave_out_standing_faults();
       find_in(all_but_taken_back());
-      if (limits_.empty()) return;
+      if (limits_.empty() && standing_.empty()) break;
     }
+    inquiry_.leave_out({});
   }
 
   ItemSet all_but_taken_back() const {
@@ -60,7 +76,7 @@ class Diagnoser {
     return set;
   }
 
-  // Every turn takes something back, so that it ends.
+  // Every turn takes something back or leaves a party out, so that it ends.
   void find_in(ItemSet within) {
     while (const std::optional<host::Verdict> verdict = inquiry_.ask(units_.shapes(within))) {
       const std::vector<host::PointVerdict> answers = spoken(*verdict);
@@ -72,21 +88,37 @@ class Diagnoser {
     if (breach_.empty()) breach_ = inquiry_.breach();
   }
 
-  /// What has to go for the answer not to come again.
+  /// What has to go for the answer not to come again. What comes only where something else was left out for a limit is
+  /// no fault of the commit: it goes, and is not told.
   ItemSet take_back(const ItemSet &within, const Wanted &wanted) {
-    Excess known = excess_of_known_limit(within, wanted.answer);
-    if (count(known.gone) > 0) return std::move(known.gone);
-    FoundFault found = search_.find(within, wanted);
-    ItemSet gone = found.taken_back;
-    Excess excess = is_count(wanted.answer) ? leave_out_excess(within, add_limit(found)) : Excess{};
-    if (count(excess.gone) > 0) {
-      gone = std::move(excess.gone);
-      if (count(excess.units) < count(found.own)) found.fault.enough = count(excess.units);
-    } else {
-      for (std::size_t unit = 0; unit < gone.size(); ++unit) taken_back_[unit] = taken_back_[unit] || gone[unit];
-    }
+    const Excess known = excess_of_known_limit(within, wanted.answer);
+    if (count(known.gone) > 0) return known.gone;
+    const ItemSet whole = all_but_taken_back();
+    FoundFault found = search_.find(within, whole, wanted);
+    if (found.is_mended && within != whole && !is_count(wanted.answer)) return found.taken_back;
+    if (is_standing(found.fault)) return ItemSet(units_.size(), false);
+    const Excess excess = add_limit(within, found);
     add(std::move(found.fault));
-    return gone;
+    if (count(excess.gone) > 0) return excess.gone;
+    taken_back_ = either(taken_back_, found.taken_back);
+    return found.taken_back;
+  }
+
+  // To take back whatever makes the library look would hide all that it looks at. So the fault itself goes, one of its
+  // parties, another one each time, for new faults may be with either.
+  bool is_standing(const Fault &fault) {
+    StandingFault standing{fault.verdict, untouched_parties(fault)};
+    if (!fault.in_running || is_count(fault.verdict) || standing.parties.empty()) return false;
+    standing_.push_back(std::move(standing));
+    leave_out_standing_faults();
+    add(fault);
+    return true;
+  }
+
+  void leave_out_standing_faults() {
+    std::vector<std::size_t> places;
+    for (const StandingFault &fault : standing_) places.push_back(fault.parties[choice_ % fault.parties.size()]);
+    inquiry_.leave_out(std::move(places));
   }
 
   Excess excess_of_known_limit(const ItemSet &within, const host::PointVerdict &answer) {
@@ -98,9 +130,18 @@ class Diagnoser {
     return {};
   }
 
-  ExceededLimit &add_limit(const FoundFault &found) {
-    return limits_.emplace_back(
-        ExceededLimit{found.fault.verdict, found.part, found.own, std::vector<std::uint32_t>(units_.size(), 0)});
+  /// Notes a limit that is met first, and how much of what it counts is too many. Nothing where it is none, or where
+  /// leaving out all that it counts does not help.
+  Excess add_limit(const ItemSet &within, FoundFault &found) {
+    if (!is_count(found.fault.verdict)) return {};
+    limits_.push_back({found.fault.verdict, found.part, found.own, std::vector<std::uint32_t>(units_.size(), 0)});
+    Excess excess = leave_out_excess(within, limits_.back());
+    const ItemSet choices = outermost(units_.items(), found.own);
+    if (count(excess.units) > 0 && count(excess.units) < count(choices)) {
+      search_.offer(found, choices);
+      found.fault.enough = count(excess.units);
+    }
+    return excess;
   }
 
   Excess leave_out_excess(const ItemSet &within, ExceededLimit &limit) {
@@ -117,12 +158,18 @@ class Diagnoser {
   }
 
   /// The fault of what the device says: among those that are found, or looked for in the whole commit.
-  Fault of_device(const host::PointVerdict &answer, bool is_rejected) {
-    const auto found = std::find_if(faults_.begin(), faults_.end(),
-                                    [&answer](const Fault &fault) { return is_same_answer(fault.verdict, answer); });
-    if (found == faults_.end()) return search_.find(ItemSet(units_.size(), true), {answer, is_rejected}).fault;
-    Fault fault = std::move(*found);
-    faults_.erase(found);
+  Fault of_device(const Wanted &wanted) {
+    const auto known = std::find_if(faults_.begin(), faults_.end(), [&wanted](const Fault &fault) {
+      return is_same_answer(fault.verdict, wanted.answer);
+    });
+    if (known == faults_.end()) {
+      const ItemSet all(units_.size(), true);
+      FoundFault found = search_.find(all, all, wanted);
+      add_limit(all, found);
+      return std::move(found.fault);
+    }
+    Fault fault = std::move(*known);
+    faults_.erase(known);
     return fault;
   }
 
@@ -132,6 +179,8 @@ class Diagnoser {
   FaultSearch search_;
   ItemSet taken_back_;
   std::vector<ExceededLimit> limits_;
+  std::vector<StandingFault> standing_;
+  std::size_t choice_ = 0;
   std::vector<Fault> faults_;
   std::string breach_;
 };

@@ -25,9 +25,10 @@ struct Excess {
   ItemSet gone;  ///< the same with all that cannot be without them
 };
 
-/// The fewest of the counted units without which the part that is left of the limit `within` keeps it. Which ones are
-/// left out is free: those that were left out least often, later ones first, so that every pair of units is asked about
-/// together once three sets of them have been left out. Empty where what is left keeps the limit, or nothing helps.
+/// The fewest of the counted units that no others of them need, without which `within` keeps the limit, or at least
+/// what is left there of the limit's own part. Which ones are left out is free: those that were left out least often,
+/// later ones first, so that every pair of units is asked about together once three sets of them have been left out.
+/// Empty where the limit is kept, or nothing helps.
 Excess excess(const ChangeUnits &units, Inquiry &inquiry, const ItemSet &within, const ExceededLimit &limit);
 
 }  // namespace diagnosis

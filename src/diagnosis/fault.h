@@ -41,6 +41,7 @@ struct Party {
   std::string interface;  ///< access interface, static member, snooping interface or uplink
   std::string neighbor;
   std::vector<Detail> details;
+  std::size_t place = 0;  ///< its number among the places of the search
 };
 
 /// Two configurations of operator's nodes.
@@ -57,6 +58,7 @@ struct Fault {
   std::vector<Party> parties;        ///< what the commit touches first, then the rest, each in schema order
   SmallestCommit smallest;           ///< the smallest configurations that draw it
   std::uint64_t enough = 0;  ///< a limit: so many parts of the change are enough to take back; 0: all are needed
+  bool in_running = false;   ///< the running configuration has the fault: the change only makes the library look
   bool complete = true;      ///< false: a bound ended the search, so that something smaller may draw it, too
 };
 

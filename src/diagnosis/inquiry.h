@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "diagnosis/diagnose.h"
 #include "diagnosis/places.h"
@@ -31,6 +33,16 @@ class Inquiry {
   /// The library gives the wanted answer, word for word, on the reduced commit.
   bool draws(const Shapes &shapes, const Wanted &wanted);
 
+  /// The library gives the wanted answer, word for word, when what the reduced commit finds in force is committed to an
+  /// element without any configuration.
+  bool is_in_running(const Shapes &shapes, const Wanted &wanted);
+
+  /// Entries that both configurations lack from now on, whatever is asked; they take the place of those before.
+  void leave_out(std::vector<std::size_t> entries) { left_out_ = std::move(entries); }
+
+  /// The shapes without what is left out.
+  Shapes without_left_out(Shapes shapes) const;
+
   bool is_over() const { return over_; }
 
   /// What the library did against its contract when it was asked last, or empty.
@@ -41,6 +53,7 @@ class Inquiry {
 
  private:
   bool may_ask();
+  std::optional<host::Verdict> ask(element::Tree running, element::Tree candidate);
 
   const host::Plugin &plugin_;
   host::Seam &seam_;
@@ -49,6 +62,7 @@ class Inquiry {
   std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
   std::uint64_t calls_ = 0;
   bool over_ = false;
+  std::vector<std::size_t> left_out_;
   std::string breach_;
 };
 

@@ -8,10 +8,7 @@ namespace {
 
 using element::Node;
 
-// A range is no thing of its own: it tells what an access interface takes.
 bool is_range(const Place &place) { return place.is_entry() && place.schema->name == "dot1q-range"; }
-
-bool is_thing(const Place &place) { return place.is_entry() && !is_range(place); }
 
 std::optional<std::string> value_text(const Node *leaf) {
   if (leaf == nullptr || leaf->schema->kind != element::NodeKind::leaf) return std::nullopt;
@@ -21,7 +18,8 @@ std::optional<std::string> value_text(const Node *leaf) {
 
 class Collector {
  public:
-  Collector(const Places &places, const Shapes &shapes) : places_(places), shapes_(shapes) {}
+  Collector(const Places &places, const Shapes &smallest, const std::vector<bool> &touched)
+      : places_(places), smallest_(smallest), touched_(touched) {}
 
   std::vector<Party> run() {
     for (std::size_t number = 0; number < places_.size(); ++number) {
@@ -34,7 +32,13 @@ class Collector {
 
  private:
   // What stands below a dropped place is dropped, and what stands below a missing one is missing.
-  bool is_shown(std::size_t number) const { return places_[number].is_there(shapes_[number]); }
+  bool is_shown(std::size_t number) const { return places_[number].is_there(smallest_[number]); }
+
+  // What the smallest commit can do without may be just what the commit changes: a VLAN that is taken away.
+  bool tells(std::size_t number) const {
+    const bool is_detail = places_[number].is_leaf() || is_range(places_[number]);
+    return is_detail && (is_shown(number) || touched_[number]);
+  }
 
   bool holds_thing(std::size_t number) const {
     for (std::size_t inner = number + 1; inner < places_[number].end; ++inner) {
@@ -46,7 +50,8 @@ class Collector {
   void add_party(std::size_t number) {
     Party party;
     party.path = places_.path_of(number);
-    party.standing = standing_of(places_[number], shapes_[number]);
+    party.place = number;
+    party.standing = standing_of(places_[number]);
     name(party);
     add_details_around(number, party);
     add_details_below(number, party);
@@ -83,43 +88,44 @@ class Collector {
 
   void add_leafs_of(std::size_t entry, Party &party) const {
     for (std::size_t inner = entry + 1; inner < places_[entry].end;) {
-      if (places_[inner].is_leaf() && is_shown(inner)) add_detail(inner, party);
+      if (places_[inner].is_leaf() && tells(inner)) add_detail(inner, party);
       inner = places_[inner].is_entry() ? places_[inner].end : inner + 1;
     }
   }
 
   void add_details_below(std::size_t number, Party &party) const {
-    for (std::size_t inner = number + 1; inner < places_[number].end; ++inner) {
-      const bool tells = places_[inner].is_leaf() || is_range(places_[inner]);
-      if (tells && is_shown(inner)) add_detail(inner, party);
+    for (std::size_t inner = number + 1; inner < places_[number].end;) {
+      if (tells(inner)) add_detail(inner, party);
+      inner = is_thing(places_[inner]) ? places_[inner].end : inner + 1;
     }
   }
 
   void add_detail(std::size_t number, Party &party) const {
-    const LeafValues values = values_of(places_[number], shapes_[number]);
+    const LeafValues values = values_of(places_[number]);
     party.details.push_back(
-        {standing_of(places_[number], shapes_[number]), places_.path_of(number), values.old_value, values.new_value});
+        {standing_of(places_[number]), places_.path_of(number), values.old_value, values.new_value});
   }
 
   const Places &places_;
-  const Shapes &shapes_;
+  const Shapes &smallest_;
+  const std::vector<bool> &touched_;
   std::vector<Party> parties_;
 };
 
 }  // namespace
 
-std::vector<Party> parties_of(const Places &places, const Shapes &shapes) { return Collector(places, shapes).run(); }
+bool is_thing(const Place &place) { return place.is_entry() && !is_range(place); }
 
-Standing standing_of(const Place &place, Shape shape) {
-  const Node *before = place.running_node(shape);
-  const Node *after = place.candidate_node(shape);
-  if (before == nullptr) return Standing::added;
-  if (after == nullptr) return Standing::removed;
-  return before->value == after->value ? Standing::unchanged : Standing::changed;
+std::vector<Party> parties_of(const Places &places, const Shapes &smallest, const std::vector<bool> &touched) {
+  return Collector(places, smallest, touched).run();
 }
 
-LeafValues values_of(const Place &place, Shape shape) {
-  return {value_text(place.running_node(shape)), value_text(place.candidate_node(shape))};
+Standing standing_of(const Place &place) {
+  if (place.before == nullptr) return Standing::added;
+  if (place.after == nullptr) return Standing::removed;
+  return place.before->value == place.after->value ? Standing::unchanged : Standing::changed;
 }
+
+LeafValues values_of(const Place &place) { return {value_text(place.before), value_text(place.after)}; }
 
 }  // namespace diagnosis

@@ -8,13 +8,17 @@
 
 namespace diagnosis {
 
-/// The parties of a conflict, from the smallest commit that draws its message: the innermost entries that stand for a
-/// thing of the network, each with the leafs and VLAN ranges that it has, its own and those of what it stands in. What
-/// the commit touches stands first.
-std::vector<Party> parties_of(const Places &places, const Shapes &shapes);
+/// An entry that stands for a thing of the network. A VLAN range is none: it tells what an access interface takes.
+bool is_thing(const Place &place);
 
-/// What a commit of this shape does to the place itself.
-Standing standing_of(const Place &place, Shape shape);
+/// The parties of a conflict, from the smallest commit that draws its message: the innermost entries there that stand
+/// for a thing, each with its leafs and VLAN ranges, its own and those of what it stands in: those that are there, and
+/// those that are `touched`, by place. Standings and values are the whole commit's, for a smaller commit may leave a
+/// party as it was. What the commit touches stands first.
+std::vector<Party> parties_of(const Places &places, const Shapes &smallest, const std::vector<bool> &touched);
+
+/// What the whole commit does to the place itself.
+Standing standing_of(const Place &place);
 
 /// A leaf's values before and after, where it has any.
 struct LeafValues {
@@ -22,7 +26,7 @@ struct LeafValues {
   std::optional<std::string> new_value;
 };
 
-LeafValues values_of(const Place &place, Shape shape);
+LeafValues values_of(const Place &place);
 
 }  // namespace diagnosis
 

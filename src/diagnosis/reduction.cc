@@ -26,6 +26,8 @@ class Reduction {
       before = count(set_);
       for (const Numbers &level : levels_) reduce_level(level);
     } while (count(set_) < before);
+    // Two items may be there for each other alone: neither can be left out without the other.
+    if (count(set_) <= options_.exhaustive_below) try_smaller_sets(ItemSet(set_));
     if (count(start) <= options_.exhaustive_below) try_smaller_sets(start);
     return set_;
   }
@@ -141,11 +143,30 @@ ItemSet with_needs(const Items &items, ItemSet set) {
   return set;
 }
 
+ItemSet outermost(const Items &items, const ItemSet &set) {
+  ItemSet result = set;
+  for (std::size_t i = 0; i < set.size(); ++i) {
+    if (!set[i]) continue;
+    for (const std::size_t needed : items[i].needs) result[needed] = false;
+  }
+  return result;
+}
+
 ItemSet without(ItemSet set, const ItemSet &gone) {
   for (std::size_t i = 0; i < set.size(); ++i) {
     if (gone[i]) set[i] = false;
   }
   return set;
+}
+
+ItemSet both(ItemSet one, const ItemSet &other) {
+  for (std::size_t i = 0; i < one.size(); ++i) one[i] = one[i] && other[i];
+  return one;
+}
+
+ItemSet either(ItemSet one, const ItemSet &other) {
+  for (std::size_t i = 0; i < one.size(); ++i) one[i] = one[i] || other[i];
+  return one;
 }
 
 std::size_t count(const ItemSet &set) { return static_cast<std::size_t>(std::count(set.begin(), set.end(), true)); }

@@ -168,11 +168,13 @@ TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_stand
       {"severity": "rejection", "from-device": true, "point": "vpn_peer_valp",
        "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}/neighbor{192.0.2.1}",
        "message": "this neighbour is not wanted", "place": {"file": "CANDIDATE", "line": 1},
-       "change": [], "scaffold": [], "parties": [], "enough": 0, "complete": false},
+       "change": [], "scaffold": [], "parties": [], "enough": 0, "in-running": false,
+       "complete": false},
       {"severity": "warning", "from-device": true, "point": "vpn_name_valp",
        "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}",
        "message": "this name is hard to read", "place": {"file": "CANDIDATE", "line": 1},
-       "change": [], "scaffold": [], "parties": [], "enough": 0, "complete": false}
+       "change": [], "scaffold": [], "parties": [], "enough": 0, "in-running": false,
+       "complete": false}
     ],
     "search": {"all-faults": false, "calls": 0, "budget": {"calls": 0, "seconds": 60.0}, "complete": false,
                "ended-by": "calls"},

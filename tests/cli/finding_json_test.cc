@@ -59,7 +59,7 @@ TEST(FindingJson, a_finding_shows_rule_message_parties_and_places) {
     "parties": [{"standing": "added", "path": "/config/vlan{100}/interface{gigabit-ethernet-1/1/2}",
                  "candidate": {"file": "night/42/candidate.xml", "line": 40},
                  "interface": "gigabit-ethernet-1/1/2", "details": []}],
-    "enough": 0, "complete": true,
+    "enough": 0, "in-running": false, "complete": true,
     "suppressed": {"file": "known.txt", "line": 3, "reason": "the uplink moves next week"}})");
   EXPECT_EQ(nlohmann::ordered_json::parse(written(full_report())).at("findings").at(1), expected);
 }

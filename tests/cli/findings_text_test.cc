@@ -153,6 +153,15 @@ TEST(FindingsText, a_bound_that_ended_the_search_is_told_at_the_finding_and_at_t
             std::string::npos);
 }
 
+TEST(FindingsText, a_fault_of_the_running_configuration_is_told_as_such) {
+  DecidedCommit commit = decided({same_dot1q()});
+  commit.findings[0].in_running = true;
+  EXPECT_NE(
+      text_of(commit).find("\n   the running configuration has this fault: mend it there, or take back what makes "
+                           "the device look at it\n   take back:\n"),
+      std::string::npos);
+}
+
 TEST(FindingsText, a_message_that_the_search_did_not_come_to_has_its_node_alone) {
   DecidedCommit commit = decided({same_dot1q()});
   commit.findings[0].parties.clear();

@@ -52,6 +52,7 @@ struct Finding {
   std::vector<FoundNode> scaffold;  ///< added above that part, and needed by other parts, too
   std::vector<FoundParty> parties;
   std::uint64_t enough = 0;  ///< a limit: so many parts of `change` are enough to take back; 0: all
+  bool in_running = false;   ///< the running configuration has the fault: the change only makes the library look
   bool complete = true;      ///< false: the budget ended the search, or there was none
   FilePlace place;  ///< where to look first: what the commit does to the first party, else the candidate's file
   std::optional<Suppressed> suppressed;

@@ -101,6 +101,7 @@ ordered_json finding_json(const Finding &finding) {
   json["scaffold"] = array(finding.scaffold, node_json);
   json["parties"] = array(finding.parties, party_json);
   json["enough"] = finding.enough;
+  json["in-running"] = finding.in_running;
   json["complete"] = finding.complete;
   if (finding.suppressed) json["suppressed"] = suppressed_json(*finding.suppressed);
   return json;
@@ -119,6 +120,7 @@ Finding read_finding(const ordered_json &json) {
   finding.scaffold = items<FoundNode>(json.at("scaffold"), read_node);
   finding.parties = items<FoundParty>(json.at("parties"), read_party);
   finding.enough = json.at("enough").get<std::uint64_t>();
+  finding.in_running = json.at("in-running").get<bool>();
   finding.complete = json.at("complete").get<bool>();
   if (json.contains("suppressed")) {
     const ordered_json &suppressed = json.at("suppressed");

@@ -49,6 +49,7 @@ class FindingMaker {
     for (const auto &part : fault.scaffold) finding.scaffold.push_back(node(part));
     for (const auto &party : fault.parties) finding.parties.push_back(this->party(party));
     finding.enough = fault.enough;
+    finding.in_running = fault.in_running;
     finding.complete = fault.complete;
     if (const FilePlace *place = touched_place(finding)) finding.place = *place;
     return finding;

@@ -123,6 +123,9 @@ void write_explanation(std::ostream &out, const Finding &finding, const Paint &p
   }
   out << "   involved:\n";
   write_list(out, "     ", finding.parties, [&](const FoundParty &party) { write_party(out, party, paint); });
+  if (finding.in_running) {
+    out << "   the running configuration has this fault: mend it there, or take back what makes the device look at it\n";
+  }
   const std::vector<FoundNode> parts = parts_to_go(finding);
   out << "   " << take_back(finding.is_warning, parts.size(), finding.enough) << '\n';
   const std::string_view indent = "     ";
