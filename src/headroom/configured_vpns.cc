@@ -23,6 +23,11 @@ std::string_view access_interface_list(Family family) {
   return family == Family::vpls ? "bridge-domain/access-interface" : "access-interface";
 }
 
+const Node *find_list(const Vpn &vpn) {
+  if (vpn.family == Family::vpls) return element::find_below(vpn.entry, {"bridge-domain", "access-interface"});
+  return element::find_below(vpn.entry, {"access-interface"});
+}
+
 }  // namespace
 
 std::vector<Vpn> configured_vpns(const element::Tree &configuration, Family family) {
@@ -42,15 +47,14 @@ std::string shown(const Vpn &vpn) { return fmt::format("{} {} vpn {}", group_lis
 Node &put_vpn(element::Tree &configuration, const Vpn &vpn) { return configuration.put(path_of(vpn)); }
 
 const std::vector<Node> &access_interfaces(const Vpn &vpn) {
-  if (vpn.family == Family::vpls) return element::entries_below(vpn.entry, {"bridge-domain", "access-interface"});
-  return element::entries_below(vpn.entry, {"access-interface"});
+  static const std::vector<Node> none;
+  const Node *list = find_list(vpn);
+  return list == nullptr ? none : list->children;
 }
 
 const Node *find_access_interface(const Vpn &vpn, const std::string &interface) {
-  for (const Node &entry : access_interfaces(vpn)) {
-    if (to_text(entry.keys.front()) == interface) return &entry;
-  }
-  return nullptr;
+  const Node *list = find_list(vpn);
+  return list == nullptr ? nullptr : list->find_entry({interface});
 }
 
 Node &put_access_interface(element::Tree &configuration, const Vpn &vpn, const std::string &interface) {

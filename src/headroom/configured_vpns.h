@@ -1,6 +1,7 @@
 #ifndef HEADROOM_CONFIGURED_VPNS_H
 #define HEADROOM_CONFIGURED_VPNS_H
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>

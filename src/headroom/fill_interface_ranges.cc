@@ -18,20 +18,23 @@ std::set<std::string> interfaces_in_use(const Site &site) {
   return names;
 }
 
-/// The VPNs that can have more ranges on the interface: those that have some, a VPWS VPN that does not use it, a new
-/// one.
+bool has_ranges(const Vpn &vpn, const std::string &interface) {
+  const element::Node *entry = find_access_interface(vpn, interface);
+  return entry != nullptr && !ranges_of(*entry).empty();
+}
+
+/// VPNs that can have more ranges on the interface: of each family one that has some, a VPWS VPN that does not use it,
+/// a new one.
 std::vector<Vpn> holders(const Site &site, const std::string &interface) {
   std::vector<Vpn> vpns;
-  for (const std::vector<Vpn> *family : {&site.vpws, &site.vpls}) {
-    for (const Vpn &vpn : *family) {
-      const element::Node *entry = find_access_interface(vpn, interface);
-      if (entry != nullptr && !ranges_of(*entry).empty()) vpns.push_back(vpn);
-    }
-  }
-  const auto newcomer = std::find_if(site.vpws.begin(), site.vpws.end(), [&interface](const Vpn &vpn) {
-    return find_access_interface(vpn, interface) == nullptr;
-  });
-  if (newcomer != site.vpws.end()) vpns.push_back(*newcomer);
+  const auto add_first = [&vpns](const std::vector<Vpn> &family, const auto &is_meant) {
+    const auto vpn = std::find_if(family.begin(), family.end(), is_meant);
+    if (vpn != family.end()) vpns.push_back(*vpn);
+  };
+  const auto has_some = [&interface](const Vpn &vpn) { return has_ranges(vpn, interface); };
+  add_first(site.vpws, has_some);
+  add_first(site.vpls, has_some);
+  add_first(site.vpws, [&interface](const Vpn &vpn) { return find_access_interface(vpn, interface) == nullptr; });
   vpns.push_back(site.spare_vpn(Family::vpws));
   return vpns;
 }

@@ -13,7 +13,7 @@ namespace headroom {
 /// The most that any search adds to a candidate before it gives up.
 inline constexpr std::uint64_t search_ceiling = 16384;
 
-/// What is to be committed, and to what: two operator's configurations and an element.
+/// What is to be committed, and to what: two operator's configurations, sorted, and an element.
 struct Commit {
   element::Tree running;
   element::Tree candidate;
