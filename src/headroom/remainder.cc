@@ -137,7 +137,7 @@ Remainder find_remainder(const Judge &judge, const Fill &fill, bool is_accepted,
   Remainder remainder = best_of_ways(judge, fill, fill.ways, start);
   if (remainder.standing != Standing::stopped || fill.unhindered.empty()) return remainder;
 
-  const Remainder unhindered = best_of_ways(judge, fill, fill.unhindered, start);
+  Remainder unhindered = best_of_ways(judge, fill, fill.unhindered, start);
   if (unhindered.standing == Standing::exceeded) return unhindered;
   if (!unhindered.allowed) return remainder;
   remainder.used = unhindered.used;

@@ -4,6 +4,8 @@
 
 namespace planted {
 
+JudgedElement::JudgedElement() : seam_(profile()), plugin_(PLUGIN_FILE) {}
+
 JudgedElement &JudgedElement::instance() {
   static JudgedElement element;
   return element;

@@ -23,8 +23,10 @@ class JudgedElement {
   diagnosis::Diagnosis diagnose(const element::Transaction &transaction, const diagnosis::Options &options);
 
  private:
-  host::Seam seam_{profile()};
-  const host::Plugin plugin_{PLUGIN_FILE};
+  JudgedElement();
+
+  host::Seam seam_;
+  const host::Plugin plugin_;
 };
 
 /// The message or warning on which a commit ends, and the warnings said before; none where it is accepted.
