@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/element/print.h"
+#include <algorithm>
+
+#include "tests/diagnosis/judged_element.h"
 
 namespace {
 
@@ -20,20 +22,15 @@ std::string same_dot1q(const std::string &first, const std::string &second, cons
          " must not be configured with the same dot1q on interface " + port;
 }
 
-// The library reads the card's limits once a process: one element for all tests.
-element::Profile element_profile() {
-  return element::Profile({16, 16, 16, 16}, {{"ge-1", 1, 1001}, {"ge-2", 2, 1002}, {"ge-3", 3, 1003}});
+Lines both(Lines lines, const Lines &more) {
+  lines.insert(lines.end(), more.begin(), more.end());
+  return lines;
 }
 
-Diagnosis diagnose(const Lines &running, const Lines &added) {
-  static const element::Profile profile = element_profile();
-  static host::Seam seam(profile);
-  static const host::Plugin plugin(PLUGIN_FILE);
-  Lines candidate = running;
-  candidate.insert(candidate.end(), added.begin(), added.end());
-  const auto transaction = element::make_transaction(tree_of(running), tree_of(candidate), profile);
-  const host::Verdict verdict = host::validate_commit(plugin, seam, *transaction);
-  return diagnosis::diagnose(plugin, seam, *transaction, verdict, {.all_faults = true, .budget = {}, .progress = {}});
+Diagnosis diagnose(const Lines &running, const Lines &added, const diagnosis::Budget &budget = {}) {
+  JudgedElement &element = JudgedElement::instance();
+  const auto transaction = element.transaction(tree_of(running), tree_of(both(running, added)));
+  return element.diagnose(*transaction, {.all_faults = true, .budget = budget, .progress = {}});
 }
 
 /// "TEXT", or "TEXT (in force)" for what the running configuration has.
@@ -46,39 +43,93 @@ Lines messages(const Diagnosis &diagnosis) {
 }
 
 TEST(Diagnose, a_fault_of_the_commit_is_not_in_force) {
-  const Diagnosis found = diagnose({attachment("east", "ge-1", "100")}, {attachment("west", "ge-1", "100")});
-  EXPECT_EQ(messages(found), (Lines{same_dot1q("west", "east", "ge-1")}));
+  const Diagnosis found = diagnose({attachment("east", "eth1", "100")}, {attachment("west", "eth1", "100")});
+  EXPECT_EQ(messages(found), (Lines{same_dot1q("west", "east", "eth1")}));
   EXPECT_TRUE(found.complete);
 }
 
 TEST(Diagnose, a_fault_in_force_is_told_once_however_many_changes_make_the_library_look) {
-  const Lines running{attachment("east", "ge-1", "100"), attachment("west", "ge-1", "100")};
+  const Lines running{attachment("east", "eth1", "100"), attachment("west", "eth1", "100")};
   const Diagnosis found = diagnose(
-      running, {attachment("north", "ge-2", "1"), attachment("south", "ge-2", "2"), attachment("centre", "ge-3", "3")});
-  EXPECT_EQ(messages(found), (Lines{same_dot1q("west", "east", "ge-1") + " (in force)"}));
+      running, {attachment("north", "eth2", "1"), attachment("south", "eth2", "2"), attachment("centre", "eth3", "3")});
+  EXPECT_EQ(messages(found), (Lines{same_dot1q("west", "east", "eth1") + " (in force)"}));
   EXPECT_TRUE(found.complete);
 }
 
 TEST(Diagnose, faults_of_the_commit_are_found_beside_one_in_force_and_with_either_of_its_parties) {
-  const Lines running{attachment("east", "ge-1", "100"), attachment("west", "ge-1", "100"),
-                      attachment("east", "ge-2", "200"), attachment("west", "ge-3", "300")};
-  const Diagnosis found = diagnose(running, {attachment("north", "ge-2", "200"), attachment("south", "ge-3", "300"),
-                                             attachment("one", "ge-2", "7"), attachment("two", "ge-2", "7")});
+  const Lines running{attachment("east", "eth1", "100"), attachment("west", "eth1", "100"),
+                      attachment("east", "eth2", "200"), attachment("west", "eth3", "300")};
+  const Diagnosis found = diagnose(running, {attachment("north", "eth2", "200"), attachment("south", "eth3", "300"),
+                                             attachment("one", "eth2", "7"), attachment("two", "eth2", "7")});
   Lines all = messages(found);
   std::sort(all.begin(), all.end());
-  Lines expected{same_dot1q("west", "east", "ge-1") + " (in force)", same_dot1q("north", "east", "ge-2"),
-                 same_dot1q("west", "south", "ge-3"), same_dot1q("two", "one", "ge-2")};
+  Lines expected{same_dot1q("west", "east", "eth1") + " (in force)", same_dot1q("north", "east", "eth2"),
+                 same_dot1q("west", "south", "eth3"), same_dot1q("two", "one", "eth2")};
   std::sort(expected.begin(), expected.end());
   EXPECT_EQ(all, expected);
 }
 
 TEST(Diagnose, two_faults_in_force_are_two) {
-  const Lines running{attachment("east", "ge-1", "100"), attachment("west", "ge-1", "100"),
-                      attachment("north", "ge-2", "100"), attachment("south", "ge-2", "100")};
-  Lines all = messages(diagnose(running, {attachment("one", "ge-3", "7"), attachment("two", "ge-3", "8")}));
+  const Lines running{attachment("east", "eth1", "100"), attachment("west", "eth1", "100"),
+                      attachment("north", "eth2", "100"), attachment("south", "eth2", "100")};
+  Lines all = messages(diagnose(running, {attachment("one", "eth3", "7"), attachment("two", "eth3", "8")}));
   std::sort(all.begin(), all.end());
-  EXPECT_EQ(all, (Lines{same_dot1q("south", "north", "ge-2") + " (in force)",
-                        same_dot1q("west", "east", "ge-1") + " (in force)"}));
+  EXPECT_EQ(all, (Lines{same_dot1q("south", "north", "eth2") + " (in force)",
+                        same_dot1q("west", "east", "eth1") + " (in force)"}));
+}
+
+/// A commit that draws three messages, one behind the other.
+Diagnosis three_faults(const diagnosis::Budget &budget) {
+  return diagnose(
+      {attachment("east", "eth1", "100"), attachment("east", "eth2", "200"), attachment("east", "eth3", "7")},
+      {attachment("north", "eth1", "100"), attachment("south", "eth2", "200"), attachment("west", "eth3", "7")},
+      budget);
+}
+
+TEST(Diagnose, the_same_commit_has_the_same_faults_every_time) {
+  const Diagnosis once = three_faults({});
+  const Diagnosis again = three_faults({});
+  EXPECT_EQ(once.faults.size(), 3u);
+  EXPECT_EQ(messages(again), messages(once));
+  EXPECT_EQ(again.calls, once.calls);
+}
+
+TEST(Diagnose, whatever_calls_are_left_what_is_told_draws_its_message) {
+  JudgedElement &element = JudgedElement::instance();
+  const Diagnosis all = three_faults({});
+  for (std::uint64_t calls = 1; calls < all.calls; calls += 3) {
+    SCOPED_TRACE(calls);
+    const Diagnosis found = three_faults({.calls = calls, .time = std::chrono::hours(1)});
+    EXPECT_FALSE(found.complete);
+    EXPECT_LE(found.calls, calls);
+    ASSERT_FALSE(found.faults.empty());
+    for (const Fault &fault : found.faults) {
+      const auto smallest = element.transaction(fault.smallest.running, fault.smallest.candidate);
+      const host::Verdict verdict = element.judge(*smallest);
+      EXPECT_EQ(verdict.points.back().text, fault.verdict.text);
+      EXPECT_FALSE(fault.change.empty());
+    }
+  }
+  EXPECT_TRUE(three_faults({.calls = all.calls, .time = std::chrono::hours(1)}).complete);
+}
+
+TEST(Diagnose, without_time_nothing_is_asked) {
+  const Diagnosis found = three_faults({.calls = 1000, .time = std::chrono::milliseconds(0)});
+  EXPECT_EQ(found.calls, 0u);
+  EXPECT_FALSE(found.complete);
+  EXPECT_EQ(found.faults.size(), 1u);
+}
+
+TEST(Diagnose, one_conflict_among_a_thousand_neighbours_takes_few_calls) {
+  Lines added;
+  for (int i = 0; i < 1000; ++i) {
+    added.push_back("/mpls/l2vpn-config/l2vpn/vpls-group{campus}/vpn{" + std::to_string(i / 400) +
+                    "}/vfi/neighbor{10.0." + std::to_string(i / 200) + "." + std::to_string(i % 200) + "}/pw-id = 1");
+  }
+  added.push_back(vpws + "/vpn{east}/neighbor{10.0.3.7}/pw-id = 1");
+  const Diagnosis found = diagnose({}, added);
+  EXPECT_EQ(messages(found), (Lines{"The PW ID 1 must be unique per neighbor"}));
+  EXPECT_LT(found.calls, 200u);
 }
 
 }  // namespace
