@@ -108,6 +108,16 @@ TEST(Reduction, few_items_are_searched_for_the_smallest_set_of_all) {
   EXPECT_EQ(prefers_last_gone(4), (std::vector<std::size_t>{3}));
 }
 
+// Item 1 does without item 2 no better than item 2 without item 1, as two pw-ids that are swapped.
+TEST(Reduction, items_that_cannot_go_without_each_other_go_together) {
+  const auto holds = [](const ItemSet &set) { return set[0] && set[1] == set[2] && set[19]; };
+  const auto left_of_twenty = [&](std::size_t exhaustive_below) {
+    return members(diagnosis::reduce(Items(20), ItemSet(20, true), holds, {.exhaustive_below = exhaustive_below}));
+  };
+  EXPECT_EQ(left_of_twenty(0), (std::vector<std::size_t>{0, 1, 2, 19}));
+  EXPECT_EQ(left_of_twenty(4), (std::vector<std::size_t>{0, 19}));
+}
+
 /// Items that need some of those before them.
 Items any_items() {
   const auto number = *rc::gen::inRange<std::size_t>(1, 9);
