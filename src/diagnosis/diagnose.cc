@@ -14,7 +14,6 @@ namespace {
 
 /// A fault that the running configuration has: any change that makes the library look draws it.
 struct StandingFault {
-  host::PointVerdict answer;
   std::vector<std::size_t> parties;  ///< by place, those that the commit leaves as they are
 };
 
@@ -96,7 +95,7 @@ class Diagnoser {
     const ItemSet whole = all_but_taken_back();
     FoundFault found = search_.find(within, whole, wanted);
     if (found.is_mended && within != whole && !is_count(wanted.answer)) return found.taken_back;
-    if (is_standing(found.fault)) return ItemSet(units_.size(), false);
+    if (is_standing(found)) return ItemSet(units_.size(), false);
     const Excess excess = add_limit(within, found);
     add(std::move(found.fault));
     if (count(excess.gone) > 0) return excess.gone;
@@ -106,12 +105,12 @@ class Diagnoser {
 
   // To take back whatever makes the library look would hide all that it looks at. So the fault itself goes, one of its
   // parties, another one each time, for new faults may be with either.
-  bool is_standing(const Fault &fault) {
-    StandingFault standing{fault.verdict, untouched_parties(fault)};
-    if (!fault.in_running || is_count(fault.verdict) || standing.parties.empty()) return false;
+  bool is_standing(const FoundFault &found) {
+    StandingFault standing{untouched_parties(found.fault)};
+    if (!found.stands_alone || is_count(found.fault.verdict) || standing.parties.empty()) return false;
     standing_.push_back(std::move(standing));
     leave_out_standing_faults();
-    add(fault);
+    add(found.fault);
     return true;
   }
 
@@ -152,7 +151,21 @@ class Diagnoser {
     return left_out;
   }
 
+  // Several changes of one party may each make the library look at what was in force before.
+  bool is_told(const Fault &fault) const {
+    const auto places = [](const Fault &one) {
+      std::vector<std::size_t> numbers;
+      for (const Party &party : one.parties) numbers.push_back(party.place);
+      std::sort(numbers.begin(), numbers.end());
+      return numbers;
+    };
+    return fault.in_running && std::any_of(faults_.begin(), faults_.end(), [&](const Fault &one) {
+             return is_same_answer(one.verdict, fault.verdict) && places(one) == places(fault);
+           });
+  }
+
   void add(Fault fault) {
+    if (is_told(fault)) return;
     faults_.push_back(std::move(fault));
     inquiry_.faults = faults_.size();
   }

@@ -1,5 +1,6 @@
 #include "diagnosis/fault_search.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "diagnosis/configuration_items.h"
@@ -58,7 +59,8 @@ FoundFault FaultSearch::found_fault(const ItemSet &within, const ItemSet &part, 
               0,
               inquiry_.is_in_running(smallest, wanted),
               !inquiry_.is_over()};
-  return {std::move(fault), all, own, taken_back(within, all)};
+  const bool alone = fault.in_running && stands_alone(fault.parties, smallest, wanted);
+  return {std::move(fault), all, own, taken_back(within, all), alone};
 }
 
 void FaultSearch::offer(FoundFault &found, const ItemSet &choices) const {
@@ -75,6 +77,16 @@ ItemSet FaultSearch::with_all_that_counts(const ItemSet &within, ItemSet part, c
     if (more == part) return part;
     part = more;
   }
+}
+
+// What the commit touches may be there to make the library look, or be a party itself.
+bool FaultSearch::stands_alone(const std::vector<Party> &parties, Shapes smallest, const Wanted &wanted) const {
+  for (const Party &party : parties) {
+    if (party.standing == Standing::unchanged) continue;
+    std::fill(smallest.begin() + static_cast<std::ptrdiff_t>(party.place),
+              smallest.begin() + static_cast<std::ptrdiff_t>(places_[party.place].end), Shape::dropped);
+  }
+  return inquiry_.is_in_running(smallest, wanted);
 }
 
 /// The library accepts the things of the smallest commit with all that the units of `whole` make of them. Where it has

@@ -11,10 +11,11 @@ namespace diagnosis {
 /// A fault, and the units of the change that go when it is taken back.
 struct FoundFault {
   Fault fault;
-  ItemSet part;            ///< units that draw the message; of a limit all that have to do with it
-  ItemSet own;             ///< the same without what other units stand on, too
-  ItemSet taken_back;      ///< `own` with all that cannot be without them
-  bool is_mended = false;  ///< other units of the whole make the library accept the parties
+  ItemSet part;               ///< units that draw the message; of a limit all that have to do with it
+  ItemSet own;                ///< the same without what other units stand on, too
+  ItemSet taken_back;         ///< `own` with all that cannot be without them
+  bool stands_alone = false;  ///< the parties that the commit does not touch draw it by themselves
+  bool is_mended = false;     ///< other units of the whole make the library accept the parties
 };
 
 /// Finds what draws one answer of the library.
@@ -34,6 +35,7 @@ class FaultSearch {
  private:
   ItemSet smallest_part(const ItemSet &within, const Wanted &wanted) const;
   Shapes smallest_configuration(const ItemSet &part, const Wanted &wanted) const;
+  bool stands_alone(const std::vector<Party> &parties, Shapes smallest, const Wanted &wanted) const;
   bool is_mended(const Shapes &smallest, const ItemSet &whole) const;
   FoundFault found_fault(const ItemSet &within, const ItemSet &part, const Shapes &smallest,
                          const Wanted &wanted) const;

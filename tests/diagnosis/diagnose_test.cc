@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 #include "tests/diagnosis/judged_element.h"
 
@@ -76,6 +77,34 @@ TEST(Diagnose, two_faults_in_force_are_two) {
   std::sort(all.begin(), all.end());
   EXPECT_EQ(all, (Lines{same_dot1q("south", "north", "eth2") + " (in force)",
                         same_dot1q("west", "east", "eth1") + " (in force)"}));
+}
+
+// Both are changed in their own VPN: the first is a party of the fault in force, not only what makes the library look.
+TEST(Diagnose, several_changes_of_a_party_of_a_fault_in_force_tell_it_once) {
+  const std::string campus = "/mpls/l2vpn-config/l2vpn/vpls-group{campus}/vpn{data}/bridge-domain";
+  const Diagnosis found =
+      diagnose({campus + "/access-interface{eth0}", campus + "/dot1q = 100", attachment("east", "eth0", "100")},
+               {campus + "/bridge-mtu = 1500", campus + "/transparent-lan-service", attachment("west", "eth0", "100")});
+  EXPECT_EQ(
+      messages(found),
+      (Lines{same_dot1q("west", "east", "eth0"),
+             "vpls-group campus vpn data and vpws-group metro vpn east must not be configured with the same dot1q "
+             "on interface eth0 (in force)"}));
+}
+
+TEST(Diagnose, a_new_attachment_on_an_uplink_is_found_beside_one_in_force) {
+  const Lines running{"/mpls/ldp/interface{core}", "/config/l3-interface{core}/vlan = 4000",
+                      "/config/vlan{4000}/interface{eth3}", attachment("east", "eth3", "100")};
+  Lines candidate = running;
+  candidate.back() = attachment("east", "eth3", "101");
+  candidate.push_back(attachment("west", "eth3", "7"));
+  JudgedElement &element = JudgedElement::instance();
+  const auto transaction = element.transaction(tree_of(running), tree_of(candidate));
+  const Diagnosis found = element.diagnose(*transaction, {.all_faults = true, .budget = {}, .progress = {}});
+  std::set<std::string> touched;
+  for (const Fault &fault : found.faults) touched.insert(fault.parties.at(0).vpn);
+  EXPECT_EQ(found.faults.size(), 2u);
+  EXPECT_EQ(touched, (std::set<std::string>{"east", "west"}));
 }
 
 /// A commit that draws three messages, one behind the other.
