@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "host/agent_paths.h"
-#include "host/agent_values.h"
+#include "host/seam/agent_paths.h"
+#include "host/seam/agent_values.h"
 
 namespace bench {
 namespace {

@@ -3,9 +3,9 @@
 
 #include "bench/point_commits.h"
 #include "confd_dp.h"
-#include "host/firing.h"
-#include "host/plugin.h"
-#include "host/seam.h"
+#include "host/run/firing.h"
+#include "host/run/plugin.h"
+#include "host/seam/seam.h"
 
 namespace bench {
 

@@ -9,10 +9,10 @@
 #include "bench/peak_memory.h"
 #include "bench/shapes.h"
 #include "bench/xml_text.h"
-#include "element/configuration.h"
-#include "element/difference.h"
-#include "element/projection.h"
-#include "element/transaction.h"
+#include "element/datastore/difference.h"
+#include "element/datastore/transaction.h"
+#include "element/input/configuration.h"
+#include "element/projection/projection.h"
 
 namespace {
 

@@ -16,8 +16,8 @@
 #include "confd_cdb.h"
 #include "confd_lib.h"
 #include "confd_maapi.h"
-#include "element/transaction.h"
-#include "host/seam.h"
+#include "element/datastore/transaction.h"
+#include "host/seam/seam.h"
 #include "limid.h"
 #include "qnconfd.h"
 

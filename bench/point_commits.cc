@@ -8,7 +8,7 @@
 
 #include "bench/ports.h"
 #include "bench/shapes.h"
-#include "element/projection.h"
+#include "element/projection/projection.h"
 
 namespace bench {
 namespace {

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "element/profile.h"
-#include "element/transaction.h"
+#include "element/datastore/transaction.h"
+#include "element/profile/profile.h"
 
 namespace bench {
 

@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "element/profile.h"
+#include "element/profile/profile.h"
 
 namespace bench {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "element/profile.h"
-#include "element/tree.h"
+#include "element/datastore/tree.h"
+#include "element/profile/profile.h"
 
 namespace bench {
 

@@ -1,7 +1,7 @@
 # Writes the YANG modules of YANG_DIR into OUTPUT as C++ string literals, in file name order.
 file(GLOB modules ${YANG_DIR}/*.yang)
 list(SORT modules)
-set(text "#include \"element/shipped_modules.h\"\n\nnamespace element {\n\n")
+set(text "#include \"element/schema/shipped_modules.h\"\n\nnamespace element {\n\n")
 string(APPEND text "const std::vector<ShippedModule> &shipped_modules() {\n")
 string(APPEND text "  static const std::vector<ShippedModule> modules{\n")
 foreach(module IN LISTS modules)

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "element/path.h"
+#include "element/datastore/path.h"
 
 namespace bench {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "element/tree.h"
+#include "element/datastore/tree.h"
 
 namespace bench {
 

@@ -12,9 +12,9 @@
 #include "cli/commands/show_command.h"
 #include "cli/errors.h"
 #include "cli/text/printable.h"
-#include "element/input_error.h"
-#include "host/commit.h"
-#include "host/plugin.h"
+#include "element/input/input_error.h"
+#include "host/run/commit.h"
+#include "host/run/plugin.h"
 
 namespace cli {
 namespace {

@@ -6,10 +6,10 @@
 #include <functional>
 
 #include "diagnosis/fault.h"
-#include "element/transaction.h"
-#include "host/commit.h"
-#include "host/plugin.h"
-#include "host/seam.h"
+#include "element/datastore/transaction.h"
+#include "host/run/commit.h"
+#include "host/run/plugin.h"
+#include "host/seam/seam.h"
 
 namespace diagnosis {
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "element/path.h"
-#include "element/tree.h"
-#include "host/commit.h"
+#include "element/datastore/path.h"
+#include "element/datastore/tree.h"
+#include "host/run/commit.h"
 
 namespace diagnosis {
 

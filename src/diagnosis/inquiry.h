@@ -10,7 +10,7 @@
 
 #include "diagnosis/diagnose.h"
 #include "diagnosis/places.h"
-#include "host/commit.h"
+#include "host/run/commit.h"
 
 namespace diagnosis {
 

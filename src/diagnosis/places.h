@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "element/path.h"
-#include "element/transaction.h"
-#include "element/tree.h"
+#include "element/datastore/path.h"
+#include "element/datastore/transaction.h"
+#include "element/datastore/tree.h"
 
 namespace diagnosis {
 

@@ -2,8 +2,8 @@
 
 #include <fmt/format.h>
 
-#include "element/lookup.h"
-#include "element/path.h"
+#include "element/datastore/lookup.h"
+#include "element/datastore/path.h"
 
 namespace headroom {
 namespace {

@@ -1,4 +1,4 @@
-#include "element/lookup.h"
+#include "element/datastore/lookup.h"
 #include "headroom/fill.h"
 
 namespace headroom {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "element/lookup.h"
+#include "element/datastore/lookup.h"
 #include "headroom/fill.h"
 
 namespace headroom {

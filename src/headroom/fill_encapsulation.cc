@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "element/lookup.h"
-#include "element/path.h"
+#include "element/datastore/lookup.h"
+#include "element/datastore/path.h"
 #include "headroom/fill.h"
 
 namespace headroom {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <set>
 
-#include "element/lookup.h"
+#include "element/datastore/lookup.h"
 #include "headroom/fill.h"
 #include "headroom/port_vlans.h"
 

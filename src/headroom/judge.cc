@@ -1,7 +1,7 @@
 #include "headroom/judge.h"
 
 #include "confd_lib.h"
-#include "host/seam.h"
+#include "host/seam/seam.h"
 #include "rules/rule.h"
 
 namespace headroom {

@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "headroom/report.h"
-#include "host/plugin.h"
+#include "host/run/plugin.h"
 
 namespace headroom {
 

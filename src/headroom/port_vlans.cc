@@ -2,7 +2,7 @@
 
 #include <bitset>
 
-#include "element/lookup.h"
+#include "element/datastore/lookup.h"
 
 namespace headroom {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/commit.h"
+#include "host/run/commit.h"
 
 namespace headroom {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "element/profile.h"
-#include "element/tree.h"
+#include "element/datastore/tree.h"
+#include "element/profile/profile.h"
 
 namespace headroom {
 

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "element/profile.h"
-#include "element/transaction.h"
+#include "element/datastore/transaction.h"
+#include "element/profile/profile.h"
 #include "vlan_map/map.h"
 
 namespace vlan_map {

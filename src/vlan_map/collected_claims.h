@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "element/tree.h"
+#include "element/datastore/tree.h"
 #include "vlan_map/map.h"
 
 namespace vlan_map {

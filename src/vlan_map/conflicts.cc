@@ -5,7 +5,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "element/path.h"
+#include "element/datastore/path.h"
 #include "rules/rule.h"
 
 namespace vlan_map {

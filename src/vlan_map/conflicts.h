@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "diagnosis/fault.h"
-#include "host/commit.h"
+#include "host/run/commit.h"
 #include "vlan_map/map.h"
 
 namespace vlan_map {

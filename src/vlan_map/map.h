@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "diagnosis/fault.h"
-#include "host/commit.h"
+#include "host/run/commit.h"
 
 namespace vlan_map {
 

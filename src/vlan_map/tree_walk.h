@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "element/lookup.h"
-#include "element/path.h"
-#include "element/tree.h"
+#include "element/datastore/lookup.h"
+#include "element/datastore/path.h"
+#include "element/datastore/tree.h"
 
 namespace vlan_map {
 

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "cli/output/text_output.h"
-#include "element/tree.h"
+#include "element/datastore/tree.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 
 #include "cli/findings/finding.h"
 #include "confd_lib.h"
-#include "element/configuration.h"
-#include "element/input_error.h"
+#include "element/input/configuration.h"
+#include "element/input/input_error.h"
 #include "tests/cli/commit_folder.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/errors.h"
-#include "element/input_error.h"
+#include "element/input/input_error.h"
 #include "tests/cli/commit_folder.h"
 
 namespace {

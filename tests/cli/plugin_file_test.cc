@@ -5,7 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/plugin.h"
+#include "host/run/plugin.h"
 #include "tests/cli/commit_folder.h"
 
 namespace {

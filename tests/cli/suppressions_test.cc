@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "element/input_error.h"
+#include "element/input/input_error.h"
 #include "tests/cli/sample_findings.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <set>
 
 #include "diagnosis/configuration_items.h"
-#include "element/configuration.h"
+#include "element/input/configuration.h"
 #include "tests/element/drawn_configuration.h"
 #include "tests/element/print.h"
 #include "tests/element/written_configuration.h"

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "diagnosis/diagnose.h"
-#include "element/transaction.h"
+#include "element/datastore/transaction.h"
 #include "tests/element/print.h"
 
 /// The interfaces "eth0" to "eth3" and "service-port-1", and room for 16 of everything, with the library that ships;

@@ -1,6 +1,6 @@
 #include "configuration_text.h"
-#include "element/configuration.h"
-#include "element/input_error.h"
+#include "element/input/configuration.h"
+#include "element/input/input_error.h"
 #include "print.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <functional>
 
-#include "element/configuration.h"
-#include "element/input_error.h"
+#include "element/input/configuration.h"
+#include "element/input/input_error.h"
 #include "print.h"
 #include "temporary_file.h"
 

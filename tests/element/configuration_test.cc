@@ -1,4 +1,4 @@
-#include "element/configuration.h"
+#include "element/input/configuration.h"
 
 #include "configuration_text.h"
 #include "print.h"

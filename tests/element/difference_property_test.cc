@@ -5,7 +5,7 @@
 #include <set>
 
 #include "drawn_configuration.h"
-#include "element/transaction.h"
+#include "element/datastore/transaction.h"
 #include "print.h"
 
 using element::Change;

@@ -1,4 +1,4 @@
-#include "element/difference.h"
+#include "element/datastore/difference.h"
 
 #include <gtest/gtest.h>
 

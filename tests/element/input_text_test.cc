@@ -1,10 +1,10 @@
-#include "element/input_text.h"
+#include "element/input/input_text.h"
 
 #include <unistd.h>
 
 #include <filesystem>
 
-#include "element/input_error.h"
+#include "element/input/input_error.h"
 #include "temporary_file.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "element/difference.h"
-#include "element/tree.h"
+#include "element/datastore/difference.h"
+#include "element/datastore/tree.h"
 
 /// The one schema of a test program.
 const element::Schema &test_schema();

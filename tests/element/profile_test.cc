@@ -1,9 +1,9 @@
-#include "element/profile.h"
+#include "element/profile/profile.h"
 
 #include <filesystem>
 #include <fstream>
 
-#include "element/input_error.h"
+#include "element/input/input_error.h"
 #include "temporary_file.h"
 
 namespace {

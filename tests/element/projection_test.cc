@@ -1,8 +1,8 @@
-#include "element/projection.h"
+#include "element/projection/projection.h"
 
 #include <gtest/gtest.h>
 
-#include "element/input_error.h"
+#include "element/input/input_error.h"
 #include "print.h"
 
 using element::Profile;

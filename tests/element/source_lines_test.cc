@@ -1,12 +1,12 @@
-#include "element/source_lines.h"
+#include "element/input/source_lines.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
 #include "configuration_text.h"
 #include "drawn_configuration.h"
-#include "element/configuration.h"
-#include "element/input_error.h"
+#include "element/input/configuration.h"
+#include "element/input/input_error.h"
 #include "temporary_file.h"
 #include "written_configuration.h"
 

@@ -1,8 +1,8 @@
-#include "element/transaction.h"
+#include "element/datastore/transaction.h"
 
 #include <gtest/gtest.h>
 
-#include "element/input_error.h"
+#include "element/input/input_error.h"
 #include "print.h"
 
 using element::make_transaction;

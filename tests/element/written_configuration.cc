@@ -5,7 +5,7 @@
 #include <random>
 #include <string_view>
 
-#include "element/path.h"
+#include "element/datastore/path.h"
 
 using element::Node;
 using element::NodeKind;

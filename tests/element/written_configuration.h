@@ -6,7 +6,7 @@
 #include <map>
 #include <string>
 
-#include "element/tree.h"
+#include "element/datastore/tree.h"
 
 /// A configuration file and the line of every node in it, by path.
 struct WrittenConfiguration {

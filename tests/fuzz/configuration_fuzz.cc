@@ -1,8 +1,8 @@
 #include <string>
 #include <string_view>
 
-#include "element/configuration.h"
-#include "element/input_error.h"
+#include "element/input/configuration.h"
+#include "element/input/input_error.h"
 #include "fuzz_target.h"
 
 namespace {

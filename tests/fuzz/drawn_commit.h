@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <string>
 
-#include "element/path.h"
-#include "element/profile.h"
-#include "element/tree.h"
-#include "host/seam.h"
+#include "element/datastore/path.h"
+#include "element/datastore/tree.h"
+#include "element/profile/profile.h"
+#include "host/seam/seam.h"
 
 namespace fuzz {
 

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "element/path.h"
+#include "element/datastore/path.h"
 #include "fuzz_target.h"
-#include "host/agent_values.h"
-#include "host/resolve.h"
+#include "host/seam/agent_values.h"
+#include "host/seam/resolve.h"
 
 namespace {
 

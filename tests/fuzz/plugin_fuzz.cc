@@ -9,8 +9,8 @@
 #include "config_validate_vpn/platform_limits.h"
 #include "drawn_commit.h"
 #include "fuzz_target.h"
-#include "host/agent_paths.h"
-#include "host/agent_values.h"
+#include "host/seam/agent_paths.h"
+#include "host/seam/agent_values.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "host/agent_paths.h"
+#include "host/seam/agent_paths.h"
 
 #include "tests/host/served_element.h"
 

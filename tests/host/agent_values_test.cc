@@ -1,4 +1,4 @@
-#include "host/agent_values.h"
+#include "host/seam/agent_values.h"
 
 #include <limits>
 

@@ -1,4 +1,4 @@
-#include "host/commit.h"
+#include "host/run/commit.h"
 
 #include "confd_maapi.h"
 #include "tests/host/served_element.h"

@@ -1,4 +1,4 @@
-#include "host/cursor_pool.h"
+#include "host/seam/cursor_pool.h"
 
 #include "tests/host/served_element.h"
 

@@ -1,4 +1,4 @@
-#include "host/firing.h"
+#include "host/run/firing.h"
 
 #include "tests/host/served_element.h"
 

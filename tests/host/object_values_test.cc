@@ -1,4 +1,4 @@
-#include "host/object_values.h"
+#include "host/seam/object_values.h"
 
 #include "tests/host/served_element.h"
 

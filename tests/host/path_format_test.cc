@@ -1,4 +1,4 @@
-#include "host/path_format.h"
+#include "host/seam/path_format.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "host/plugin.h"
+#include "host/run/plugin.h"
 
 #include <filesystem>
 #include <fstream>
 
-#include "host/build_id.h"
+#include "host/run/build_id.h"
 #include "tests/host/served_element.h"
 
 namespace {

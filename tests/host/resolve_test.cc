@@ -1,4 +1,4 @@
-#include "host/resolve.h"
+#include "host/seam/resolve.h"
 
 #include "tests/host/served_element.h"
 

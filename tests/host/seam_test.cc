@@ -1,4 +1,4 @@
-#include "host/seam.h"
+#include "host/seam/seam.h"
 
 #include <stdexcept>
 

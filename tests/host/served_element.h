@@ -9,8 +9,8 @@
 #include <string>
 
 #include "confd_lib.h"
-#include "element/transaction.h"
-#include "host/seam.h"
+#include "element/datastore/transaction.h"
+#include "host/seam/seam.h"
 
 namespace host_test {
 

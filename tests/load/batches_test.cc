@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "element/transaction.h"
-#include "host/commit.h"
+#include "element/datastore/transaction.h"
+#include "host/run/commit.h"
 #include "tests/host/served_element.h"
 
 namespace {

@@ -4,10 +4,10 @@
 #include <memory>
 
 #include "diagnosis/diagnose.h"
-#include "element/transaction.h"
-#include "host/commit.h"
-#include "host/plugin.h"
-#include "host/seam.h"
+#include "element/datastore/transaction.h"
+#include "host/run/commit.h"
+#include "host/run/plugin.h"
+#include "host/seam/seam.h"
 #include "tests/planted/network.h"
 #include "tests/planted/supply.h"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "element/transaction.h"
+#include "element/datastore/transaction.h"
 #include "tests/planted/plant.h"
 
 namespace planted {

@@ -12,7 +12,7 @@
 
 #include "diagnosis/change_units.h"
 #include "diagnosis/diagnose.h"
-#include "element/configuration.h"
+#include "element/input/configuration.h"
 #include "rules/rule.h"
 #include "tests/element/written_configuration.h"
 #include "tests/planted/background.h"

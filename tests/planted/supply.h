@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "element/profile.h"
+#include "element/profile/profile.h"
 
 namespace planted {
 

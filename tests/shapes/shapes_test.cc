@@ -6,9 +6,9 @@
 #include <tuple>
 
 #include "bench/xml_text.h"
-#include "element/configuration.h"
-#include "element/transaction.h"
-#include "host/commit.h"
+#include "element/datastore/transaction.h"
+#include "element/input/configuration.h"
+#include "host/run/commit.h"
 
 using bench::Shape;
 

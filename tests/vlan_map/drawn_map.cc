@@ -1,6 +1,6 @@
 #include "tests/vlan_map/drawn_map.h"
 
-#include "element/path.h"
+#include "element/datastore/path.h"
 #include "vlan_map/claims.h"
 #include "vlan_map/words.h"
 

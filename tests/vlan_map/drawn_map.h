@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "element/profile.h"
-#include "element/transaction.h"
+#include "element/datastore/transaction.h"
+#include "element/profile/profile.h"
 #include "tests/element/print.h"
 #include "vlan_map/map.h"
 

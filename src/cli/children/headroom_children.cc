@@ -13,9 +13,9 @@
 #include "cli/errors.h"
 #include "cli/output/headroom_json.h"
 #include "cli/output/progress.h"
-#include "element/configuration.h"
-#include "element/input_error.h"
-#include "element/transaction.h"
+#include "element/datastore/transaction.h"
+#include "element/input/configuration.h"
+#include "element/input/input_error.h"
 #include "process/batch.h"
 #include "process/interrupts.h"
 

@@ -13,8 +13,8 @@
 #include "cli/output/sarif_output.h"
 #include "cli/output/text_output.h"
 #include "cli/text/printable.h"
-#include "host/plugin.h"
-#include "host/seam.h"
+#include "host/run/plugin.h"
+#include "host/seam/seam.h"
 
 namespace cli {
 namespace {

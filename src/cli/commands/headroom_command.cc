@@ -11,10 +11,10 @@
 #include "cli/output/headroom_json.h"
 #include "cli/output/headroom_text.h"
 #include "cli/output/progress.h"
-#include "element/configuration.h"
+#include "element/input/configuration.h"
 #include "headroom/measure.h"
-#include "host/plugin.h"
-#include "host/seam.h"
+#include "host/run/plugin.h"
+#include "host/seam/seam.h"
 
 namespace cli {
 namespace {

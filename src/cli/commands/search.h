@@ -6,8 +6,8 @@
 #include "cli/input/commit_input.h"
 #include "cli/output/report.h"
 #include "diagnosis/diagnose.h"
-#include "host/plugin.h"
-#include "host/seam.h"
+#include "host/run/plugin.h"
+#include "host/seam/seam.h"
 
 namespace cli {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "cli/findings/finding.h"
-#include "host/commit.h"
+#include "host/run/commit.h"
 
 namespace cli {
 

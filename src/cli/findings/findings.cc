@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "confd_lib.h"
-#include "element/source_lines.h"
+#include "element/input/source_lines.h"
 #include "rules/rule.h"
 
 namespace cli {

@@ -6,8 +6,8 @@
 #include "cli/findings/finding.h"
 #include "cli/input/input_files.h"
 #include "diagnosis/fault.h"
-#include "element/schema.h"
-#include "host/commit.h"
+#include "element/schema/schema.h"
+#include "host/run/commit.h"
 
 namespace cli {
 

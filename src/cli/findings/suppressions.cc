@@ -6,8 +6,8 @@
 
 #include "cli/findings/path_pattern.h"
 #include "cli/text/printable.h"
-#include "element/input_error.h"
-#include "element/input_text.h"
+#include "element/input/input_error.h"
+#include "element/input/input_text.h"
 #include "rules/rule.h"
 
 namespace cli {

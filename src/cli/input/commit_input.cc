@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "element/configuration.h"
+#include "element/input/configuration.h"
 
 namespace cli {
 

@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "cli/input/input_files.h"
-#include "element/profile.h"
-#include "element/schema.h"
-#include "element/transaction.h"
+#include "element/datastore/transaction.h"
+#include "element/profile/profile.h"
+#include "element/schema/schema.h"
 
 namespace cli {
 

@@ -6,7 +6,7 @@
 #include <system_error>
 
 #include "cli/errors.h"
-#include "element/input_error.h"
+#include "element/input/input_error.h"
 
 namespace cli {
 namespace {

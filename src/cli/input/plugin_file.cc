@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "host/plugin.h"
+#include "host/run/plugin.h"
 
 namespace cli {
 

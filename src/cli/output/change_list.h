@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "element/difference.h"
+#include "element/datastore/difference.h"
 
 namespace cli {
 

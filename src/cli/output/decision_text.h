@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "host/commit.h"
+#include "host/run/commit.h"
 
 namespace cli {
 

@@ -9,7 +9,7 @@
 #include "cli/findings/decided_commit.h"
 #include "cli/input/input_files.h"
 #include "cli/output/change_list.h"
-#include "host/commit.h"
+#include "host/run/commit.h"
 
 namespace cli {
 

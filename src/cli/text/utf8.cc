@@ -1,6 +1,6 @@
 #include "cli/text/utf8.h"
 
-#include "element/input_text.h"
+#include "element/input/input_text.h"
 
 namespace cli {
 

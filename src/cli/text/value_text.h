@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "element/tree.h"
+#include "element/datastore/tree.h"
 
 namespace cli {
 

@@ -5,12 +5,12 @@
 #include <stdexcept>
 #include <utility>
 
-#include "element/path.h"
-#include "element/profile.h"
-#include "element/schema.h"
-#include "element/transaction.h"
-#include "element/tree.h"
-#include "host/seam.h"
+#include "element/datastore/path.h"
+#include "element/datastore/transaction.h"
+#include "element/datastore/tree.h"
+#include "element/profile/profile.h"
+#include "element/schema/schema.h"
+#include "host/seam/seam.h"
 
 namespace conformance {
 

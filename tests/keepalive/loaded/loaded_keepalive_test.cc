@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "element/profile.h"
-#include "element/schema.h"
-#include "element/transaction.h"
-#include "host/plugin.h"
-#include "host/seam.h"
+#include "element/datastore/transaction.h"
+#include "element/profile/profile.h"
+#include "element/schema/schema.h"
+#include "host/run/plugin.h"
+#include "host/seam/seam.h"
 #include "tests/support/fake_clock.h"
 
 namespace {

@@ -1,0 +1,34 @@
+#ifndef ELEMENT_INPUT_CONFIGURATION_H
+#define ELEMENT_INPUT_CONFIGURATION_H
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "element/datastore/tree.h"
+
+namespace element {
+
+/// Reads an operator's configuration into a tree of the operator's nodes alone, type-checked by the modules.
+///
+/// The first character that is not blank tells the format: '<' XML, '{' JSON (as YANG defines both), in UTF-8, with or
+/// without byte order mark. XML is a row of top-level elements, or one <config> or <data> element of NETCONF's base
+/// namespace around them; what it declares in its start tag beside its own name is not seen inside. An empty
+/// configuration is {} in JSON and an element without content in XML; a file that holds nothing at all is an error, for
+/// it is more often a slip than a wish.
+///
+/// Containers that hold nothing are left out: they mean nothing. Every name, key and value stands once.
+///
+/// Throws FileError where the file cannot be read, else InputError: "FILE:LINE: PATH: what is wrong; expected ...".
+/// The line is the one up to which the parser had read. A fault that stands at a place of the file has its line, its
+/// path or both.
+///
+/// Time grows with the file (100 MB of entries, a million of them: some 7 s), memory to ten times its size at worst.
+Tree read_configuration(const Schema &schema, const std::filesystem::path &file);
+
+/// The same from text; `origin` stands for the file's name in errors.
+Tree parse_configuration(const Schema &schema, std::string_view text, const std::string &origin);
+
+}  // namespace element
+
+#endif

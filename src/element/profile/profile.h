@@ -1,0 +1,65 @@
+#ifndef ELEMENT_PROFILE_PROFILE_H
+#define ELEMENT_PROFILE_PROFILE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace element {
+
+/// What the line card's feature model answers; a limit that is absent makes its read fail.
+struct CardLimits {
+  std::optional<std::uint32_t> vpn_max;
+  std::optional<std::uint32_t> access_ports;
+  std::optional<std::uint32_t> selective_encapsulation_vlan_entries;
+  std::optional<std::uint32_t> selective_encapsulation_vlan_ranges;
+};
+
+/// An interface as the identifier manager knows it.
+struct Interface {
+  std::string name;              ///< 1 to 63 bytes
+  std::uint32_t logical_id = 0;  ///< any
+  std::int32_t ifindex = 0;      ///< from 1
+};
+
+/// The element that a commit is checked against. Its interfaces are fixed when it is made, its card's limits are not.
+class Profile {
+ public:
+  Profile() = default;
+
+  /// Throws InputError, which names the field, where two interfaces share a name, a logical identifier or an ifindex.
+  Profile(const CardLimits &card_limits, std::vector<Interface> interfaces);
+
+  CardLimits card;
+
+  const std::vector<Interface> &interfaces() const { return interfaces_; }
+
+  /// The interface of this name, logical identifier or ifindex, or null. Constant time; valid while the profile lives.
+  const Interface *by_name(const std::string &name) const;
+  const Interface *by_logical_id(std::uint32_t id) const;
+  const Interface *by_ifindex(std::int32_t ifindex) const;
+
+ private:
+  std::vector<Interface> interfaces_;
+  std::unordered_map<std::string, std::size_t> names_;
+  std::unordered_map<std::uint32_t, std::size_t> logical_ids_;
+  std::unordered_map<std::int32_t, std::size_t> ifindexes_;
+};
+
+/// Reads a profile file (JSON): {"card": {"vpn-max", "access-ports", "selective-encapsulation-vlan-entries",
+/// "selective-encapsulation-vlan-ranges"}, "interfaces": [{"name", "logical-id", "ifindex"}]}. The card and each of its
+/// limits may be absent, all else is required and nothing else is known. Throws FileError, or InputError, which names
+/// the file, the field or the line and column, and what was expected.
+Profile read_profile(const std::filesystem::path &file);
+
+/// The same from text; `origin` stands for the file's name in errors.
+Profile parse_profile(std::string_view text, const std::string &origin);
+
+}  // namespace element
+
+#endif

@@ -1,0 +1,65 @@
+#include <fmt/format.h>
+
+#include "element/datastore/lookup.h"
+#include "element/datastore/path.h"
+#include "element/input/input_error.h"
+#include "element/projection/projection_tables.h"
+
+namespace element {
+namespace {
+
+// The VLAN manager runs as one instance.
+constexpr std::uint32_t kVlanManagerInstance = 1;
+
+/// The ifindex of the interface that an entry below a base list names.
+std::int32_t ifindex_of(const Profile &profile, const Node &owner, const Node &interface) {
+  const std::string name = to_text(interface.keys.front());
+  if (const Interface *known = profile.by_name(name)) return known->ifindex;
+  throw InputError(fmt::format(
+      "path \"/config/{}{{{}}}/interface{{{}}}\": the element has no such interface; expected one of its profile's",
+      owner.schema->name, quoted_key(to_text(owner.keys.front())), quoted_key(name)));
+}
+
+const std::vector<Node> &entries_of(const Tree &configuration, std::string_view list_path) {
+  static const std::vector<Node> none;
+  const Node *list = configuration.find(list_path);
+  return list ? list->children : none;
+}
+
+}  // namespace
+
+void derive_ldp_interfaces(Tree &derived, const Tree &configuration, Identifiers &identifiers) {
+  for (const Node &interface : entries_of(configuration, "/config/l3-interface")) {
+    identifiers.layer3(to_text(interface.keys.front()));
+  }
+  Node &list = derived.put("/internal/int-ldp-intf-l3");
+  const Node *layer3_interfaces = configuration.find("/config/l3-interface");
+  for (const Node &uplink : entries_of(configuration, "/mpls/ldp/interface")) {
+    const Node *interface = layer3_interfaces ? layer3_interfaces->find_entry(uplink.keys) : nullptr;
+    const auto vlan = number_below(interface, {"vlan"});
+    if (!vlan) continue;
+    const Value &name = uplink.keys.front();
+    append_entry(list, {name, identifiers.layer3(to_text(name)), fmt::to_string(*vlan)});
+  }
+}
+
+void derive_static_member_table(Tree &derived, const Tree &configuration, const Profile &profile) {
+  Node &list = derived.put("/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry");
+  for (const Node &vlan : entries_of(configuration, "/config/vlan")) {
+    const auto id = static_cast<std::int32_t>(number(vlan.keys.front()).value_or(0));
+    for (const Node &member : entries_below(&vlan, {"interface"})) {
+      append_entry(list, {kVlanManagerInstance, id, ifindex_of(profile, vlan, member)});
+    }
+  }
+}
+
+void derive_snooping_table(Tree &derived, const Tree &configuration, const Profile &profile) {
+  Node &list = derived.put("/KZ-MGMD-ROUTER-MIB/mgmdRouterInterfaceTable/mgmdRouterInterfaceEntry");
+  for (const Node &instance : entries_of(configuration, "/config/igmp-snooping")) {
+    for (const Node &member : entries_below(&instance, {"interface"})) {
+      append_entry(list, {instance.keys.front(), ifindex_of(profile, instance, member)});
+    }
+  }
+}
+
+}  // namespace element

@@ -1,0 +1,107 @@
+#include "host/run/firing.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string_view>
+#include <unordered_set>
+
+namespace host {
+
+namespace {
+
+using element::Change;
+using element::ChangeKind;
+using element::NodeKind;
+
+// Points that judge the interface they stand on. Every other point judges the configuration as a whole, so that asking
+// it once is enough.
+constexpr std::array<std::string_view, 2> kPointsOfAnInterface{"vpn_access_intf_valp", "vpn_sp_valp"};
+
+// A container that has lost all it held is still there, though the new tree has no node for it.
+element::Value value_after(const Change &change) {
+  return change.after == nullptr ? element::Value{} : change.after->value;
+}
+
+/// The schema nodes at or below which validation points stand: what else changed, if much, fires nothing.
+class GuardedNodes {
+ public:
+  explicit GuardedNodes(const element::SchemaNode &root) { add(root); }
+
+  bool contains(const element::SchemaNode &node) const { return nodes_.count(&node) != 0; }
+
+ private:
+  bool add(const element::SchemaNode &node) {
+    bool is_guarded = !node.validation_points.empty();
+    for (const auto &child : node.children) is_guarded |= add(*child);
+    if (is_guarded) nodes_.insert(&node);
+    return is_guarded;
+  }
+
+  std::unordered_set<const element::SchemaNode *> nodes_;
+};
+
+class Walk {
+ public:
+  explicit Walk(const element::SchemaNode &root) : guarded_(root) {}
+
+  // A deleted node is not there to be validated; what it was deleted from is met before it.
+  void visit(const Change &change) {
+    if (change.kind == ChangeKind::deleted || !guarded_.contains(*change.schema)) return;
+    const bool is_whole_list = change.schema->kind == NodeKind::list && !change.is_entry();
+    if (is_whole_list) return visit_children(change);
+
+    trail_.push_back(&change);
+    fire(*change.schema, value_after(change));
+    if (change.kind == ChangeKind::created && change.is_entry()) fire_keys(change);
+    visit_children(change);
+    trail_.pop_back();
+  }
+
+  void visit_children(const Change &change) {
+    for (const Change &child : change.children) visit(child);
+  }
+
+  std::vector<Firing> take() { return std::move(firings_); }
+
+ private:
+  // A key is new where its entry is; it can never change.
+  void fire_keys(const Change &entry) {
+    const std::size_t count = std::min(entry.schema->key_count, entry.keys().size());
+    for (std::size_t i = 0; i < count; ++i) fire(*entry.schema->children[i], entry.keys()[i]);
+  }
+
+  void fire(const element::SchemaNode &node, const element::Value &value) {
+    for (const std::string &point : node.validation_points) {
+      const bool is_asked_each_time =
+          std::find(kPointsOfAnInterface.begin(), kPointsOfAnInterface.end(), point) != kPointsOfAnInterface.end();
+      const bool is_first = fired_.insert(point).second;
+      if (is_first || is_asked_each_time) firings_.push_back({point, path_to(node), value});
+    }
+  }
+
+  // The node is the last of the trail, or a key of it.
+  element::Path path_to(const element::SchemaNode &node) const {
+    element::Path path;
+    for (const Change *change : trail_) {
+      path.push_back({change->schema, change->is_entry() ? change->keys() : std::vector<element::Value>{}});
+    }
+    if (trail_.back()->schema != &node) path.push_back({&node, {}});
+    return path;
+  }
+
+  GuardedNodes guarded_;
+  std::vector<const Change *> trail_;
+  std::set<std::string> fired_;
+  std::vector<Firing> firings_;
+};
+
+}  // namespace
+
+std::vector<Firing> fired_points(const element::Transaction &transaction) {
+  Walk walk(transaction.candidate.schema().root());
+  walk.visit_children(transaction.changes);
+  return walk.take();
+}
+
+}  // namespace host

@@ -1,0 +1,21 @@
+#ifndef HOST_SEAM_AGENT_H
+#define HOST_SEAM_AGENT_H
+
+#include "confd_lib.h"
+#include "host/seam/seam.h"
+
+namespace host {
+
+/// Sets confd_errno; answers CONFD_ERR.
+int fail(int reason);
+
+/// Counts a call of the agent. The element that answers it, or null, with confd_errno set, where there is none or the
+/// call is the one that must fail.
+Seam *enter_agent(SeamFunction function);
+
+/// As enter_agent for a read of a transaction, which must be the one that the element serves.
+Seam *enter_transaction(SeamFunction function, int sock, int thandle);
+
+}  // namespace host
+
+#endif

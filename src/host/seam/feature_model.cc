@@ -1,0 +1,60 @@
+// The line card's feature model: one card, in one slot.
+
+#include <optional>
+
+#include "fm.h"
+#include "host/seam/seam.h"
+
+using host::SeamFunction;
+
+namespace {
+
+constexpr int kOk = 0;
+constexpr int kFailed = -1;
+constexpr fm_slot_t kLocalSlot{1, 1};
+
+/// The active element, or null where there is none or the call is the one that must fail.
+host::Seam *enter(SeamFunction function) {
+  host::Seam *seam = host::Seam::active();
+  return seam == nullptr || seam->enter(function) ? nullptr : seam;
+}
+
+int read_limit(SeamFunction function, const fm_slot_t &slot, std::uint32_t &value,
+               std::optional<std::uint32_t> element::CardLimits::*limit) {
+  const host::Seam *seam = enter(function);
+  if (seam == nullptr) return kFailed;
+  const bool has_card = slot.shelf == kLocalSlot.shelf && slot.slot == kLocalSlot.slot;
+  const std::optional<std::uint32_t> &known = seam->profile().card.*limit;
+  if (!has_card || !known) return kFailed;
+  value = *known;
+  return kOk;
+}
+
+}  // namespace
+
+int fm_init() { return enter(SeamFunction::fm_init) == nullptr ? kFailed : kOk; }
+
+int fm_local_slot(fm_slot_t *slot) {
+  if (enter(SeamFunction::fm_local_slot) == nullptr) return kFailed;
+  *slot = kLocalSlot;
+  return kOk;
+}
+
+int fm_scalar_card_hal_vpn_vpn_max_limit(const fm_slot_t *slot, uint32_t *value) {
+  return read_limit(SeamFunction::fm_scalar_card_hal_vpn_vpn_max_limit, *slot, *value, &element::CardLimits::vpn_max);
+}
+
+int fm_scalar_card_vpn_mgr_access_ports(const fm_slot_t *slot, uint32_t *value) {
+  return read_limit(SeamFunction::fm_scalar_card_vpn_mgr_access_ports, *slot, *value,
+                    &element::CardLimits::access_ports);
+}
+
+int fm_scalar_card_selective_encapsulation_max_vlan_entries(const fm_slot_t *slot, uint32_t *value) {
+  return read_limit(SeamFunction::fm_scalar_card_selective_encapsulation_max_vlan_entries, *slot, *value,
+                    &element::CardLimits::selective_encapsulation_vlan_entries);
+}
+
+int fm_scalar_card_selective_encapsulation_max_vlan_ranges(const fm_slot_t *slot, uint32_t *value) {
+  return read_limit(SeamFunction::fm_scalar_card_selective_encapsulation_max_vlan_ranges, *slot, *value,
+                    &element::CardLimits::selective_encapsulation_vlan_ranges);
+}

@@ -1,0 +1,176 @@
+#include "host/seam/resolve.h"
+
+#include <algorithm>
+
+#include "host/seam/agent_values.h"
+
+namespace host {
+
+namespace {
+
+using element::NodeKind;
+
+bool is_key(const element::SchemaNode &leaf) {
+  return leaf.parent->kind == NodeKind::list && leaf.position < leaf.parent->key_count;
+}
+
+template <typename Entries, typename KeysOf>
+auto lower_bound(const Entries &entries, const confd_value_t *keys, std::size_t count, KeysOf keys_of) {
+  return std::partition_point(entries.begin(), entries.end(),
+                              [&](const auto &entry) { return compare_keys(keys, count, keys_of(entry)) > 0; });
+}
+
+const element::Node *find_entry(const element::Node &list, const confd_value_t *keys) {
+  const std::size_t count = list.schema->key_count;
+  const std::size_t at = first_not_before(list.children, keys, count);
+  if (at == list.children.size()) return nullptr;
+  const element::Node &entry = list.children[at];
+  return compare_keys(keys, count, entry.keys) == 0 ? &entry : nullptr;
+}
+
+/// Goes down a tree name by name; what is missing on the way stays missing.
+class Descent {
+ public:
+  explicit Descent(const element::Node &root) : place_{&root, nullptr, true} {}
+
+  void go(const ResolvedPath::Step &step, const confd_value_t *keys) {
+    if (step.schema->kind == NodeKind::leaf && is_key(*step.schema)) return go_to_key(*step.schema);
+    const element::Node *above = place_.node;
+    place_.node = above == nullptr ? nullptr : above->find(*step.schema);
+    switch (step.schema->kind) {
+      case NodeKind::container:
+        if (step.schema->presence) place_.exists = place_.node != nullptr;
+        return;
+      case NodeKind::leaf:
+        place_.value = place_.node == nullptr ? nullptr : set_value(place_.node->value);
+        place_.exists = place_.value != nullptr;
+        return;
+      case NodeKind::list:
+        if (step.has_keys && place_.node != nullptr) place_.node = find_entry(*place_.node, keys);
+        place_.exists = place_.node != nullptr && (step.has_keys || !place_.node->children.empty());
+    }
+  }
+
+  const Place &place() const { return place_; }
+
+ private:
+  // The entry may be hand-written, with fewer keys than its list has.
+  void go_to_key(const element::SchemaNode &key) {
+    const element::Node *entry = place_.node;
+    place_.node = nullptr;
+    const bool has_key = entry != nullptr && key.position < entry->keys.size();
+    place_.value = has_key ? set_value(entry->keys[key.position]) : nullptr;
+    place_.exists = place_.value != nullptr;
+  }
+
+  static const element::Value *set_value(const element::Value &value) {
+    return std::holds_alternative<std::monostate>(value) ? nullptr : &value;
+  }
+
+  Place place_;
+};
+
+const element::Change *child_of(const element::Change &change, const element::SchemaNode &schema) {
+  const auto found =
+      std::partition_point(change.children.begin(), change.children.end(),
+                           [&](const element::Change &child) { return child.schema->position < schema.position; });
+  return found != change.children.end() && found->schema == &schema ? &*found : nullptr;
+}
+
+const element::Change *entry_of(const element::Change &list, const confd_value_t *keys) {
+  const std::size_t count = list.schema->key_count;
+  const auto found = lower_bound(
+      list.children, keys, count, [](const element::Change &entry) -> const auto & { return entry.keys(); });
+  if (found == list.children.end() || compare_keys(keys, count, found->keys()) != 0) return nullptr;
+  return &*found;
+}
+
+}  // namespace
+
+int ResolvedPath::resolve(const element::Schema &schema, const char *format, std::va_list arguments) {
+  if (!text_.format(format, arguments)) return CONFD_ERR_BADPATH;
+  target_ = &schema.root();
+  const PathText::Part *part = text_.begin();
+  const bool is_root = part->text.empty() && !part->is_key;
+  if (is_root) return 0;
+
+  while (part != text_.end()) {
+    const PathText::Part *name = part++;
+    if (const int reason = add_name(*name); reason != 0) return reason;
+    const PathText::Part *first_key = part;
+    while (part != text_.end() && part->is_key) ++part;
+    if (!name->has_braces) continue;
+    if (const int reason = add_keys(first_key, static_cast<std::size_t>(part - first_key)); reason != 0) return reason;
+  }
+  return 0;
+}
+
+int ResolvedPath::add_name(const PathText::Part &name) {
+  if (is_list()) return CONFD_ERR_BADPATH;
+  target_ = target_->child(name.text);
+  if (target_ == nullptr) return CONFD_ERR_BADPATH;
+  steps_.push_back({target_, static_cast<std::uint32_t>(keys_.size()), false});
+  return 0;
+}
+
+int ResolvedPath::add_keys(const PathText::Part *first, std::size_t count) {
+  if (target_->kind != NodeKind::list || count != target_->key_count) return CONFD_ERR_BADPATH;
+  steps_[steps_.size() - 1].has_keys = true;
+  for (std::size_t i = 0; i < count; ++i) {
+    const element::SchemaNode &leaf = *target_->children[i];
+    const std::string_view text = first[i].text;
+    if (leaf.type == element::ValueType::text) {
+      keys_.push_back(lent_text(text));
+      continue;
+    }
+    const std::optional<element::Value> key = element::value_from_text(leaf, text);
+    if (!key) return CONFD_ERR_BADTYPE;
+    keys_.push_back(lent(*key, leaf));
+  }
+  return 0;
+}
+
+bool ResolvedPath::is_list() const { return target_->kind == NodeKind::list && !steps_[steps_.size() - 1].has_keys; }
+
+bool ResolvedPath::is_object() const { return target_->kind != NodeKind::leaf && !is_list(); }
+
+Place locate(const element::Tree &tree, const ResolvedPath &path) {
+  Descent descent(tree.root());
+  for (const ResolvedPath::Step &step : path) descent.go(step, path.keys(step));
+  return descent.place();
+}
+
+int compare_keys(const confd_value_t *wanted, std::size_t count, const std::vector<element::Value> &keys) {
+  const std::size_t common = std::min(count, keys.size());
+  for (std::size_t i = 0; i < common; ++i) {
+    if (const int order = compare(wanted[i], keys[i]); order != 0) return order;
+  }
+  if (count == keys.size()) return 0;
+  return count < keys.size() ? -1 : 1;
+}
+
+std::size_t first_not_before(const std::vector<element::Node> &entries, const confd_value_t *keys, std::size_t count) {
+  const auto found = lower_bound(
+      entries, keys, count, [](const element::Node &entry) -> const auto & { return entry.keys; });
+  return static_cast<std::size_t>(found - entries.begin());
+}
+
+ChangeTrail locate(const element::Change &root, const ResolvedPath &path) {
+  ChangeTrail trail;
+  const element::Change *change = &root;
+  for (const ResolvedPath::Step &step : path) {
+    change = child_of(*change, *step.schema);
+    if (change != nullptr) trail.push_back(change);
+    if (change != nullptr && step.has_keys) {
+      change = entry_of(*change, path.keys(step));
+      if (change != nullptr) trail.push_back(change);
+    }
+    if (change == nullptr) {
+      trail.clear();
+      break;
+    }
+  }
+  return trail;
+}
+
+}  // namespace host
