@@ -6,7 +6,7 @@
 namespace rules {
 namespace {
 
-/// The positions of a text, its end included, up to which a part of a format can have made it.
+/// For each position in a text, and its end: whether the part of a format that was matched so far can end there.
 using Ends = std::vector<bool>;
 
 bool is_conversion(std::string_view format, std::size_t at) {
@@ -16,6 +16,18 @@ bool is_conversion(std::string_view format, std::size_t at) {
 std::size_t next_conversion(std::string_view format, std::size_t at) {
   while (at < format.size() && !is_conversion(format, at)) ++at;
   return at;
+}
+
+std::size_t after_last_conversion(std::string_view format) {
+  std::size_t at = format.size();
+  while (at > 0 && !is_conversion(format, at - 1)) --at;
+  return at == 0 ? 0 : at + 1;
+}
+
+/// Whether the text begins as the format does before its first conversion, and ends as it does after its last.
+bool has_literal_ends(std::string_view format, std::string_view text) {
+  return text.starts_with(format.substr(0, next_conversion(format, 0))) &&
+         text.ends_with(format.substr(after_last_conversion(format)));
 }
 
 Ends after_literal(const Ends &before, std::string_view text, std::string_view literal) {
@@ -34,12 +46,12 @@ Ends after_name(const Ends &before) {
 
 Ends after_number(const Ends &before, std::string_view text, bool is_signed) {
   Ends after(before.size(), false);
-  bool can_begin = false;  // a number that ends here may still grow, or begins here
+  bool can_end = false;  // whether a number can end before `at`
   for (std::size_t at = 0; at < text.size(); ++at) {
     const bool is_digit = text[at] >= '0' && text[at] <= '9';
     const bool has_sign = is_signed && at > 0 && text[at - 1] == '-' && before[at - 1];
-    can_begin = is_digit && (before[at] || has_sign || can_begin);
-    after[at + 1] = can_begin;
+    can_end = is_digit && (before[at] || has_sign || can_end);
+    after[at + 1] = can_end;
   }
   return after;
 }
@@ -51,6 +63,7 @@ Ends after_conversion(const Ends &before, std::string_view text, char conversion
 }  // namespace
 
 bool is_made_by(std::string_view format, std::string_view text) {
+  if (!has_literal_ends(format, text)) return false;  // cheap, and enough for nearly every message of another rule
   Ends ends(text.size() + 1, false);
   ends[0] = true;
   for (std::size_t at = 0; at < format.size();) {

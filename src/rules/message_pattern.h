@@ -6,11 +6,11 @@
 
 namespace rules {
 
-/// Whether the format makes the text: %s stands for any text, also an empty one; %d and %u for a number, %d also for a
-/// negative one. Time is in proportion to the text's length, whatever the names in it hold.
+/// Whether `text` can be what printf makes of `format`: %s matches any text, also an empty one; %u matches a number, %d
+/// also a negative one; anything else matches itself. Takes time in proportion to the lengths of both, multiplied.
 bool is_made_by(std::string_view format, std::string_view text);
 
-/// How many characters of the format stand in every text that it makes.
+/// The number of characters of `format` that are not part of a %s, %d or %u.
 std::size_t literal_length(std::string_view format);
 
 }  // namespace rules

@@ -1,6 +1,7 @@
 #ifndef RULES_RULE_H
 #define RULES_RULE_H
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -8,28 +9,33 @@ namespace rules {
 
 enum class Severity { rejection, warning };
 
-/// What is known of a message of the validation library: its name for machines and its page for people.
+/// What the page docs/rules/ID.md says about one message of the plug-in.
 struct Rule {
-  std::string_view id;     ///< stable: lower case and hyphens, never given to another message
-  std::string_view point;  ///< the validation point that says it
+  std::string id;     ///< stable: lower case and hyphens, never given to another message
+  int order = 0;      ///< its place among all rules: by validation point as they fire, then by rule as they run
+  std::string point;  ///< the validation point that sets the message
   Severity severity = Severity::rejection;
-  std::string_view message;   ///< with %s, %d and %u for what it names
-  bool counts = false;        ///< a limit: the message tells how many were configured and how many are allowed
-  std::string_view source;    ///< file below src/lib where the rule stands
-  std::string_view provokes;  ///< what provokes it
-  std::string_view why;       ///< why the element refuses it, or what its warning means
-  std::string_view remedy;    ///< what to do
-  std::vector<std::string_view> examples;  ///< folders below examples/
+  std::string message;                ///< the format: %s stands for a name, %d and %u for a number
+  bool counts = false;                ///< a limit: the message says how many were configured and how many are allowed
+  std::string source;                 ///< the file below src/lib that holds the message
+  std::vector<std::string> examples;  ///< folders below examples/ whose commit draws the message
+  std::string provokes;               ///< which commits draw the message; prose on one line, as are the next two
+  std::string why;                    ///< why the element refuses such a commit, or what the warning means
+  std::string remedy;                 ///< what the operator can do
 };
 
-/// Every rule, in the order of the validation points and of their messages.
+/// All rules, by `order`. They live as long as the program. Throws PageError if a shipped page is malformed.
 const std::vector<Rule> &all_rules();
 
-/// The rule of this id, or null.
+/// The rule with this id, or null.
 const Rule *find_rule(std::string_view id);
 
-/// The rule whose message `text` is, as this point says it, or null. Names that the library cut short are no obstacle.
+/// The rule whose message `text` is when `point` sets it, or null if no rule of that point has such a message. If
+/// several formats match, the one with the longest literal text wins.
 const Rule *rule_of_message(std::string_view point, std::string_view text);
+
+/// The heading of the part `why` on a rule's page.
+std::string_view heading_of_why(Severity severity);
 
 }  // namespace rules
 

@@ -3,8 +3,8 @@
 
 namespace rules {
 
-// A name can hold the words of another message. The message of which the most stands in the text is the one that was
-// meant, unless somebody chose names to mislead.
+// A name in a message can hold the words of another message. The format with the most literal text is the one that
+// was meant, unless somebody chose names to mislead.
 const Rule *rule_of_message(std::string_view point, std::string_view text) {
   const Rule *best = nullptr;
   for (const Rule &rule : all_rules()) {

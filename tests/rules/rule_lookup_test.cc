@@ -1,3 +1,5 @@
+// Which rule a message belongs to, whatever the names in it hold.
+
 #include <gtest/gtest.h>
 
 #include "rules/message_pattern.h"
@@ -100,7 +102,7 @@ TEST(RuleLookup, numbers_are_numbers_and_some_are_negative) {
   });
 }
 
-TEST(RuleLookup, one_text_of_two_points_has_a_row_for_each) {
+TEST(RuleLookup, one_text_of_two_points_has_a_rule_for_each) {
   const std::string text =
       "Some MPLS VPN's have access and uplink interfaces in common. In this way those access interfaces will not be able to encapsulate MPLS traffic";
   expect_ids({

@@ -15,10 +15,6 @@ constexpr std::string_view kIndent = "  ";
 
 std::string_view kind_of(const Rule &rule) { return rule.severity == Severity::warning ? "Warning" : "Rejection"; }
 
-std::string_view heading_of_why(const Rule &rule) {
-  return rule.severity == Severity::warning ? "What it means" : "Why the element refuses it";
-}
-
 std::string wrapped(std::string_view prose) {
   std::string text;
   std::size_t column = 0;
@@ -70,9 +66,7 @@ constexpr std::string_view kIndexHead =
     "Every message of the plug-in: its id, what provokes it, where its rule stands, which example shows it. An id's page "
     "tells more, as `vpnval explain ID` does in a terminal.\n\n"
     "`%s`, `%d` and `%u` stand for what the message names. VPNs are named in prefixed form: `vpls-group campus vpn "
-    "data`. A message is a rejection unless its row says Warning.\n\n"
-    "These pages are the rule table of `src/rules`, written by `tools/renew_rule_pages`; `tools/checks/messages` holds "
-    "the table against the code and the examples.\n";
+    "data`. A message is a rejection unless its row says Warning.\n";
 
 }  // namespace
 
@@ -81,8 +75,9 @@ std::string text_page(const Rule &rule) {
       "{}\n\n{}{}\n\n"
       "{} by {}\n\n"
       "What provokes it\n{}\n{}\n{}\nWhat to do\n{}\nExamples\n{}\nRule\n{}src/lib/{}\n",
-      rule.id, kIndent, rule.message, kind_of(rule), rule.point, wrapped(rule.provokes), heading_of_why(rule),
-      wrapped(rule.why), wrapped(rule.remedy), text_examples(rule), kIndent, rule.source);
+      rule.id, kIndent, rule.message, kind_of(rule), rule.point, wrapped(rule.provokes),
+      rules::heading_of_why(rule.severity), wrapped(rule.why), wrapped(rule.remedy), text_examples(rule), kIndent,
+      rule.source);
 }
 
 std::string markdown_page(const Rule &rule) {
@@ -90,8 +85,8 @@ std::string markdown_page(const Rule &rule) {
       "# {}\n\n    {}\n\n"
       "{} by `{}`.\n\n"
       "## What provokes it\n\n{}\n\n## {}\n\n{}\n\n## What to do\n\n{}\n\n## Examples\n\n{}\n## Rule\n\n{}\n",
-      rule.id, rule.message, kind_of(rule), rule.point, rule.provokes, heading_of_why(rule), rule.why, rule.remedy,
-      markdown_examples(rule), source_link(rule));
+      rule.id, rule.message, kind_of(rule), rule.point, rule.provokes, rules::heading_of_why(rule.severity), rule.why,
+      rule.remedy, markdown_examples(rule), source_link(rule));
 }
 
 std::string text_index() {
