@@ -22,17 +22,11 @@ auto place_of_entry(Nodes &entries, const std::vector<Value> &keys) {
       [](const Node &entry, const std::vector<Value> &wanted) { return compare_keys(entry.keys, wanted) < 0; });
 }
 
-Node &entry_of(Node &list, std::vector<Value> keys) {
-  auto place = place_of_entry(list.children, keys);
-  if (place != list.children.end() && compare_keys(place->keys, keys) == 0) return *place;
-  return *list.children.insert(place, Node{list.schema, std::move(keys), {}, {}});
-}
-
 Node &descend(Node &root, const Path &path) {
   Node *node = &root;
   for (const PathStep &step : path) {
     node = &child(*node, *step.schema);
-    if (!step.keys.empty()) node = &entry_of(*node, step.keys);
+    if (!step.keys.empty()) node = &put_entry(*node, step.keys);
   }
   return *node;
 }
@@ -117,7 +111,7 @@ Node &Tree::put_entry(std::string_view list_path, std::vector<Value> keys) {
   if (steps.empty() || steps.back().schema->kind != NodeKind::list || !steps.back().keys.empty()) {
     throw PathError(fmt::format("path \"{}\": a list without keys was expected", list_path));
   }
-  return entry_of(descend(root_, steps), std::move(keys));
+  return element::put_entry(descend(root_, steps), std::move(keys));
 }
 
 void Tree::erase(std::string_view path) {
@@ -150,6 +144,12 @@ Node &child(Node &parent, const SchemaNode &child_schema) {
   auto place = place_of_child(parent.children, child_schema);
   if (place != parent.children.end() && place->schema == &child_schema) return *place;
   return *parent.children.insert(place, Node{&child_schema, {}, {}, {}});
+}
+
+Node &put_entry(Node &list, std::vector<Value> keys) {
+  auto place = place_of_entry(list.children, keys);
+  if (place != list.children.end() && compare_keys(place->keys, keys) == 0) return *place;
+  return *list.children.insert(place, Node{list.schema, std::move(keys), {}, {}});
 }
 
 Node &append_entry(Node &list, std::vector<Value> keys) {

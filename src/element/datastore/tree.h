@@ -66,6 +66,9 @@ class Tree {
 /// the parent's children change.
 Node &child(Node &parent, const SchemaNode &child_schema);
 
+/// The entry of a sorted list with these keys, created at its place when missing. Valid as the above.
+Node &put_entry(Node &list, std::vector<Value> keys);
+
 /// Appends an entry without looking for its place or for a twin: for builders that sort once at the end.
 Node &append_entry(Node &list, std::vector<Value> keys);
 
