@@ -6,7 +6,7 @@
 namespace diagnosis {
 namespace {
 
-constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t kNoUnit = std::numeric_limits<std::size_t>::max();
 
 bool is_unit_when_removed(const Place &place) {
   return place.after == nullptr && (place.is_entry() || place.is_leaf());
@@ -20,7 +20,7 @@ bool is_changed_leaf(const Place &place) {
 }  // namespace
 
 // What is removed stands before what is added, for the second may need the first.
-ChangeUnits::ChangeUnits(const Places &places) : places_(places), unit_at_(places.size(), kNone) {
+ChangeUnits::ChangeUnits(const Places &places) : places_(places), unit_at_(places.size(), kNoUnit) {
   find_removed_and_changed();
   find_added();
 }
@@ -84,7 +84,7 @@ void ChangeUnits::add_excluded(std::size_t number, std::vector<std::size_t> &nee
     const element::SchemaNode &schema = *places_[other].schema;
     if (schema.choice != place.schema->choice || schema.choice_case == place.schema->choice_case) continue;
     for (std::size_t inner = other; inner < places_[other].end; ++inner) {
-      if (places_[inner].before != nullptr && unit_at_[inner] != kNone) needed.push_back(unit_at_[inner]);
+      if (places_[inner].before != nullptr && unit_at_[inner] != kNoUnit) needed.push_back(unit_at_[inner]);
     }
   }
 }

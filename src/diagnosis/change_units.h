@@ -37,7 +37,7 @@ class ChangeUnits {
 
   const Places &places_;
   std::vector<std::size_t> units_;
-  std::vector<std::size_t> unit_at_;  ///< by place; kNone where no unit is
+  std::vector<std::size_t> unit_at_;  ///< by place; kNoUnit where no unit is
   Items items_;
 };
 

@@ -7,7 +7,7 @@
 namespace diagnosis {
 namespace {
 
-constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t kNoItem = std::numeric_limits<std::size_t>::max();
 
 bool can_be_left_out(const Place &place) { return place.is_entry() || (place.is_leaf() && !place.schema->mandatory); }
 
@@ -15,7 +15,7 @@ bool can_be_left_out(const Place &place) { return place.is_entry() || (place.is_
 
 ConfigurationItems::ConfigurationItems(const Places &places, Shapes shapes)
     : places_(places), shapes_(std::move(shapes)) {
-  std::vector<std::size_t> item_at(places.size(), kNone);
+  std::vector<std::size_t> item_at(places.size(), kNoItem);
   for (std::size_t number = 0; number < places.size();) {
     const Place &place = places[number];
     if (!place.is_there(shapes_[number])) {
@@ -26,7 +26,7 @@ ConfigurationItems::ConfigurationItems(const Places &places, Shapes shapes)
       item_at[number] = items_.size();
       item_places_.push_back(number);
       const std::size_t entry = place.parent == number ? number : places.entry_of(place.parent);
-      const bool is_in_entry = entry != number && item_at[entry] != kNone;
+      const bool is_in_entry = entry != number && item_at[entry] != kNoItem;
       items_.push_back(
           {is_in_entry ? std::vector<std::size_t>{item_at[entry]} : std::vector<std::size_t>{}, kind_of(place)});
     }

@@ -10,12 +10,12 @@ namespace {
 
 using element::Node;
 
-constexpr std::string_view vpns = "/mpls/l2vpn-config/l2vpn/";
+constexpr std::string_view kVpnConfiguration = "/mpls/l2vpn-config/l2vpn/";
 
 std::string_view group_list(Family family) { return family == Family::vpls ? "vpls-group" : "vpws-group"; }
 
 std::string path_of(const Vpn &vpn) {
-  return fmt::format("{}{}{{{}}}/vpn{{{}}}", vpns, group_list(vpn.family), element::quoted_key(vpn.group),
+  return fmt::format("{}{}{{{}}}/vpn{{{}}}", kVpnConfiguration, group_list(vpn.family), element::quoted_key(vpn.group),
                      element::quoted_key(vpn.name));
 }
 
@@ -32,7 +32,7 @@ const Node *find_list(const Vpn &vpn) {
 
 std::vector<Vpn> configured_vpns(const element::Tree &configuration, Family family) {
   std::vector<Vpn> found;
-  const Node *groups = configuration.find(fmt::format("{}{}", vpns, group_list(family)));
+  const Node *groups = configuration.find(fmt::format("{}{}", kVpnConfiguration, group_list(family)));
   if (groups == nullptr) return found;
   for (const Node &group : groups->children) {
     for (const Node &vpn : element::entries_below(&group, {"vpn"})) {

@@ -14,11 +14,11 @@ struct Packing {
 };
 
 // A port takes any number of VLANs.
-constexpr Packing vlans{1, 4000};
+constexpr Packing vlan_packing{1, 4000};
 // One on a port, so that no limit of a port's ranges comes in the way; or as many as ports are known to take, where
 // access interfaces are few.
-constexpr Packing ranges{2, 1};
-constexpr Packing packed_ranges{2, 8};
+constexpr Packing range_packing{2, 1};
+constexpr Packing dense_range_packing{2, 8};
 
 // A bridge domain's own VLAN would count as well, and its interfaces without encapsulation would not agree.
 bool can_take_ranges(const Vpn &vpls) {
@@ -71,20 +71,20 @@ std::vector<Way> ways_of(const Site &site, const Packing &packing, const Packing
 
 Fill fill_of_encapsulation_vlans(const Site &site) {
   Fill fill(Limit::encapsulation_vlans, "encapsulation-vlan-limit");
-  fill.ways = ways_of(site, vlans, vlans, site.profile.card);
+  fill.ways = ways_of(site, vlan_packing, vlan_packing, site.profile.card);
   element::CardLimits card = card_of_endless_vlans(site.profile.card);
   card.selective_encapsulation_vlan_entries = site.profile.card.selective_encapsulation_vlan_entries;
-  fill.unhindered = ways_of(site, vlans, vlans, card);
+  fill.unhindered = ways_of(site, vlan_packing, vlan_packing, card);
   return fill;
 }
 
 // Every range counts as a VLAN, too, and VLANs are looked at first.
 Fill fill_of_encapsulation_ranges(const Site &site) {
   Fill fill(Limit::encapsulation_ranges, "encapsulation-range-limit");
-  fill.ways = ways_of(site, ranges, packed_ranges, site.profile.card);
+  fill.ways = ways_of(site, range_packing, dense_range_packing, site.profile.card);
   element::CardLimits card = card_of_endless_vlans(site.profile.card);
   card.selective_encapsulation_vlan_ranges = site.profile.card.selective_encapsulation_vlan_ranges;
-  fill.unhindered = ways_of(site, ranges, packed_ranges, card);
+  fill.unhindered = ways_of(site, range_packing, dense_range_packing, card);
   return fill;
 }
 

@@ -14,7 +14,7 @@
 namespace vlan_map {
 namespace {
 
-constexpr double kScaleHeight = 18;
+constexpr double kRulerHeight = 18;
 
 std::string head_markup(const Map &map) {
   return fmt::format(
@@ -106,7 +106,7 @@ std::string map_markup(const Map &map, const ClaimNumbers &numbers) {
       "data-untagged=\"{0}\" data-vlan=\"{1}\" data-last=\"{2}\">\n"
       "<div class=\"scale\"><div class=\"name\">Port</div><svg id=\"scale\" aria-hidden=\"true\" width=\"{3:.2f}\" "
       "height=\"{4}\" viewBox=\"0 0 {3:.2f} {4}\">{5}{6}</svg></div>\n<ul class=\"rows\">\n",
-      kUntaggedWidth, kVlanWidth, kLastVlan, plot_width(), kScaleHeight, definitions_markup(), scale_markup());
+      kUntaggedWidth, kVlanWidth, kLastVlan, plot_width(), kRulerHeight, definitions_markup(), scale_markup());
   for (std::size_t i = 0; i < map.ports.size(); ++i) markup += row_markup(map, numbers, i);
   return markup + "</ul>\n</div>\n<div id=\"detail\" role=\"tooltip\" hidden></div>\n";
 }

@@ -37,7 +37,7 @@ std::string_view title(Limit limit) {
   return "?";
 }
 
-std::string answer_text(const Answer &answer) { return printable(answer.point + ": " + answer.message); }
+std::string rejection_text(const Answer &answer) { return printable(answer.point + ": " + answer.message); }
 
 /// Texts that cells refer to: (1), (2) and so on.
 class Notes {
@@ -65,7 +65,7 @@ std::string cell(const Remainder &remainder, Notes &notes) {
     case Standing::exceeded:
       return left + of;
     case Standing::stopped:
-      return left + of + ' ' + notes.refer_to("stopped by " + answer_text(remainder.stop.value_or(Answer{})));
+      return left + of + ' ' + notes.refer_to("stopped by " + rejection_text(remainder.stop.value_or(Answer{})));
     case Standing::no_room:
       return left + ' ' + notes.refer_to("no VLANs of the interface are free for another range");
     case Standing::no_limit:
@@ -126,7 +126,7 @@ void write_verdicts(std::ostream &out, const HeadroomReport &report) {
   for (std::size_t i = 0; i < report.elements.size(); ++i) {
     const ElementHeadroom &element = report.elements[i];
     out << fmt::format("[{}] {}: {}\n", i + 1, printable(element.file), decision_text(element.measurement.decision));
-    for (const Answer &answer : element.measurement.answers) out << "    " << answer_text(answer) << '\n';
+    for (const Answer &answer : element.measurement.answers) out << "    " << rejection_text(answer) << '\n';
   }
   out << '\n';
 }

@@ -5,9 +5,9 @@
 namespace element {
 namespace {
 
-class Reader {
+class PathReader {
  public:
-  Reader(const Schema &schema, std::string_view text) : schema_(schema), text_(text) {}
+  PathReader(const Schema &schema, std::string_view text) : schema_(schema), text_(text) {}
 
   Path read() {
     Path path;
@@ -101,7 +101,7 @@ class Reader {
 
 }  // namespace
 
-Path parse_path(const Schema &schema, std::string_view text) { return Reader(schema, text).read(); }
+Path parse_path(const Schema &schema, std::string_view text) { return PathReader(schema, text).read(); }
 
 std::string to_text(const Path &path) {
   if (path.empty()) return "/";

@@ -11,7 +11,7 @@
 namespace element {
 namespace {
 
-constexpr std::string_view kBlank = " \t\r\n";
+constexpr std::string_view kXmlSpace = " \t\r\n";
 constexpr std::string_view kNetconfBase = "urn:ietf:params:xml:ns:netconf:base:1.0";
 
 struct StartTag {
@@ -22,7 +22,7 @@ struct StartTag {
 };
 
 std::size_t skip_blanks(std::string_view text, std::size_t position) {
-  return std::min(text.find_first_not_of(kBlank, position), text.size());
+  return std::min(text.find_first_not_of(kXmlSpace, position), text.size());
 }
 
 /// Takes the next attribute ("name = 'value'") off the front of `text`.
@@ -66,7 +66,7 @@ bool is_wrapper(const StartTag &tag) {
 /// Where the text's last element ends: before blanks, comments and processing instructions.
 std::size_t last_element_end(std::string_view xml) {
   while (!xml.empty()) {
-    xml = xml.substr(0, xml.find_last_not_of(kBlank) + 1);
+    xml = xml.substr(0, xml.find_last_not_of(kXmlSpace) + 1);
     const std::size_t begin = xml.ends_with("-->")  ? xml.rfind("<!--")
                               : xml.ends_with("?>") ? xml.rfind("<?")
                                                     : std::string_view::npos;

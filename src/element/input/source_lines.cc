@@ -13,13 +13,13 @@ namespace {
 
 using NodeId = SourceTree::NodeId;
 
-constexpr std::string_view kBlank = " \t\r\n";
+constexpr std::string_view kLineSpace = " \t\r\n";
 
 /// The text as value_from_text takes it: libyang takes blanks around a number, and a plus sign.
 std::string_view bare(std::string_view text, ValueType type) {
   if (type == ValueType::text) return text;
-  text.remove_prefix(std::min(text.find_first_not_of(kBlank), text.size()));
-  text = text.substr(0, text.find_last_not_of(kBlank) + 1);
+  text.remove_prefix(std::min(text.find_first_not_of(kLineSpace), text.size()));
+  text = text.substr(0, text.find_last_not_of(kLineSpace) + 1);
   if (text.starts_with('+')) text.remove_prefix(1);
   return text;
 }

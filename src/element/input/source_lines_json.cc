@@ -38,9 +38,9 @@ class CountingIterator {
 };
 
 /// Builds the tree from the parser's events. At a name, a brace or a bracket the parser has read up to its end.
-class Reader : public nlohmann::json_sax<Json> {
+class JsonLineReader : public nlohmann::json_sax<Json> {
  public:
-  explicit Reader(std::string_view text) : begin_(text.data()), reached_(begin_), lines_(text) {
+  explicit JsonLineReader(std::string_view text) : begin_(text.data()), reached_(begin_), lines_(text) {
     const char *end = begin_ + text.size();
     Json::sax_parse(CountingIterator(begin_, &reached_), CountingIterator(end, &reached_), this);
   }
@@ -110,6 +110,6 @@ class Reader : public nlohmann::json_sax<Json> {
 
 }  // namespace
 
-SourceTree read_json_source(std::string_view text) { return Reader(text).take_tree(); }
+SourceTree read_json_source(std::string_view text) { return JsonLineReader(text).take_tree(); }
 
 }  // namespace element

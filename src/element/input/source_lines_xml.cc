@@ -40,9 +40,9 @@ std::string referenced(std::string_view reference) {
   return utf8(code);
 }
 
-class Reader {
+class XmlLineReader {
  public:
-  explicit Reader(std::string_view text) : text_(text), lines_(text) {}
+  explicit XmlLineReader(std::string_view text) : text_(text), lines_(text) {}
 
   SourceTree read() {
     while (position_ < text_.size()) read_next();
@@ -122,6 +122,6 @@ class Reader {
 
 }  // namespace
 
-SourceTree read_xml_source(std::string_view text) { return Reader(text).read(); }
+SourceTree read_xml_source(std::string_view text) { return XmlLineReader(text).read(); }
 
 }  // namespace element

@@ -9,7 +9,7 @@ constexpr Enumeration kTransparentLanServiceOff{2};
 
 std::uint32_t vlan_of(const Vpn &vpn) { return number_below(vpn.entry, {"bridge-domain", "dot1q"}).value_or(0); }
 
-const std::vector<Node> &attachments_of(const Vpn &vpn) {
+const std::vector<Node> &vpls_attachments(const Vpn &vpn) {
   return entries_below(vpn.entry, {"bridge-domain", "access-interface"});
 }
 
@@ -23,7 +23,7 @@ void derive_bridge_domain(Node &bridge_domain, const Vpn &vpn) {
     set_named(bridge_domain, "int-vpls-bd-mtu", *mtu);
   }
   Node &interfaces = child_named(bridge_domain, "int-vpls-ac");
-  for (const Node &attachment : attachments_of(vpn)) {
+  for (const Node &attachment : vpls_attachments(vpn)) {
     Node &interface = append_entry(interfaces, attachment.keys);
     const Node *encapsulation = find_below(&attachment, {"encapsulation"});
     if (encapsulation == nullptr) continue;
@@ -38,7 +38,7 @@ void derive_vpls_attachments(Tree &derived, const VpnGroups &groups) {
   Node &list = derived.put("/internal/int-sub-vpls-vpn-ac");
   for (const VpnGroup &group : groups) {
     for (const Vpn &vpn : group.vpns) {
-      for (const Node &attachment : attachments_of(vpn)) {
+      for (const Node &attachment : vpls_attachments(vpn)) {
         append_entry(list, {*vpn.group, *vpn.name, vpn.id, attachment.keys.front()});
       }
     }

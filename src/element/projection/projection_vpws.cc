@@ -7,7 +7,7 @@ namespace {
 constexpr std::uint32_t kNeighbor = 0;
 constexpr std::uint32_t kBackupNeighbor = 1;
 
-const std::vector<Node> &attachments_of(const Vpn &vpn) { return entries_below(vpn.entry, {"access-interface"}); }
+const std::vector<Node> &vpws_attachments(const Vpn &vpn) { return entries_below(vpn.entry, {"access-interface"}); }
 
 /// Whether a neighbour of the VPN has the backup neighbour's address and pseudowire identifier.
 bool has_neighbor_like(const Vpn &vpn, const Node &backup) {
@@ -31,7 +31,7 @@ void derive_vpws_attachments(Tree &derived, const VpnGroups &groups) {
   Node &list = derived.put("/internal/int-vpws-intf-app");
   for (const VpnGroup &group : groups) {
     for (const Vpn &vpn : group.vpns) {
-      for (const Node &attachment : attachments_of(vpn)) {
+      for (const Node &attachment : vpws_attachments(vpn)) {
         const std::uint32_t vlan = number_below(&attachment, {"dot1q"}).value_or(0);
         append_entry(list, {*vpn.group, *vpn.name, vpn.id, attachment.keys.front(), vlan});
       }
@@ -43,7 +43,7 @@ void derive_vpws_encapsulations(Tree &derived, const VpnGroups &groups) {
   Node &list = derived.put("/internal/int-vpws-intf-encap");
   for (const VpnGroup &group : groups) {
     for (const Vpn &vpn : group.vpns) {
-      for (const Node &attachment : attachments_of(vpn)) {
+      for (const Node &attachment : vpws_attachments(vpn)) {
         Node &entry = append_entry(list, {*vpn.group, *vpn.name, vpn.id, attachment.keys.front()});
         const Node *encapsulation = find_below(&attachment, {"encapsulation"});
         if (encapsulation == nullptr) continue;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kValidationPoint = "vpn_app_validation";
 
-[[noreturn]] void fail(const std::filesystem::path &file, const std::string &reason) {
+[[noreturn]] void fail_to_load(const std::filesystem::path &file, const std::string &reason) {
   throw LoadError(fmt::format("{}: {}", file.string(), reason));
 }
 
@@ -30,7 +30,7 @@ std::string loader_reason(const std::filesystem::path &file) {
 // Never unloaded: the library's static objects are destroyed when the process ends, and a leak report then still finds
 // the names of its functions.
 void *load(const std::filesystem::path &file) {
-  if (!std::filesystem::is_regular_file(file)) fail(file, "there is no such file");
+  if (!std::filesystem::is_regular_file(file)) fail_to_load(file, "there is no such file");
   const std::filesystem::path absolute = std::filesystem::absolute(file);
   void *library = ::dlopen(absolute.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (library != nullptr) return library;
@@ -38,15 +38,15 @@ void *load(const std::filesystem::path &file) {
   const std::string reason = loader_reason(absolute);
   constexpr std::string_view unresolved = "undefined symbol: ";
   if (reason.compare(0, unresolved.size(), unresolved) == 0) {
-    fail(file, fmt::format("unresolved symbol {}", reason.substr(unresolved.size())));
+    fail_to_load(file, fmt::format("unresolved symbol {}", reason.substr(unresolved.size())));
   }
-  fail(file, fmt::format("not a library that can be loaded: {}", reason));
+  fail_to_load(file, fmt::format("not a library that can be loaded: {}", reason));
 }
 
 template <typename Function>
 Function entry_point(void *library, const std::filesystem::path &file, const char *name) {
   void *symbol = ::dlsym(library, name);
-  if (symbol == nullptr) fail(file, fmt::format("missing entry point {}", name));
+  if (symbol == nullptr) fail_to_load(file, fmt::format("missing entry point {}", name));
   return reinterpret_cast<Function>(symbol);
 }
 
@@ -59,13 +59,15 @@ Plugin::Plugin(const std::filesystem::path &file) : file_(file), build_id_(host:
   validate_ = entry_point<decltype(validate_)>(library_, file, "validate");
   finish_ = entry_point<decltype(finish_)>(library_, file, "lib_finish");
 
-  if (const std::int32_t result = init(&state_); result != 0) fail(file, fmt::format("lib_init answered {}", result));
+  if (const std::int32_t result = init(&state_); result != 0)
+    fail_to_load(file, fmt::format("lib_init answered {}", result));
   std::array<char, 64> name{};
   get_validation_point(name.data(), static_cast<std::int32_t>(name.size()));
   name.back() = '\0';
   if (kValidationPoint != name.data()) {
     finish_(&state_);
-    fail(file, fmt::format("get_validation_point named \"{}\"; \"{}\" was expected", name.data(), kValidationPoint));
+    fail_to_load(file,
+                 fmt::format("get_validation_point named \"{}\"; \"{}\" was expected", name.data(), kValidationPoint));
   }
 }
 

@@ -9,35 +9,35 @@ using host::SeamFunction;
 
 namespace {
 
-constexpr int kOk = 0;
-constexpr int kFailed = -1;
+constexpr int kRead = 0;
+constexpr int kNotRead = -1;
 constexpr fm_slot_t kLocalSlot{1, 1};
 
 /// The active element, or null where there is none or the call is the one that must fail.
-host::Seam *enter(SeamFunction function) {
+host::Seam *card_host(SeamFunction function) {
   host::Seam *seam = host::Seam::active();
   return seam == nullptr || seam->enter(function) ? nullptr : seam;
 }
 
 int read_limit(SeamFunction function, const fm_slot_t &slot, std::uint32_t &value,
                std::optional<std::uint32_t> element::CardLimits::*limit) {
-  const host::Seam *seam = enter(function);
-  if (seam == nullptr) return kFailed;
+  const host::Seam *seam = card_host(function);
+  if (seam == nullptr) return kNotRead;
   const bool has_card = slot.shelf == kLocalSlot.shelf && slot.slot == kLocalSlot.slot;
   const std::optional<std::uint32_t> &known = seam->profile().card.*limit;
-  if (!has_card || !known) return kFailed;
+  if (!has_card || !known) return kNotRead;
   value = *known;
-  return kOk;
+  return kRead;
 }
 
 }  // namespace
 
-int fm_init() { return enter(SeamFunction::fm_init) == nullptr ? kFailed : kOk; }
+int fm_init() { return card_host(SeamFunction::fm_init) == nullptr ? kNotRead : kRead; }
 
 int fm_local_slot(fm_slot_t *slot) {
-  if (enter(SeamFunction::fm_local_slot) == nullptr) return kFailed;
+  if (card_host(SeamFunction::fm_local_slot) == nullptr) return kNotRead;
   *slot = kLocalSlot;
-  return kOk;
+  return kRead;
 }
 
 int fm_scalar_card_hal_vpn_vpn_max_limit(const fm_slot_t *slot, uint32_t *value) {
