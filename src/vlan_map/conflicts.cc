@@ -11,7 +11,7 @@
 namespace vlan_map {
 namespace {
 
-using diagnosis::Fault;
+using diagnosis::Finding;
 using diagnosis::Party;
 using host::PointVerdict;
 
@@ -25,7 +25,7 @@ bool is_in(const std::vector<PointVerdict> &points, const PointVerdict &wanted) 
 }
 
 /// The leafs and VLAN ranges without which the message would not come.
-std::set<std::string> sources_of(const Fault &fault) {
+std::set<std::string> sources_of(const Finding &fault) {
   std::set<std::string> sources;
   for (const Party &party : fault.parties) {
     for (const diagnosis::Detail &detail : party.details) sources.insert(element::to_text(detail.path));
@@ -51,11 +51,11 @@ class Finder {
     }
   }
 
-  Conflict conflict_of(const Fault &fault) const {
+  Conflict conflict_of(const Finding &fault) const {
     std::set<std::size_t> ports = ports_named_in(fault);
     const std::set<std::string> sources = sources_of(fault);
     Conflict conflict;
-    conflict.complete = fault.complete;
+    conflict.complete = fault.is_minimal;
     for (const Party &party : fault.parties) {
       for (const ClaimPlace &place : claims_of(party, sources)) {
         if (!is_elsewhere(place, ports)) conflict.claims.push_back(place);
@@ -71,7 +71,7 @@ class Finder {
  private:
   const Claim &at(const ClaimPlace &place) const { return ports_[place.port].claims[place.claim]; }
 
-  std::set<std::size_t> ports_named_in(const Fault &fault) const {
+  std::set<std::size_t> ports_named_in(const Finding &fault) const {
     std::set<std::size_t> ports;
     for (const Party &party : fault.parties) {
       const auto port = port_indexes_.find(party.interface);
@@ -93,7 +93,7 @@ class Finder {
     std::vector<ClaimPlace> told;
     for (const ClaimPlace &place : entry->second) {
       const Claim &claim = at(place);
-      if (claim.standing == Standing::removed && party.standing != Standing::removed) continue;
+      if (claim.standing == Standing::removed && party.status != Standing::removed) continue;
       all.push_back(place);
       if (sources.count(claim.source) != 0) told.push_back(place);
     }
@@ -143,7 +143,7 @@ std::vector<Conflict> find_conflicts(const host::Verdict &verdict, const diagnos
 
   const Finder finder(ports);
   std::vector<PointVerdict> explained;
-  for (const Fault &fault : diagnosis.faults) {
+  for (const Finding &fault : diagnosis.findings) {
     add(finder.conflict_of(fault), fault.verdict);
     explained.push_back(fault.verdict);
   }

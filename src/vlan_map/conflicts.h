@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "diagnosis/fault.h"
+#include "diagnosis/finding.h"
 #include "host/run/commit.h"
 #include "vlan_map/map.h"
 

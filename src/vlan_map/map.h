@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "diagnosis/fault.h"
+#include "diagnosis/finding.h"
 #include "host/run/commit.h"
 
 namespace vlan_map {
 
-using diagnosis::Standing;
+using Standing = diagnosis::ChangeStatus;
 
 inline constexpr std::uint32_t kLastVlan = 4094;
 

@@ -36,7 +36,7 @@ vlan_map::Map map_of(const MapArguments &arguments, const CommitInput &input, co
   map.decision = verdict.decision;
   map.ports = vlan_map::find_claims(input.transaction(), input.profile());
   map.conflicts = vlan_map::find_conflicts(verdict, diagnosis, map.ports);
-  map.complete = diagnosis.complete;
+  map.complete = diagnosis.end == diagnosis::SearchEnd::complete;
   return map;
 }
 
@@ -51,15 +51,15 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   host::Seam seam(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
   const host::Verdict verdict = host::validate_commit(plugin, seam, input.transaction());
-  const diagnosis::Diagnosis diagnosis = find_faults({.all_faults = true, .budget = arguments.budget, .progress = {}},
-                                                     environment, input, plugin, seam, verdict);
+  const diagnosis::Diagnosis diagnosis =
+      find_faults({.all_findings = true, .budget = arguments.budget}, environment, input, plugin, seam, verdict);
   const vlan_map::Map drawn = map_of(arguments, input, verdict, diagnosis);
 
   OutputFile file(arguments.output);
   file.write(to_picture(drawn));
   file.put_in_place();
-  if (!diagnosis.breach.empty()) {
-    environment.err << "vpnval: the search ended early: " << printable(diagnosis.breach) << '\n';
+  if (!diagnosis.contract_violation.empty()) {
+    environment.err << "vpnval: the search ended early: " << printable(diagnosis.contract_violation) << '\n';
   }
   environment.out << fmt::format("{}: {}. {}\n", printable(arguments.output), count_text(drawn), verdict_text(drawn));
   return ExitStatus::accepted;

@@ -22,12 +22,13 @@ host::Verdict device_verdict(host::Verdict verdict) {
 }
 
 bool is_complete(const diagnosis::Diagnosis &diagnosis) {
-  return diagnosis.complete && std::all_of(diagnosis.faults.begin(), diagnosis.faults.end(),
-                                           [](const diagnosis::Fault &fault) { return fault.complete; });
+  return diagnosis.end == diagnosis::SearchEnd::complete &&
+         std::all_of(diagnosis.findings.begin(), diagnosis.findings.end(),
+                     [](const diagnosis::Finding &finding) { return finding.is_minimal; });
 }
 
 std::string_view end_of(const diagnosis::Diagnosis &diagnosis, const diagnosis::Budget &budget) {
-  if (!diagnosis.breach.empty()) return "breach";
+  if (!diagnosis.contract_violation.empty()) return "breach";
   return diagnosis.calls >= budget.calls ? "calls" : "time";
 }
 
@@ -38,7 +39,7 @@ diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Enviro
                                  const host::Verdict &verdict) {
   diagnosis::Diagnosis diagnosis;
   if (verdict.decision == host::Decision::accepted) return diagnosis;
-  diagnosis.complete = false;
+  diagnosis.end = diagnosis::SearchEnd::calls;
   if (is_nothing(options.budget)) return diagnosis;
 
   Progress progress(environment.err, environment.err_is_terminal);
@@ -60,10 +61,10 @@ void search(const CheckArguments &arguments, const Environment &environment, con
   if (report.verdict.decision == host::Decision::accepted) return;
 
   const host::Verdict verdict = device_verdict(report.verdict);
-  const diagnosis::Diagnosis diagnosis = find_faults({.all_faults = all_faults, .budget = budget, .progress = {}},
-                                                     environment, input, plugin, seam, verdict);
+  const diagnosis::Diagnosis diagnosis =
+      find_faults({.all_findings = all_faults, .budget = budget}, environment, input, plugin, seam, verdict);
   report.search.calls = diagnosis.calls;
-  report.search.breach = diagnosis.breach;
+  report.search.breach = diagnosis.contract_violation;
   if (!is_complete(diagnosis)) report.search.ended_by = end_of(diagnosis, budget);
   report.findings = make_findings(diagnosis, verdict, input.schema(), input.files());
 }

@@ -11,7 +11,7 @@
 namespace cli {
 namespace {
 
-using diagnosis::Standing;
+using Standing = diagnosis::ChangeStatus;
 
 std::string_view standing_name(Standing standing) {
   switch (standing) {
@@ -25,6 +25,29 @@ std::string_view standing_name(Standing standing) {
       return "removed";
   }
   return "?";
+}
+
+/// The parts to choose from where so many are enough, else the first alternative.
+std::vector<diagnosis::ChangePart> advised(const diagnosis::Advice &advice) {
+  if (advice.enough != 0) return advice.choices;
+  return advice.alternatives.empty() ? std::vector<diagnosis::ChangePart>{} : advice.alternatives.front();
+}
+
+bool is_below(const element::Path &inner, const element::Path &outer) {
+  const auto is_same_step = [](const element::PathStep &a, const element::PathStep &b) {
+    return a.schema == b.schema && a.keys == b.keys;
+  };
+  return inner.size() > outer.size() && std::equal(outer.begin(), outer.end(), inner.begin(), is_same_step);
+}
+
+/// Without what goes with another part, for an entry takes along all it holds.
+std::vector<diagnosis::ChangePart> outermost(const std::vector<diagnosis::ChangePart> &parts) {
+  std::vector<diagnosis::ChangePart> outer;
+  for (const diagnosis::ChangePart &part : parts) {
+    const auto holds_it = [&part](const diagnosis::ChangePart &other) { return is_below(part.path, other.path); };
+    if (std::none_of(parts.begin(), parts.end(), holds_it)) outer.push_back(part);
+  }
+  return outer;
 }
 
 class Source {
@@ -43,14 +66,13 @@ class FindingMaker {
   FindingMaker(const element::Schema &schema, const InputFiles &files)
       : schema_(schema), running_(files.running), candidate_(files.candidate) {}
 
-  Finding make(const diagnosis::Fault &fault, bool from_device) const {
+  Finding make(const diagnosis::Finding &fault, bool from_device) const {
     Finding finding = make_bare(fault.verdict, from_device);
-    for (const auto &part : fault.change) finding.change.push_back(node(part));
-    for (const auto &part : fault.scaffold) finding.scaffold.push_back(node(part));
+    for (const auto &part : outermost(advised(fault.advice))) finding.change.push_back(node(part));
     for (const auto &party : fault.parties) finding.parties.push_back(this->party(party));
-    finding.enough = fault.enough;
-    finding.in_running = fault.in_running;
-    finding.complete = fault.complete;
+    finding.enough = fault.advice.enough;
+    finding.in_running = fault.is_preexisting;
+    finding.complete = fault.is_minimal;
     if (const FilePlace *place = touched_place(finding)) finding.place = *place;
     return finding;
   }
@@ -82,14 +104,14 @@ class FindingMaker {
 
   template <typename Part>
   FoundNode node(const Part &part) const {
-    FoundNode node = this->node(part.standing, part.path);
+    FoundNode node = this->node(part.status, part.path);
     node.old_value = part.old_value;
     node.new_value = part.new_value;
     return node;
   }
 
   FoundParty party(const diagnosis::Party &party) const {
-    FoundParty found{node(party.standing, party.path), party.group, party.vpn, party.interface, party.neighbor, {}};
+    FoundParty found{node(party.status, party.path), party.group, party.vpn, party.interface, party.neighbor, {}};
     for (const diagnosis::Detail &detail : party.details) found.details.push_back(node(detail));
     return found;
   }
@@ -140,8 +162,8 @@ std::vector<Finding> make_findings(const diagnosis::Diagnosis &diagnosis, const 
   const FindingMaker maker(schema, files);
   std::vector<Finding> findings;
   // The same message may be drawn a second time behind the first: only the first is the device's.
-  std::vector<const diagnosis::Fault *> left;
-  for (const diagnosis::Fault &fault : diagnosis.faults) left.push_back(&fault);
+  std::vector<const diagnosis::Finding *> left;
+  for (const diagnosis::Finding &fault : diagnosis.findings) left.push_back(&fault);
   for (const host::PointVerdict &message : messages) {
     const auto fault =
         std::find_if(left.begin(), left.end(), [&message](const auto *f) { return is_same(f->verdict, message); });
@@ -153,7 +175,7 @@ std::vector<Finding> make_findings(const diagnosis::Diagnosis &diagnosis, const 
       left.erase(fault);
     }
   }
-  for (const diagnosis::Fault *fault : left) findings.push_back(maker.make(*fault, false));
+  for (const diagnosis::Finding *fault : left) findings.push_back(maker.make(*fault, false));
   return findings;
 }
 

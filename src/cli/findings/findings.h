@@ -5,7 +5,7 @@
 
 #include "cli/findings/finding.h"
 #include "cli/input/input_files.h"
-#include "diagnosis/fault.h"
+#include "diagnosis/finding.h"
 #include "element/schema/schema.h"
 #include "host/run/commit.h"
 

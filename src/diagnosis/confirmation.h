@@ -1,0 +1,18 @@
+#ifndef DIAGNOSIS_CONFIRMATION_H
+#define DIAGNOSIS_CONFIRMATION_H
+
+#include "diagnosis/search_context.h"
+
+namespace diagnosis {
+
+/// Drops the conflicts that the rest of the commit mends: a conflict stays when its message is still drawn with all
+/// entries beside it that are party of no other conflict that stays. All that fail are dropped at once, until none
+/// does. The parties of a limit's conflict are all that it counts.
+void drop_mended(const SearchContext &context, FoundConflicts &conflicts);
+
+/// Tells the triggers of a conflict apart, and whether the running configuration has the fault.
+void find_triggers(const SearchContext &context, FoundConflict &conflict);
+
+}  // namespace diagnosis
+
+#endif

@@ -1,0 +1,139 @@
+#include "diagnosis/correction_search.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "diagnosis/description.h"
+
+namespace diagnosis {
+namespace {
+
+// More are not told.
+constexpr std::size_t kMostAlternatives = 64;
+
+// So many sets of candidates are put in order; larger sets are left to their unions.
+constexpr std::size_t kMostSets = 20'000;
+
+struct Rank {
+  std::size_t size = 0;
+  std::size_t removed = 0;
+  std::size_t changed = 0;
+
+  auto operator<=>(const Rank &) const = default;
+};
+
+struct Candidate {
+  Rank rank;
+  NumberSet parts;
+};
+
+Rank rank_of(const RevertibleChanges &changes, const NumberSet &parts) {
+  Rank rank{parts.size(), 0, 0};
+  for (const std::uint32_t part : parts) {
+    if (changes[part].status == ChangeStatus::removed) ++rank.removed;
+    if (changes[part].status == ChangeStatus::changed) ++rank.changed;
+  }
+  return rank;
+}
+
+/// The closed sets that the candidates make, level by level as in the Apriori algorithm: each set of a level is one of
+/// the level before with a later candidate.
+class Sets {
+ public:
+  Sets(const RevertibleChanges &changes, const NumberSet &candidates) : changes_(changes), candidates_(candidates) {
+    std::vector<NumberSet> level{{}};
+    while (!level.empty() && sets_.size() < kMostSets) level = next_level(level);
+    is_complete_ = level.empty();
+    std::stable_sort(sets_.begin(), sets_.end(), [](const Candidate &a, const Candidate &b) {
+      return std::tie(a.rank, a.parts) < std::tie(b.rank, b.parts);
+    });
+    sets_.erase(std::unique(sets_.begin(), sets_.end(),
+                            [](const Candidate &a, const Candidate &b) { return a.parts == b.parts; }),
+                sets_.end());
+  }
+
+  const std::vector<Candidate> &all() const { return sets_; }
+  bool is_complete() const { return is_complete_; }
+
+ private:
+  std::vector<NumberSet> next_level(const std::vector<NumberSet> &level) {
+    std::vector<NumberSet> next;
+    for (const NumberSet &chosen : level) {
+      for (const std::uint32_t part : candidates_) {
+        if (!chosen.empty() && part < changes_[chosen.back()].end) continue;
+        if (sets_.size() >= kMostSets) return next;
+        NumberSet more = chosen;
+        more.push_back(part);
+        NumberSet closed = changes_.closure(more);
+        sets_.push_back({rank_of(changes_, closed), std::move(closed)});
+        next.push_back(std::move(more));
+      }
+    }
+    return next;
+  }
+
+  const RevertibleChanges &changes_;
+  const NumberSet &candidates_;
+  std::vector<Candidate> sets_;
+  bool is_complete_ = true;
+};
+
+/// All choices of `enough` out of the parts are among the alternatives.
+bool is_any_of(std::size_t alternatives, std::size_t enough, std::size_t parts) {
+  std::size_t choices = 1;
+  for (std::size_t i = 0; i < enough; ++i) {
+    choices = choices * (parts - i) / (i + 1);
+    if (choices > alternatives) return false;
+  }
+  return choices == alternatives;
+}
+
+}  // namespace
+
+Corrections find_corrections(const SearchContext &context, const NumberSet &candidates,
+                             const std::function<bool(const NumberSet &)> &helps, std::size_t most_asked) {
+  const Sets sets(context.changes, candidates);
+  Corrections corrections;
+  Rank found;
+  std::size_t asked = 0;
+  for (const Candidate &candidate : sets.all()) {
+    const bool has_found = !corrections.sets.empty();
+    if (has_found && candidate.rank > found) break;
+    if (asked == most_asked || context.oracle.has_ended() || corrections.sets.size() == kMostAlternatives) {
+      corrections.has_all = false;
+      break;
+    }
+    ++asked;
+    if (!helps(candidate.parts)) continue;
+    if (!has_found) found = candidate.rank;
+    corrections.sets.push_back(candidate.parts);
+  }
+  const bool is_largest_known = sets.is_complete() || found.size <= 2;
+  corrections.is_minimal = !corrections.sets.empty() && is_largest_known && candidates == context.changes.all();
+  return corrections;
+}
+
+Advice describe_advice(const SearchContext &context, const Corrections &corrections) {
+  Advice advice;
+  NumberSet choices;
+  for (const NumberSet &set : corrections.sets) {
+    CorrectionSet described;
+    for (const std::uint32_t part : set) described.push_back(describe_part(context.entries, context.changes, part));
+    advice.alternatives.push_back(std::move(described));
+    choices = united(choices, set);
+  }
+  advice.is_minimal = corrections.is_minimal;
+  advice.has_all_alternatives = corrections.has_all;
+  const std::size_t enough = corrections.sets.empty() ? 0 : corrections.sets.front().size();
+  const bool is_choice =
+      corrections.has_all && corrections.sets.size() > 1 && is_any_of(corrections.sets.size(), enough, choices.size());
+  if (is_choice) {
+    advice.enough = enough;
+    for (const std::uint32_t part : choices) {
+      advice.choices.push_back(describe_part(context.entries, context.changes, part));
+    }
+  }
+  return advice;
+}
+
+}  // namespace diagnosis

@@ -1,0 +1,30 @@
+#ifndef DIAGNOSIS_INDEPENDENT_SETS_H
+#define DIAGNOSIS_INDEPENDENT_SETS_H
+
+#include <cstddef>
+#include <vector>
+
+#include "diagnosis/entries.h"
+
+namespace diagnosis {
+
+/// At most so many of these entries may be together without a known conflict: all but one of a conflict's parties, what
+/// a limit allows of those that it counts.
+struct Bound {
+  NumberSet parties;
+  std::size_t most = 0;
+};
+
+struct IndependentSets {
+  std::vector<NumberSet> sets;  ///< each maximal
+  bool is_covering = true;      ///< every two parties that may be together are together in one of the sets
+};
+
+/// Sets of the parties that keep to all bounds together with the entries of `kept`, at most `most_sets` of them: a
+/// greedy covering array of strength two. A fault that two parties have with each other, or one with what is no party,
+/// is in one of them. Without parties it is one empty set.
+IndependentSets independent_sets(const std::vector<Bound> &bounds, const NumberSet &kept, std::size_t most_sets);
+
+}  // namespace diagnosis
+
+#endif

@@ -1,0 +1,57 @@
+#include "diagnosis/oracle.h"
+
+namespace diagnosis {
+namespace {
+
+// A larger question costs more to keep than it is likely to save.
+constexpr std::size_t kLargestKept = 128;
+
+}  // namespace
+
+Oracle::Oracle(const host::Plugin &plugin, host::Seam &seam, const Entries &entries, const RevertibleChanges &changes,
+               Messages &messages, const Options &options)
+    : plugin_(plugin), seam_(seam), entries_(entries), changes_(changes), messages_(messages), options_(options) {}
+
+std::optional<NumberSet> Oracle::ask(const RestrictedCommit &commit) {
+  const bool is_kept = commit.entries.size() + commit.reverted.size() <= kLargestKept;
+  if (is_kept) {
+    const auto known = known_.find(commit);
+    if (known != known_.end()) return known->second;
+  }
+  if (has_ended()) return std::nullopt;
+  if (options_.progress) options_.progress(calls_, findings);
+  ++calls_;
+  try {
+    const auto transaction = make_transaction(commit, entries_, changes_, seam_.profile());
+    const host::Verdict verdict = host::validate_commit(plugin_, seam_, *transaction, {.all_points = true});
+    NumberSet answer = messages_.numbers_of(verdict);
+    if (is_kept) known_.emplace(commit, answer);
+    return answer;
+  } catch (const host::ContractError &error) {
+    end_ = SearchEnd::contract_violation;
+    contract_violation_ = error.what();
+    return std::nullopt;
+  }
+}
+
+bool Oracle::reproduces(const NumberSet &entries, std::uint32_t message) {
+  const std::optional<NumberSet> answer = ask({entries, {}});
+  return answer && contains(*answer, message);
+}
+
+bool Oracle::has_ended() {
+  if (end_ != SearchEnd::complete) return true;
+  if (calls_ >= options_.budget.calls) end_ = SearchEnd::calls;
+  if (std::chrono::steady_clock::now() - begin_ >= options_.budget.time) end_ = SearchEnd::time;
+  if (options_.is_interrupted && options_.is_interrupted()) end_ = SearchEnd::interrupted;
+  return end_ != SearchEnd::complete;
+}
+
+std::size_t Oracle::Hash::operator()(const RestrictedCommit &commit) const {
+  std::size_t seed = commit.is_start ? 1 : 0;
+  for (const std::uint32_t entry : commit.entries) seed = seed * 0x9E3779B97F4A7C15U + entry + 1;
+  for (const std::uint32_t part : commit.reverted) seed = (seed ^ 0x5bd1e995U) * 0x9E3779B97F4A7C15U + part + 1;
+  return seed ^ (seed >> 29U);
+}
+
+}  // namespace diagnosis

@@ -1,0 +1,59 @@
+#ifndef DIAGNOSIS_ORACLE_H
+#define DIAGNOSIS_ORACLE_H
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+#include "diagnosis/diagnose.h"
+#include "diagnosis/messages.h"
+#include "diagnosis/restricted_commit.h"
+
+namespace diagnosis {
+
+/// Asks the library about restricted commits, every validation point of them, as often and as long as the budget
+/// allows. The same small question is asked once.
+class Oracle {
+ public:
+  /// All that is referred to must outlive the oracle.
+  Oracle(const host::Plugin &plugin, host::Seam &seam, const Entries &entries, const RevertibleChanges &changes,
+         Messages &messages, const Options &options);
+
+  /// The numbers of the messages that the restricted commit draws. Nothing where the search has ended.
+  std::optional<NumberSet> ask(const RestrictedCommit &commit);
+
+  /// The commit restricted to a closed set of entries draws the message; not where the search has ended.
+  bool reproduces(const NumberSet &entries, std::uint32_t message);
+
+  /// The search must end: the budget is used up, or the library broke its contract.
+  bool has_ended();
+  SearchEnd end() const { return end_; }
+  std::uint64_t calls() const { return calls_; }
+  std::uint64_t calls_left() const { return options_.budget.calls - calls_; }
+  const std::string &contract_violation() const { return contract_violation_; }
+
+  std::size_t findings = 0;  ///< so far, for the progress
+
+ private:
+  struct Hash {
+    std::size_t operator()(const RestrictedCommit &commit) const;
+  };
+
+  const host::Plugin &plugin_;
+  host::Seam &seam_;
+  const Entries &entries_;
+  const RevertibleChanges &changes_;
+  Messages &messages_;
+  const Options &options_;
+  std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+  std::uint64_t calls_ = 0;
+  SearchEnd end_ = SearchEnd::complete;
+  std::string contract_violation_;
+  std::unordered_map<RestrictedCommit, NumberSet, Hash> known_;
+};
+
+}  // namespace diagnosis
+
+#endif

@@ -1,0 +1,106 @@
+#include "diagnosis/restricted_commit.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace diagnosis {
+namespace {
+
+using element::Node;
+
+/// Builds one configuration. A container comes with the first node that it holds. The time is in proportion to what is
+/// built: siblings that are left out are passed over list by list.
+class Builder {
+ public:
+  Builder(const RestrictedCommit &commit, const Entries &entries, const RevertibleChanges &changes, bool is_candidate)
+      : commit_(commit), entries_(entries), tree_(entries.tree()), changes_(changes), is_candidate_(is_candidate) {}
+
+  element::Tree build() {
+    element::Tree tree(tree_.schema());
+    add_range(0, tree_.size(), tree.root());
+    return tree;
+  }
+
+ private:
+  NodeState state_of(std::uint32_t number) const {
+    if (tree_[number].is_thing() && next_thing() != number) return NodeState::omitted;
+    const std::uint32_t part = commit_.reverted.empty() ? kNone : changes_.part_of(number);
+    return part != kNone && contains(commit_.reverted, part) ? NodeState::reverted : NodeState::applied;
+  }
+
+  std::uint32_t next_thing() const {
+    return cursor_ < commit_.entries.size() ? entries_[commit_.entries[cursor_]].node : tree_.size();
+  }
+
+  void skip_to(std::uint32_t number) {
+    while (next_thing() < number) ++cursor_;
+  }
+
+  void add_range(std::uint32_t begin, std::uint32_t end, Node &parent) {
+    for (std::uint32_t number = begin; number < end;) {
+      skip_to(number);
+      const MergedNode &node = tree_[number];
+      const NodeState state = state_of(number);
+      if (state == NodeState::omitted) {
+        number = std::min(next_thing(), node.list_end);
+        continue;
+      }
+      add(number, state, parent);
+      number = node.end;
+    }
+  }
+
+  const Node *source(const MergedNode &node, NodeState state) const {
+    if (node.is_bare()) return &node.node();
+    return is_candidate_ && state == NodeState::applied ? node.after : node.before;
+  }
+
+  void add(std::uint32_t number, NodeState state, Node &parent) {
+    const MergedNode &node = tree_[number];
+    const Node *from = source(node, state);
+    if (from == nullptr) return;
+    if (node.is_thing()) ++cursor_;
+    Node &below = node.is_entry() ? entry_below(node, parent)
+                                  : parent.children.emplace_back(Node{node.schema, {}, from->value, {}});
+    add_range(number + 1, node.end, below);
+    if (node.is_bare() && below.children.empty()) parent.children.pop_back();
+  }
+
+  // Nodes come in schema order, so that a new child is always the last one.
+  static Node &entry_below(const MergedNode &node, Node &parent) {
+    if (parent.children.empty() || parent.children.back().schema != node.schema) {
+      parent.children.push_back(Node{node.schema, {}, {}, {}});
+    }
+    return element::append_entry(parent.children.back(), node.node().keys);
+  }
+
+  const RestrictedCommit &commit_;
+  const Entries &entries_;
+  const MergedTree &tree_;
+  const RevertibleChanges &changes_;
+  bool is_candidate_;
+  std::size_t cursor_ = 0;  ///< the next entry of the set
+};
+
+}  // namespace
+
+element::Tree running_tree(const RestrictedCommit &commit, const Entries &entries, const RevertibleChanges &changes) {
+  return Builder(commit, entries, changes, false).build();
+}
+
+element::Tree candidate_tree(const RestrictedCommit &commit, const Entries &entries, const RevertibleChanges &changes) {
+  return Builder(commit, entries, changes, true).build();
+}
+
+std::unique_ptr<element::Transaction> make_transaction(const RestrictedCommit &commit, const Entries &entries,
+                                                       const RevertibleChanges &changes,
+                                                       const element::Profile &profile) {
+  element::Tree running = running_tree(commit, entries, changes);
+  if (commit.is_start) {
+    element::Tree nothing(running.schema());
+    return element::make_transaction(std::move(nothing), std::move(running), profile);
+  }
+  return element::make_transaction(std::move(running), candidate_tree(commit, entries, changes), profile);
+}
+
+}  // namespace diagnosis
