@@ -1,6 +1,7 @@
 #include "diagnosis/confirmation.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace diagnosis {
 namespace {
@@ -19,10 +20,11 @@ void join(Cluster &cluster, const Cluster &other) {
   cluster.conflicts.insert(cluster.conflicts.end(), other.conflicts.begin(), other.conflicts.end());
 }
 
-/// Moves the clusters of the same message that share a party into `own`.
-void join_same(std::vector<Cluster> &clusters, Cluster &own) {
-  const auto is_same = [&own](const Cluster &other) {
-    return other.message == own.message && !intersection(other.parties, own.parties).empty();
+/// Moves the clusters of the same limit that share a party, or of the same list, into `own`.
+void join_same(const SearchContext &context, std::vector<Cluster> &clusters, Cluster &own) {
+  const bool is_list = !context.messages[own.message].counts();
+  const auto is_same = [&](const Cluster &other) {
+    return other.message == own.message && (is_list || !intersection(other.parties, own.parties).empty());
   };
   while (true) {
     const auto same = std::find_if(clusters.begin(), clusters.end(), is_same);
@@ -37,19 +39,22 @@ std::vector<Cluster> clusters_of(const SearchContext &context, const FoundConfli
   for (std::size_t i = 0; i < conflicts.size(); ++i) {
     const FoundConflict &conflict = conflicts[i];
     Cluster own{conflict.entries, conflict.innermost(), conflict.message, {i}};
-    if (context.messages[conflict.message].is_cumulative()) join_same(clusters, own);
+    if (context.messages[conflict.message].is_cumulative()) join_same(context, clusters, own);
     clusters.push_back(std::move(own));
   }
   return clusters;
 }
 
+// It looks at the first VPN alone, wherever that is.
+constexpr std::string_view kLooksAtFirstVpn = "vpls-service-port-mixed";
+
 /// The entries of the cluster and all that are party of no other.
-NumberSet surroundings(const Entries &entries, const Cluster &cluster, const std::vector<std::uint32_t> &counts) {
-  NumberSet set;
-  for (std::uint32_t entry = 0; entry < entries.size(); ++entry) {
-    if (counts[entry] == 0) set.push_back(entry);
-  }
-  return entries.closure(united(united(set, cluster.entries), cluster.parties));
+NumberSet surroundings(const SearchContext &context, const Cluster &cluster, const std::vector<std::uint32_t> &counts) {
+  const rules::Rule *rule = context.messages[cluster.message].rule;
+  const bool is_everywhere = rule != nullptr && rule->id == kLooksAtFirstVpn;
+  NumberSet set = is_everywhere ? context.entries.all() : context.scope(cluster.entries);
+  std::erase_if(set, [&counts](std::uint32_t entry) { return counts[entry] != 0; });
+  return context.entries.closure(united(united(set, cluster.entries), cluster.parties));
 }
 
 std::vector<std::uint32_t> count_parties(const Entries &entries, const std::vector<Cluster> &clusters) {
@@ -69,6 +74,32 @@ bool runs_in_force(const SearchContext &context, const NumberSet &entries, std::
   return answer && contains(*answer, message);
 }
 
+/// What makes the library look: innermost entries that the commit touches, removed ones first, then added ones.
+NumberSet possible_triggers(const Entries &entries, const FoundConflict &conflict) {
+  NumberSet order;
+  for (const ChangeStatus status : {ChangeStatus::removed, ChangeStatus::added, ChangeStatus::changed}) {
+    for (const std::uint32_t entry : entries.innermost(conflict.entries)) {
+      if (status_of(entries, entry) == status) order.push_back(entry);
+    }
+  }
+  return order;
+}
+
+/// Leaves out one innermost entry after the other, as long as the fault is in force without it.
+NumberSet without_bystanders(const SearchContext &context, NumberSet set, std::uint32_t message) {
+  for (bool is_stable = false; !is_stable;) {
+    is_stable = true;
+    for (const std::uint32_t entry : context.entries.innermost(set)) {
+      const NumberSet rest = minus(set, {entry});
+      if (!runs_in_force(context, rest, message)) continue;
+      set = rest;
+      is_stable = false;
+      break;
+    }
+  }
+  return set;
+}
+
 }  // namespace
 
 void drop_mended(const SearchContext &context, FoundConflicts &conflicts) {
@@ -77,7 +108,7 @@ void drop_mended(const SearchContext &context, FoundConflicts &conflicts) {
     const std::vector<std::uint32_t> counts = count_parties(context.entries, clusters);
     std::vector<Cluster> left;
     for (const Cluster &cluster : clusters) {
-      const std::optional<NumberSet> answer = context.oracle.ask({surroundings(context.entries, cluster, counts), {}});
+      const std::optional<NumberSet> answer = context.oracle.ask({surroundings(context, cluster, counts), {}});
       if (!answer || contains(*answer, cluster.message)) left.push_back(cluster);
     }
     is_stable = left.size() == clusters.size();
@@ -93,28 +124,23 @@ void drop_mended(const SearchContext &context, FoundConflicts &conflicts) {
   conflicts = std::move(stay);
 }
 
-// Where the fault is in force without an innermost entry, that entry only makes the library look. What stood around it
-// alone goes with it, unless the fault is its own.
+// Where the fault is in force without an entry, that entry only makes the library look. What stood around it alone goes
+// with it, unless the fault is its own.
 void find_triggers(const SearchContext &context, FoundConflict &conflict) {
-  const Entries &entries = context.entries;
-  conflict.is_preexisting = runs_in_force(context, conflict.entries, conflict.message);
-  for (const std::uint32_t party : entries.innermost(conflict.entries)) {
-    if (runs_in_force(context, minus(conflict.entries, {party}), conflict.message)) conflict.triggers.push_back(party);
+  NumberSet core = conflict.entries;
+  for (const std::uint32_t entry : possible_triggers(context.entries, conflict)) {
+    const NumberSet rest = minus(core, {entry});
+    if (!runs_in_force(context, rest, conflict.message)) continue;
+    conflict.triggers.push_back(entry);
+    core = rest;
   }
-  if (conflict.triggers.empty()) return;
+  normalise(conflict.triggers);
+  if (conflict.triggers.empty()) {
+    conflict.is_preexisting = runs_in_force(context, conflict.entries, conflict.message);
+    return;
+  }
   conflict.is_preexisting = true;
-  NumberSet core = minus(conflict.entries, conflict.triggers);
-  for (bool is_stable = false; !is_stable;) {
-    is_stable = true;
-    for (const std::uint32_t party : entries.innermost(core)) {
-      const NumberSet rest = minus(core, {party});
-      if (!runs_in_force(context, rest, conflict.message)) continue;
-      core = rest;
-      is_stable = false;
-      break;
-    }
-  }
-  conflict.parties = entries.innermost(core);
+  conflict.parties = context.entries.innermost(without_bystanders(context, core, conflict.message));
 }
 
 }  // namespace diagnosis

@@ -124,14 +124,14 @@ Advice describe_advice(const SearchContext &context, const Corrections &correcti
   }
   advice.is_minimal = corrections.is_minimal;
   advice.has_all_alternatives = corrections.has_all;
+  advice.enough = corrections.enough;
   const std::size_t enough = corrections.sets.empty() ? 0 : corrections.sets.front().size();
   const bool is_choice =
       corrections.has_all && corrections.sets.size() > 1 && is_any_of(corrections.sets.size(), enough, choices.size());
-  if (is_choice) {
-    advice.enough = enough;
-    for (const std::uint32_t part : choices) {
-      advice.choices.push_back(describe_part(context.entries, context.changes, part));
-    }
+  if (is_choice) advice.enough = enough;
+  if (advice.enough == 0) return advice;
+  for (const std::uint32_t part : is_choice ? choices : corrections.choices) {
+    advice.choices.push_back(describe_part(context.entries, context.changes, part));
   }
   return advice;
 }

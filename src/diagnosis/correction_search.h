@@ -11,6 +11,8 @@ namespace diagnosis {
 /// Sets of parts of one size and rank, in file order.
 struct Corrections {
   std::vector<NumberSet> sets;  ///< closed
+  std::size_t enough = 0;       ///< a limit: so many of `choices` are enough, whichever
+  NumberSet choices;            ///< with the additions in them, each is one thing to choose
   bool is_minimal = false;      ///< every smaller set was asked about, and every one of a better rank
   bool has_all = true;          ///< every other set of the same size and rank was asked about
 };

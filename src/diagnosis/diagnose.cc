@@ -6,6 +6,7 @@
 #include "confd_lib.h"
 #include "diagnosis/advice_search.h"
 #include "diagnosis/confirmation.h"
+#include "diagnosis/conflict_search.h"
 #include "diagnosis/description.h"
 #include "diagnosis/exhaustive_search.h"
 #include "diagnosis/grouping.h"
@@ -15,6 +16,9 @@ namespace {
 
 // Twelve entries in no order have as many sets.
 constexpr std::uint64_t kMostEnumeratedSets = 4096;
+
+// What a conflict is confirmed with is the whole of so small a commit, of a larger one what is near.
+constexpr std::uint32_t kFewEntries = 200;
 
 /// What the device says: its first rejection, which ends the commit, and the warnings before it.
 std::vector<host::PointVerdict> spoken(const host::Verdict &verdict) {
@@ -36,29 +40,53 @@ class Diagnoser {
         entries_(tree_),
         changes_(entries_),
         oracle_(plugin, seam, entries_, changes_, messages_, options),
-        context_{entries_, changes_, messages_, oracle_} {}
+        context_{entries_, changes_, messages_, oracle_, nullptr} {}
 
   Diagnosis run(const host::Verdict &verdict) {
-    conflicts_ = find_all_by_enumeration(context_);
-    drop_mended(context_, conflicts_);
-    for (FoundConflict &conflict : conflicts_) find_triggers(context_, conflict);
+    find_conflicts(verdict);
     const std::vector<ConflictGroup> groups = group_conflicts(context_, conflicts_);
-    const AdviceSearch advice(context_, conflicts_, groups);
+    AdviceSearch advice(context_, conflicts_, groups);
+    advice.for_each();
     Diagnosis diagnosis;
     for (std::size_t group = 0; group < groups.size(); ++group) {
       diagnosis.findings.push_back(describe_finding(context_, conflicts_, groups[group]));
-      diagnosis.findings.back().advice = describe_advice(context_, advice.for_finding(group));
+      diagnosis.findings.back().advice = describe_advice(context_, advice.for_each()[group]);
     }
-    diagnosis.advice =
-        groups.size() == 1 ? diagnosis.findings.front().advice : describe_advice(context_, advice.for_all());
+    if (!groups.empty()) diagnosis.advice = describe_advice(context_, advice.for_all());
     mark_device_findings(verdict, diagnosis.findings);
     if (!options_.all_findings) {
       std::erase_if(diagnosis.findings, [](const Finding &finding) { return !finding.from_device; });
     }
+    finish(diagnosis);
+    return diagnosis;
+  }
+
+ private:
+  // Every set of a few entries can be asked about; of many entries what is near each other, and then the whole.
+  void find_conflicts(const host::Verdict &verdict) {
+    const std::uint64_t sets = count_closed_sets(entries_, kMostEnumeratedSets + 1);
+    if (sets <= std::min(kMostEnumeratedSets, options_.budget.calls) && entries_.size() < 32) {
+      conflicts_ = find_all_by_enumeration(context_);
+      drop_mended(context_, conflicts_);
+      for (FoundConflict &conflict : conflicts_) find_triggers(context_, conflict);
+      return;
+    }
+    locality_.emplace(entries_);
+    if (entries_.size() > kFewEntries) context_.locality = &*locality_;
+    ConflictSearch search(context_, *locality_);
+    for (const host::PointVerdict &answer : spoken(verdict)) search.find(messages_.number_of(answer));
+    if (options_.all_findings) search.find_all();
+    conflicts_ = search.conflicts();
+    is_proven_ = search.is_proven();
+    drop_mended(context_, conflicts_);
+  }
+
+  void finish(Diagnosis &diagnosis) const {
     diagnosis.calls = oracle_.calls();
     diagnosis.end = oracle_.end();
     diagnosis.contract_violation = oracle_.contract_violation();
-    return diagnosis;
+    if (is_proven_ && diagnosis.end == SearchEnd::complete) return;
+    for (const rules::Rule &rule : rules::all_rules()) diagnosis.unproven_rules.emplace_back(rule.id);
   }
 
  private:
@@ -88,6 +116,8 @@ class Diagnoser {
   Messages messages_;
   Oracle oracle_;
   SearchContext context_;
+  std::optional<Locality> locality_;
+  bool is_proven_ = true;
   FoundConflicts conflicts_;
 };
 

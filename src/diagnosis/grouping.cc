@@ -85,10 +85,21 @@ class Grouping {
         known.push_back(i);
       }
     }
+    join_lists();
     return groups();
   }
 
  private:
+  /// A message that lists entries is one finding, whichever it lists.
+  void join_lists() {
+    std::map<std::uint32_t, std::size_t> first;
+    for (std::size_t i = 0; i < conflicts_.size(); ++i) {
+      const Message &message = context_.messages[conflicts_[i].message];
+      if (!message.is_cumulative() || message.counts()) continue;
+      leaders_[leader(i)] = leader(first.try_emplace(conflicts_[i].message, i).first->second);
+    }
+  }
+
   bool belong_together(std::size_t a, std::size_t b) const {
     const FoundConflict &one = conflicts_[a];
     const FoundConflict &other = conflicts_[b];

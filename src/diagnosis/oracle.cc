@@ -12,6 +12,10 @@ Oracle::Oracle(const host::Plugin &plugin, host::Seam &seam, const Entries &entr
                Messages &messages, const Options &options)
     : plugin_(plugin), seam_(seam), entries_(entries), changes_(changes), messages_(messages), options_(options) {}
 
+std::chrono::steady_clock::time_point Oracle::now() const {
+  return options_.now ? options_.now() : std::chrono::steady_clock::now();
+}
+
 std::optional<NumberSet> Oracle::ask(const RestrictedCommit &commit) {
   const bool is_kept = commit.entries.size() + commit.reverted.size() <= kLargestKept;
   if (is_kept) {
@@ -42,7 +46,7 @@ bool Oracle::reproduces(const NumberSet &entries, std::uint32_t message) {
 bool Oracle::has_ended() {
   if (end_ != SearchEnd::complete) return true;
   if (calls_ >= options_.budget.calls) end_ = SearchEnd::calls;
-  if (std::chrono::steady_clock::now() - begin_ >= options_.budget.time) end_ = SearchEnd::time;
+  if (now() - begin_ >= options_.budget.time) end_ = SearchEnd::time;
   if (options_.is_interrupted && options_.is_interrupted()) end_ = SearchEnd::interrupted;
   return end_ != SearchEnd::complete;
 }

@@ -41,13 +41,15 @@ class Oracle {
     std::size_t operator()(const RestrictedCommit &commit) const;
   };
 
+  std::chrono::steady_clock::time_point now() const;
+
   const host::Plugin &plugin_;
   host::Seam &seam_;
   const Entries &entries_;
   const RevertibleChanges &changes_;
   Messages &messages_;
   const Options &options_;
-  std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+  std::chrono::steady_clock::time_point begin_;
   std::uint64_t calls_ = 0;
   SearchEnd end_ = SearchEnd::complete;
   std::string contract_violation_;

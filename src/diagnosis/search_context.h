@@ -2,6 +2,7 @@
 #define DIAGNOSIS_SEARCH_CONTEXT_H
 
 #include "diagnosis/entries.h"
+#include "diagnosis/locality.h"
 #include "diagnosis/messages.h"
 #include "diagnosis/oracle.h"
 #include "diagnosis/revertible_changes.h"
@@ -14,6 +15,10 @@ struct SearchContext {
   const RevertibleChanges &changes;
   Messages &messages;
   Oracle &oracle;
+  const Locality *locality = nullptr;  ///< of a commit of many entries
+
+  /// What may matter to the entries: all of a small commit, of a larger one what is near them.
+  NumberSet scope(const NumberSet &set) const { return locality == nullptr ? entries.all() : locality->around(set); }
 };
 
 /// A smallest closed set of entries whose part of the commit draws a message.
