@@ -81,6 +81,7 @@ const Texts kOtherTexts{
     "vpn ",
     "%s{1 %d %d}",
     "{1 ",
+    " ",
     ", ",
     ".     [",
     ". end.\n",
