@@ -10,17 +10,15 @@
 namespace report {
 namespace {
 
-using diagnosis::Standing;
-
-ChangeStatus status_of(Standing standing) {
+ChangeStatus status_of(diagnosis::Standing standing) {
   switch (standing) {
-    case Standing::unchanged:
+    case diagnosis::Standing::unchanged:
       return ChangeStatus::unchanged;
-    case Standing::added:
+    case diagnosis::Standing::added:
       return ChangeStatus::added;
-    case Standing::changed:
+    case diagnosis::Standing::changed:
       return ChangeStatus::changed;
-    case Standing::removed:
+    case diagnosis::Standing::removed:
       return ChangeStatus::removed;
   }
   return ChangeStatus::unchanged;
@@ -70,12 +68,12 @@ class FindingMaker {
   }
 
  private:
-  NodeReport node(Standing standing, const element::Path &path) const {
+  NodeReport node(diagnosis::Standing standing, const element::Path &path) const {
     NodeReport node;
     node.status = status_of(standing);
     node.path = element::to_text(path);
-    if (standing != Standing::added) node.running = running_.place_of(path);
-    if (standing != Standing::removed) node.candidate = candidate_.place_of(path);
+    if (standing != diagnosis::Standing::added) node.running = running_.place_of(path);
+    if (standing != diagnosis::Standing::removed) node.candidate = candidate_.place_of(path);
     return node;
   }
 

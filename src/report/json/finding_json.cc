@@ -2,17 +2,12 @@
 
 #include <nlohmann/json.hpp>
 
+#include "report/json/array.h"
+
 namespace report {
 namespace {
 
 using nlohmann::ordered_json;
-
-template <typename Items, typename Writer>
-ordered_json array(const Items &items, Writer writer) {
-  ordered_json json = ordered_json::array();
-  for (const auto &item : items) json.push_back(writer(item));
-  return json;
-}
 
 template <typename Item, typename Reader>
 std::vector<Item> items(const ordered_json &json, Reader reader) {

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "report/decision_text.h"
+#include "report/json/array.h"
 #include "report/json/finding_json.h"
 
 namespace report {
@@ -34,13 +35,6 @@ ordered_json change_json(const ListedChange &change) {
 ordered_json point_json(const host::PointVerdict &point) {
   ordered_json json{{"name", point.point}, {"path", point.path}, {"verdict", answer_text(point)}};
   if (!point.text.empty()) json["message"] = point.text;
-  return json;
-}
-
-template <typename Items, typename Writer>
-ordered_json array(const Items &items, Writer writer) {
-  ordered_json json = ordered_json::array();
-  for (const auto &item : items) json.push_back(writer(item));
   return json;
 }
 
