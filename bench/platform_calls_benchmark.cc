@@ -25,6 +25,9 @@ namespace {
 
 constexpr const char *kAttachments = "/internal/int-sub-vpls-vpn-ac";
 constexpr const char *kBridgeDomain = "/internal/int-vpls-group{%s}/int-vpls-vpn{%s %u}/int-vpls-bd";
+constexpr const char *kBridgeDomainVlan =
+    "/internal/int-vpls-group{%s}/int-vpls-vpn{%s %u}/int-vpls-bd/int-vpls-bd-vlan";
+constexpr const char *kBridgeDomainTls = "/internal/int-vpls-group{%s}/int-vpls-vpn{%s %u}/int-vpls-bd/int-vpls-bd-tls";
 constexpr int kAttachmentValues = 4;
 constexpr int kBatch = 64;
 
@@ -167,11 +170,10 @@ void find_next(benchmark::State &state) {
 
 void get_elem(benchmark::State &state) {
   Running running(state);
-  const std::string path = std::string(kBridgeDomain) + "/int-vpls-bd-vlan";
   for (auto _ : state) {
     const Attachment &entry = running.stage().next();
     confd_value_t value{};
-    require(maapi_get_elem(running.sock(), running.handle(), &value, path.c_str(), entry.group.c_str(),
+    require(maapi_get_elem(running.sock(), running.handle(), &value, kBridgeDomainVlan, entry.group.c_str(),
                            entry.vpn.c_str(), entry.id) == CONFD_OK);
     confd_free_value(&value);
   }
@@ -190,11 +192,10 @@ void get_u_int32_elem(benchmark::State &state) {
 
 void get_enum_value_elem(benchmark::State &state) {
   Running running(state);
-  const std::string path = std::string(kBridgeDomain) + "/int-vpls-bd-tls";
   for (auto _ : state) {
     const Attachment &entry = running.stage().next();
     std::int32_t setting = 0;
-    require(maapi_get_enum_value_elem(running.sock(), running.handle(), &setting, path.c_str(), entry.group.c_str(),
+    require(maapi_get_enum_value_elem(running.sock(), running.handle(), &setting, kBridgeDomainTls, entry.group.c_str(),
                                       entry.vpn.c_str(), entry.id) == CONFD_OK);
   }
 }

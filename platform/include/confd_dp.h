@@ -44,7 +44,7 @@ struct confd_trans_ctx {
 };
 
 /* Sets the text that goes with the callback's answer; printf-style. */
-void confd_trans_seterr(struct confd_trans_ctx *tctx, const char *fmt, ...);
+void confd_trans_seterr(struct confd_trans_ctx *tctx, const char *fmt, ...) CONFD_PRINTF(2, 3);
 
 /* Gives the running callback timeout_secs seconds from now before the agent gives it up. */
 int confd_data_set_timeout(struct confd_trans_ctx *tctx, int timeout_secs);

@@ -4,6 +4,14 @@
 #include <netinet/in.h>
 #include <stdint.h>
 
+/* Marks a printf-style function for compilers that check formats: the position of the format and of the first argument
+ * after it. */
+#ifdef __GNUC__
+#define CONFD_PRINTF(position, first) __attribute__((format(printf, position, first)))
+#else
+#define CONFD_PRINTF(position, first)
+#endif
+
 #ifdef __cplusplus
 extern "C" {
 #endif

@@ -3,18 +3,18 @@
 #include <exception>
 #include <string_view>
 
-#include "cli/arguments.h"
+#include "cli/command_line/arguments.h"
+#include "cli/command_line/errors.h"
 #include "cli/commands/check_command.h"
 #include "cli/commands/check_series.h"
 #include "cli/commands/explain_command.h"
 #include "cli/commands/headroom_command.h"
 #include "cli/commands/map_command.h"
 #include "cli/commands/show_command.h"
-#include "cli/errors.h"
-#include "cli/text/printable.h"
 #include "element/input/input_error.h"
 #include "host/run/commit.h"
 #include "host/run/plugin.h"
+#include "report/escape/printable.h"
 
 namespace cli {
 namespace {
@@ -44,14 +44,14 @@ ExitStatus run_command(const std::vector<std::string> &arguments, const Environm
 ExitStatus run(const std::vector<std::string> &arguments, const Environment &environment) {
   const auto fail = [&environment](const std::exception &error, ExitStatus status) {
     environment.out.flush();
-    environment.err << "vpnval: " << printable(error.what()) << '\n';
+    environment.err << "vpnval: " << report::printable(error.what()) << '\n';
     return status;
   };
   try {
     return run_command(arguments, environment);
   } catch (const UsageError &error) {
     return fail(error, ExitStatus::usage);
-  } catch (const ChildError &error) {
+  } catch (const WorkerError &error) {
     return fail(error, error.status);
   } catch (const element::FileError &error) {
     return fail(error, ExitStatus::unreadable_file);

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/environment.h"
-#include "cli/exit_status.h"
+#include "cli/command_line/environment.h"
+#include "cli/command_line/exit_status.h"
 
 namespace cli {
 

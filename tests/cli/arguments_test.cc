@@ -1,4 +1,4 @@
-#include "cli/arguments.h"
+#include "cli/command_line/arguments.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <map>
 #include <sstream>
 
-#include "cli/errors.h"
+#include "cli/command_line/errors.h"
 #include "tests/cli/commit_folder.h"
 
 namespace {
@@ -120,7 +120,8 @@ TEST(Arguments, what_is_not_the_series_own_is_handed_on) {
   const auto series =
       std::get<CheckArguments>(parse({"check", "a", "b", "--fail-on-warn", "--jobs", "4", "--format", "json", "--color",
                                       "never", "--plugin", "p", "--suppress", "x y", "--budget", "7,3s", "--all"}));
-  EXPECT_EQ(series.handed_on, (std::vector<std::string>{"--all", "--budget=7,3s", "--suppress=x y", "--fail-on-warn"}));
+  EXPECT_EQ(series.forwarded_options,
+            (std::vector<std::string>{"--all", "--budget=7,3s", "--suppress=x y", "--fail-on-warn"}));
 }
 
 TEST(Arguments, show_takes_a_directory_and_a_path) {

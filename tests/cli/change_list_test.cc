@@ -1,11 +1,11 @@
-#include "cli/output/change_list.h"
+#include "report/change_list.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "cli/output/text_output.h"
 #include "element/datastore/tree.h"
+#include "report/text/verdict_text.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ class ChangeList : public testing::Test {
     after.sort();
     const element::Change changes = element::difference(before, after);
     std::ostringstream out;
-    cli::write_changes(out, cli::list_changes(changes, with_derived), cli::Paint(false));
+    report::write_changes(out, report::list_changes(changes, with_derived), report::TextStyle(false));
     return out.str();
   }
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/environment.h"
+#include "cli/command_line/environment.h"
 #include "cli/run.h"
 
 /// A folder that holds a commit, gone with the object. Fresh, it is a valid one that changes nothing, on an element

@@ -1,4 +1,4 @@
-#include "cli/children/commit_result.h"
+#include "cli/workers/commit_result.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,9 @@
 
 namespace {
 
-using cli::CommitResult;
 using cli::ExitStatus;
 using process::Result;
+using report::CommitResult;
 
 Result ended(int status, const std::string &out, const std::string &err) {
   Result left;
@@ -41,7 +41,7 @@ TEST(CommitResult, of_a_process_that_decided_is_its_verdict) {
     EXPECT_EQ(result.commit.name, "north");
     EXPECT_EQ(result.commit.decision, host::Decision::accepted);
     EXPECT_EQ(result.commit.error, "");
-    EXPECT_EQ(result.status, status);
+    EXPECT_EQ(result.exit_status, static_cast<int>(status));
     EXPECT_EQ(result.document, document);
   }
 }
@@ -75,7 +75,7 @@ TEST(CommitResult, of_any_other_process_is_an_error) {
     EXPECT_EQ(result.commit.error, row.error);
     EXPECT_EQ(result.commit.decision, std::nullopt) << row.error;
     EXPECT_EQ(result.commit.name, "north") << row.error;
-    EXPECT_EQ(result.status, row.status) << row.error;
+    EXPECT_EQ(result.exit_status, static_cast<int>(row.status)) << row.error;
     EXPECT_EQ(result.document, "") << row.error;
   }
 }

@@ -1,12 +1,11 @@
-#include "cli/findings/finding_json.h"
+#include "report/json/finding_json.h"
 
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "cli/output/json_input.h"
-#include "cli/output/json_output.h"
+#include "report/json/verdict_json.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_findings.h"
@@ -14,37 +13,41 @@
 namespace {
 
 /// A report with everything that one can hold.
-cli::Report full_report() {
-  cli::Report report;
+report::CheckReport full_report() {
+  report::CheckReport report;
   report.inputs = {"element.json", "running.xml", "candidate.xml"};
   report.plugin_file = "lib.so";
   report.build_id = "none";
   report.verdict.decision = host::Decision::rejected;
-  report.findings = {same_dot1q(), uplink_warning(), too_many_vpns(6)};
-  report.findings[1].suppressed = cli::Suppressed{{"known.txt", 3}, "the uplink moves next week"};
-  report.findings[2].complete = false;
-  report.search = {
-      .all_faults = true, .calls = 500, .budget_calls = 500, .budget_seconds = 2.5, .ended_by = "calls", .breach = ""};
-  report.unused_suppressions = {"known.txt:4: vpn-limit /mpls"};
+  report.commit.findings = {same_dot1q(), uplink_warning(), too_many_vpns(6)};
+  report.commit.findings[1].suppressed = report::Suppressed{{"known.txt", 3}, "the uplink moves next week"};
+  report.commit.findings[2].complete = false;
+  report.commit.search = {.all_faults = true,
+                          .calls = 500,
+                          .budget_calls = 500,
+                          .budget_seconds = 2.5,
+                          .end = report::SearchEnd::call_budget,
+                          .contract_violation = ""};
+  report.commit.unused_suppressions = {"known.txt:4: vpn-limit /mpls"};
   return report;
 }
 
-std::string written(const cli::Report &report) {
+std::string written(const report::CheckReport &report) {
   std::ostringstream out;
   write_json(out, report);
   return out.str();
 }
 
 TEST(FindingJson, what_is_read_back_is_what_was_written) {
-  const cli::Report report = full_report();
-  const cli::DecidedCommit commit = cli::read_json_report(written(report), "night/42");
+  const report::CheckReport report = full_report();
+  const report::CommitReport commit = report::read_json_report(written(report), "night/42");
   EXPECT_EQ(commit.name, "night/42");
   EXPECT_EQ(commit.decision, host::Decision::rejected);
   EXPECT_EQ(commit.error, "");
   ASSERT_EQ(commit.findings.size(), 3u);
-  EXPECT_EQ(cli::findings_json(commit.findings), cli::findings_json(report.findings));
-  EXPECT_EQ(cli::search_json(commit.search), cli::search_json(report.search));
-  EXPECT_EQ(commit.unused_suppressions, report.unused_suppressions);
+  EXPECT_EQ(report::findings_json(commit.findings), report::findings_json(report.commit.findings));
+  EXPECT_EQ(report::search_json(commit.search), report::search_json(report.commit.search));
+  EXPECT_EQ(commit.unused_suppressions, report.commit.unused_suppressions);
 }
 
 TEST(FindingJson, a_finding_shows_rule_message_parties_and_places) {
@@ -72,9 +75,9 @@ TEST(FindingJson, a_bound_that_ended_the_search_is_named) {
 }
 
 TEST(FindingJson, every_text_survives_but_for_bytes_that_are_no_utf8) {
-  cli::Report report = full_report();
-  report.findings = {hostile()};
-  const cli::DecidedCommit commit = cli::read_json_report(written(report), "");
+  report::CheckReport report = full_report();
+  report.commit.findings = {hostile()};
+  const report::CommitReport commit = report::read_json_report(written(report), "");
   std::string expected = hostile_text;
   expected.replace(expected.size() - 1, 1, "\xef\xbf\xbd");
   EXPECT_EQ(commit.findings.at(0).message, expected);
@@ -84,14 +87,15 @@ TEST(FindingJson, every_text_survives_but_for_bytes_that_are_no_utf8) {
 TEST(FindingJson, documents_with_findings_fit_the_schema) {
   const CommitFolder folder;
   folder.write("full", written(full_report()));
-  cli::Report report = full_report();
-  report.findings = {hostile()};
-  report.search.ended_by = "breach";
-  report.search.breach = "vpn_peer_valp: values not freed: 1";
-  EXPECT_EQ(cli::read_json_report(written(report), "").search.breach, report.search.breach);
+  report::CheckReport report = full_report();
+  report.commit.findings = {hostile()};
+  report.commit.search.end = report::SearchEnd::contract_violation;
+  report.commit.search.contract_violation = "vpn_peer_valp: values not freed: 1";
+  EXPECT_EQ(report::read_json_report(written(report), "").search.contract_violation,
+            report.commit.search.contract_violation);
   folder.write("broken", written(report));
-  report.search.ended_by.clear();
-  report.search.breach.clear();
+  report.commit.search.end = report::SearchEnd::complete;
+  report.commit.search.contract_violation.clear();
   folder.write("hostile", written(report));
   const ProcessResult result =
       run_reader("fits_schema.py", SOURCE_DIR "/docs/verdict.schema.json " + folder.file("full") + " " +
@@ -110,7 +114,7 @@ TEST(FindingJson, what_is_no_verdict_is_refused) {
        {std::string(), std::string("commit rejected"), std::string("[]"), changed("/schema-version", 2),
         changed("/decision", "maybe"), changed("/findings", nlohmann::ordered_json::object({{"rule", 1}})),
         changed("/findings/0/message", 7), changed("/search", nullptr)}) {
-    EXPECT_THROW(cli::read_json_report(text, ""), cli::DocumentError) << text;
+    EXPECT_THROW(report::read_json_report(text, ""), report::DocumentError) << text;
   }
 }
 

@@ -1,19 +1,19 @@
-#include "cli/findings/findings.h"
+#include "report/findings.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "cli/findings/finding.h"
 #include "confd_lib.h"
 #include "element/input/configuration.h"
 #include "element/input/input_error.h"
+#include "report/finding.h"
 #include "tests/cli/commit_folder.h"
 
 namespace {
 
-using cli::Finding;
 using diagnosis::Standing;
+using report::Finding;
 
 const std::string l2vpn = "/mpls/l2vpn-config/l2vpn/";
 const std::string east = l2vpn + "vpws-group{metro}/vpn{east}";
@@ -66,15 +66,15 @@ class Findings : public testing::Test {
   std::vector<Finding> make(std::vector<host::PointVerdict> said) const {
     host::Verdict verdict;
     verdict.points = std::move(said);
-    return cli::make_findings(diagnosis, verdict, schema, files());
+    return report::make_findings(diagnosis, verdict, schema, files());
   }
 
-  cli::InputFiles files() const {
+  report::InputFiles files() const {
     return {folder.file("element.json"), folder.file("running.json"), folder.file("candidate.json")};
   }
 
   /// The place without the folder.
-  std::string place(const cli::FilePlace &at) const {
+  std::string place(const report::FilePlace &at) const {
     const std::string text = to_text(at);
     EXPECT_EQ(text.find(folder.path() + "/"), 0u) << text;
     return text.substr(folder.path().size() + 1);
@@ -103,25 +103,25 @@ TEST_F(Findings, nodes_have_their_lines_in_the_files_that_hold_them) {
         {Standing::unchanged, path(l2vpn + "vpws-group{metro}"), "vpws-group metro", "", "", "", {}}},
        {{Standing::added, path(west), {}, {}}, {Standing::removed, path(east), {}, {}}});
   const Finding finding = make({rejection("no")}).at(0);
-  const cli::FoundParty &party = finding.parties.at(0);
+  const report::PartyReport &party = finding.parties.at(0);
   EXPECT_EQ(party.group, "vpws-group metro");
   EXPECT_EQ(party.vpn, "east");
   EXPECT_EQ(party.interface, "ge-1");
   EXPECT_EQ(party.node.path, east + "/access-interface{ge-1}");
-  EXPECT_EQ(party.node.standing, "changed");
+  EXPECT_EQ(party.node.status, report::ChangeStatus::changed);
   EXPECT_EQ(place(party.node.running.value()), "running.json:6");
   EXPECT_EQ(place(party.node.candidate.value()), "candidate.json:7");
   EXPECT_EQ(party.details.at(0).old_value, "100");
   EXPECT_EQ(party.details.at(0).new_value, "200");
   EXPECT_EQ(place(party.details.at(0).running.value()), "running.json:8");
   EXPECT_EQ(place(party.details.at(0).candidate.value()), "candidate.json:10");
-  EXPECT_EQ(finding.parties.at(1).node.standing, "unchanged");
+  EXPECT_EQ(finding.parties.at(1).node.status, report::ChangeStatus::unchanged);
   EXPECT_EQ(place(finding.parties.at(1).node.running.value()), "running.json:2");
 
-  EXPECT_EQ(finding.change.at(0).standing, "added");
+  EXPECT_EQ(finding.change.at(0).status, report::ChangeStatus::added);
   EXPECT_FALSE(finding.change.at(0).running);
   EXPECT_EQ(place(finding.change.at(0).candidate.value()), "candidate.json:11");
-  EXPECT_EQ(finding.change.at(1).standing, "removed");
+  EXPECT_EQ(finding.change.at(1).status, report::ChangeStatus::removed);
   EXPECT_EQ(place(finding.change.at(1).running.value()), "running.json:5");
   EXPECT_FALSE(finding.change.at(1).candidate);
 }
@@ -208,7 +208,7 @@ TEST_F(Findings, a_limit_keeps_its_number_and_an_unfinished_search_its_mark) {
   const Finding finding = make({rejection("no")}).at(0);
   EXPECT_EQ(finding.enough, 3u);
   EXPECT_FALSE(finding.complete);
-  EXPECT_EQ(finding.scaffold.at(0).path, west);
+  EXPECT_EQ(finding.prerequisites.at(0).path, west);
 }
 
 TEST_F(Findings, a_file_that_was_changed_meanwhile_is_an_input_error) {

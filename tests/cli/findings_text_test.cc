@@ -1,4 +1,4 @@
-#include "cli/output/findings_text.h"
+#include "report/text/findings_text.h"
 
 #include <gtest/gtest.h>
 
@@ -8,11 +8,11 @@
 
 namespace {
 
-using cli::DecidedCommit;
+using report::CommitReport;
 
-std::string text_of(const DecidedCommit &commit, bool in_colour = false) {
+std::string text_of(const CommitReport &commit, bool in_colour = false) {
   std::ostringstream out;
-  cli::write_findings(out, commit.findings, commit.search, cli::Paint(in_colour));
+  report::write_findings(out, commit.findings, commit.search, report::TextStyle(in_colour));
   return out.str();
 }
 
@@ -33,7 +33,7 @@ const std::string same_dot1q_text =
 TEST(FindingsText, an_accepted_commit_has_none) { EXPECT_EQ(text_of(decided({})), ""); }
 
 TEST(FindingsText, both_parties_are_shown_with_their_places_and_what_is_to_be_taken_back) {
-  DecidedCommit commit = decided({same_dot1q()});
+  CommitReport commit = decided({same_dot1q()});
   commit.search.all_faults = false;
   EXPECT_EQ(text_of(commit), "\nwhat the device says: 1\n\n" + same_dot1q_text +
                                  "\nwhy, and what to do: vpnval explain access-same-dot1q\n"
@@ -74,8 +74,8 @@ TEST(FindingsText, a_limit_tells_how_many_are_enough_and_long_lists_are_cut) {
 }
 
 TEST(FindingsText, what_the_commit_touches_comes_first_among_the_details) {
-  cli::Finding finding = same_dot1q();
-  const cli::FoundNode left = finding.parties[1].details[0];
+  report::Finding finding = same_dot1q();
+  const report::NodeReport left = finding.parties[1].details[0];
   finding.parties[0].details.insert(finding.parties[0].details.begin(), 10, left);
   const std::string text = text_of(decided({finding}));
   EXPECT_NE(text.find("candidate.xml:11)\n         + dot1q: 210 (night/42/candidate.xml:13)\n           "),
@@ -85,7 +85,7 @@ TEST(FindingsText, what_the_commit_touches_comes_first_among_the_details) {
 }
 
 TEST(FindingsText, a_pseudowire_goes_by_its_neighbour) {
-  cli::FoundParty party;
+  report::PartyReport party;
   party.node.path = "/mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/neighbor{192.0.2.2}";
   party.group = "vpws-group branches";
   party.vpn = "south";
@@ -96,7 +96,7 @@ TEST(FindingsText, a_pseudowire_goes_by_its_neighbour) {
 }
 
 TEST(FindingsText, the_parts_of_a_change_stand_under_the_number_that_is_to_go) {
-  cli::Finding finding = same_dot1q();
+  report::Finding finding = same_dot1q();
   finding.change.push_back(finding.parties[1].node);
   EXPECT_NE(text_of(decided({finding})).find("   take back these 2:\n"), std::string::npos);
   finding.enough = 1;
@@ -104,18 +104,18 @@ TEST(FindingsText, the_parts_of_a_change_stand_under_the_number_that_is_to_go) {
 }
 
 TEST(FindingsText, an_entry_that_was_added_for_a_part_alone_is_not_listed_beside_it) {
-  cli::Finding finding = same_dot1q();
-  finding.change.insert(finding.change.begin(), finding.scaffold[0]);
+  report::Finding finding = same_dot1q();
+  finding.change.insert(finding.change.begin(), finding.prerequisites[0]);
   EXPECT_NE(text_of(decided({finding})).find(same_dot1q_text), std::string::npos);
 }
 
 TEST(FindingsText, each_standing_has_its_mark_its_words_and_its_file) {
-  cli::Finding finding = same_dot1q();
-  cli::FoundNode &node = finding.parties[1].node;
-  cli::FoundNode &detail = finding.parties[1].details[0];
-  const auto party = [&](const std::string &standing) {
-    node.standing = standing;
-    detail.standing = standing;
+  report::Finding finding = same_dot1q();
+  report::NodeReport &node = finding.parties[1].node;
+  report::NodeReport &detail = finding.parties[1].details[0];
+  const auto party = [&](report::ChangeStatus status) {
+    node.status = status;
+    detail.status = status;
     detail.old_value = "210";
     detail.new_value = "211";
     const std::string text = text_of(decided({finding}));
@@ -123,30 +123,33 @@ TEST(FindingsText, each_standing_has_its_mark_its_words_and_its_file) {
     return text.substr(begin, text.find("   take back") - begin);
   };
   const std::string title = "vpls-group campus, vpn data, interface gigabit-ethernet-1/1/1: ";
-  EXPECT_EQ(party("changed"), "     ~ " + title + "changed by this commit (night/42/candidate.xml:36)\n" +
-                                  "         ~ dot1q: 210 -> 211 (night/42/candidate.xml:35)\n");
-  EXPECT_EQ(party("removed"), "     - " + title + "removed by this commit (night/42/running.xml:16)\n" +
-                                  "         - dot1q: 210 -> 211 (night/42/running.xml:15)\n");
-  EXPECT_EQ(party("unchanged"), "       " + title + "in the running configuration (night/42/running.xml:16)\n" +
-                                    "           dot1q: 210 (night/42/running.xml:15)\n");
+  EXPECT_EQ(party(report::ChangeStatus::changed), "     ~ " + title +
+                                                      "changed by this commit (night/42/candidate.xml:36)\n" +
+                                                      "         ~ dot1q: 210 -> 211 (night/42/candidate.xml:35)\n");
+  EXPECT_EQ(party(report::ChangeStatus::removed), "     - " + title +
+                                                      "removed by this commit (night/42/running.xml:16)\n" +
+                                                      "         - dot1q: 210 -> 211 (night/42/running.xml:15)\n");
+  EXPECT_EQ(party(report::ChangeStatus::unchanged), "       " + title +
+                                                        "in the running configuration (night/42/running.xml:16)\n" +
+                                                        "           dot1q: 210 (night/42/running.xml:15)\n");
 }
 
 TEST(FindingsText, a_bound_that_ended_the_search_is_told_at_the_finding_and_at_the_end) {
-  DecidedCommit commit = decided({same_dot1q()});
+  CommitReport commit = decided({same_dot1q()});
   commit.findings[0].complete = false;
-  commit.search.ended_by = "calls";
+  commit.search.end = report::SearchEnd::call_budget;
   EXPECT_EQ(text_of(commit), "\nwhat the device says: 1\n\n" + same_dot1q_text +
                                  "   the search ended before it was sure that nothing smaller draws this message\n"
                                  "\nthe search ended early, for its 20,000 calls of the library are made: there may be "
                                  "further faults, and less than is listed may draw a message; --budget sets the bound\n"
                                  "\nwhy, and what to do: vpnval explain access-same-dot1q\n");
-  commit.search.ended_by = "time";
+  commit.search.end = report::SearchEnd::time_budget;
   commit.search.all_faults = false;
   EXPECT_NE(text_of(commit).find("\nthe search ended early, for its 60 s are over: less than is listed may draw the "
                                  "message; --budget sets the bound\n"),
             std::string::npos);
-  commit.search.ended_by = "breach";
-  commit.search.breach = "vpn_access_valp: an exception left the call: out of range";
+  commit.search.end = report::SearchEnd::contract_violation;
+  commit.search.contract_violation = "vpn_access_valp: an exception left the call: out of range";
   EXPECT_NE(text_of(commit).find("\nthe search ended early, for the library broke its contract on a smaller commit: "
                                  "vpn_access_valp: an exception left the call: out of range; there may be further "
                                  "faults\n"),
@@ -154,7 +157,7 @@ TEST(FindingsText, a_bound_that_ended_the_search_is_told_at_the_finding_and_at_t
 }
 
 TEST(FindingsText, a_fault_of_the_running_configuration_is_told_as_such) {
-  DecidedCommit commit = decided({same_dot1q()});
+  CommitReport commit = decided({same_dot1q()});
   commit.findings[0].in_running = true;
   EXPECT_NE(
       text_of(commit).find("\n   the running configuration has this fault: mend it there, or take back what makes "
@@ -163,7 +166,7 @@ TEST(FindingsText, a_fault_of_the_running_configuration_is_told_as_such) {
 }
 
 TEST(FindingsText, a_message_that_the_search_did_not_come_to_has_its_node_alone) {
-  DecidedCommit commit = decided({same_dot1q()});
+  CommitReport commit = decided({same_dot1q()});
   commit.findings[0].parties.clear();
   commit.findings[0].change.clear();
   EXPECT_NE(text_of(commit).find("on interface gigabit-ethernet-1/1/1\n"
@@ -173,8 +176,8 @@ TEST(FindingsText, a_message_that_the_search_did_not_come_to_has_its_node_alone)
 }
 
 TEST(FindingsText, without_a_search_the_verdict_stands_alone) {
-  DecidedCommit commit = decided({same_dot1q()});
-  commit.search.ended_by = "calls";
+  CommitReport commit = decided({same_dot1q()});
+  commit.search.end = report::SearchEnd::call_budget;
   commit.search.budget_calls = 0;
   EXPECT_EQ(text_of(commit), "");
   commit.search.budget_calls = 20000;
@@ -183,8 +186,9 @@ TEST(FindingsText, without_a_search_the_verdict_stands_alone) {
 }
 
 TEST(FindingsText, what_is_suppressed_is_shown_with_the_line_that_suppresses_it) {
-  DecidedCommit commit = decided({same_dot1q(), uplink_warning()});
-  for (cli::Finding &finding : commit.findings) finding.suppressed = cli::Suppressed{{"known.txt", 3}, "moves tonight"};
+  CommitReport commit = decided({same_dot1q(), uplink_warning()});
+  for (report::Finding &finding : commit.findings)
+    finding.suppressed = report::Suppressed{{"known.txt", 3}, "moves tonight"};
   const std::string expected =
       "\nwhat the device says: 1\n\n"
       "1. rejected [access-same-dot1q]: vpls-group campus vpn data and vpws-group branches vpn south must not be "
@@ -200,7 +204,7 @@ TEST(FindingsText, what_is_suppressed_is_shown_with_the_line_that_suppresses_it)
 }
 
 TEST(FindingsText, a_message_without_a_rule_has_no_page) {
-  DecidedCommit commit = decided({same_dot1q()});
+  CommitReport commit = decided({same_dot1q()});
   commit.findings[0].rule.clear();
   const std::string text = text_of(commit);
   EXPECT_NE(text.find("\n1. rejected: vpls-group campus"), std::string::npos) << text;

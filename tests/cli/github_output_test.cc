@@ -1,24 +1,23 @@
-#include "cli/output/github_output.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <sstream>
 
+#include "report/ci/github.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_findings.h"
 
 namespace {
 
-std::string written(const std::vector<cli::DecidedCommit> &commits) {
+std::string written(const std::vector<report::CommitReport> &commits) {
   std::ostringstream out;
-  cli::write_github(out, commits);
+  report::write_github(out, commits);
   return out.str();
 }
 
 /// What a runner finds in the commands.
-std::string read_back(const std::vector<cli::DecidedCommit> &commits) {
+std::string read_back(const std::vector<report::CommitReport> &commits) {
   const CommitFolder folder;
   folder.write("commands", written(commits));
   return run_reader("read_github.py", folder.file("commands")).output;
@@ -55,7 +54,7 @@ TEST(GithubOutput, each_finding_is_an_annotation_at_its_place) {
 }
 
 TEST(GithubOutput, a_command_is_one_line_and_escapes_what_ends_its_parts) {
-  cli::Finding finding = same_dot1q();
+  report::Finding finding = same_dot1q();
   finding.rule.clear();
   finding.parties.clear();
   finding.change.clear();
@@ -67,22 +66,22 @@ TEST(GithubOutput, a_command_is_one_line_and_escapes_what_ends_its_parts) {
 }
 
 TEST(GithubOutput, what_is_suppressed_is_no_annotation) {
-  cli::Finding known = same_dot1q();
-  known.suppressed = cli::Suppressed{{"known.txt", 3}, "moves tonight"};
+  report::Finding known = same_dot1q();
+  known.suppressed = report::Suppressed{{"known.txt", 3}, "moves tonight"};
   EXPECT_EQ(written({decided({known})}), "");
   EXPECT_EQ(written({decided({})}), "");
 }
 
 TEST(GithubOutput, a_commit_that_could_not_be_decided_is_an_error) {
-  cli::DecidedCommit broken;
+  report::CommitReport broken;
   broken.name = "night/43";
   broken.error = "night/43/candidate.xml:7: /mpls: what is wrong";
   EXPECT_EQ(written({broken}), "::error title=night/43::night/43/candidate.xml:7: /mpls: what is wrong\n");
 }
 
 TEST(GithubOutput, a_search_that_ended_early_is_a_notice) {
-  cli::DecidedCommit commit = decided({});
-  commit.search.ended_by = "calls";
+  report::CommitReport commit = decided({});
+  commit.search.end = report::SearchEnd::call_budget;
   EXPECT_EQ(written({commit}),
             "::notice title=night/42::the search ended early, for its 20,000 calls of the library are made: there may "
             "be further faults, and less than is listed may draw a message; --budget sets the bound\n");

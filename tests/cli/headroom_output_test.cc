@@ -2,21 +2,21 @@
 
 #include <sstream>
 
-#include "cli/output/headroom_json.h"
-#include "cli/output/headroom_text.h"
+#include "report/json/headroom_json.h"
+#include "report/text/headroom_text.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_headroom.h"
 
 namespace {
 
-std::string text_of(const cli::HeadroomReport &report) {
+std::string text_of(const report::HeadroomReport &report) {
   std::ostringstream out;
   write_headroom_text(out, report);
   return out.str();
 }
 
-std::string json_of(const cli::HeadroomReport &report) {
+std::string json_of(const report::HeadroomReport &report) {
   std::ostringstream out;
   write_headroom_json(out, report);
   return out.str();
@@ -51,7 +51,7 @@ decided by /lib/library.so, build id 0123abcd
 }
 
 TEST(HeadroomText, of_one_element_has_one_column) {
-  cli::HeadroomReport report = sample_headroom();
+  report::HeadroomReport report = sample_headroom();
   report.elements.resize(1);
   report.elements[0].measurement.remainders.resize(1);
   report.elements[0].measurement.answers.clear();
@@ -69,7 +69,7 @@ decided by /lib/library.so, build id 0123abcd
 TEST(HeadroomJson, fits_its_schema) {
   const CommitFolder folder;
   folder.write("both", json_of(sample_headroom()));
-  cli::HeadroomReport cut = sample_headroom();
+  report::HeadroomReport cut = sample_headroom();
   cut.elements[0].measurement.answers[0].message = "cut within a character: \xc3";
   cut.elements.pop_back();
   folder.write("cut", json_of(cut));
@@ -79,8 +79,8 @@ TEST(HeadroomJson, fits_its_schema) {
 }
 
 TEST(HeadroomJson, reads_back_what_it_writes) {
-  const cli::HeadroomReport report = sample_headroom();
-  const cli::HeadroomReport read = cli::read_headroom_json(json_of(report));
+  const report::HeadroomReport report = sample_headroom();
+  const report::HeadroomReport read = report::read_headroom_json(json_of(report));
   EXPECT_EQ(json_of(read), json_of(report));
   EXPECT_EQ(text_of(read), text_of(report));
 }
@@ -88,9 +88,9 @@ TEST(HeadroomJson, reads_back_what_it_writes) {
 TEST(HeadroomJson, reads_nothing_else) {
   std::string other = json_of(sample_headroom());
   other.replace(other.find("\"exceeded\""), 10, "\"no-such\"");
-  EXPECT_THROW(cli::read_headroom_json(other), std::exception);
-  EXPECT_THROW(cli::read_headroom_json("{}"), std::exception);
-  EXPECT_THROW(cli::read_headroom_json(""), std::exception);
+  EXPECT_THROW(report::read_headroom_json(other), std::exception);
+  EXPECT_THROW(report::read_headroom_json("{}"), std::exception);
+  EXPECT_THROW(report::read_headroom_json(""), std::exception);
 }
 
 }  // namespace

@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/errors.h"
+#include "cli/command_line/errors.h"
 #include "element/input/input_error.h"
 #include "tests/cli/commit_folder.h"
 
 namespace {
 
-cli::InputFiles find_in(const CommitFolder &folder) { return cli::find_input_files({folder.path(), "", "", ""}); }
+report::InputFiles find_in(const CommitFolder &folder) { return cli::find_input_files({folder.path(), "", "", ""}); }
 
 TEST(InputFiles, a_directory_holds_profile_and_configurations_as_json_or_xml) {
   const CommitFolder folder;
@@ -25,7 +25,7 @@ TEST(InputFiles, a_directory_holds_profile_and_configurations_as_json_or_xml) {
 TEST(InputFiles, a_named_file_takes_the_place_of_the_directorys) {
   const CommitFolder folder;
   folder.write("other.json", "{}");
-  const cli::InputFiles files = cli::find_input_files({folder.path(), folder.file("other.json"), "", ""});
+  const report::InputFiles files = cli::find_input_files({folder.path(), folder.file("other.json"), "", ""});
   EXPECT_EQ(files.element, folder.file("other.json"));
   EXPECT_EQ(files.running, folder.file("running.json"));
 }

@@ -1,9 +1,8 @@
-#include "cli/output/junit_output.h"
-
 #include <gtest/gtest.h>
 
 #include <sstream>
 
+#include "report/ci/junit.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_findings.h"
@@ -11,20 +10,20 @@
 namespace {
 
 /// What a CI system's reader finds in the report.
-std::string read_back(const std::vector<cli::DecidedCommit> &commits) {
+std::string read_back(const std::vector<report::CommitReport> &commits) {
   const CommitFolder folder;
   std::ostringstream out;
-  cli::write_junit(out, commits);
+  report::write_junit(out, commits);
   folder.write("report.xml", out.str());
   return run_reader("read_junit.py", folder.file("report.xml")).output;
 }
 
-cli::Finding suppressed(cli::Finding finding) {
-  finding.suppressed = cli::Suppressed{{"known.txt", 3}, "moves tonight"};
+report::Finding suppressed(report::Finding finding) {
+  finding.suppressed = report::Suppressed{{"known.txt", 3}, "moves tonight"};
   return finding;
 }
 
-cli::DecidedCommit named(const std::string &name, cli::DecidedCommit commit) {
+report::CommitReport named(const std::string &name, report::CommitReport commit) {
   commit.name = name;
   return commit;
 }
@@ -44,7 +43,7 @@ std::string uplink_text(const std::string &indent) {
 }
 
 TEST(JunitOutput, each_commit_is_a_case_with_its_outcome) {
-  cli::DecidedCommit broken;
+  report::CommitReport broken;
   broken.name = "broken";
   broken.error = "broken/candidate.xml:7: /mpls: what is wrong";
   EXPECT_EQ(read_back({named("good", decided({})), named("warned", decided({uplink_warning()})),
@@ -65,7 +64,7 @@ TEST(JunitOutput, each_commit_is_a_case_with_its_outcome) {
 }
 
 TEST(JunitOutput, the_rejections_of_a_commit_are_one_failure_that_the_first_one_names) {
-  cli::Finding bare = same_dot1q();
+  report::Finding bare = same_dot1q();
   bare.rule.clear();
   bare.message = "this neighbour is not wanted";
   bare.parties.clear();
@@ -89,8 +88,8 @@ TEST(JunitOutput, the_rejections_of_a_commit_are_one_failure_that_the_first_one_
 }
 
 TEST(JunitOutput, a_search_that_ended_early_is_told) {
-  cli::DecidedCommit commit = decided({uplink_warning()});
-  commit.search.ended_by = "time";
+  report::CommitReport commit = decided({uplink_warning()});
+  commit.search.end = report::SearchEnd::time_budget;
   EXPECT_EQ(read_back({commit}), "suite vpnval: tests 1 failures 0 errors 0 skipped 0\ncase vpnval.check night/42\n" +
                                      uplink_text("  out: ") +
                                      "  out: the search ended early, for its 60 s are over: there may be further "

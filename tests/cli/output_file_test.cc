@@ -1,11 +1,11 @@
-#include "cli/output/output_file.h"
+#include "cli/terminal/output_file.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <set>
 
-#include "cli/errors.h"
+#include "cli/command_line/errors.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/support/file_content.h"
 
@@ -35,7 +35,7 @@ TEST_F(OutputFileTest, takes_the_place_of_what_stood_there_when_it_is_whole) {
   output.write("new ");
   output.write(std::string(100000, 'x'));
   EXPECT_EQ(content_of(file), "old");
-  output.put_in_place();
+  output.publish();
   EXPECT_EQ(content_of(file), "new " + std::string(100000, 'x'));
   EXPECT_EQ(names(), (std::set<std::string>{"map.svg"}));
 }
@@ -50,7 +50,7 @@ TEST_F(OutputFileTest, goes_without_a_trace_unless_it_is_put_in_place) {
 TEST_F(OutputFileTest, can_be_read_as_any_file_that_the_user_writes) {
   folder.write("out/usual", "");
   OutputFile output(file);
-  output.put_in_place();
+  output.publish();
   EXPECT_EQ(fs::status(file).permissions(), fs::status(directory + "/usual").permissions());
 }
 
@@ -58,7 +58,7 @@ TEST_F(OutputFileTest, a_place_that_cannot_be_written_is_named) {
   fs::create_directory(file);
   const auto put = [](const std::string &where) {
     try {
-      OutputFile(where).put_in_place();
+      OutputFile(where).publish();
     } catch (const cli::OutputFileError &error) {
       return std::string(error.what());
     }

@@ -1,4 +1,4 @@
-#include "cli/findings/path_pattern.h"
+#include "report/path_pattern.h"
 
 #include <gtest/gtest.h>
 
@@ -26,7 +26,7 @@ TEST(PathPattern, a_star_stands_for_any_text_within_a_name_or_keys) {
            {R"(/a/vpn{"say \"hi\""})", "/a/vpn{say*hi*}"},
            {"/a/vpn{a*b}", "/a/vpn{a*b}"},
        }) {
-    EXPECT_TRUE(cli::fits_pattern(path, pattern)) << path << " and " << pattern;
+    EXPECT_TRUE(report::fits_pattern(path, pattern)) << path << " and " << pattern;
   }
 }
 
@@ -44,7 +44,7 @@ TEST(PathPattern, a_star_leads_out_of_no_step) {
            {"/a/b/c", "/a/*c"},
            {"/a/vpn{east}", ""},
        }) {
-    EXPECT_FALSE(cli::fits_pattern(path, pattern)) << path << " and " << pattern;
+    EXPECT_FALSE(report::fits_pattern(path, pattern)) << path << " and " << pattern;
   }
 }
 

@@ -1,4 +1,4 @@
-#include "cli/text/path_text.h"
+#include "report/path_text.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ TEST(PathText, a_slash_within_keys_parts_no_steps) {
       {"/a/b{never/closed", {"a", "b{never/closed"}},
       {R"(/a/b{"x\)", {"a", R"(b{"x\)"}},
   };
-  for (const auto &[path, steps] : rows) EXPECT_EQ(cli::path_steps(path), steps) << path;
+  for (const auto &[path, steps] : rows) EXPECT_EQ(report::path_steps(path), steps) << path;
 }
 
 TEST(PathText, a_path_beside_another_is_what_they_do_not_share) {
@@ -33,7 +33,7 @@ TEST(PathText, a_path_beside_another_is_what_they_do_not_share) {
            {"/a/vpn{x}", "/a/vpn{x}/dot1q", "vpn{x}"},
            {"/config/vlan{1}", "/mpls/l2vpn-config", "/config/vlan{1}"},
        }) {
-    EXPECT_EQ(cli::path_beside(path, other), beside) << path << " beside " << other;
+    EXPECT_EQ(report::path_beside(path, other), beside) << path << " beside " << other;
   }
 }
 

@@ -1,4 +1,4 @@
-#include "cli/text/printable.h"
+#include "report/escape/printable.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ TEST(Printable, text_stays_as_it_is_and_control_characters_become_escapes) {
       {"a\xc2\xa0", "a\xc2\xa0"},
       {"cut \xc2", "cut \xc2"},
   };
-  for (const auto &[text, expected] : rows) EXPECT_EQ(cli::printable(text), expected);
+  for (const auto &[text, expected] : rows) EXPECT_EQ(report::printable(text), expected);
 }
 
 }  // namespace

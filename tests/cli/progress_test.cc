@@ -1,4 +1,4 @@
-#include "cli/output/progress.h"
+#include "cli/terminal/progress.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ std::string told_at(bool is_terminal, const std::vector<std::chrono::millisecond
     cli::Progress progress(out, is_terminal, [&now] { return now; });
     for (std::size_t i = 0; i < times.size(); ++i) {
       now = cli::Progress::Clock::time_point(times[i]);
-      progress.tell([i] { return "step " + std::to_string(i); });
+      progress.update([i] { return "step " + std::to_string(i); });
     }
   }
   return out.str();
@@ -39,11 +39,11 @@ TEST(Progress, makes_room_for_other_text_on_a_terminal) {
     cli::Progress::Clock::time_point now{};
     std::ostringstream out;
     cli::Progress progress(out, is_terminal, [&now] { return now; });
-    progress.hide();
+    progress.clear();
     now += 2s;
-    progress.tell([] { return "half"; });
-    progress.hide();
-    progress.hide();
+    progress.update([] { return "half"; });
+    progress.clear();
+    progress.clear();
     EXPECT_EQ(out.str(), is_terminal ? "\r\x1b[Khalf\r\x1b[K" : "half\n");
   }
 }

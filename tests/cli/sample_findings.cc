@@ -1,12 +1,12 @@
 #include "tests/cli/sample_findings.h"
 
-#include "cli/findings/finding.h"
+#include "report/finding.h"
 
-using cli::DecidedCommit;
-using cli::FilePlace;
-using cli::Finding;
-using cli::FoundNode;
-using cli::FoundParty;
+using report::CommitReport;
+using report::FilePlace;
+using report::Finding;
+using report::NodeReport;
+using report::PartyReport;
 
 const std::string hostile_text =
     "a\"b'c<d>&amp;]]>::error file=x,line=1::y%0A,:\r\n\x1b[31mred\x01 [link](https://example.invalid) {0} caf\xc3";
@@ -15,31 +15,31 @@ namespace {
 
 const std::string l2vpn = "/mpls/l2vpn-config/l2vpn/";
 
-FoundNode added(const std::string &path, std::size_t line) {
-  FoundNode node;
-  node.standing = "added";
+NodeReport added(const std::string &path, std::size_t line) {
+  NodeReport node;
+  node.status = report::ChangeStatus::added;
   node.path = path;
   node.candidate = FilePlace{"night/42/candidate.xml", line};
   return node;
 }
 
-FoundNode unchanged(const std::string &path, std::size_t line) {
-  FoundNode node;
-  node.standing = "unchanged";
+NodeReport unchanged(const std::string &path, std::size_t line) {
+  NodeReport node;
+  node.status = report::ChangeStatus::unchanged;
   node.path = path;
   node.running = FilePlace{"night/42/running.xml", line};
   node.candidate = FilePlace{"night/42/candidate.xml", line + 20};
   return node;
 }
 
-FoundNode with_value(FoundNode node, const std::string &value) {
-  (node.standing == "added" ? node.new_value : node.old_value) = value;
+NodeReport with_value(NodeReport node, const std::string &value) {
+  (node.status == report::ChangeStatus::added ? node.new_value : node.old_value) = value;
   return node;
 }
 
-FoundParty branches_south() {
+PartyReport branches_south() {
   const std::string path = l2vpn + "vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1}";
-  FoundParty party;
+  PartyReport party;
   party.node = added(path, 11);
   party.group = "vpws-group branches";
   party.vpn = "south";
@@ -48,9 +48,9 @@ FoundParty branches_south() {
   return party;
 }
 
-FoundParty campus_data() {
+PartyReport campus_data() {
   const std::string path = l2vpn + "vpls-group{campus}/vpn{data}/bridge-domain";
-  FoundParty party;
+  PartyReport party;
   party.node = unchanged(path + "/access-interface{gigabit-ethernet-1/1/1}", 16);
   party.group = "vpls-group campus";
   party.vpn = "data";
@@ -72,7 +72,7 @@ Finding same_dot1q() {
       "interface gigabit-ethernet-1/1/1";
   finding.parties = {branches_south(), campus_data()};
   finding.change = {with_value(added(finding.path + "/dot1q", 13), "210")};
-  finding.scaffold = {added(l2vpn + "vpws-group{branches}", 4)};
+  finding.prerequisites = {added(l2vpn + "vpws-group{branches}", 4)};
   finding.place = {"night/42/candidate.xml", 11};
   return finding;
 }
@@ -84,7 +84,7 @@ Finding uplink_warning() {
   finding.point = "vlm_memb_valp";
   finding.path = "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable";
   finding.message = "Some MPLS VPN's have access and uplink interfaces in common.";
-  FoundParty member;
+  PartyReport member;
   member.node = added("/config/vlan{100}/interface{gigabit-ethernet-1/1/2}", 40);
   member.interface = "gigabit-ethernet-1/1/2";
   finding.parties = {member};
@@ -102,7 +102,7 @@ Finding too_many_vpns(std::size_t vpns) {
   finding.message =
       "Maximum number of VPNs has been exceeded. Attempt to configure " + std::to_string(vpns) + " of 4 allowed";
   for (std::size_t i = 1; i <= vpns; ++i) {
-    FoundParty party;
+    PartyReport party;
     party.node = added(l2vpn + "vpls-group{campus}/vpn{v" + std::to_string(i) + "}", 10 * i);
     party.group = "vpls-group campus";
     party.vpn = "v" + std::to_string(i);
@@ -118,7 +118,7 @@ Finding hostile() {
   Finding finding = same_dot1q();
   finding.message = hostile_text;
   finding.path += hostile_text;
-  for (FoundParty &party : finding.parties) {
+  for (PartyReport &party : finding.parties) {
     party.vpn = hostile_text;
     party.node.path += hostile_text;
   }
@@ -129,8 +129,8 @@ Finding hostile() {
   return finding;
 }
 
-DecidedCommit decided(std::vector<Finding> findings) {
-  DecidedCommit commit;
+CommitReport decided(std::vector<Finding> findings) {
+  CommitReport commit;
   commit.name = "night/42";
   commit.decision = host::Decision::accepted;
   for (const Finding &finding : findings) {
@@ -140,7 +140,11 @@ DecidedCommit decided(std::vector<Finding> findings) {
     if (!finding.is_warning) commit.decision = host::Decision::rejected;
   }
   commit.findings = std::move(findings);
-  commit.search = {
-      .all_faults = true, .calls = 41, .budget_calls = 20000, .budget_seconds = 60, .ended_by = "", .breach = ""};
+  commit.search = {.all_faults = true,
+                   .calls = 41,
+                   .budget_calls = 20000,
+                   .budget_seconds = 60,
+                   .end = report::SearchEnd::complete,
+                   .contract_violation = ""};
   return commit;
 }

@@ -4,23 +4,23 @@
 #include <cstddef>
 #include <string>
 
-#include "cli/findings/decided_commit.h"
+#include "report/commit_report.h"
 
 /// An added VPWS VPN takes the VLAN that a VPLS VPN of the running configuration has on the port: the device rejects.
-cli::Finding same_dot1q();
+report::Finding same_dot1q();
 
 /// An access interface that is on an uplink: a warning, hidden behind a rejection.
-cli::Finding uplink_warning();
+report::Finding uplink_warning();
 
 /// A card's limit of 4 VPNs with this many VPNs, each of them added.
-cli::Finding too_many_vpns(std::size_t vpns);
+report::Finding too_many_vpns(std::size_t vpns);
 
 /// A rejection whose every text holds what formats give a meaning to: quotes, angle brackets, "]]>", "::", line breaks,
 /// "%0A", an escape sequence, and a character that was cut in two.
-cli::Finding hostile();
+report::Finding hostile();
 extern const std::string hostile_text;
 
 /// A commit "night/42" with these findings, rejected where one of them rejects.
-cli::DecidedCommit decided(std::vector<cli::Finding> findings);
+report::CommitReport decided(std::vector<report::Finding> findings);
 
 #endif

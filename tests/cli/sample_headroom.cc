@@ -22,7 +22,7 @@ Remainder remainder(Limit limit, const std::string &vpn, const std::string &inte
           std::move(stop)};
 }
 
-cli::ElementHeadroom roomy() {
+report::ElementHeadroom roomy() {
   const Number none;
   headroom::Measurement measurement{host::Decision::accepted_with_warnings, {unknown}, {}};
   measurement.remainders = {
@@ -37,8 +37,8 @@ cli::ElementHeadroom roomy() {
   return {"roomy.json", measurement};
 }
 
-cli::ElementHeadroom tight() {
-  cli::ElementHeadroom element = roomy();
+report::ElementHeadroom tight() {
+  report::ElementHeadroom element = roomy();
   element.file = "tight\x1b.json";
   element.measurement.decision = host::Decision::rejected;
   element.measurement.answers = {too_many_vpns};
@@ -50,6 +50,6 @@ cli::ElementHeadroom tight() {
 
 }  // namespace
 
-cli::HeadroomReport sample_headroom() {
+report::HeadroomReport sample_headroom() {
   return {"running.xml", "candidate.xml", "/lib/library.so", "0123abcd", {roomy(), tight()}};
 }

@@ -1,5 +1,3 @@
-#include "cli/output/sarif_output.h"
-
 #include <glob.h>
 #include <gtest/gtest.h>
 
@@ -7,8 +5,9 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "cli/output/sarif_rules.h"
-#include "cli/text/file_uri.h"
+#include "report/ci/sarif.h"
+#include "report/ci/sarif_rules.h"
+#include "report/escape/file_uri.h"
 #include "rules/rule.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
@@ -18,13 +17,13 @@ namespace {
 
 using nlohmann::json;
 
-std::string written(const std::vector<cli::DecidedCommit> &commits) {
+std::string written(const std::vector<report::CommitReport> &commits) {
   std::ostringstream out;
-  cli::write_sarif(out, commits);
+  report::write_sarif(out, commits);
   return out.str();
 }
 
-json results_of(const std::vector<cli::DecidedCommit> &commits) {
+json results_of(const std::vector<report::CommitReport> &commits) {
   return json::parse(written(commits)).at("runs").at(0).at("results");
 }
 
@@ -38,7 +37,7 @@ std::string schema_file() {
   return file;
 }
 
-std::string fingerprint_of(const cli::Finding &finding) {
+std::string fingerprint_of(const report::Finding &finding) {
   return results_of({decided({finding})}).at(0).at("partialFingerprints").at("conflict/v1");
 }
 
@@ -47,10 +46,10 @@ TEST(SarifOutput, a_validating_reader_finds_every_result_and_place) {
   if (schema.empty()) {
     GTEST_SKIP() << "no SARIF schema at hand: VPNVAL_SARIF_SCHEMA may name a copy of sarif-2.1.0.json";
   }
-  cli::DecidedCommit decided_one = decided({same_dot1q(), uplink_warning(), too_many_vpns(5)});
-  decided_one.findings[1].suppressed = cli::Suppressed{{"known faults.txt", 3}, "lab"};
-  decided_one.search.ended_by = "calls";
-  cli::DecidedCommit broken;
+  report::CommitReport decided_one = decided({same_dot1q(), uplink_warning(), too_many_vpns(5)});
+  decided_one.findings[1].suppressed = report::Suppressed{{"known faults.txt", 3}, "lab"};
+  decided_one.search.end = report::SearchEnd::call_budget;
+  report::CommitReport broken;
   broken.name = "night/43";
   broken.error = "night/43/candidate.xml:7: /mpls: what is wrong";
   const CommitFolder folder;
@@ -107,7 +106,7 @@ TEST(SarifOutput, a_result_names_its_rule_its_message_and_its_parties) {
 }
 
 TEST(SarifOutput, a_finding_without_parties_stands_at_the_node_under_validation) {
-  cli::Finding finding = same_dot1q();
+  report::Finding finding = same_dot1q();
   finding.parties.clear();
   finding.place.line = 0;
   finding.rule.clear();
@@ -120,7 +119,7 @@ TEST(SarifOutput, a_finding_without_parties_stands_at_the_node_under_validation)
 }
 
 TEST(SarifOutput, a_party_that_the_commit_leaves_alone_is_related_even_where_it_is_the_only_one) {
-  cli::Finding finding = same_dot1q();
+  report::Finding finding = same_dot1q();
   finding.parties.erase(finding.parties.begin());
   const json result = results_of({decided({finding})}).at(0);
   EXPECT_EQ(result.at("relatedLocations").size(), 1u);
@@ -128,16 +127,16 @@ TEST(SarifOutput, a_party_that_the_commit_leaves_alone_is_related_even_where_it_
 }
 
 TEST(SarifOutput, fingerprints_stay_while_lines_move_and_tell_faults_apart) {
-  cli::Finding moved = same_dot1q();
+  report::Finding moved = same_dot1q();
   moved.place.line = 500;
   moved.parties[0].node.candidate->line = 500;
-  moved.parties[1].node.standing = "changed";
+  moved.parties[1].node.status = report::ChangeStatus::changed;
   EXPECT_EQ(fingerprint_of(moved), fingerprint_of(same_dot1q()));
   EXPECT_EQ(fingerprint_of(too_many_vpns(5)), fingerprint_of(too_many_vpns(6)));
 
-  cli::Finding other_rule = same_dot1q();
+  report::Finding other_rule = same_dot1q();
   other_rule.rule = "access-untagged-twice";
-  cli::Finding other_party = same_dot1q();
+  report::Finding other_party = same_dot1q();
   other_party.parties[1].node.path += "/x";
   EXPECT_NE(fingerprint_of(other_rule), fingerprint_of(same_dot1q()));
   EXPECT_NE(fingerprint_of(other_party), fingerprint_of(same_dot1q()));
@@ -147,7 +146,7 @@ TEST(SarifOutput, fingerprints_stay_while_lines_move_and_tell_faults_apart) {
 }
 
 TEST(SarifOutput, every_rule_is_described_once) {
-  const json rules = json(cli::sarif_rules());
+  const json rules = json(report::sarif_rules());
   ASSERT_EQ(rules.size(), rules::all_rules().size());
   for (std::size_t i = 0; i < rules.size(); ++i) {
     const rules::Rule &rule = rules::all_rules()[i];
@@ -160,7 +159,7 @@ TEST(SarifOutput, every_rule_is_described_once) {
 }
 
 TEST(SarifOutput, a_rules_message_numbers_its_arguments) {
-  const json rules = cli::sarif_rules();
+  const json rules = report::sarif_rules();
   for (const json &rule : rules) {
     if (rule.at("id") != "vpn-limit") continue;
     EXPECT_EQ(rule.at("messageStrings").at("default").at("text"),
@@ -169,8 +168,8 @@ TEST(SarifOutput, a_rules_message_numbers_its_arguments) {
 }
 
 TEST(SarifOutput, texts_make_neither_arguments_nor_links) {
-  EXPECT_EQ(cli::sarif_text("dot1q-range [100-200] {x}"), "dot1q-range [100-200] {{x}}");
-  EXPECT_EQ(cli::sarif_text("[link](https://example.invalid)"), "\\[link\\](https://example.invalid)");
+  EXPECT_EQ(report::sarif_text("dot1q-range [100-200] {x}"), "dot1q-range [100-200] {{x}}");
+  EXPECT_EQ(report::sarif_text("[link](https://example.invalid)"), "\\[link\\](https://example.invalid)");
 }
 
 TEST(SarifOutput, files_become_uri_references) {
@@ -184,7 +183,7 @@ TEST(SarifOutput, files_become_uri_references) {
             "cht\xff.xml",
             "n%C3%A4cht%FF.xml"},
        }) {
-    EXPECT_EQ(cli::file_uri(file), uri);
+    EXPECT_EQ(report::file_uri(file), uri);
   }
 }
 

@@ -1,4 +1,4 @@
-#include "cli/findings/suppressions.h"
+#include "report/suppressions.h"
 
 #include <gtest/gtest.h>
 
@@ -7,14 +7,14 @@
 
 namespace {
 
-using cli::Suppressions;
+using report::Suppressions;
 
 const std::string south = "/mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/access-interface{*}";
 const std::string data = "/mpls/l2vpn-config/l2vpn/vpls-group{campus}/vpn{data}/bridge-domain/access-interface{*}";
 
 /// What suppresses the finding, as "FILE:LINE: REASON"; empty: nothing.
-std::string suppressed(const cli::Finding &finding, const std::string &file) {
-  std::vector<cli::Finding> findings{finding};
+std::string suppressed(const report::Finding &finding, const std::string &file) {
+  std::vector<report::Finding> findings{finding};
   Suppressions::parse(file, "known.txt").apply(findings);
   if (!findings[0].suppressed) return "";
   return to_text(findings[0].suppressed->by) + ": " + findings[0].suppressed->reason;
@@ -32,21 +32,21 @@ TEST(Suppressions, a_line_fits_by_its_rule_and_the_path_of_any_party) {
 
 TEST(Suppressions, the_node_under_validation_counts_where_no_party_is_known) {
   const std::string line = "member-on-uplink /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMember* # lab";
-  cli::Finding finding = uplink_warning();
+  report::Finding finding = uplink_warning();
   EXPECT_EQ(suppressed(finding, line), "");
   finding.parties.clear();
   EXPECT_EQ(suppressed(finding, line), "known.txt:1: lab");
 }
 
 TEST(Suppressions, paths_fit_as_they_are_printed) {
-  cli::Finding finding = same_dot1q();
+  report::Finding finding = same_dot1q();
   finding.parties[1].node.path = "/a/vpn{\"east\x1b side\"}/b";
   EXPECT_EQ(suppressed(finding, R"(access-same-dot1q /a/vpn{"east\x1b side"}/b # as printed)"),
             "known.txt:1: as printed");
 }
 
 TEST(Suppressions, blanks_and_number_signs_are_a_keys_own) {
-  cli::Finding finding = same_dot1q();
+  report::Finding finding = same_dot1q();
   finding.parties[0].node.path = R"(/a/vpn{"no #1 \"}"})";
   EXPECT_EQ(suppressed(finding,
                        "# what is known\r\n\n \t\n"
@@ -66,7 +66,7 @@ TEST(Suppressions, lines_that_fit_nothing_are_told) {
                                                       " # known, too\nvpn-limit /mpls # long gone\n",
                                                   "known.txt");
   EXPECT_EQ(suppressions.unused().size(), 3u);
-  std::vector<cli::Finding> findings{uplink_warning(), same_dot1q()};
+  std::vector<report::Finding> findings{uplink_warning(), same_dot1q()};
   suppressions.apply(findings);
   EXPECT_EQ(suppressions.unused(), std::vector<std::string>{"known.txt:3: vpn-limit /mpls"});
 }

@@ -179,6 +179,14 @@ TEST_F(ChangesTest, AnEntryOfSeveralKeysHasThemInOneElement) {
             std::vector<Reported>{entry(MOP_CREATED, {u32(1), i32(100), i32(1001)}, 4)});
 }
 
+TEST_F(ChangesTest, BelowANameWithAPercentSignAreFound) {
+  stage->create_entry("/mpls/l2vpn-config/l2vpn/vpws-group", {text("%n")}, {});
+  stage->open();
+  Iteration iteration;
+  maapi_keypath_diff_iterate(sock(), handle(), record, 0, &iteration, "/mpls/l2vpn-config/l2vpn/vpws-group{%%n}");
+  EXPECT_EQ(iteration.reported, std::vector<Reported>{entry(MOP_CREATED, {text("%n")}, kGroupDepth)});
+}
+
 confd_iter_ret print_path(confd_hkeypath_t *kp, confd_iter_op, confd_value_t *, confd_value_t *, void *state) {
   char text[512];
   const int length = confd_pp_kpath(text, sizeof text, kp);

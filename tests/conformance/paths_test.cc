@@ -40,6 +40,18 @@ TEST_F(PathsTest, AKeyWithABlankThatWasFormattedBeforehandReadsAsTwo) {
   EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
 }
 
+TEST_F(PathsTest, APercentSignIsDoubledInTheFormatAndSingleInAnArgument) {
+  for (const char *name : {"%s", "50%", "%n", "%%"}) stage->put(kVpwsGroups, {text(name)});
+  stage->open();
+  EXPECT_EQ(maapi_exists(sock(), handle(), "/mpls/l2vpn-config/l2vpn/vpws-group{%%s}"), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "/mpls/l2vpn-config/l2vpn/vpws-group{50%%}"), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "/mpls/l2vpn-config/l2vpn/vpws-group{%%n}"), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "/mpls/l2vpn-config/l2vpn/vpws-group{%%%%}"), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "/mpls/l2vpn-config/l2vpn/vpws-group{%%}"), 0);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s{%s}", kVpwsGroups, "%%"), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s", "/mpls/l2vpn-config/l2vpn/vpws-group{50%}"), 1);
+}
+
 TEST_F(PathsTest, AListTakesAllItsKeys) {
   stage->put(kMembers, {u32(1), i32(100), i32(1001)});
   stage->open();

@@ -57,6 +57,7 @@ class Stage {
 
   virtual void add_interface(std::string_view name, std::uint32_t limid, std::int32_t ifindex) = 0;
   virtual void set_vpn_max(std::optional<std::uint32_t> limit) = 0;
+  virtual void set_access_ports(std::optional<std::uint32_t> limit) = 0;
 
   /// From here on the platform's functions answer.
   virtual void open() = 0;

@@ -52,8 +52,8 @@ class Bytes {
   const std::uint8_t *end_;
 };
 
-constexpr Texts kGroups{"G", "H", "G1", "vpws-group x", "a b}", ""};
-constexpr Texts kVpns{"V", "W", "V1", "vpn y", "{\"", ""};
+constexpr Texts kGroups{"G", "H", "G%n", "vpws-group x", "a b}", ""};
+constexpr Texts kVpns{"V", "W", "V%s", "vpn y", "{\"", ""};
 constexpr Texts kInterfaces{"gigabit-ethernet-1/1/1",
                             "gigabit-ethernet-1/1/2",
                             "service-port-1",

@@ -11,8 +11,8 @@ using scripted::u32;
 
 rc::Gen<neighbor> any_neighbor() {
   return rc::gen::construct<neighbor>(rc::gen::element(neighbor::kVpws, neighbor::kVpwsBackup, neighbor::kVpls),
-                                      rc::gen::element<std::string>("G", "G1", "H"),
-                                      rc::gen::element<std::string>("A", "B"),
+                                      rc::gen::element<std::string>("G", "G1", "%s"),
+                                      rc::gen::element<std::string>("A", "50%"),
                                       rc::gen::element<std::string>("10.0.0.1", "10.0.0.2", "11.0.0.1", "1.0.0.10"));
 }
 

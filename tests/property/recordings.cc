@@ -1,6 +1,7 @@
 #include "tests/property/recordings.h"
 
 #include <algorithm>
+#include <array>
 
 #include "tests/support/access_printers.h"
 
@@ -65,7 +66,9 @@ rc::Gen<std::string> any_interface(const crowd &of) {
 rc::Gen<group_vpn_id_t> any_vpn(const crowd &of) {
   return rc::gen::map(full_range(0, of.vpns), [](int number) {
     const std::string family = number % 3 == 0 ? "vpws-group " : "vpls-group ";
-    return make_group_vpn_id(family + "G" + std::to_string(number % 4), "vpn " + std::to_string(number));
+    const std::array<const char *, 4> groups{"G", "G1", "50%", "%s"};
+    return make_group_vpn_id(family + groups[static_cast<std::size_t>(number) % groups.size()],
+                             "vpn " + std::to_string(number) + (number % 5 == 0 ? "%n" : ""));
   });
 }
 

@@ -107,8 +107,11 @@ std::string format_path(const char *format, va_list arguments) {
       case 'u':
         out += std::to_string(va_arg(arguments, unsigned));
         break;
+      case '%':
+        out += '%';
+        break;
       default:
-        throw PathError("path format " + std::string(format) + ": only %s, %d and %u are substituted");
+        throw PathError("path format " + std::string(format) + ": only %s, %d, %u and %% are substituted");
     }
   }
   return out;

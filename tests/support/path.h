@@ -29,7 +29,7 @@ using Path = std::vector<Step>;
 /// where a backslash keeps the next character. Throws PathError.
 Path parse_path(std::string_view text);
 
-/// Substitutes %s, %d and %u. A text that stands in braces in the format is one key, blanks and all: it comes out
+/// Substitutes %s, %d, %u and %%. A text that stands in braces in the format is one key, blanks and all: it comes out
 /// quoted where it must be. Outside braces it is taken over as it is. Throws PathError for another conversion.
 std::string format_path(const char *format, va_list arguments);
 

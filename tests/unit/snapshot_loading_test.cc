@@ -1,5 +1,6 @@
 #include "config_validate_comn/snapshot_loading.h"
 
+#include "config_validate_comn/model_tags.h"
 #include "tests/unit/access_test.h"
 
 namespace {
@@ -392,6 +393,32 @@ TEST_F(ChangeProbeTest, EveryOperationIsHandedOn) {
     change.op = operation;
     EXPECT_EQ(probe(), operation);
   }
+}
+
+// The path is a format for the platform, the names in it are the operator's.
+TEST_F(ChangeProbeTest, APercentSignInANameIsPartOfTheName) {
+  for (const std::string name : {"%s", "50%", "%n", "%%", "%1$*2$d"}) {
+    SCOPED_TRACE(name);
+    const std::string path = "/mpls/l2vpn-config/l2vpn/vpls-group{" + name + "}/vpn{" + name + "}/bridge-domain";
+    EXPECT_EQ(get_vpn_mop(sock(), tctx(), path), 0);
+    platform.change(path, MOP_CREATED);
+    EXPECT_EQ(get_vpn_mop(sock(), tctx(), path), MOP_CREATED);
+    EXPECT_EQ(platform.calls().back(), "maapi_keypath_diff_iterate " + path);
+  }
+}
+
+TEST_F(ChangeProbeTest, NamesThatDifferInPercentSignsAreTwoNames) {
+  platform.change("/mpls/l2vpn-config/l2vpn/vpls-group{%%}", MOP_CREATED);
+  EXPECT_EQ(get_vpn_mop(sock(), tctx(), "/mpls/l2vpn-config/l2vpn/vpls-group{%}"), 0);
+  EXPECT_EQ(get_vpn_mop(sock(), tctx(), "/mpls/l2vpn-config/l2vpn/vpls-group{%%}"), MOP_CREATED);
+}
+
+TEST_F(ChangeProbeTest, APathOfPercentSignsIsCutAt511CharactersBeforeTheyAreDoubled) {
+  const std::string path = build_vpn_access_config_path(static_cast<std::int32_t>(model_tag::bridge_domain),
+                                                        "vpls-group " + std::string(600, '%'), "vpn red", "");
+  get_vpn_mop(sock(), tctx(), path);
+  EXPECT_EQ(path.size(), 511U);
+  EXPECT_EQ(platform.calls(), Calls{"maapi_keypath_diff_iterate " + path});
 }
 
 TEST_F(ChangeProbeTest, AFailedIterationIsNoChange) {

@@ -1,9 +1,9 @@
 #ifndef CLI_COMMANDS_CHECK_COMMAND_H
 #define CLI_COMMANDS_CHECK_COMMAND_H
 
-#include "cli/arguments.h"
-#include "cli/environment.h"
-#include "cli/exit_status.h"
+#include "cli/command_line/arguments.h"
+#include "cli/command_line/environment.h"
+#include "cli/command_line/exit_status.h"
 
 namespace cli {
 

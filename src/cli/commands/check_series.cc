@@ -12,17 +12,19 @@
 #include <utility>
 #include <vector>
 
-#include "cli/children/commit_result.h"
-#include "cli/errors.h"
-#include "cli/findings/suppressions.h"
+#include "cli/command_line/errors.h"
+#include "cli/commands/output_format.h"
 #include "cli/input/plugin_file.h"
-#include "cli/output/colour.h"
-#include "cli/output/progress.h"
-#include "cli/output/series_output.h"
-#include "cli/output/series_summary.h"
-#include "cli/text/printable.h"
+#include "cli/terminal/colour.h"
+#include "cli/terminal/progress.h"
+#include "cli/workers/commit_result.h"
 #include "process/batch.h"
 #include "process/interrupts.h"
+#include "report/escape/printable.h"
+#include "report/series_output.h"
+#include "report/summary.h"
+#include "report/suppressions.h"
+#include "report/text/summary_text.h"
 
 namespace cli {
 namespace {
@@ -30,7 +32,7 @@ namespace {
 process::Batch make_batch(const CheckArguments &arguments, const Environment &environment) {
   std::vector<std::string> common{"check", "--format=json",
                                   "--plugin=" + find_plugin_file(arguments.plugin, environment).string()};
-  common.insert(common.end(), arguments.handed_on.begin(), arguments.handed_on.end());
+  common.insert(common.end(), arguments.forwarded_options.begin(), arguments.forwarded_options.end());
   common.emplace_back("--");
   process::Batch batch;
   batch.program = environment.program;
@@ -48,53 +50,57 @@ class Series {
   Series(const CheckArguments &arguments, const Environment &environment)
       : names_(arguments.directories),
         environment_(environment),
-        output_(make_series_output(arguments.format, environment.out, Paint(wants_colour(arguments, environment)))),
+        output_(make_series_output(arguments.format, environment.out,
+                                   report::TextStyle(wants_colour(arguments, environment)))),
         progress_(environment.err, environment.err_is_terminal),
         waiting_(names_.size()) {}
 
-  void take(std::size_t index, const process::Result &left) {
-    CommitResult result = commit_result(names_[index], left);
-    decided_.add(result);
+  void take(std::size_t index, const process::Result &process_result) {
+    report::CommitResult result = commit_result(names_[index], process_result);
+    decided_.add(result.commit);
+    const auto status = static_cast<ExitStatus>(result.exit_status);
+    worst_ = std::max(worst_, status, [](ExitStatus a, ExitStatus b) { return severity(a) < severity(b); });
     waiting_[index] = std::move(result);
     while (next_ < waiting_.size() && waiting_[next_]) give_out(std::exchange(waiting_[next_], std::nullopt).value());
   }
 
-  void tell() {
-    progress_.tell([this] {
+  void show_progress() {
+    progress_.update([this] {
       return fmt::format("{} of {} commits decided, {} rejected", decided_.commits, names_.size(), decided_.rejected);
     });
   }
 
   /// Leaves what was given out so far.
   void pause() {
-    progress_.hide();
+    progress_.clear();
     environment_.out.flush();
   }
 
   ExitStatus finish(bool is_text) {
-    progress_.hide();
-    output_->finish(decided_);
-    if (!is_text) write_summary(environment_.err, decided_);
+    progress_.clear();
+    output_->finish(decided_, static_cast<int>(worst_));
+    if (!is_text) report::write_summary(environment_.err, decided_);
     for (const std::string &line : decided_.unused_suppressions) {
-      environment_.err << "vpnval: suppresses nothing: " << printable(line) << '\n';
+      environment_.err << "vpnval: suppresses nothing: " << report::printable(line) << '\n';
     }
-    return decided_.worst;
+    return worst_;
   }
 
  private:
-  void give_out(CommitResult result) {
+  void give_out(report::CommitResult result) {
     ++next_;
-    if (environment_.out_is_terminal) progress_.hide();
+    if (environment_.out_is_terminal) progress_.clear();
     output_->write(std::move(result));
     if (!environment_.out) throw OutputError("standard output cannot be written");
   }
 
   const std::vector<std::string> &names_;
   const Environment &environment_;
-  std::unique_ptr<SeriesOutput> output_;
+  std::unique_ptr<report::SeriesOutput> output_;
   Progress progress_;
-  SeriesSummary decided_;
-  std::vector<std::optional<CommitResult>> waiting_;
+  report::SeriesSummary decided_;
+  ExitStatus worst_ = ExitStatus::accepted;
+  std::vector<std::optional<report::CommitResult>> waiting_;
   std::size_t next_ = 0;
 };
 
@@ -102,12 +108,12 @@ class Series {
 
 ExitStatus check_series(const CheckArguments &arguments, const Environment &environment) {
   // A fault in what all commits share is one error, not one for each of them.
-  if (!arguments.suppressions.empty()) Suppressions::read(arguments.suppressions);
+  if (!arguments.suppressions.empty()) report::Suppressions::read(arguments.suppressions);
   const process::Batch batch = make_batch(arguments, environment);
   Series series(arguments, environment);
   const process::BatchEvents events{
-      [&series](std::size_t index, const process::Result &left) { series.take(index, left); },
-      [&series] { series.tell(); }};
+      [&series](std::size_t index, const process::Result &result) { series.take(index, result); },
+      [&series] { series.show_progress(); }};
   try {
     process::run_all(batch, events);
   } catch (const process::Interrupted &interrupted) {

@@ -6,8 +6,8 @@
 #include <numeric>
 #include <vector>
 
-#include "cli/errors.h"
-#include "cli/output/rule_page.h"
+#include "cli/command_line/errors.h"
+#include "report/text/rule_page.h"
 #include "rules/rule.h"
 
 namespace cli {
@@ -57,7 +57,7 @@ std::string near_ids(std::string_view wanted) {
 ExitStatus explain(const ExplainArguments &arguments, const Environment &environment) {
   const bool is_markdown = arguments.format == PageFormat::markdown;
   if (arguments.rule.empty()) {
-    environment.out << (is_markdown ? markdown_index() : text_index());
+    environment.out << (is_markdown ? report::markdown_index() : report::text_index());
     return ExitStatus::accepted;
   }
 
@@ -68,7 +68,7 @@ ExitStatus explain(const ExplainArguments &arguments, const Environment &environ
   }
   for (const Rule *rule : found) {
     if (rule != found.front()) environment.out << '\n';
-    environment.out << (is_markdown ? markdown_page(*rule) : text_page(*rule));
+    environment.out << (is_markdown ? report::markdown_page(*rule) : report::text_page(*rule));
   }
   return ExitStatus::accepted;
 }

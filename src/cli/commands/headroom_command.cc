@@ -5,16 +5,16 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "cli/children/headroom_children.h"
 #include "cli/input/headroom_inputs.h"
 #include "cli/input/plugin_file.h"
-#include "cli/output/headroom_json.h"
-#include "cli/output/headroom_text.h"
-#include "cli/output/progress.h"
+#include "cli/terminal/progress.h"
+#include "cli/workers/headroom_workers.h"
 #include "element/input/configuration.h"
 #include "headroom/measure.h"
 #include "host/run/plugin.h"
 #include "host/seam/seam.h"
+#include "report/json/headroom_json.h"
+#include "report/text/headroom_text.h"
 
 namespace cli {
 namespace {
@@ -26,7 +26,8 @@ host::Plugin load(const fs::path &file, const element::Profile &card) {
   return host::Plugin(file);
 }
 
-HeadroomReport measure_here(const HeadroomInputs &inputs, const fs::path &plugin_file, const Environment &environment) {
+report::HeadroomReport measure_here(const HeadroomInputs &inputs, const fs::path &plugin_file,
+                                    const Environment &environment) {
   const fs::path &file = inputs.elements.front();
   const element::Schema schema;
   const headroom::Commit commit{element::read_configuration(schema, inputs.running),
@@ -34,7 +35,7 @@ HeadroomReport measure_here(const HeadroomInputs &inputs, const fs::path &plugin
   const host::Plugin plugin = load(plugin_file, commit.profile);
   Progress progress(environment.err, environment.err_is_terminal);
   const auto tell = [&progress](std::size_t done, std::size_t total) {
-    progress.tell([=] { return fmt::format("{} of {} limits measured", done, total); });
+    progress.update([=] { return fmt::format("{} of {} limits measured", done, total); });
   };
   return {inputs.running.string(),
           inputs.candidate.string(),
@@ -43,15 +44,16 @@ HeadroomReport measure_here(const HeadroomInputs &inputs, const fs::path &plugin
           {{file.string(), headroom::measure(plugin, commit, tell)}}};
 }
 
-HeadroomReport measure(const HeadroomInputs &inputs, const fs::path &plugin_file, const Environment &environment) {
+report::HeadroomReport measure(const HeadroomInputs &inputs, const fs::path &plugin_file,
+                               const Environment &environment) {
   if (inputs.elements.size() == 1) return measure_here(inputs, plugin_file, environment);
-  return measure_in_children(inputs, plugin_file, environment);
+  return measure_in_workers(inputs, plugin_file, environment);
 }
 
-ExitStatus status_of(const HeadroomReport &report) {
+ExitStatus status_of(const report::HeadroomReport &report) {
   const bool is_rejected = std::any_of(
       report.elements.begin(), report.elements.end(),
-      [](const ElementHeadroom &element) { return element.measurement.decision == host::Decision::rejected; });
+      [](const report::ElementHeadroom &element) { return element.measurement.decision == host::Decision::rejected; });
   return is_rejected ? ExitStatus::rejected : ExitStatus::accepted;
 }
 
@@ -59,8 +61,8 @@ ExitStatus status_of(const HeadroomReport &report) {
 
 ExitStatus headroom(const HeadroomArguments &arguments, const Environment &environment) {
   const HeadroomInputs inputs = find_headroom_inputs(arguments);
-  const HeadroomReport report = measure(inputs, find_plugin_file(arguments.plugin, environment), environment);
-  const auto write = arguments.format == TableFormat::json ? write_headroom_json : write_headroom_text;
+  const report::HeadroomReport report = measure(inputs, find_plugin_file(arguments.plugin, environment), environment);
+  const auto write = arguments.format == TableFormat::json ? report::write_headroom_json : report::write_headroom_text;
   write(environment.out, report);
   return status_of(report);
 }

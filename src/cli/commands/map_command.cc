@@ -2,14 +2,14 @@
 
 #include <fmt/format.h>
 
+#include "cli/command_line/errors.h"
 #include "cli/commands/search.h"
-#include "cli/errors.h"
 #include "cli/input/commit_input.h"
 #include "cli/input/plugin_file.h"
-#include "cli/output/output_file.h"
-#include "cli/text/printable.h"
+#include "cli/terminal/output_file.h"
 #include "host/run/plugin.h"
 #include "host/seam/seam.h"
+#include "report/escape/printable.h"
 #include "vlan_map/claims.h"
 #include "vlan_map/conflicts.h"
 #include "vlan_map/html.h"
@@ -57,11 +57,12 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
 
   OutputFile file(arguments.output);
   file.write(to_picture(drawn));
-  file.put_in_place();
+  file.publish();
   if (!diagnosis.contract_violation.empty()) {
-    environment.err << "vpnval: the search ended early: " << printable(diagnosis.contract_violation) << '\n';
+    environment.err << "vpnval: the search ended early: " << report::printable(diagnosis.contract_violation) << '\n';
   }
-  environment.out << fmt::format("{}: {}. {}\n", printable(arguments.output), count_text(drawn), verdict_text(drawn));
+  environment.out << fmt::format("{}: {}. {}\n", report::printable(arguments.output), count_text(drawn),
+                                 verdict_text(drawn));
   return ExitStatus::accepted;
 }
 

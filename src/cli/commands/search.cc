@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-#include "cli/findings/findings.h"
-#include "cli/input/budget.h"
-#include "cli/output/progress.h"
+#include "cli/command_line/budget.h"
+#include "cli/terminal/progress.h"
 #include "confd_lib.h"
 #include "diagnosis/diagnose.h"
+#include "report/findings.h"
 
 namespace cli {
 namespace {
@@ -22,14 +22,14 @@ host::Verdict device_verdict(host::Verdict verdict) {
 }
 
 bool is_complete(const diagnosis::Diagnosis &diagnosis) {
-  return diagnosis.end == diagnosis::SearchEnd::complete &&
+  return diagnosis.end == diagnosis::SearchEnd::complete && diagnosis.unproven_rules.empty() &&
          std::all_of(diagnosis.findings.begin(), diagnosis.findings.end(),
                      [](const diagnosis::Finding &finding) { return finding.is_minimal; });
 }
 
-std::string_view end_of(const diagnosis::Diagnosis &diagnosis, const diagnosis::Budget &budget) {
-  if (!diagnosis.contract_violation.empty()) return "breach";
-  return diagnosis.calls >= budget.calls ? "calls" : "time";
+report::SearchEnd end_of(const diagnosis::Diagnosis &diagnosis, const diagnosis::Budget &budget) {
+  if (!diagnosis.contract_violation.empty()) return report::SearchEnd::contract_violation;
+  return diagnosis.calls >= budget.calls ? report::SearchEnd::call_budget : report::SearchEnd::time_budget;
 }
 
 }  // namespace
@@ -45,28 +45,28 @@ diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Enviro
   Progress progress(environment.err, environment.err_is_terminal);
   diagnosis::Options told = options;
   told.progress = [&progress](std::uint64_t calls, std::size_t faults) {
-    progress.tell([=] { return fmt::format("searching: {} calls of the library, faults found: {}", calls, faults); });
+    progress.update([=] { return fmt::format("searching: {} calls of the library, faults found: {}", calls, faults); });
   };
   return diagnosis::diagnose(plugin, seam, input.transaction(), verdict, told);
 }
 
 void search(const CheckArguments &arguments, const Environment &environment, const CommitInput &input,
-            const host::Plugin &plugin, host::Seam &seam, Report &report) {
+            const host::Plugin &plugin, host::Seam &seam, report::CheckReport &report) {
   // Behind a fault that is suppressed another may hide that is not.
   const bool all_faults = arguments.all_faults || !arguments.suppressions.empty();
   const diagnosis::Budget &budget = arguments.budget;
-  report.search.all_faults = all_faults;
-  report.search.budget_calls = budget.calls;
-  report.search.budget_seconds = std::chrono::duration<double>(budget.time).count();
+  report.commit.search.all_faults = all_faults;
+  report.commit.search.budget_calls = budget.calls;
+  report.commit.search.budget_seconds = std::chrono::duration<double>(budget.time).count();
   if (report.verdict.decision == host::Decision::accepted) return;
 
   const host::Verdict verdict = device_verdict(report.verdict);
   const diagnosis::Diagnosis diagnosis =
       find_faults({.all_findings = all_faults, .budget = budget}, environment, input, plugin, seam, verdict);
-  report.search.calls = diagnosis.calls;
-  report.search.breach = diagnosis.contract_violation;
-  if (!is_complete(diagnosis)) report.search.ended_by = end_of(diagnosis, budget);
-  report.findings = make_findings(diagnosis, verdict, input.schema(), input.files());
+  report.commit.search.calls = diagnosis.calls;
+  report.commit.search.contract_violation = diagnosis.contract_violation;
+  if (!is_complete(diagnosis)) report.commit.search.end = end_of(diagnosis, budget);
+  report.commit.findings = report::make_findings(diagnosis, verdict, input.schema(), input.files());
 }
 
 }  // namespace cli

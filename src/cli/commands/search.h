@@ -1,13 +1,13 @@
 #ifndef CLI_COMMANDS_SEARCH_H
 #define CLI_COMMANDS_SEARCH_H
 
-#include "cli/arguments.h"
-#include "cli/environment.h"
+#include "cli/command_line/arguments.h"
+#include "cli/command_line/environment.h"
 #include "cli/input/commit_input.h"
-#include "cli/output/report.h"
 #include "diagnosis/diagnose.h"
 #include "host/run/plugin.h"
 #include "host/seam/seam.h"
+#include "report/check_report.h"
 
 namespace cli {
 
@@ -20,7 +20,7 @@ diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Enviro
 /// Fills in the findings and the search's account of a report that has its verdict: has what draws each message looked
 /// for, within the budget, and shows on `err` how far that is. Throws what reading and asking the library throw.
 void search(const CheckArguments &arguments, const Environment &environment, const CommitInput &input,
-            const host::Plugin &plugin, host::Seam &seam, Report &report);
+            const host::Plugin &plugin, host::Seam &seam, report::CheckReport &report);
 
 }  // namespace cli
 

@@ -2,10 +2,10 @@
 
 #include <fmt/format.h>
 
-#include "cli/errors.h"
+#include "cli/command_line/errors.h"
 #include "cli/input/commit_input.h"
-#include "cli/text/printable.h"
-#include "cli/text/value_text.h"
+#include "report/escape/printable.h"
+#include "report/value_text.h"
 
 namespace cli {
 namespace {
@@ -45,8 +45,8 @@ class Printer {
   }
 
   void print_line(const Node &node, const Path &path) {
-    const std::string value = value_text(node);
-    out_ << printable(to_text(path)) << (value.empty() ? "" : ": ") << printable(value) << '\n';
+    const std::string value = report::value_text(node);
+    out_ << report::printable(to_text(path)) << (value.empty() ? "" : ": ") << report::printable(value) << '\n';
   }
 
   std::ostream &out_;

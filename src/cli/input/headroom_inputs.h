@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "cli/arguments.h"
+#include "cli/command_line/arguments.h"
 
 namespace cli {
 

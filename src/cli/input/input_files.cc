@@ -5,7 +5,7 @@
 #include <string>
 #include <system_error>
 
-#include "cli/errors.h"
+#include "cli/command_line/errors.h"
 #include "element/input/input_error.h"
 
 namespace cli {

@@ -1,18 +1,12 @@
 #ifndef CLI_INPUT_INPUT_FILES_H
 #define CLI_INPUT_INPUT_FILES_H
 
-#include <filesystem>
-
-#include "cli/arguments.h"
+#include "cli/command_line/arguments.h"
+#include "report/input_files.h"
 
 namespace cli {
 
-/// The three files that make up a commit.
-struct InputFiles {
-  std::filesystem::path element;
-  std::filesystem::path running;
-  std::filesystem::path candidate;
-};
+using report::InputFiles;
 
 /// Finds the files; a missing one is left to its reader. Throws UsageError where the arguments leave one open,
 /// element::FileError for a directory that is none, and element::InputError where it holds one configuration as XML

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "cli/environment.h"
+#include "cli/command_line/environment.h"
 
 namespace cli {
 

@@ -71,7 +71,7 @@ class scoped_batch {
   /// Reads `count` entries of a list from `index` on through a CDB session. A failed read shows only in the values.
   void fetch(int cdb_socket, int index, int count, const char *list) {
     count_ = count;
-    cdb_get_objects(cdb_socket, values_.data(), static_cast<int>(kValues), index, count, list);
+    cdb_get_objects(cdb_socket, values_.data(), static_cast<int>(kValues), index, count, "%s", list);
   }
 
   int count() const { return count_; }

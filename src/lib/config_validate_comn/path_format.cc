@@ -13,3 +13,13 @@ std::string format_path(const char *format, ...) {
   va_end(arguments);
   return path.data();
 }
+
+std::string as_path_format(const std::string &path) {
+  std::string format;
+  format.reserve(path.size());
+  for (const char c : path) {
+    if (c == '%') format += c;
+    format += c;
+  }
+  return format;
+}

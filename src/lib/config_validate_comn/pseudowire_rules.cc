@@ -36,7 +36,7 @@ std::int32_t add_unique_pws(confd_trans_ctx *tctx, const pw_list_t &list, const 
 std::int32_t add_committing_pws(std::int32_t sock, confd_trans_ctx *tctx, const pw_list_t &list,
                                 val_pw_map_t &committing) {
   scoped_cursor mc;
-  maapi_init_cursor(sock, tctx->thandle, &mc, list.path);
+  maapi_init_cursor(sock, tctx->thandle, &mc, "%s", list.path);
   do {
     pw_batch_t batch(list.owned);
     if (!batch.fetch(mc)) break;
@@ -48,7 +48,7 @@ std::int32_t add_committing_pws(std::int32_t sock, confd_trans_ctx *tctx, const 
 // An entry's texts are freed as soon as they are copied, and nothing looks at the result of a batch's read: entries
 // that it did not fill stop the process on their type.
 void add_running_pws(int cdb_socket, const pw_list_t &list, val_pw_map_t &running) {
-  const int total = cdb_num_instances(cdb_socket, list.path);
+  const int total = cdb_num_instances(cdb_socket, "%s", list.path);
   for (int index = 0; index < total; index += kBatchEntries) {
     pw_batch_t batch(list.owned);
     batch.fetch(cdb_socket, index, std::min(kBatchEntries, total - index), list.path);

@@ -27,7 +27,7 @@ std::string build_vpn_access_config_path(std::int32_t tag, const std::string &gr
                                          const std::string &interface);
 
 /// Asks the transaction itself: the operation (enum confd_iter_op) of the first change at or below the path, 0 when
-/// there is none. The path is a format without arguments and must hold no percent sign.
+/// there is none. Names in the path may hold percent signs.
 std::int32_t get_vpn_mop(std::int32_t sock, confd_trans_ctx *tctx, const std::string &path);
 
 #endif

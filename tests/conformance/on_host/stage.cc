@@ -113,6 +113,7 @@ class HostStage : public Stage {
   }
 
   void set_vpn_max(std::optional<std::uint32_t> limit) override { limits_.vpn_max = limit; }
+  void set_access_ports(std::optional<std::uint32_t> limit) override { limits_.access_ports = limit; }
 
   void open() override {
     running_.sort();

@@ -64,6 +64,7 @@ class ScriptedStage : public Stage {
   }
 
   void set_vpn_max(std::optional<std::uint32_t> limit) override { platform_.limits.vpn_max = limit; }
+  void set_access_ports(std::optional<std::uint32_t> limit) override { platform_.limits.access_ports = limit; }
   void open() override {}
   int socket() override { return platform_.socket(); }
   confd_trans_ctx &context() override { return platform_.context(); }

@@ -1,0 +1,201 @@
+#include "cli/command_line/arguments.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <map>
+#include <set>
+
+#include "cli/command_line/budget.h"
+#include "cli/command_line/errors.h"
+
+namespace cli {
+namespace {
+
+constexpr std::size_t kMostJobs = 256;
+
+std::string exit_status_text() {
+  std::string text = "Exit status:\n";
+  for (const auto &[status, meaning] : exit_status_table) {
+    text += fmt::format("  {:<4}{}\n", static_cast<int>(status), meaning);
+  }
+  return text;
+}
+
+const std::map<std::string, Format> formats{{"text", Format::text},
+                                            {"json", Format::json},
+                                            {"sarif", Format::sarif},
+                                            {"junit", Format::junit},
+                                            {"github", Format::github}};
+const std::map<std::string, TableFormat> table_formats{{"text", TableFormat::text}, {"json", TableFormat::json}};
+const std::map<std::string, Colour> colours{
+    {"auto", Colour::on_a_terminal}, {"always", Colour::always}, {"never", Colour::never}};
+
+/// An option that takes one of the names.
+template <typename Value>
+void add_choice(CLI::App &command, const std::string &option, const std::map<std::string, Value> &names, Value &value,
+                const std::string &description) {
+  command
+      .add_option_function<std::string>(
+          option, [&names, &value](const std::string &name) { value = names.at(name); }, description)
+      ->check(CLI::IsMember(names))
+      ->type_name("NAME");
+}
+
+void add_files(CLI::App &command, InputArguments &input) {
+  command.add_option("--element", input.element, "Element profile (JSON)")->type_name("FILE");
+  command.add_option("--running", input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
+  command.add_option("--candidate", input.candidate, "Configuration to commit (XML or JSON)")->type_name("FILE");
+}
+
+void add_budget(CLI::App &command, diagnosis::Budget &budget) {
+  command
+      .add_option_function<std::string>(
+          "--budget", [&budget](const std::string &text) { budget = parse_budget(text); },
+          "Bound of the search for what draws a message: calls of the library, seconds or both, as 500, 30s or "
+          "500,30s; 20000,60s unless it is given; 0: no search")
+      ->type_name("BUDGET");
+}
+
+void add_search_options(CLI::App &command, CheckArguments &check) {
+  command.add_flag("--all-faults", check.all_faults, "Look for further faults behind what the device says");
+  add_budget(command, check.budget);
+  command
+      .add_option("--suppress", check.suppressions,
+                  "File of faults that are known, a line each: RULE PATH # REASON; implies --all-faults")
+      ->type_name("FILE");
+}
+
+CLI::App *add_check(CLI::App &program, CheckArguments &check) {
+  CLI::App *command = program.add_subcommand("check", "Decide a commit as the network element would");
+  command
+      ->add_option(
+          "DIR", check.directories,
+          "Folder with element.json, running.xml or .json, and candidate.xml or .json; several are decided each "
+          "by itself and summed up")
+      ->type_name("");
+  add_files(*command, check.input);
+  command->add_option("--plugin", check.plugin, "Validation library to ask")->type_name("FILE");
+  command
+      ->add_option("--jobs", check.jobs,
+                   "Decide so many commits at once; as many as there are processors unless it is given")
+      ->check(CLI::Range(std::size_t{1}, kMostJobs))
+      ->type_name("N");
+  add_choice(*command, "--format", formats, check.format, "Format of the result; text unless it is given");
+  add_choice(*command, "--color", colours, check.colour, "Colour in the text; auto: on a terminal");
+  command->add_flag("--all", check.all_points, "Go on to the other validation points after a rejection");
+  command->add_flag("--derived", check.derived, "List the changes of derived nodes, too");
+  command->add_flag("--trace", check.trace, "Add what the library wrote to its trace");
+  add_search_options(*command, check);
+  command->add_flag("--fail-on-warn", check.fail_on_warn, "End with status 2 when a commit is accepted with warnings");
+  return command;
+}
+
+CLI::App *add_show(CLI::App &program, ShowArguments &show) {
+  CLI::App *command = program.add_subcommand("show", "Print what a commit's validation would read");
+  command->add_option("DIR", show.input.directory, "Folder as for check")->required()->type_name("");
+  command->add_option("PATH", show.path, "Print what stands at or below this path; default: all derived trees")
+      ->type_name("");
+  command->add_flag("--running-config", show.running, "Print from the running configuration, not the candidate");
+  return command;
+}
+
+CLI::App *add_explain(CLI::App &program, ExplainArguments &explain) {
+  CLI::App *command = program.add_subcommand("explain", "Tell what provokes a message, why, and what to do");
+  command->add_option("RULE", explain.rule, "Id of a rule, or the text of a message; default: list all rules")
+      ->type_name("");
+  const auto set_format = [&explain](const std::string &name) {
+    explain.format = name == "markdown" ? PageFormat::markdown : PageFormat::text;
+  };
+  command->add_option_function<std::string>("--format", set_format, "Format of the page; text unless it is given")
+      ->check(CLI::IsMember({"text", "markdown"}))
+      ->type_name("FORMAT");
+  return command;
+}
+
+bool is_forwarded(const CLI::Option &option) {
+  static const std::set<std::string> own{"DIR", "jobs", "format", "color", "plugin"};
+  return option.count() != 0 && !own.contains(option.get_single_name());
+}
+
+/// The options that were given, for the command line of a process that decides one of many commits.
+std::vector<std::string> forwarded_options(const CLI::App &command) {
+  std::vector<std::string> arguments;
+  for (const CLI::Option *option : command.get_options()) {
+    if (!is_forwarded(*option)) continue;
+    const bool is_flag = option->get_items_expected_max() == 0;
+    for (const std::string &value : option->results()) {
+      arguments.push_back("--" + option->get_single_name() + (is_flag ? "" : "=" + value));
+    }
+  }
+  return arguments;
+}
+
+void complete(CheckArguments &check, const CLI::App &command) {
+  check.forwarded_options = forwarded_options(command);
+  if (check.jobs != 0 && check.directories.empty()) throw UsageError("--jobs without a folder; expected DIR...");
+  if (check.directories.size() == 1) check.input.directory = check.directories.front();
+}
+
+CLI::App *add_headroom(CLI::App &program, HeadroomArguments &headroom) {
+  CLI::App *command = program.add_subcommand("headroom", "Tell what a commit leaves of every limit, on some elements");
+  command->add_option("DIR", headroom.input.directory, "Folder as for check")->type_name("");
+  command->add_option("--element", headroom.elements, "Element profile (JSON); may be given many times")
+      ->allow_extra_args(false)
+      ->type_name("FILE");
+  command->add_option("--running", headroom.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
+  command->add_option("--candidate", headroom.input.candidate, "Configuration to commit (XML or JSON)")
+      ->type_name("FILE");
+  command->add_option("--plugin", headroom.plugin, "Validation library to ask")->type_name("FILE");
+  add_choice(*command, "--format", table_formats, headroom.format, "Format of the result; text unless it is given");
+  return command;
+}
+
+CLI::App *add_map(CLI::App &program, MapArguments &map) {
+  CLI::App *command = program.add_subcommand("map", "Draw who claims which VLAN on which port");
+  command->add_option("DIR", map.input.directory, "Folder as for check")->type_name("");
+  add_files(*command, map.input);
+  command->add_option("-o,--output", map.output, "The picture, .svg or .html")->required()->option_text("FILE");
+  command->add_option("--plugin", map.plugin, "Validation library to ask")->type_name("FILE");
+  add_budget(*command, map.budget);
+  return command;
+}
+
+}  // namespace
+
+ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment) {
+  CLI::App program{"Checks commits of MPLS layer-2 VPN configuration off the network element.", "vpnval"};
+  program.set_version_flag("--version", "vpnval " VPNVAL_VERSION);
+  program.require_subcommand(1);
+  program.footer(exit_status_text());
+  CheckArguments check;
+  ShowArguments show;
+  ExplainArguments explain;
+  HeadroomArguments headroom;
+  MapArguments map;
+  const CLI::App *check_command = add_check(program, check);
+  const CLI::App *show_command = add_show(program, show);
+  const CLI::App *explain_command = add_explain(program, explain);
+  const CLI::App *headroom_command = add_headroom(program, headroom);
+  add_map(program, map);
+
+  std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+  try {
+    program.parse(reversed);
+  } catch (const CLI::Success &request) {
+    program.exit(request, environment.out, environment.err);
+    return ExitStatus::accepted;
+  } catch (const CLI::ParseError &error) {
+    throw UsageError(fmt::format("{} (vpnval --help lists what is expected)", error.what()));
+  }
+  if (check_command->parsed()) {
+    complete(check, *check_command);
+    return check;
+  }
+  if (show_command->parsed()) return show;
+  if (explain_command->parsed()) return explain;
+  if (headroom_command->parsed()) return headroom;
+  return map;
+}
+
+}  // namespace cli

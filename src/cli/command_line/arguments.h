@@ -1,0 +1,84 @@
+#ifndef CLI_COMMAND_LINE_ARGUMENTS_H
+#define CLI_COMMAND_LINE_ARGUMENTS_H
+
+#include <cstddef>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "cli/command_line/environment.h"
+#include "cli/command_line/exit_status.h"
+#include "diagnosis/diagnose.h"
+
+namespace cli {
+
+/// Where a commit's files stand. A file that is named takes the place of the directory's.
+struct InputArguments {
+  std::string directory;
+  std::string element;
+  std::string running;
+  std::string candidate;
+};
+
+enum class Format { text, json, sarif, junit, github };
+enum class Colour { on_a_terminal, always, never };
+
+struct CheckArguments {
+  InputArguments input;                        ///< a single commit's
+  std::vector<std::string> directories;        ///< as they were given
+  std::size_t jobs = 0;                        ///< so many commits are decided at once; 0: not given
+  std::vector<std::string> forwarded_options;  ///< the options that deciding each of many commits takes
+  std::string plugin;
+  Format format = Format::text;
+  bool all_points = false;
+  bool derived = false;
+  bool trace = false;
+  bool fail_on_warn = false;
+  bool all_faults = false;
+  diagnosis::Budget budget;
+  std::string suppressions;  ///< a file; empty: none
+  Colour colour = Colour::on_a_terminal;
+
+  /// Many commits, or one that is to be decided as one of many.
+  bool is_series() const { return jobs != 0 || directories.size() > 1; }
+};
+
+struct ShowArguments {
+  InputArguments input;
+  std::string path;
+  bool running = false;  ///< the running configuration instead of the candidate
+};
+
+enum class PageFormat { text, markdown };
+
+struct ExplainArguments {
+  std::string rule;  ///< id or message; empty: list all rules
+  PageFormat format = PageFormat::text;
+};
+
+enum class TableFormat { text, json };
+
+struct HeadroomArguments {
+  InputArguments input;               ///< its element is not used
+  std::vector<std::string> elements;  ///< profiles; none: the directory's
+  std::string plugin;
+  TableFormat format = TableFormat::text;
+};
+
+struct MapArguments {
+  InputArguments input;
+  std::string output;
+  std::string plugin;
+  diagnosis::Budget budget;
+};
+
+/// A command to carry out, or the status to end with because help or the version was all that was asked for.
+using ParsedArguments =
+    std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, HeadroomArguments, MapArguments>;
+
+/// Reads a command line without the program's name; prints help and version itself. Throws UsageError.
+ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment);
+
+}  // namespace cli
+
+#endif

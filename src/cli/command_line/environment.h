@@ -1,0 +1,23 @@
+#ifndef CLI_COMMAND_LINE_ENVIRONMENT_H
+#define CLI_COMMAND_LINE_ENVIRONMENT_H
+
+#include <filesystem>
+#include <ostream>
+#include <string>
+
+namespace cli {
+
+/// What a command takes from its surroundings.
+struct Environment {
+  std::ostream &out;              ///< the result
+  std::ostream &err;              ///< errors, and text for humans where the result is for machines
+  std::filesystem::path program;  ///< the executable; the validation library is looked for beside it
+  std::string plugin_variable;    ///< value of VPNVAL_PLUGIN, empty when it is not set
+  bool out_is_terminal = false;   ///< one that obeys escape sequences
+  bool err_is_terminal = false;
+  bool no_colour = false;  ///< NO_COLOR is set
+};
+
+}  // namespace cli
+
+#endif

@@ -1,0 +1,39 @@
+#ifndef CLI_COMMAND_LINE_ERRORS_H
+#define CLI_COMMAND_LINE_ERRORS_H
+
+#include <stdexcept>
+#include <string>
+
+#include "cli/command_line/exit_status.h"
+
+namespace cli {
+
+/// A command line that cannot be carried out; what() says what is wrong and what was expected.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// A process that ran this program has come to no verdict; what() says why.
+class WorkerError : public std::runtime_error {
+ public:
+  WorkerError(const std::string &why, ExitStatus child_status) : std::runtime_error(why), status(child_status) {}
+
+  ExitStatus status;  ///< to end with
+};
+
+/// The result cannot be delivered.
+class OutputError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// A result file cannot be written; what() names it.
+class OutputFileError : public OutputError {
+ public:
+  using OutputError::OutputError;
+};
+
+}  // namespace cli
+
+#endif

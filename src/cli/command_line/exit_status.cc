@@ -1,0 +1,24 @@
+#include "cli/command_line/exit_status.h"
+
+namespace cli {
+
+const std::array<ExitStatusMeaning, 9> exit_status_table{{
+    {ExitStatus::accepted, "the commit is accepted, also with warnings"},
+    {ExitStatus::rejected, "the commit is rejected"},
+    {ExitStatus::accepted_with_warnings, "the commit is accepted with warnings, under --fail-on-warn"},
+    {ExitStatus::usage, "the command line is wrong"},
+    {ExitStatus::bad_input, "a configuration or the element profile is wrong"},
+    {ExitStatus::unreadable_file, "a file cannot be read"},
+    {ExitStatus::no_plugin, "the validation library cannot be loaded"},
+    {ExitStatus::internal, "internal error, or the library broke its contract"},
+    {ExitStatus::unwritable_file, "a result file cannot be written"},
+}};
+
+int severity(ExitStatus status) {
+  if (status == ExitStatus::accepted) return 0;
+  if (status == ExitStatus::accepted_with_warnings) return 1;
+  if (status == ExitStatus::rejected) return 2;
+  return static_cast<int>(status);
+}
+
+}  // namespace cli

@@ -1,0 +1,36 @@
+#ifndef CLI_COMMAND_LINE_EXIT_STATUS_H
+#define CLI_COMMAND_LINE_EXIT_STATUS_H
+
+#include <array>
+#include <string_view>
+
+namespace cli {
+
+/// What the program tells its caller. Errors begin at 64, as in sysexits.h, so that no error can be taken for a
+/// verdict.
+enum class ExitStatus : int {
+  accepted = 0,
+  rejected = 1,
+  accepted_with_warnings = 2,
+  usage = 64,
+  bad_input = 65,
+  unreadable_file = 66,
+  no_plugin = 69,
+  internal = 70,
+  unwritable_file = 73
+};
+
+struct ExitStatusMeaning {
+  ExitStatus status;
+  std::string_view meaning;
+};
+
+/// Orders statuses by how bad they are: accepted, warnings, rejected, then errors by their number.
+int severity(ExitStatus status);
+
+/// All of them, ascending, in the words of the help.
+extern const std::array<ExitStatusMeaning, 9> exit_status_table;
+
+}  // namespace cli
+
+#endif

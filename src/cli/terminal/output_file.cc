@@ -1,0 +1,48 @@
+#include "cli/terminal/output_file.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
+#include "cli/command_line/errors.h"
+
+namespace cli {
+
+OutputFile::OutputFile(std::filesystem::path file) : file_(std::move(file)), part_(file_) {
+  part_ += fmt::format(".part-{}", getpid());
+  descriptor_ = open(part_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (descriptor_ < 0) fail();
+}
+
+OutputFile::~OutputFile() {
+  if (descriptor_ >= 0) close(descriptor_);
+  if (!part_.empty()) unlink(part_.c_str());
+}
+
+void OutputFile::write(std::string_view content) {
+  while (!content.empty()) {
+    const ssize_t written = ::write(descriptor_, content.data(), content.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) fail();
+    content.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+void OutputFile::publish() {
+  if (close(std::exchange(descriptor_, -1)) != 0) fail();
+  if (std::rename(part_.c_str(), file_.c_str()) != 0) fail();
+  part_.clear();
+}
+
+void OutputFile::fail() const {
+  const int error = errno;
+  throw OutputFileError(
+      fmt::format("{}: cannot be written: {}", file_.string(), std::generic_category().message(error)));
+}
+
+}  // namespace cli

@@ -1,0 +1,34 @@
+#ifndef CLI_TERMINAL_OUTPUT_FILE_H
+#define CLI_TERMINAL_OUTPUT_FILE_H
+
+#include <filesystem>
+#include <string_view>
+
+namespace cli {
+
+/// A result file that is there whole or not at all: written beside its place and moved there at the end; a file that
+/// stood there before stays until then. Goes without a trace unless it is put in place.
+class OutputFile {
+ public:
+  /// Throws OutputFileError, as all do, where the file cannot be written.
+  explicit OutputFile(std::filesystem::path file);
+  ~OutputFile();
+  OutputFile(const OutputFile &) = delete;
+  OutputFile &operator=(const OutputFile &) = delete;
+
+  void write(std::string_view content);
+
+  /// The last call.
+  void publish();
+
+ private:
+  [[noreturn]] void fail() const;
+
+  std::filesystem::path file_;
+  std::filesystem::path part_;
+  int descriptor_ = -1;
+};
+
+}  // namespace cli
+
+#endif

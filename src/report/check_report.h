@@ -1,0 +1,41 @@
+#ifndef REPORT_CHECK_REPORT_H
+#define REPORT_CHECK_REPORT_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/run/commit.h"
+#include "report/change_list.h"
+#include "report/commit_report.h"
+#include "report/input_files.h"
+
+namespace report {
+
+/// What `check` found out, for every output format.
+struct CheckReport {
+  CommitReport commit;  ///< its decision is set with the verdict
+  InputFiles inputs;
+  std::string plugin_file;  ///< the file that decided
+  std::string build_id;
+  std::vector<ListedChange> changes;
+  host::Verdict verdict;
+  bool with_trace = false;
+};
+
+/// The points that were asked, by answer.
+struct PointCounts {
+  std::size_t accepted = 0;
+  std::size_t warned = 0;
+  std::size_t rejected = 0;
+};
+
+PointCounts count_points(const host::Verdict &verdict);
+
+/// "accepted", "warning" or "rejected".
+std::string_view answer_text(const host::PointVerdict &point);
+
+}  // namespace report
+
+#endif

@@ -1,0 +1,63 @@
+#include "report/ci/github.h"
+
+#include <fmt/format.h>
+
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include "report/escape/printable.h"
+#include "report/escape/utf8.h"
+#include "report/text/findings_text.h"
+
+namespace report {
+namespace {
+
+/// A command is one line: its message ends where the line does, its properties also at a comma or colon.
+std::string escaped(std::string_view text, std::string_view with_meaning) {
+  std::string result;
+  for (const char c : valid_utf8(text)) {
+    if (with_meaning.find(c) == std::string_view::npos) {
+      result += c;
+    } else {
+      result += fmt::format("%{:02X}", static_cast<unsigned char>(c));
+    }
+  }
+  return result;
+}
+
+std::string message_data(std::string_view text) { return escaped(text, "%\r\n"); }
+std::string property(std::string_view text) { return escaped(text, "%\r\n:,"); }
+
+void write_command(std::ostream &out, std::string_view command, const FilePlace &place, std::string_view title,
+                   std::string_view message) {
+  out << "::" << command << ' ';
+  if (!place.file.empty()) out << "file=" << property(place.file) << ',';
+  if (place.line != 0) out << "line=" << place.line << ',';
+  out << "title=" << property(title) << "::" << message_data(message) << '\n';
+}
+
+void write_finding(std::ostream &out, const Finding &finding) {
+  std::ostringstream message;
+  message << printable(finding.message) << '\n';
+  write_explanation(message, finding, TextStyle(false));
+  std::string text = message.str();
+  text.pop_back();
+  write_command(out, finding.is_warning ? "warning" : "error", finding.place,
+                finding.rule.empty() ? finding.point : finding.rule, text);
+}
+
+}  // namespace
+
+void write_github(std::ostream &out, const std::vector<CommitReport> &commits) {
+  for (const CommitReport &commit : commits) {
+    if (!commit.decision) write_command(out, "error", {}, commit.name, printable(commit.error));
+    for (const Finding &finding : commit.findings) {
+      if (!finding.suppressed) write_finding(out, finding);
+    }
+    const std::string search_end = search_end_text(commit.search);
+    if (!search_end.empty()) write_command(out, "notice", {}, commit.name, search_end);
+  }
+}
+
+}  // namespace report

@@ -1,0 +1,106 @@
+#include "report/ci/junit.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include "report/escape/printable.h"
+#include "report/escape/utf8.h"
+#include "report/text/findings_text.h"
+
+namespace report {
+namespace {
+
+enum class Outcome { passed, failed, skipped, error };
+
+bool is_open_rejection(const Finding &finding) { return !finding.is_warning && !finding.suppressed; }
+
+Outcome outcome_of(const CommitReport &commit) {
+  if (!commit.decision) return Outcome::error;
+  if (*commit.decision != host::Decision::rejected) return Outcome::passed;
+  return count_open(commit.findings, false) != 0 ? Outcome::failed : Outcome::skipped;
+}
+
+/// Text for an element's content. Control characters, which XML cannot hold, are written as printable() writes them.
+std::string xml(std::string_view text) {
+  std::string result;
+  std::istringstream lines{valid_utf8(text)};
+  for (std::string line; std::getline(lines, line);) {
+    if (!result.empty()) result += '\n';
+    result += printable(line);
+  }
+  for (const auto &[character, reference] : {std::pair{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}}) {
+    for (std::size_t at = 0; (at = result.find(character, at)) != std::string::npos; ++at) {
+      result.replace(at, 1, reference);
+    }
+  }
+  return result;
+}
+
+/// The same for an attribute, where a line break would be lost.
+std::string attribute(std::string_view text) { return xml(printable(text)); }
+
+std::string finding_text(const Finding &finding) {
+  std::ostringstream text;
+  write_headline(text, finding, TextStyle(false));
+  if (!finding.suppressed) write_explanation(text, finding, TextStyle(false));
+  return text.str();
+}
+
+void write_failure(std::ostream &out, const std::vector<Finding> &findings) {
+  const auto first = std::find_if(findings.begin(), findings.end(), is_open_rejection);
+  out << fmt::format("      <failure message=\"{}\" type=\"{}\">", attribute(first->message),
+                     attribute(first->rule.empty() ? first->point : first->rule));
+  for (const Finding &finding : findings) {
+    if (is_open_rejection(finding)) out << xml(finding_text(finding)) << '\n';
+  }
+  out << "</failure>\n";
+}
+
+void write_outcome(std::ostream &out, const CommitReport &commit) {
+  switch (outcome_of(commit)) {
+    case Outcome::passed:
+      return;
+    case Outcome::failed:
+      return write_failure(out, commit.findings);
+    case Outcome::skipped:
+      out << "      <skipped message=\"rejected, but every rejection found is suppressed\"/>\n";
+      return;
+    case Outcome::error:
+      out << fmt::format("      <error message=\"{0}\" type=\"error\">{0}</error>\n", attribute(commit.error));
+  }
+}
+
+void write_case(std::ostream &out, const CommitReport &commit) {
+  out << fmt::format("    <testcase classname=\"vpnval.check\" name=\"{}\" time=\"0\">\n", attribute(commit.name));
+  write_outcome(out, commit);
+  std::string output;
+  for (const Finding &finding : commit.findings) {
+    if (!is_open_rejection(finding)) output += xml(finding_text(finding)) + "\n";
+  }
+  const std::string search_end = search_end_text(commit.search);
+  if (!search_end.empty()) output += search_end + '\n';
+  if (!output.empty()) out << "      <system-out>" << output << "</system-out>\n";
+  out << "    </testcase>\n";
+}
+
+}  // namespace
+
+void write_junit(std::ostream &out, const std::vector<CommitReport> &commits) {
+  const auto count = [&commits](Outcome outcome) {
+    return std::count_if(commits.begin(), commits.end(),
+                         [outcome](const CommitReport &commit) { return outcome_of(commit) == outcome; });
+  };
+  const std::string counts =
+      fmt::format("name=\"vpnval\" tests=\"{}\" failures=\"{}\" errors=\"{}\" skipped=\"{}\"", commits.size(),
+                  count(Outcome::failed), count(Outcome::error), count(Outcome::skipped));
+  out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+  out << "<testsuites name=\"vpnval\">\n  <testsuite " << counts << " time=\"0\">\n";
+  for (const CommitReport &commit : commits) write_case(out, commit);
+  out << "  </testsuite>\n</testsuites>\n";
+}
+
+}  // namespace report

@@ -1,0 +1,18 @@
+#ifndef REPORT_CI_JUNIT_H
+#define REPORT_CI_JUNIT_H
+
+#include <ostream>
+#include <vector>
+
+#include "report/commit_report.h"
+
+namespace report {
+
+/// A JUnit report with a test case for each commit. Its rejections are one failure, for many readers take no second
+/// one; a commit that could not be decided is an error; one whose rejections are all suppressed is skipped. Warnings
+/// and what is suppressed stand in the case's output.
+void write_junit(std::ostream &out, const std::vector<CommitReport> &commits);
+
+}  // namespace report
+
+#endif

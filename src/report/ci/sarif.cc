@@ -1,0 +1,142 @@
+#include "report/ci/sarif.h"
+
+#include <fmt/format.h>
+
+#include <cstdint>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+
+#include "report/ci/sarif_rules.h"
+#include "report/escape/file_uri.h"
+#include "report/text/findings_text.h"
+#include "rules/rule.h"
+
+namespace report {
+namespace {
+
+using nlohmann::ordered_json;
+
+ordered_json message_json(std::string_view text) { return {{"text", sarif_text(text)}}; }
+
+ordered_json physical_json(const FilePlace &place) {
+  ordered_json json{{"artifactLocation", {{"uri", file_uri(place.file)}}}};
+  if (place.line != 0) json["region"] = {{"startLine", place.line}};
+  return json;
+}
+
+ordered_json node_location(const FilePlace *place, std::string_view path) {
+  ordered_json json = ordered_json::object();
+  if (place != nullptr && !place->file.empty()) json["physicalLocation"] = physical_json(*place);
+  json["logicalLocations"] = ordered_json::array({{{"fullyQualifiedName", path}}});
+  return json;
+}
+
+ordered_json party_location(const PartyReport &party) {
+  ordered_json json = node_location(place_of(party.node), party.node.path);
+  json["message"] = message_json(fmt::format("{}: {}", title_of(party), status_text(party.node)));
+  return json;
+}
+
+/// FNV-1a: the same on every machine and in every version, as a reader's database needs it.
+std::string fingerprint(const std::string &text) {
+  std::uint64_t hash = 0xcbf29ce484222325;
+  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3;
+  return fmt::format("{:016x}", hash);
+}
+
+/// What stays the same while lines move and other parts of the commit come and go. A limit is one fault, whoever fills
+/// it.
+std::string identity(const Finding &finding) {
+  std::string text = finding.rule.empty() ? finding.message : finding.rule;
+  if (finding.enough != 0) return text;
+  for (const PartyReport &party : finding.parties) text += '\0' + party.node.path;
+  return finding.parties.empty() ? text + '\0' + finding.path : text;
+}
+
+ordered_json suppression_json(const Suppressed &suppressed) {
+  return {{"kind", "external"},
+          {"justification", suppressed.reason},
+          {"location", {{"physicalLocation", physical_json(suppressed.by)}}}};
+}
+
+class ResultWriter {
+ public:
+  ResultWriter() {
+    for (const rules::Rule &rule : rules::all_rules()) indices_.emplace(rule.id, indices_.size());
+  }
+
+  ordered_json operator()(const CommitReport &commit, const Finding &finding) const {
+    ordered_json json = ordered_json::object();
+    add_rule(json, finding);
+    json["level"] = finding.is_warning ? "warning" : "error";
+    json["message"] = message_json(finding.message);
+    add_locations(json, finding);
+    json["partialFingerprints"] = {{"conflict/v1", fingerprint(identity(finding))}};
+    if (finding.suppressed) json["suppressions"] = ordered_json::array({suppression_json(*finding.suppressed)});
+    json["properties"] = {
+        {"commit", commit.name}, {"from-device", finding.from_device}, {"complete", finding.complete}};
+    return json;
+  }
+
+ private:
+  void add_rule(ordered_json &json, const Finding &finding) const {
+    if (finding.rule.empty()) return;
+    json["ruleId"] = finding.rule;
+    const auto index = indices_.find(finding.rule);
+    if (index != indices_.end()) json["ruleIndex"] = index->second;
+  }
+
+  static void add_locations(ordered_json &json, const Finding &finding) {
+    // The place is that of the first party, if the commit touches one.
+    const bool is_party = !finding.parties.empty() && finding.parties[0].node.status != ChangeStatus::unchanged;
+    const std::string &path = is_party ? finding.parties[0].node.path : finding.path;
+    json["locations"] = ordered_json::array({node_location(&finding.place, path)});
+    ordered_json related = ordered_json::array();
+    for (std::size_t i = is_party ? 1 : 0; i < finding.parties.size(); ++i) {
+      related.push_back(party_location(finding.parties[i]));
+      related.back()["id"] = related.size();
+    }
+    if (!related.empty()) json["relatedLocations"] = std::move(related);
+  }
+
+  std::map<std::string_view, std::size_t> indices_;
+};
+
+ordered_json notification_json(std::string_view level, const std::string &name, const std::string &text) {
+  return {{"level", level}, {"message", message_json(name + ": " + text)}};
+}
+
+ordered_json invocation_json(const std::vector<CommitReport> &commits) {
+  bool all_decided = true;
+  ordered_json notifications = ordered_json::array();
+  for (const CommitReport &commit : commits) {
+    all_decided = all_decided && commit.decision;
+    const std::string search_end = search_end_text(commit.search);
+    if (!commit.decision) notifications.push_back(notification_json("error", commit.name, commit.error));
+    if (!search_end.empty()) notifications.push_back(notification_json("warning", commit.name, search_end));
+  }
+  ordered_json json{{"executionSuccessful", all_decided}};
+  if (!notifications.empty()) json["toolExecutionNotifications"] = std::move(notifications);
+  return json;
+}
+
+}  // namespace
+
+void write_sarif(std::ostream &out, const std::vector<CommitReport> &commits) {
+  const ResultWriter result_json;
+  ordered_json results = ordered_json::array();
+  for (const CommitReport &commit : commits) {
+    for (const Finding &finding : commit.findings) results.push_back(result_json(commit, finding));
+  }
+  ordered_json run;
+  run["tool"] = {{"driver", {{"name", "vpnval"}, {"semanticVersion", VPNVAL_VERSION}, {"rules", sarif_rules()}}}};
+  run["invocations"] = ordered_json::array({invocation_json(commits)});
+  run["columnKind"] = "unicodeCodePoints";
+  run["results"] = std::move(results);
+  const ordered_json log{{"version", "2.1.0"}, {"runs", ordered_json::array({std::move(run)})}};
+  out << log.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+}
+
+}  // namespace report

@@ -1,0 +1,14 @@
+#include "report/commit_report.h"
+
+#include <algorithm>
+
+namespace report {
+
+std::size_t count_open(const std::vector<Finding> &findings, bool warnings) {
+  const auto is_open = [warnings](const Finding &finding) {
+    return finding.is_warning == warnings && !finding.suppressed;
+  };
+  return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), is_open));
+}
+
+}  // namespace report

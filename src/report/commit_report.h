@@ -1,0 +1,48 @@
+#ifndef REPORT_COMMIT_REPORT_H
+#define REPORT_COMMIT_REPORT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/run/commit.h"
+#include "report/finding.h"
+
+namespace report {
+
+/// Why a search for the parties of the messages ended.
+enum class SearchEnd {
+  complete,           ///< everything was looked at
+  call_budget,        ///< all calls of the library that the budget allows were made
+  time_budget,        ///< the time that the budget allows was over
+  contract_violation  ///< the library broke its contract when it was asked about a smaller commit
+};
+
+/// What a search did and how it ended.
+struct SearchReport {
+  bool all_faults = false;  ///< it went on behind what the device says
+  std::uint64_t calls = 0;  ///< how often the library was asked about a reduced commit
+  std::uint64_t budget_calls = 0;
+  double budget_seconds = 0;
+  SearchEnd end = SearchEnd::complete;
+  std::string contract_violation;  ///< what the library did against its contract; empty for the other ends
+};
+
+/// A commit that was decided, or could not be, as the formats for many commits show it.
+struct CommitReport {
+  std::string name;                        ///< as its user named it: its folder, or the candidate's file
+  std::optional<host::Decision> decision;  ///< nothing: there is an error instead
+  std::string error;                       ///< why it could not be decided, one line
+  std::vector<Finding> findings;
+  SearchReport search;
+  std::vector<std::string> unused_suppressions;  ///< "FILE:LINE: RULE PATH" of those that fit no finding
+};
+
+/// How many rejections, or warnings, are not suppressed.
+std::size_t count_open(const std::vector<Finding> &findings, bool warnings);
+
+}  // namespace report
+
+#endif

@@ -1,0 +1,150 @@
+#include "report/json/headroom_json.h"
+
+#include <algorithm>
+#include <array>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+#include "report/decision_text.h"
+
+namespace report {
+namespace {
+
+using headroom::Answer;
+using headroom::Limit;
+using headroom::Measurement;
+using headroom::Remainder;
+using headroom::Standing;
+using host::Decision;
+using nlohmann::ordered_json;
+
+/// Grows when a field goes or changes its meaning; a field that is added leaves it.
+constexpr int schema_version = 1;
+
+template <typename Value, std::size_t count>
+using Names = std::array<std::pair<Value, std::string_view>, count>;
+
+constexpr Names<Limit, 7> limits{{{Limit::vpns, "vpns"},
+                                  {Limit::pseudowires, "pseudowires"},
+                                  {Limit::access_interfaces, "access-interfaces"},
+                                  {Limit::encapsulation_vlans, "encapsulation-vlans"},
+                                  {Limit::encapsulation_ranges, "encapsulation-ranges"},
+                                  {Limit::interface_ranges, "interface-ranges"},
+                                  {Limit::bridge_mtu, "bridge-mtu"}}};
+constexpr Names<Standing, 5> standings{{{Standing::measured, "measured"},
+                                        {Standing::exceeded, "exceeded"},
+                                        {Standing::stopped, "stopped"},
+                                        {Standing::no_room, "no-room"},
+                                        {Standing::no_limit, "no-limit"}}};
+
+template <typename Value, std::size_t count>
+std::string_view name_of(Value value, const Names<Value, count> &names) {
+  const auto row = std::find_if(names.begin(), names.end(), [value](const auto &name) { return name.first == value; });
+  return row == names.end() ? "?" : row->second;
+}
+
+template <typename Value, std::size_t count>
+Value value_of(const ordered_json &json, const Names<Value, count> &names) {
+  const auto text = json.get<std::string>();
+  const auto row = std::find_if(names.begin(), names.end(), [&text](const auto &name) { return name.second == text; });
+  if (row == names.end()) throw std::runtime_error("unknown name " + text);
+  return row->first;
+}
+
+Decision decision_from(const ordered_json &json) {
+  const auto text = json.get<std::string>();
+  for (const Decision decision : {Decision::accepted, Decision::accepted_with_warnings, Decision::rejected}) {
+    if (decision_name(decision) == text) return decision;
+  }
+  throw std::runtime_error("unknown decision " + text);
+}
+
+ordered_json answer_json(const Answer &answer) {
+  ordered_json json;
+  if (!answer.rule.empty()) json["rule"] = answer.rule;
+  json["point"] = answer.point;
+  json["message"] = answer.message;
+  return json;
+}
+
+Answer answer_from(const ordered_json &json) {
+  return {json.value("rule", ""), json.at("point").get<std::string>(), json.at("message").get<std::string>()};
+}
+
+ordered_json remainder_json(const Remainder &remainder) {
+  ordered_json json{{"limit", name_of(remainder.limit, limits)}};
+  if (!remainder.vpn.empty()) json["vpn"] = remainder.vpn;
+  if (!remainder.interface.empty()) json["interface"] = remainder.interface;
+  json["standing"] = name_of(remainder.standing, standings);
+  if (remainder.used) json["used"] = *remainder.used;
+  if (remainder.allowed) json["allowed"] = *remainder.allowed;
+  if (remainder.left) json["left"] = *remainder.left;
+  if (remainder.stop) json["stop"] = answer_json(*remainder.stop);
+  return json;
+}
+
+std::optional<std::int64_t> number_from(const ordered_json &json, const char *field) {
+  if (!json.contains(field)) return std::nullopt;
+  return json.at(field).get<std::int64_t>();
+}
+
+Remainder remainder_from(const ordered_json &json) {
+  Remainder remainder;
+  remainder.limit = value_of(json.at("limit"), limits);
+  remainder.vpn = json.value("vpn", "");
+  remainder.interface = json.value("interface", "");
+  remainder.standing = value_of(json.at("standing"), standings);
+  remainder.used = number_from(json, "used");
+  remainder.allowed = number_from(json, "allowed");
+  remainder.left = number_from(json, "left");
+  if (json.contains("stop")) remainder.stop = answer_from(json.at("stop"));
+  return remainder;
+}
+
+ordered_json element_json(const ElementHeadroom &element) {
+  const Measurement &measurement = element.measurement;
+  ordered_json json{{"file", element.file}, {"decision", decision_name(measurement.decision)}};
+  json["answers"] = ordered_json::array();
+  for (const Answer &answer : measurement.answers) json["answers"].push_back(answer_json(answer));
+  json["limits"] = ordered_json::array();
+  for (const Remainder &remainder : measurement.remainders) json["limits"].push_back(remainder_json(remainder));
+  return json;
+}
+
+ElementHeadroom element_from(const ordered_json &json) {
+  ElementHeadroom element{json.at("file").get<std::string>(), {}};
+  element.measurement.decision = decision_from(json.at("decision"));
+  for (const auto &answer : json.at("answers")) element.measurement.answers.push_back(answer_from(answer));
+  for (const auto &limit : json.at("limits")) element.measurement.remainders.push_back(remainder_from(limit));
+  return element;
+}
+
+}  // namespace
+
+void write_headroom_json(std::ostream &out, const HeadroomReport &report) {
+  ordered_json json;
+  json["schema-version"] = schema_version;
+  json["program"] = {{"name", "vpnval"}, {"version", VPNVAL_VERSION}};
+  json["library"] = {{"file", report.plugin_file}, {"build-id", report.build_id}};
+  json["inputs"] = {{"running", report.running}, {"candidate", report.candidate}};
+  json["elements"] = ordered_json::array();
+  for (const ElementHeadroom &element : report.elements) json["elements"].push_back(element_json(element));
+  // A message may end within a character: the library cuts long names at a number of bytes.
+  out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+}
+
+HeadroomReport read_headroom_json(const std::string &text) {
+  const ordered_json json = ordered_json::parse(text);
+  HeadroomReport report;
+  report.plugin_file = json.at("library").at("file").get<std::string>();
+  report.build_id = json.at("library").at("build-id").get<std::string>();
+  report.running = json.at("inputs").at("running").get<std::string>();
+  report.candidate = json.at("inputs").at("candidate").get<std::string>();
+  for (const auto &element : json.at("elements")) report.elements.push_back(element_from(element));
+  return report;
+}
+
+}  // namespace report

@@ -1,0 +1,104 @@
+#include "report/json/verdict_json.h"
+
+#include <fmt/format.h>
+
+#include <nlohmann/json.hpp>
+
+#include "report/decision_text.h"
+#include "report/json/array.h"
+#include "report/json/finding_json.h"
+
+namespace report {
+namespace {
+
+using nlohmann::ordered_json;
+
+std::string_view mark_text(ChangeMark mark) {
+  switch (mark) {
+    case ChangeMark::added:
+      return "added";
+    case ChangeMark::removed:
+      return "removed";
+    case ChangeMark::changed:
+      return "changed";
+  }
+  return "?";
+}
+
+ordered_json change_json(const ListedChange &change) {
+  ordered_json json{{"change", mark_text(change.mark)}, {"path", change.path}, {"derived", change.derived}};
+  if (change.old_value) json["old"] = *change.old_value;
+  if (change.new_value) json["new"] = *change.new_value;
+  return json;
+}
+
+ordered_json point_json(const host::PointVerdict &point) {
+  ordered_json json{{"name", point.point}, {"path", point.path}, {"verdict", answer_text(point)}};
+  if (!point.text.empty()) json["message"] = point.text;
+  return json;
+}
+
+ordered_json total_json(const host::Verdict &verdict) {
+  const PointCounts counts = count_points(verdict);
+  return {{"fired", verdict.points_fired},
+          {"asked", verdict.points.size()},
+          {"accepted", counts.accepted},
+          {"warnings", counts.warned},
+          {"rejected", counts.rejected}};
+}
+
+host::Decision read_decision(const std::string &text) {
+  for (const host::Decision decision :
+       {host::Decision::accepted, host::Decision::accepted_with_warnings, host::Decision::rejected}) {
+    if (decision_name(decision) == text) return decision;
+  }
+  throw DocumentError(fmt::format("decision \"{}\" is none that is known", text));
+}
+
+CommitReport read(const ordered_json &json, const std::string &name) {
+  const int version = json.at("schema-version").get<int>();
+  if (version != json_schema_version) {
+    throw DocumentError(fmt::format("schema-version {}; expected {}", version, json_schema_version));
+  }
+  CommitReport commit;
+  commit.name = name;
+  commit.decision = read_decision(json.at("decision").get<std::string>());
+  commit.findings = read_findings(json.at("findings"));
+  commit.search = read_search(json.at("search"));
+  commit.unused_suppressions = json.at("unused-suppressions").get<std::vector<std::string>>();
+  return commit;
+}
+
+}  // namespace
+
+void write_json(std::ostream &out, const CheckReport &report) {
+  ordered_json json;
+  json["schema-version"] = json_schema_version;
+  json["program"] = {{"name", "vpnval"}, {"version", VPNVAL_VERSION}};
+  json["library"] = {{"file", report.plugin_file}, {"build-id", report.build_id}};
+  json["inputs"] = {{"element", report.inputs.element.string()},
+                    {"running", report.inputs.running.string()},
+                    {"candidate", report.inputs.candidate.string()}};
+  json["decision"] = decision_name(report.verdict.decision);
+  json["total"] = total_json(report.verdict);
+  json["points"] = array(report.verdict.points, point_json);
+  json["changes"] = array(report.changes, change_json);
+  json["findings"] = findings_json(report.commit.findings);
+  json["search"] = search_json(report.commit.search);
+  json["unused-suppressions"] = report.commit.unused_suppressions;
+  if (report.with_trace) json["trace"] = report.verdict.account.trace;
+  // A message may end within a character: the library cuts long names at a number of bytes.
+  out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+}
+
+CommitReport read_json_report(std::string_view document, const std::string &name) {
+  try {
+    return read(ordered_json::parse(document), name);
+  } catch (const UnknownNameError &error) {
+    throw DocumentError(error.what());
+  } catch (const ordered_json::exception &error) {
+    throw DocumentError(fmt::format("no verdict of schema version {}: {}", json_schema_version, error.what()));
+  }
+}
+
+}  // namespace report

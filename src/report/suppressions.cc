@@ -1,0 +1,103 @@
+#include "report/suppressions.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "element/input/input_error.h"
+#include "element/input/input_text.h"
+#include "report/escape/printable.h"
+#include "report/path_pattern.h"
+#include "rules/rule.h"
+
+namespace report {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r";
+
+std::string_view without_blanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+/// Where the path at the front ends: at the first blank outside keys.
+std::size_t end_of_path(std::string_view text) {
+  bool in_keys = false;
+  bool is_quoted = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (!in_keys && kBlanks.find(c) != std::string_view::npos) return i;
+    if (c == '"' && in_keys) is_quoted = !is_quoted;
+    if (c == '\\' && is_quoted) ++i;
+    if (c == '{') in_keys = true;
+    if (c == '}' && !is_quoted) in_keys = false;
+  }
+  return text.size();
+}
+
+[[noreturn]] void refuse(const FilePlace &place, const std::string &fault) {
+  throw element::InputError(fmt::format("{}: {}; expected RULE PATH # REASON", to_text(place), fault));
+}
+
+/// Paths are compared as they are printed. The node under validation counts only where no parties are known: a point
+/// that validates the whole configuration names one node for every fault that it sees.
+bool leads_to(std::string_view pattern, const Finding &finding) {
+  if (finding.parties.empty()) return fits_pattern(printable(finding.path), pattern);
+  return std::any_of(finding.parties.begin(), finding.parties.end(),
+                     [pattern](const PartyReport &party) { return fits_pattern(printable(party.node.path), pattern); });
+}
+
+}  // namespace
+
+Suppressions::Line Suppressions::parse_line(std::string_view text, const FilePlace &place) {
+  const std::string_view rule = text.substr(0, text.find_first_of(kBlanks));
+  const std::string_view rest = without_blanks(text.substr(rule.size()));
+  const std::string_view path = rest.substr(0, end_of_path(rest));
+  const std::string_view comment = without_blanks(rest.substr(path.size()));
+  if (rules::find_rule(rule) == nullptr) {
+    refuse(place, fmt::format("there is no rule \"{}\"", element::one_line(rule)));
+  }
+  if (!path.starts_with('/')) refuse(place, fmt::format("\"{}\" is no path", element::one_line(path)));
+  if (!comment.empty() && comment[0] != '#') {
+    refuse(place, fmt::format("\"{}\" follows the path", element::one_line(comment)));
+  }
+  const std::string_view reason = comment.empty() ? comment : without_blanks(comment.substr(1));
+  if (reason.empty()) refuse(place, "there is no reason");
+  return {{place, std::string(reason)}, std::string(rule), std::string(path)};
+}
+
+Suppressions Suppressions::parse(std::string_view text, const std::string &origin) {
+  Suppressions suppressions;
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string_view line = without_blanks(text.substr(0, end));
+    if (!line.empty() && line[0] != '#') suppressions.lines_.push_back(parse_line(line, {origin, number}));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return suppressions;
+}
+
+Suppressions Suppressions::read(const std::filesystem::path &file) {
+  return parse(element::read_input(file), file.string());
+}
+
+void Suppressions::apply(std::vector<Finding> &findings) {
+  for (Finding &finding : findings) {
+    for (Line &line : lines_) {
+      if (line.rule != finding.rule || !leads_to(line.path, finding)) continue;
+      if (!finding.suppressed) finding.suppressed = line.suppressed;
+      line.used = true;
+    }
+  }
+}
+
+std::vector<std::string> Suppressions::unused() const {
+  std::vector<std::string> texts;
+  for (const Line &line : lines_) {
+    if (!line.used) texts.push_back(fmt::format("{}: {} {}", to_text(line.suppressed.by), line.rule, line.path));
+  }
+  return texts;
+}
+
+}  // namespace report

@@ -1,0 +1,24 @@
+#ifndef REPORT_TEXT_RULE_PAGE_H
+#define REPORT_TEXT_RULE_PAGE_H
+
+#include <string>
+
+#include "rules/rule.h"
+
+namespace report {
+
+/// A rule's page for a terminal, at most 80 columns wide but for the message, which is one line.
+std::string text_page(const rules::Rule &rule);
+
+/// The same page in Markdown. Its links are relative to docs/rules.
+std::string markdown_page(const rules::Rule &rule);
+
+/// Every rule, one a line: its id, a gap, its message; "warning: " stands before a warning's.
+std::string text_index();
+
+/// An index of all rules in Markdown, a table for each validation point. Its links are relative to docs/rules.
+std::string markdown_index();
+
+}  // namespace report
+
+#endif

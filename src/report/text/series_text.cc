@@ -1,0 +1,43 @@
+#include "report/text/series_text.h"
+
+#include <fmt/format.h>
+
+#include "report/decision_text.h"
+#include "report/escape/printable.h"
+#include "report/text/findings_text.h"
+#include "report/text/summary_text.h"
+
+namespace report {
+namespace {
+
+std::string outcome_text(const CommitReport &commit, const TextStyle &style) {
+  if (!commit.decision) return style(Accent::rejected, "not decided") + ": " + printable(commit.error);
+  std::string text(decision_text(*commit.decision));
+  if (*commit.decision == host::Decision::accepted) return text;
+  return style(*commit.decision == host::Decision::rejected ? Accent::rejected : Accent::warning, text);
+}
+
+}  // namespace
+
+void SeriesText::write(CommitResult result) {
+  const CommitReport &commit = result.commit;
+  out_ << printable(commit.name) << ": " << outcome_text(commit, style_) << '\n';
+  std::size_t number = 0;
+  for (const Finding &finding : commit.findings) {
+    out_ << fmt::format("{}. ", ++number);
+    write_headline(out_, finding, style_);
+    if (!finding.suppressed) write_explanation(out_, finding, style_);
+  }
+  const std::string search_end = search_end_text(commit.search);
+  if (!search_end.empty()) out_ << search_end << '\n';
+  has_gap_ = number != 0;
+  if (has_gap_) out_ << '\n';
+  out_.flush();
+}
+
+void SeriesText::finish(const SeriesSummary &summary, int) {
+  if (!has_gap_) out_ << '\n';
+  write_summary(out_, summary);
+}
+
+}  // namespace report

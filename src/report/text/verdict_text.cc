@@ -1,0 +1,95 @@
+#include "report/text/verdict_text.h"
+
+#include <fmt/format.h>
+
+#include <sstream>
+#include <string_view>
+
+#include "confd_lib.h"
+#include "report/decision_text.h"
+#include "report/escape/printable.h"
+
+namespace report {
+namespace {
+
+std::string sign(ChangeMark mark, const TextStyle &style) {
+  switch (mark) {
+    case ChangeMark::added:
+      return style(Accent::added, "+");
+    case ChangeMark::removed:
+      return style(Accent::removed, "-");
+    case ChangeMark::changed:
+      return style(Accent::changed, "~");
+  }
+  return "?";
+}
+
+std::string values_text(const ListedChange &change) {
+  if (change.old_value && change.new_value) return fmt::format(": {} -> {}", *change.old_value, *change.new_value);
+  if (change.old_value) return ": " + *change.old_value;
+  if (change.new_value) return ": " + *change.new_value;
+  return {};
+}
+
+std::string answer(const host::PointVerdict &point, const TextStyle &style) {
+  const std::string_view text = answer_text(point);
+  if (point.result == CONFD_ERR) return style(Accent::rejected, text);
+  return point.result == CONFD_VALIDATION_WARN ? style(Accent::warning, text) : std::string(text);
+}
+
+std::string decision(host::Decision decision, const TextStyle &style) {
+  const std::string_view text = decision_text(decision);
+  if (decision == host::Decision::rejected) return style(Accent::rejected, text);
+  return decision == host::Decision::accepted ? std::string(text) : style(Accent::warning, text);
+}
+
+void write_line(std::ostream &out, std::string_view indent, const std::string &sign, std::string_view text) {
+  out << indent << sign << ' ' << printable(text) << '\n';
+}
+
+void write_points(std::ostream &out, const host::Verdict &verdict, const TextStyle &style) {
+  out << fmt::format("validation points fired: {}\n", verdict.points_fired);
+  for (const host::PointVerdict &point : verdict.points) {
+    out << fmt::format("  {} at {}: {}", point.point, printable(point.path), answer(point, style));
+    if (!point.text.empty()) out << ": " << style(Accent::message, printable(point.text));
+    out << '\n';
+  }
+}
+
+void write_trace(std::ostream &out, const std::vector<std::string> &trace) {
+  out << fmt::format("\ntrace: {}\n", trace.size());
+  for (const std::string &text : trace) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) out << "  " << printable(line) << '\n';
+  }
+}
+
+}  // namespace
+
+void write_changes(std::ostream &out, const std::vector<ListedChange> &changes, const TextStyle &style) {
+  out << fmt::format("changes: {}\n", changes.size());
+  std::string_view object;
+  for (const ListedChange &change : changes) {
+    const std::string values = values_text(change);
+    if (change.path == change.object) {
+      write_line(out, "", sign(change.mark, style), change.path + values);
+    } else {
+      if (change.object != object) write_line(out, "", sign(ChangeMark::changed, style), change.object);
+      write_line(out, "  ", sign(change.mark, style), change.path.substr(change.object.size() + 1) + values);
+    }
+    object = change.object;
+  }
+  out << '\n';
+}
+
+void write_verdict(std::ostream &out, const CheckReport &report, const TextStyle &style) {
+  write_points(out, report.verdict, style);
+  if (report.with_trace) write_trace(out, report.verdict.account.trace);
+  const PointCounts counts = count_points(report.verdict);
+  out << fmt::format("\ncommit {}: {} of {} points asked, {} accepted, {} with a warning, {} rejected\n",
+                     decision(report.verdict.decision, style), report.verdict.points.size(),
+                     report.verdict.points_fired, counts.accepted, counts.warned, counts.rejected);
+  out << fmt::format("decided by {}, build id {}\n", printable(report.plugin_file), report.build_id);
+}
+
+}  // namespace report

@@ -1,0 +1,20 @@
+#ifndef REPORT_TEXT_VERDICT_TEXT_H
+#define REPORT_TEXT_VERDICT_TEXT_H
+
+#include <ostream>
+#include <vector>
+
+#include "report/check_report.h"
+#include "report/text/text_style.h"
+
+namespace report {
+
+/// A line a change, "+" added, "-" removed, "~" changed; what belongs to one outermost list entry stands below it.
+void write_changes(std::ostream &out, const std::vector<ListedChange> &changes, const TextStyle &style);
+
+/// A line a validation point that was asked, the trace if it was wanted, the total, and the library that decided.
+void write_verdict(std::ostream &out, const CheckReport &report, const TextStyle &style);
+
+}  // namespace report
+
+#endif
