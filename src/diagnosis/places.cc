@@ -18,7 +18,7 @@ int order(const Node &a, const Node &b) {
 
 /// Calls `visit` with every pair of nodes that stand at the same place, null for the one that is missing.
 template <typename Visit>
-void walk_pairs(const std::vector<Node> &before, const std::vector<Node> &after, Visit visit) {
+void walk_pairs(const element::Nodes &before, const element::Nodes &after, Visit visit) {
   auto old = before.begin();
   auto now = after.begin();
   while (old != before.end() || now != after.end()) {
@@ -30,8 +30,8 @@ void walk_pairs(const std::vector<Node> &before, const std::vector<Node> &after,
   }
 }
 
-const std::vector<Node> &children_of(const Node *node) {
-  static const std::vector<Node> none;
+const element::Nodes &children_of(const Node *node) {
+  static const element::Nodes none;
   return node == nullptr ? none : node->children;
 }
 

@@ -66,7 +66,7 @@ class Places {
 
  private:
   using NodeOf = const element::Node *(Place::*)(Shape) const;
-  using Nodes = std::vector<element::Node>;
+  using Nodes = element::Nodes;
 
   void add_children(const Nodes *before, const Nodes *after, std::size_t parent, bool at_top);
   void add(const element::Node *before, const element::Node *after, std::size_t parent, bool at_top);

@@ -119,7 +119,7 @@ int maapi_find_next(maapi_cursor *mc, confd_find_next_type type, confd_value_t *
   if (cursor->entries == nullptr) return CONFD_OK;
 
   const auto count = static_cast<std::size_t>(n_inkeys);
-  const std::vector<element::Node> &entries = cursor->entries->children;
+  const element::Nodes &entries = cursor->entries->children;
   cursor->next = host::first_not_before(entries, inkeys, count);
   const bool skip_same = type == CONFD_FIND_NEXT && cursor->next < entries.size() &&
                          host::compare_keys(inkeys, count, entries[cursor->next].keys) == 0;

@@ -149,7 +149,7 @@ int compare_keys(const confd_value_t *wanted, std::size_t count, const std::vect
   return count < keys.size() ? -1 : 1;
 }
 
-std::size_t first_not_before(const std::vector<element::Node> &entries, const confd_value_t *keys, std::size_t count) {
+std::size_t first_not_before(const element::Nodes &entries, const confd_value_t *keys, std::size_t count) {
   const auto found = lower_bound(
       entries, keys, count, [](const element::Node &entry) -> const auto & { return entry.keys; });
   return static_cast<std::size_t>(found - entries.begin());

@@ -63,7 +63,7 @@ Place locate(const element::Tree &tree, const ResolvedPath &path);
 
 /// Index of the first entry of a list in key order that is not before these keys; fewer keys than the list has stand
 /// before all that begin with them.
-std::size_t first_not_before(const std::vector<element::Node> &entries, const confd_value_t *keys, std::size_t count);
+std::size_t first_not_before(const element::Nodes &entries, const confd_value_t *keys, std::size_t count);
 
 /// As element::compare_keys.
 int compare_keys(const confd_value_t *wanted, std::size_t count, const std::vector<element::Value> &keys);
