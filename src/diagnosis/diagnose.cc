@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "confd_lib.h"
 #include "diagnosis/change_units.h"
 #include "diagnosis/excess.h"
 #include "diagnosis/fault_search.h"
@@ -32,8 +31,8 @@ constexpr std::size_t kChoices = 3;
 std::vector<host::PointVerdict> spoken(const host::Verdict &verdict) {
   std::vector<host::PointVerdict> warnings;
   for (const host::PointVerdict &point : verdict.points) {
-    if (point.result == CONFD_VALIDATION_WARN) warnings.push_back(point);
-    if (point.result != CONFD_ERR) continue;
+    if (point.answer == host::Answer::warned) warnings.push_back(point);
+    if (point.answer != host::Answer::rejected) continue;
     warnings.insert(warnings.begin(), point);
     break;
   }
@@ -42,11 +41,11 @@ std::vector<host::PointVerdict> spoken(const host::Verdict &verdict) {
 
 class Diagnoser {
  public:
-  Diagnoser(const host::Plugin &plugin, host::Seam &seam, const element::Transaction &transaction,
+  Diagnoser(const host::Plugin &plugin, host::HostSession &session, const element::Transaction &transaction,
             const Options &options)
       : places_(transaction),
         units_(places_),
-        inquiry_(plugin, seam, places_, options),
+        inquiry_(plugin, session, places_, options),
         search_(places_, units_, inquiry_),
         taken_back_(units_.size(), false) {}
 
@@ -200,9 +199,9 @@ class Diagnoser {
 
 }  // namespace
 
-Diagnosis diagnose(const host::Plugin &plugin, host::Seam &seam, const element::Transaction &transaction,
+Diagnosis diagnose(const host::Plugin &plugin, host::HostSession &session, const element::Transaction &transaction,
                    const host::Verdict &verdict, const Options &options) {
-  return Diagnoser(plugin, seam, transaction, options).run(verdict, options.all_faults);
+  return Diagnoser(plugin, session, transaction, options).run(verdict, options.all_faults);
 }
 
 }  // namespace diagnosis

@@ -9,7 +9,7 @@
 #include "element/datastore/transaction.h"
 #include "host/run/commit.h"
 #include "host/run/plugin.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 namespace diagnosis {
 
@@ -29,7 +29,7 @@ struct Options {
 /// Finds what draws each message of `verdict`, the library's verdict on the transaction as the device gives it, and,
 /// if wanted, every further fault: what draws a message is taken back, and the library asked again, until it accepts
 /// the rest without a warning. Leaves the seam as it was.
-Diagnosis diagnose(const host::Plugin &plugin, host::Seam &seam, const element::Transaction &transaction,
+Diagnosis diagnose(const host::Plugin &plugin, host::HostSession &session, const element::Transaction &transaction,
                    const host::Verdict &verdict, const Options &options);
 
 }  // namespace diagnosis

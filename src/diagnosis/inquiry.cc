@@ -12,8 +12,8 @@ bool gives(const host::Verdict &verdict, const host::PointVerdict &answer) {
 
 }  // namespace
 
-Inquiry::Inquiry(const host::Plugin &plugin, host::Seam &seam, const Places &places, const Options &options)
-    : plugin_(plugin), seam_(seam), places_(places), options_(options) {}
+Inquiry::Inquiry(const host::Plugin &plugin, host::HostSession &session, const Places &places, const Options &options)
+    : plugin_(plugin), session_(session), places_(places), options_(options) {}
 
 std::optional<host::Verdict> Inquiry::ask(const Shapes &shapes) {
   const Shapes asked = without_left_out(shapes);
@@ -25,9 +25,9 @@ std::optional<host::Verdict> Inquiry::ask(element::Tree running, element::Tree c
   if (options_.progress) options_.progress(calls_, faults);
   ++calls_;
   breach_.clear();
-  const auto transaction = element::make_transaction(std::move(running), std::move(candidate), seam_.profile());
+  const auto transaction = element::make_transaction(std::move(running), std::move(candidate), session_.profile());
   try {
-    return host::validate_commit(plugin_, seam_, *transaction);
+    return host::validate_commit(plugin_, session_, *transaction);
   } catch (const host::ContractError &error) {
     breach_ = error.what();
     return std::nullopt;
@@ -64,7 +64,7 @@ bool Inquiry::may_ask() {
 }
 
 bool is_same_answer(const host::PointVerdict &a, const host::PointVerdict &b) {
-  return a.point == b.point && a.result == b.result && a.text == b.text;
+  return a.point == b.point && a.answer == b.answer && a.text == b.text;
 }
 
 }  // namespace diagnosis

@@ -24,7 +24,7 @@ struct Wanted {
 class Inquiry {
  public:
   /// All that is referred to must outlive the inquiry.
-  Inquiry(const host::Plugin &plugin, host::Seam &seam, const Places &places, const Options &options);
+  Inquiry(const host::Plugin &plugin, host::HostSession &session, const Places &places, const Options &options);
 
   /// The library's verdict, as the device would give it, with every derived table of the reduced configurations.
   /// Nothing where the budget is used up or the library breaks its contract.
@@ -56,7 +56,7 @@ class Inquiry {
   std::optional<host::Verdict> ask(element::Tree running, element::Tree candidate);
 
   const host::Plugin &plugin_;
-  host::Seam &seam_;
+  host::HostSession &session_;
   const Places &places_;
   const Options &options_;
   std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();

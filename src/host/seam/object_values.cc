@@ -52,7 +52,7 @@ class ObjectWriter {
   // Only what is written is handed out.
   void put_leaf(const element::SchemaNode &leaf, const element::Value *value) {
     const bool is_written = count_ < room_;
-    put_value(is_written && value != nullptr ? handed_out(*value, leaf) : no_value());
+    put_value(is_written && value != nullptr ? owned_value(*value, leaf) : no_value());
   }
 
   void put_value(const confd_value_t &value) {

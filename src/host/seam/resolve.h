@@ -7,7 +7,7 @@
 #include "confd_lib.h"
 #include "element/datastore/difference.h"
 #include "element/datastore/tree.h"
-#include "host/seam/path_format.h"
+#include "host/seam/formatted_path.h"
 
 namespace host {
 
@@ -41,10 +41,10 @@ class ResolvedPath {
   bool is_object() const;
 
  private:
-  int add_name(const PathText::Part &name);
-  int add_keys(const PathText::Part *first, std::size_t count);
+  int add_name(const FormattedPath::Part &name);
+  int add_keys(const FormattedPath::Part *first, std::size_t count);
 
-  PathText text_;
+  FormattedPath text_;
   const element::SchemaNode *target_ = nullptr;
   fmt::basic_memory_buffer<Step, 24> steps_;
   fmt::basic_memory_buffer<confd_value_t, 16> keys_;
