@@ -3,9 +3,9 @@
 
 #include "bench/point_commits.h"
 #include "confd_dp.h"
-#include "host/run/firing.h"
 #include "host/run/plugin.h"
-#include "host/seam/seam.h"
+#include "host/run/triggered_points.h"
+#include "host/seam/host_session.h"
 
 namespace bench {
 
@@ -13,7 +13,7 @@ namespace bench {
 /// commit does not fire the point. Commit, plug-in and seam must outlive it; the seam serves the commit.
 class AskedPoint {
  public:
-  AskedPoint(const PointCommit &commit, const host::Plugin &plugin, host::Seam &seam);
+  AskedPoint(const PointCommit &commit, const host::Plugin &plugin, host::HostSession &session);
   AskedPoint(const AskedPoint &) = delete;
   AskedPoint &operator=(const AskedPoint &) = delete;
 
@@ -22,8 +22,8 @@ class AskedPoint {
 
  private:
   const host::Plugin &plugin_;
-  host::Seam &seam_;
-  host::Firing firing_;
+  host::HostSession &session_;
+  host::TriggeredPoint triggered_;
   confd_trans_ctx context_{};
   confd_hkeypath_t path_;
   confd_value_t value_;

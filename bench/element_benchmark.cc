@@ -68,17 +68,17 @@ void project(benchmark::State &state) {
   measure(
       state, [&commit] { return commit.candidate; },
       [&commit](element::Tree &tree) {
-        element::Identifiers identifiers;
-        element::project(tree, commit.profile, identifiers);
-        return identifiers;
+        element::Projector projector(commit.profile);
+        projector.project(tree);
+        return 0;
       });
 }
 
 void difference(benchmark::State &state) {
   bench::Commit commit = commit_of(state);
-  element::Identifiers identifiers;
-  element::project(commit.running, commit.profile, identifiers);
-  element::project(commit.candidate, commit.profile, identifiers);
+  element::Projector projector(commit.profile);
+  projector.project(commit.running);
+  projector.project(commit.candidate);
   measure(
       state, [] { return 0; }, [&commit](int) { return element::difference(commit.running, commit.candidate); });
 }

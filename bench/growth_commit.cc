@@ -12,20 +12,20 @@
 
 namespace {
 
-void print_calls(std::size_t size, const host::Account &account) {
+void print_calls(std::size_t size, const host::CallStatistics &statistics) {
   for (std::size_t i = 0; i < host::seam_function_count; ++i) {
-    if (account.calls[i] == 0) continue;
+    if (statistics.calls[i] == 0) continue;
     const std::string function(name(static_cast<host::SeamFunction>(i)));
-    std::printf("%zu %s %llu\n", size, function.c_str(), static_cast<unsigned long long>(account.calls[i]));
+    std::printf("%zu %s %llu\n", size, function.c_str(), static_cast<unsigned long long>(statistics.calls[i]));
   }
 }
 
 void ask(const char *library, const element::Schema &schema, bench::PointCommitKind kind, std::size_t size) {
   const bench::PointCommit commit = make_point_commit(schema, kind, size);
-  host::Seam seam(commit.profile);
+  host::HostSession session(commit.profile);
   const host::Plugin plugin(library);
-  bench::AskedPoint(commit, plugin, seam).validate();
-  print_calls(size, seam.account);
+  bench::AskedPoint(commit, plugin, session).validate();
+  print_calls(size, session.statistics);
 }
 
 }  // namespace

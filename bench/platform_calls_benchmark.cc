@@ -17,7 +17,7 @@
 #include "confd_lib.h"
 #include "confd_maapi.h"
 #include "element/datastore/transaction.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 #include "limid.h"
 #include "qnconfd.h"
 
@@ -77,13 +77,13 @@ class Stage {
 class Running {
  public:
   explicit Running(const benchmark::State &state) : stage_(stage_of(static_cast<std::size_t>(state.range(0)))) {
-    seam_.serve(&stage_.transaction());
+    session_.serve(&stage_.transaction());
   }
 
   Stage &stage() { return stage_; }
-  host::Seam &seam() { return seam_; }
-  int sock() const { return seam_.maapi_socket(); }
-  int handle() const { return seam_.transaction_handle(); }
+  host::HostSession &session() { return session_; }
+  int sock() const { return session_.maapi_socket(); }
+  int handle() const { return session_.transaction_handle(); }
 
  private:
   static Stage &stage_of(std::size_t size) {
@@ -92,7 +92,7 @@ class Running {
   }
 
   Stage &stage_;
-  host::Seam seam_{stage_.profile()};
+  host::HostSession session_{stage_.profile()};
 };
 
 /// A benchmark that measures a call which answers other than expected is worth nothing.
@@ -233,14 +233,14 @@ void get_objects(benchmark::State &state) {
 
 void cdb_num_instances(benchmark::State &state) {
   Running running(state);
-  const QnConfdCdbSessionBase session(qnconfd_instance_get(running.seam().middleware()), CDB_RUNNING, false);
+  const QnConfdCdbSessionBase session(qnconfd_instance_get(running.session().middleware()), CDB_RUNNING, false);
   for (auto _ : state) require(::cdb_num_instances(session.Socket(), "%s", kAttachments) > 0);
 }
 
 /// One batch of 64 entries from a list's middle.
 void cdb_get_objects(benchmark::State &state) {
   Running running(state);
-  const QnConfdCdbSessionBase session(qnconfd_instance_get(running.seam().middleware()), CDB_RUNNING, false);
+  const QnConfdCdbSessionBase session(qnconfd_instance_get(running.session().middleware()), CDB_RUNNING, false);
   const int middle = running.stage().attachment_count() / 2;
   for (auto _ : state) {
     Batch batch{};

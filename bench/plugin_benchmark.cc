@@ -23,21 +23,21 @@ const element::Schema &schema() {
   return schema;
 }
 
-void report_calls(benchmark::State &state, const host::Account &account) {
+void report_calls(benchmark::State &state, const host::CallStatistics &statistics) {
   std::uint64_t all = 0;
   for (std::size_t i = 0; i < host::seam_function_count; ++i) {
-    if (account.calls[i] == 0) continue;
-    all += account.calls[i];
-    state.counters[std::string(name(static_cast<host::SeamFunction>(i)))] = static_cast<double>(account.calls[i]);
+    if (statistics.calls[i] == 0) continue;
+    all += statistics.calls[i];
+    state.counters[std::string(name(static_cast<host::SeamFunction>(i)))] = static_cast<double>(statistics.calls[i]);
   }
   state.counters["calls"] = static_cast<double>(all);
 }
 
 void validate(benchmark::State &state, bench::PointCommitKind kind) {
   const bench::PointCommit commit = make_point_commit(schema(), kind, static_cast<std::size_t>(state.range(0)));
-  host::Seam seam(commit.profile);
+  host::HostSession session(commit.profile);
   const host::Plugin library(PLUGIN_FILE);
-  bench::AskedPoint point(commit, library, seam);
+  bench::AskedPoint point(commit, library, session);
 
   constexpr double kNever = std::numeric_limits<double>::max();
   const double reading = bench::clock_reading_seconds();
@@ -61,7 +61,7 @@ void validate(benchmark::State &state, bench::PointCommitKind kind) {
   state.counters["plugin"] = plugin_least;
   state.counters["platform"] = platform_least;
   state.counters["peak"] = Counter(static_cast<double>(peak), Counter::kDefaults, Counter::kIs1024);
-  report_calls(state, seam.account);
+  report_calls(state, session.statistics);
 }
 
 void add(bench::PointCommitKind kind, std::initializer_list<std::int64_t> sizes) {

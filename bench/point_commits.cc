@@ -48,16 +48,16 @@ Tree pseudowires(const element::Schema &schema, std::size_t count) {
 
 void shorten_pseudowire_table(Tree &derived) {
   element::Node &table = derived.put("/KZ-PWE3-MIB/pwTable/pwEntry");
-  if (table.children.size() > kCountedPseudowires) table.children.resize(kCountedPseudowires);
+  while (table.children.size() > kCountedPseudowires) table.children.pop_back();
 }
 
 PointCommit make_peer_commit(const element::Schema &schema, std::size_t size) {
   element::Profile profile = element_with(0, {});
-  element::Identifiers identifiers;
+  element::Projector projector(profile);
   Tree running = pseudowires(schema, size * 9 / 10);
   Tree candidate = pseudowires(schema, size);
-  project(running, profile, identifiers);
-  project(candidate, profile, identifiers);
+  projector.project(running);
+  projector.project(candidate);
   shorten_pseudowire_table(running);
   shorten_pseudowire_table(candidate);
   return {std::move(profile), std::make_unique<element::Transaction>(std::move(running), std::move(candidate)),

@@ -13,8 +13,8 @@ namespace {
 using element::Node;
 using element::Tree;
 
-const std::vector<Node> &entries_at(const Tree &derived, const char *path) {
-  static const std::vector<Node> none;
+const element::Nodes &entries_at(const Tree &derived, const char *path) {
+  static const element::Nodes none;
   const Node *list = derived.find(path);
   return list == nullptr ? none : list->children;
 }

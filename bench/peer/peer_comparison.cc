@@ -29,9 +29,9 @@ double median(int repeats, Measure measure) {
 }
 
 double seconds_of_plugin(const bench::PointCommit &commit) {
-  host::Seam seam(commit.profile);
+  host::HostSession session(commit.profile);
   const host::Plugin plugin(PLUGIN_FILE);
-  bench::AskedPoint point(commit, plugin, seam);
+  bench::AskedPoint point(commit, plugin, session);
   return median(kRepeats, [&point] { return bench::cpu_seconds_of([&point] { point.validate(); }); });
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "confd_lib.h"
 #include "diagnosis/advice_search.h"
 #include "diagnosis/confirmation.h"
 #include "diagnosis/conflict_search.h"
@@ -24,22 +23,22 @@ constexpr std::uint32_t kFewEntries = 200;
 std::vector<host::PointVerdict> spoken(const host::Verdict &verdict) {
   std::vector<host::PointVerdict> answers;
   for (const host::PointVerdict &point : verdict.points) {
-    if (point.result == CONFD_OK) continue;
-    answers.insert(point.result == CONFD_ERR ? answers.begin() : answers.end(), point);
-    if (point.result == CONFD_ERR) break;
+    if (point.answer == host::Answer::accepted) continue;
+    answers.insert(point.answer == host::Answer::rejected ? answers.begin() : answers.end(), point);
+    if (point.answer == host::Answer::rejected) break;
   }
   return answers;
 }
 
 class Diagnoser {
  public:
-  Diagnoser(const host::Plugin &plugin, host::Seam &seam, const element::Transaction &transaction,
+  Diagnoser(const host::Plugin &plugin, host::HostSession &session, const element::Transaction &transaction,
             const Options &options)
       : options_(options),
         tree_(transaction),
         entries_(tree_),
         changes_(entries_),
-        oracle_(plugin, seam, entries_, changes_, messages_, options),
+        oracle_(plugin, session, entries_, changes_, messages_, options),
         context_{entries_, changes_, messages_, oracle_, nullptr} {}
 
   Diagnosis run(const host::Verdict &verdict) {
@@ -123,9 +122,9 @@ class Diagnoser {
 
 }  // namespace
 
-Diagnosis diagnose(const host::Plugin &plugin, host::Seam &seam, const element::Transaction &transaction,
+Diagnosis diagnose(const host::Plugin &plugin, host::HostSession &session, const element::Transaction &transaction,
                    const host::Verdict &verdict, const Options &options) {
-  return Diagnoser(plugin, seam, transaction, options).run(verdict);
+  return Diagnoser(plugin, session, transaction, options).run(verdict);
 }
 
 }  // namespace diagnosis

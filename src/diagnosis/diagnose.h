@@ -9,7 +9,7 @@
 #include "element/datastore/transaction.h"
 #include "host/run/commit.h"
 #include "host/run/plugin.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 namespace diagnosis {
 
@@ -31,8 +31,8 @@ struct Options {
 };
 
 /// Explains `verdict`, the library's verdict on the transaction as the device gives it: finds every minimal conflict of
-/// the commit, and what to take back. The transaction holds its derived tables. Leaves the seam as it was.
-Diagnosis diagnose(const host::Plugin &plugin, host::Seam &seam, const element::Transaction &transaction,
+/// the commit, and what to take back. The transaction holds its derived tables. Leaves the session as it was.
+Diagnosis diagnose(const host::Plugin &plugin, host::HostSession &session, const element::Transaction &transaction,
                    const host::Verdict &verdict, const Options &options);
 
 }  // namespace diagnosis

@@ -15,6 +15,16 @@ Entries::Entries(MergedTree &tree) : tree_(tree) {
     node.entry = size();
     entries_.push_back({number, around, 0});
   }
+  for (std::uint32_t number = tree.size(); number-- > 0;) {
+    MergedNode &node = tree[number];
+    if (node.is_thing()) {
+      ++node.things;
+      node.first_thing = node.entry;
+    }
+    if (node.parent == kNone || node.things == 0) continue;
+    tree[node.parent].things += node.things;
+    tree[node.parent].first_thing = node.first_thing;
+  }
   for (std::uint32_t entry = size(); entry-- > 0;) {
     Entry &own = entries_[entry];
     own.end = std::max(own.end, entry + 1);

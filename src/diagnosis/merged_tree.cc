@@ -1,12 +1,15 @@
 #include "diagnosis/merged_tree.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace diagnosis {
 namespace {
 
 using element::Node;
 using element::NodeKind;
+using element::Nodes;
+using element::Tree;
 
 bool is_list(const Node &node) { return node.schema->kind == NodeKind::list && !node.is_entry(); }
 
@@ -16,22 +19,42 @@ int order(const Node &a, const Node &b) {
   return a.schema->position < b.schema->position ? -1 : 1;
 }
 
-/// Calls `visit` with every pair of nodes that stand at the same path, null for the one that is missing.
+const Node *node_of(const SharedChild &child) {
+  return child.siblings == nullptr ? nullptr : &(*child.siblings)[child.index];
+}
+
+/// Calls `visit` with every pair of nodes that stand at the same path; one that is missing is null.
 template <typename Visit>
-void walk_pairs(const std::vector<Node> &before, const std::vector<Node> &after, Visit visit) {
-  auto old = before.begin();
-  auto now = after.begin();
-  while (old != before.end() || now != after.end()) {
-    const int which = old == before.end() ? 1 : now == after.end() ? -1 : order(*old, *now);
-    visit(which <= 0 ? &*old : nullptr, which >= 0 ? &*now : nullptr);
+void walk_pairs(const Nodes &before, const Nodes &after, Visit visit) {
+  std::size_t old = 0;
+  std::size_t now = 0;
+  while (old < before.size() || now < after.size()) {
+    const int which = old == before.size() ? 1 : now == after.size() ? -1 : order(before[old], after[now]);
+    visit(which <= 0 ? SharedChild{&before, old} : SharedChild{},
+          which >= 0 ? SharedChild{&after, now} : SharedChild{});
     if (which <= 0) ++old;
     if (which >= 0) ++now;
   }
 }
 
-const std::vector<Node> &children_of(const Node *node) {
-  static const std::vector<Node> none;
+const Nodes &children_of(const Node *node) {
+  static const Nodes none;
   return node == nullptr ? none : node->children;
+}
+
+Tree without_derived(const Tree &tree) {
+  Tree operators = tree;
+  Nodes kept;
+  for (std::size_t i = 0; i < tree.root().children.size(); ++i) {
+    if (!tree.root().children[i].schema->derived) kept.push_back_shared(tree.root().children, i);
+  }
+  operators.root().children = std::move(kept);
+  return operators;
+}
+
+Tree sharing(Tree tree, const Tree &other) {
+  element::share_equal_subtrees(tree, other);
+  return tree;
 }
 
 }  // namespace
@@ -44,8 +67,10 @@ bool MergedNode::is_changed() const {
   return is_leaf() && before->value != after->value;
 }
 
-MergedTree::MergedTree(const element::Transaction &transaction) : schema_(transaction.candidate.schema()) {
-  add_children(&transaction.running.root().children, &transaction.candidate.root().children, kNone);
+MergedTree::MergedTree(const element::Transaction &transaction)
+    : running_(without_derived(transaction.running)),
+      candidate_(sharing(without_derived(transaction.candidate), running_)) {
+  add_children(std::as_const(running_).root().children, std::as_const(candidate_).root().children, kNone);
 }
 
 element::Path MergedTree::path_of(std::uint32_t number) const {
@@ -57,22 +82,23 @@ element::Path MergedTree::path_of(std::uint32_t number) const {
   return path;
 }
 
-void MergedTree::add_children(const Nodes *before, const Nodes *after, std::uint32_t parent) {
-  walk_pairs(*before, *after, [&](const Node *old, const Node *now) {
-    const Node &node = now != nullptr ? *now : *old;
-    if (node.schema->derived) return;
-    if (!is_list(node)) return add(old, now, parent);
+void MergedTree::add_children(const Nodes &before, const Nodes &after, std::uint32_t parent) {
+  walk_pairs(before, after, [&](const SharedChild &old, const SharedChild &now) {
+    const Node *old_node = node_of(old);
+    const Node *now_node = node_of(now);
+    if (!is_list(now_node != nullptr ? *now_node : *old_node)) return add(old, now, parent);
     const std::uint32_t begin = size();
-    add_children(&children_of(old), &children_of(now), parent);
+    add_children(children_of(old_node), children_of(now_node), parent);
     for (std::uint32_t entry = begin; entry < size(); entry = nodes_[entry].end) nodes_[entry].list_end = size();
   });
 }
 
-void MergedTree::add(const Node *before, const Node *after, std::uint32_t parent) {
+void MergedTree::add(const SharedChild &before, const SharedChild &after, std::uint32_t parent) {
   const std::uint32_t number = size();
-  const element::SchemaNode *schema = (after != nullptr ? after : before)->schema;
-  nodes_.push_back({schema, before, after, parent, 0, 0, kNone});
-  add_children(&children_of(before), &children_of(after), number);
+  const Node *old = node_of(before);
+  const Node *now = node_of(after);
+  nodes_.push_back({(now != nullptr ? now : old)->schema, old, now, before, after, parent, 0, 0, 0, kNone, kNone});
+  add_children(children_of(old), children_of(now), number);
   nodes_[number].end = size();
 }
 

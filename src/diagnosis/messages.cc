@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "confd_lib.h"
-
 namespace diagnosis {
 namespace {
 
@@ -37,7 +35,7 @@ bool Message::is_cumulative() const { return rule != nullptr && (rule->counts ||
 
 std::uint32_t Messages::number_of(const host::PointVerdict &answer) {
   const rules::Rule *rule = rules::rule_of_message(answer.point, answer.text);
-  std::string key = fmt::format("{} {} {}", answer.point, answer.result, identity(rule, answer.text));
+  std::string key = fmt::format("{} {} {}", answer.point, static_cast<int>(answer.answer), identity(rule, answer.text));
   const auto [known, is_new] = numbers_.try_emplace(std::move(key), static_cast<std::uint32_t>(messages_.size()));
   if (is_new) messages_.push_back({answer, rule});
   return known->second;
@@ -46,7 +44,7 @@ std::uint32_t Messages::number_of(const host::PointVerdict &answer) {
 NumberSet Messages::numbers_of(const host::Verdict &verdict) {
   NumberSet numbers;
   for (const host::PointVerdict &point : verdict.points) {
-    if (point.result != CONFD_OK) numbers.push_back(number_of(point));
+    if (point.answer != host::Answer::accepted) numbers.push_back(number_of(point));
   }
   normalise(numbers);
   return numbers;

@@ -8,9 +8,19 @@ constexpr std::size_t kLargestKept = 128;
 
 }  // namespace
 
-Oracle::Oracle(const host::Plugin &plugin, host::Seam &seam, const Entries &entries, const RevertibleChanges &changes,
-               Messages &messages, const Options &options)
-    : plugin_(plugin), seam_(seam), entries_(entries), changes_(changes), messages_(messages), options_(options) {}
+Oracle::Oracle(const host::Plugin &plugin, host::HostSession &session, const Entries &entries,
+               const RevertibleChanges &changes, Messages &messages, const Options &options)
+    : plugin_(plugin),
+      session_(session),
+      entries_(entries),
+      changes_(changes),
+      messages_(messages),
+      options_(options),
+      projector_(session.profile()),
+      begin_(now()) {
+  projector_.keep(entries.tree().running());
+  projector_.keep(entries.tree().candidate());
+}
 
 std::chrono::steady_clock::time_point Oracle::now() const {
   return options_.now ? options_.now() : std::chrono::steady_clock::now();
@@ -26,8 +36,8 @@ std::optional<NumberSet> Oracle::ask(const RestrictedCommit &commit) {
   if (options_.progress) options_.progress(calls_, findings);
   ++calls_;
   try {
-    const auto transaction = make_transaction(commit, entries_, changes_, seam_.profile());
-    const host::Verdict verdict = host::validate_commit(plugin_, seam_, *transaction, {.all_points = true});
+    const auto transaction = make_transaction(commit, entries_, changes_, projector_);
+    const host::Verdict verdict = host::validate_commit(plugin_, session_, *transaction, {.all_points = true});
     NumberSet answer = messages_.numbers_of(verdict);
     if (is_kept) known_.emplace(commit, answer);
     return answer;

@@ -18,8 +18,8 @@ namespace diagnosis {
 class Oracle {
  public:
   /// All that is referred to must outlive the oracle.
-  Oracle(const host::Plugin &plugin, host::Seam &seam, const Entries &entries, const RevertibleChanges &changes,
-         Messages &messages, const Options &options);
+  Oracle(const host::Plugin &plugin, host::HostSession &session, const Entries &entries,
+         const RevertibleChanges &changes, Messages &messages, const Options &options);
 
   /// The numbers of the messages that the restricted commit draws. Nothing where the search has ended.
   std::optional<NumberSet> ask(const RestrictedCommit &commit);
@@ -44,11 +44,12 @@ class Oracle {
   std::chrono::steady_clock::time_point now() const;
 
   const host::Plugin &plugin_;
-  host::Seam &seam_;
+  host::HostSession &session_;
   const Entries &entries_;
   const RevertibleChanges &changes_;
   Messages &messages_;
   const Options &options_;
+  element::Projector projector_;
   std::chrono::steady_clock::time_point begin_;
   std::uint64_t calls_ = 0;
   SearchEnd end_ = SearchEnd::complete;

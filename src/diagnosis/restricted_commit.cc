@@ -51,27 +51,51 @@ class Builder {
   }
 
   const Node *source(const MergedNode &node, NodeState state) const {
-    if (node.is_bare()) return &node.node();
-    return is_candidate_ && state == NodeState::applied ? node.after : node.before;
+    const Node *own = is_candidate_ && state == NodeState::applied ? node.after : node.before;
+    return own == nullptr && node.is_bare() ? &node.node() : own;
   }
 
   void add(std::uint32_t number, NodeState state, Node &parent) {
     const MergedNode &node = tree_[number];
     const Node *from = source(node, state);
     if (from == nullptr) return;
+    element::Nodes &siblings = node.is_entry() ? list_below(node, parent).children : parent.children;
+    if (is_whole(number, state)) return share(node, *from, siblings);
     if (node.is_thing()) ++cursor_;
-    Node &below = node.is_entry() ? entry_below(node, parent)
-                                  : parent.children.emplace_back(Node{node.schema, {}, from->value, {}});
+    Node &below = siblings.push_back(Node{node.schema, from->keys, from->value, {}});
     add_range(number + 1, node.end, below);
     if (node.is_bare() && below.children.empty()) parent.children.pop_back();
   }
 
+  /// The node stands in the built configuration with all that one of the two configurations has below it.
+  bool is_whole(std::uint32_t number, NodeState state) const {
+    const MergedNode &node = tree_[number];
+    if (node.is_bare() && (node.before == nullptr) != (node.after == nullptr)) return false;
+    if (is_candidate_ && state == NodeState::applied && holds_reverted(number)) return false;
+    const std::size_t last = cursor_ + node.things - 1;
+    return node.things == 0 ||
+           (last < commit_.entries.size() && commit_.entries[last] == node.first_thing + node.things - 1);
+  }
+
+  /// A part that is taken back stands around the node or below it.
+  bool holds_reverted(std::uint32_t number) const {
+    const std::uint32_t end = tree_[number].end;
+    return std::any_of(commit_.reverted.begin(), commit_.reverted.end(), [&](std::uint32_t part) {
+      const std::uint32_t begin = changes_[part].node;
+      return begin < end && number < tree_[begin].end;
+    });
+  }
+
+  void share(const MergedNode &node, const Node &from, element::Nodes &siblings) {
+    const SharedChild &place = &from == node.after ? node.after_place : node.before_place;
+    siblings.push_back_shared(*place.siblings, place.index);
+    cursor_ += node.things;
+  }
+
   // Nodes come in schema order, so that a new child is always the last one.
-  static Node &entry_below(const MergedNode &node, Node &parent) {
-    if (parent.children.empty() || parent.children.back().schema != node.schema) {
-      parent.children.push_back(Node{node.schema, {}, {}, {}});
-    }
-    return element::append_entry(parent.children.back(), node.node().keys);
+  static Node &list_below(const MergedNode &node, Node &parent) {
+    const bool is_new = parent.children.empty() || std::as_const(parent.children).back().schema != node.schema;
+    return is_new ? parent.children.push_back(Node{node.schema, {}, {}, {}}) : parent.children.back();
   }
 
   const RestrictedCommit &commit_;
@@ -94,13 +118,13 @@ element::Tree candidate_tree(const RestrictedCommit &commit, const Entries &entr
 
 std::unique_ptr<element::Transaction> make_transaction(const RestrictedCommit &commit, const Entries &entries,
                                                        const RevertibleChanges &changes,
-                                                       const element::Profile &profile) {
+                                                       element::Projector &projector) {
   element::Tree running = running_tree(commit, entries, changes);
   if (commit.is_start) {
     element::Tree nothing(running.schema());
-    return element::make_transaction(std::move(nothing), std::move(running), profile);
+    return element::make_transaction(std::move(nothing), std::move(running), projector);
   }
-  return element::make_transaction(std::move(running), candidate_tree(commit, entries, changes), profile);
+  return element::make_transaction(std::move(running), candidate_tree(commit, entries, changes), projector);
 }
 
 }  // namespace diagnosis

@@ -1,6 +1,8 @@
 #ifndef DIAGNOSIS_RESTRICTED_COMMIT_H
 #define DIAGNOSIS_RESTRICTED_COMMIT_H
 
+#include <memory>
+
 #include "diagnosis/entries.h"
 #include "diagnosis/revertible_changes.h"
 
@@ -22,10 +24,9 @@ struct RestrictedCommit {
   bool operator==(const RestrictedCommit &) const = default;
 };
 
-/// The restricted commit with its derived tables.
+/// The restricted commit with its derived tables; the projector keeps those of the whole commit's VPNs.
 std::unique_ptr<element::Transaction> make_transaction(const RestrictedCommit &commit, const Entries &entries,
-                                                       const RevertibleChanges &changes,
-                                                       const element::Profile &profile);
+                                                       const RevertibleChanges &changes, element::Projector &projector);
 
 /// One of its configurations, operator's nodes alone.
 element::Tree running_tree(const RestrictedCommit &commit, const Entries &entries, const RevertibleChanges &changes);

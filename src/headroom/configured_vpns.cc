@@ -46,8 +46,8 @@ std::string shown(const Vpn &vpn) { return fmt::format("{} {} vpn {}", group_lis
 
 Node &put_vpn(element::Tree &configuration, const Vpn &vpn) { return configuration.put(path_of(vpn)); }
 
-const std::vector<Node> &access_interfaces(const Vpn &vpn) {
-  static const std::vector<Node> none;
+const element::Nodes &access_interfaces(const Vpn &vpn) {
+  static const element::Nodes none;
   const Node *list = find_list(vpn);
   return list == nullptr ? none : list->children;
 }
@@ -71,7 +71,7 @@ void add_range(Node &access_interface, std::uint16_t first, std::uint16_t last) 
   element::append_entry(ranges, {first, last});
 }
 
-const std::vector<Node> &ranges_of(const Node &access_interface) {
+const element::Nodes &ranges_of(const Node &access_interface) {
   return element::entries_below(&access_interface, {"encapsulation", "dot1q-range"});
 }
 

@@ -30,7 +30,7 @@ std::string shown(const Vpn &vpn);
 element::Node &put_vpn(element::Tree &configuration, const Vpn &vpn);
 
 /// The VPN's access interfaces; none for a VPN that is to be added.
-const std::vector<element::Node> &access_interfaces(const Vpn &vpn);
+const element::Nodes &access_interfaces(const Vpn &vpn);
 
 /// The access interface of this name, or null.
 const element::Node *find_access_interface(const Vpn &vpn, const std::string &interface);
@@ -45,7 +45,7 @@ void drop_access_interfaces(element::Tree &configuration, const Vpn &vpn);
 void add_range(element::Node &access_interface, std::uint16_t first, std::uint16_t last);
 
 /// The access interface's VLAN ranges of selective encapsulation.
-const std::vector<element::Node> &ranges_of(const element::Node &access_interface);
+const element::Nodes &ranges_of(const element::Node &access_interface);
 
 }  // namespace headroom
 

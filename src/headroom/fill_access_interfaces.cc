@@ -9,7 +9,7 @@ enum class Claim { vpn_vlan, untagged, own_vlan };
 
 // All interfaces of a VPN are of one kind: that of the first.
 PortKind kind_of_ports(const Vpn &vpn) {
-  const std::vector<element::Node> &present = access_interfaces(vpn);
+  const element::Nodes &present = access_interfaces(vpn);
   const bool on_service_ports = !present.empty() && to_text(present.front().keys.front()).starts_with("service");
   return on_service_ports ? PortKind::service_port : PortKind::ethernet;
 }

@@ -8,7 +8,7 @@ namespace headroom {
 namespace {
 
 bool has_service_port(const Vpn &vpn) {
-  const std::vector<element::Node> &present = access_interfaces(vpn);
+  const element::Nodes &present = access_interfaces(vpn);
   return std::any_of(present.begin(), present.end(),
                      [](const auto &entry) { return to_text(entry.keys.front()).starts_with("service-port"); });
 }

@@ -23,7 +23,7 @@ constexpr Packing dense_range_packing{2, 8};
 // A bridge domain's own VLAN would count as well, and its interfaces without encapsulation would not agree.
 bool can_take_ranges(const Vpn &vpls) {
   if (element::number_below(vpls.entry, {"bridge-domain", "dot1q"})) return false;
-  const std::vector<element::Node> &present = access_interfaces(vpls);
+  const element::Nodes &present = access_interfaces(vpls);
   return std::all_of(present.begin(), present.end(), [](const auto &entry) { return !ranges_of(entry).empty(); });
 }
 

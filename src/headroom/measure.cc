@@ -5,7 +5,6 @@
 #include <optional>
 #include <utility>
 
-#include "confd_lib.h"
 #include "headroom/remainder.h"
 
 namespace headroom {
@@ -45,7 +44,7 @@ Measurement measure(const host::Plugin &plugin, const Commit &commit, const Prog
   Measurement measurement;
   measurement.decision = verdict.decision;
   for (const host::PointVerdict &point : verdict.points) {
-    if (point.result != CONFD_OK) measurement.answers.push_back(answer_of(point));
+    if (point.answer != host::Answer::accepted) measurement.answers.push_back(answer_of(point));
   }
   const bool is_accepted = verdict.decision != host::Decision::rejected;
   const std::vector<Fill> fills = all_fills(site);

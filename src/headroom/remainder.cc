@@ -1,6 +1,5 @@
 #include "headroom/remainder.h"
 
-#include "confd_lib.h"
 #include "headroom/limit_message.h"
 #include "headroom/search.h"
 #include "rules/rule.h"
@@ -43,7 +42,7 @@ struct Hindrance {
 Hindrance hindrance_of(const Judge &judge, const Load &load, std::string_view own_point) {
   Hindrance hindrance;
   for (const host::PointVerdict &point : judge.decide(load, true).points) {
-    if (point.result != CONFD_ERR) continue;
+    if (point.answer != host::Answer::rejected) continue;
     if (point.point != own_point) {
       hindrance.other_points.insert(point.point);
     } else if (!hindrance.rejection) {

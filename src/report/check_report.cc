@@ -1,22 +1,20 @@
 #include "report/check_report.h"
 
-#include "confd_lib.h"
-
 namespace report {
 
 PointCounts count_points(const host::Verdict &verdict) {
   PointCounts counts;
   for (const host::PointVerdict &point : verdict.points) {
-    if (point.result == CONFD_OK) ++counts.accepted;
-    if (point.result == CONFD_VALIDATION_WARN) ++counts.warned;
-    if (point.result == CONFD_ERR) ++counts.rejected;
+    if (point.answer == host::Answer::accepted) ++counts.accepted;
+    if (point.answer == host::Answer::warned) ++counts.warned;
+    if (point.answer == host::Answer::rejected) ++counts.rejected;
   }
   return counts;
 }
 
 std::string_view answer_text(const host::PointVerdict &point) {
-  if (point.result == CONFD_OK) return "accepted";
-  if (point.result == CONFD_VALIDATION_WARN) return "warning";
+  if (point.answer == host::Answer::accepted) return "accepted";
+  if (point.answer == host::Answer::warned) return "warning";
   return "rejected";
 }
 

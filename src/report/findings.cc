@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "confd_lib.h"
 #include "element/input/source_lines.h"
 #include "rules/rule.h"
 
@@ -79,7 +78,7 @@ class FindingMaker {
     const rules::Rule *rule = rules::rule_of_message(verdict.point, verdict.text);
     Finding finding;
     if (rule != nullptr) finding.rule = rule->id;
-    finding.is_warning = verdict.result == CONFD_VALIDATION_WARN;
+    finding.is_warning = verdict.answer == host::Answer::warned;
     finding.from_device = from_device;
     finding.point = verdict.point;
     finding.path = verdict.path;
@@ -138,15 +137,15 @@ class FindingMaker {
 
 // A point that validates the whole configuration names the first node that fired it, which a reduced commit may lack.
 bool is_same(const host::PointVerdict &a, const host::PointVerdict &b) {
-  return a.result == b.result && a.point == b.point && a.text == b.text;
+  return a.answer == b.answer && a.point == b.point && a.text == b.text;
 }
 
 /// The rejection comes first here, whatever was said before it.
 std::vector<host::PointVerdict> messages_of(const host::Verdict &verdict) {
   std::vector<host::PointVerdict> messages;
   for (const host::PointVerdict &point : verdict.points) {
-    if (point.result == CONFD_VALIDATION_WARN) messages.push_back(point);
-    if (point.result == CONFD_ERR) messages.insert(messages.begin(), point);
+    if (point.answer == host::Answer::warned) messages.push_back(point);
+    if (point.answer == host::Answer::rejected) messages.insert(messages.begin(), point);
   }
   return messages;
 }

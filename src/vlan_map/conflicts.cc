@@ -15,8 +15,6 @@ using diagnosis::Finding;
 using diagnosis::Party;
 using host::PointVerdict;
 
-constexpr std::int32_t kAcceptWithWarning = -3;
-
 bool is_same(const PointVerdict &a, const PointVerdict &b) { return a.point == b.point && a.text == b.text; }
 
 bool is_in(const std::vector<PointVerdict> &points, const PointVerdict &wanted) {
@@ -135,7 +133,7 @@ std::vector<Conflict> find_conflicts(const host::Verdict &verdict, const diagnos
     conflict.message = point.text;
     const rules::Rule *rule = rules::rule_of_message(point.point, point.text);
     if (rule != nullptr) conflict.rule = rule->id;
-    conflict.is_warning = point.result == kAcceptWithWarning;
+    conflict.is_warning = point.answer == host::Answer::warned;
     conflict.from_device = is_in(verdict.points, point);
     mark(ports, conflict, conflicts.size());
     conflicts.push_back(std::move(conflict));

@@ -4,7 +4,6 @@
 
 #include <sstream>
 
-#include "confd_lib.h"
 #include "element/input/configuration.h"
 #include "element/input/input_error.h"
 #include "report/finding.h"
@@ -42,11 +41,11 @@ const char *const candidate = R"({
 })";
 
 host::PointVerdict rejection(const std::string &text, const std::string &path = west) {
-  return {"vpn_overflow_valp", path, CONFD_ERR, text};
+  return {"vpn_overflow_valp", path, host::Answer::rejected, text};
 }
 
 host::PointVerdict warning(const std::string &text, const std::string &path = east) {
-  return {"vpn_access_valp", path, CONFD_VALIDATION_WARN, text};
+  return {"vpn_access_valp", path, host::Answer::warned, text};
 }
 
 class Findings : public testing::Test {
@@ -88,7 +87,7 @@ class Findings : public testing::Test {
 
 TEST_F(Findings, a_commit_without_a_message_has_none_and_reads_no_file_again) {
   folder.remove("running.json");
-  EXPECT_TRUE(make({{"vpn_name_valp", west, CONFD_OK, ""}}).empty());
+  EXPECT_TRUE(make({{"vpn_name_valp", west, host::Answer::accepted, ""}}).empty());
 }
 
 TEST_F(Findings, nodes_have_their_lines_in_the_files_that_hold_them) {

@@ -6,7 +6,7 @@ JudgedElement::JudgedElement()
     : profile_(
           {16, 16, 16, 16},
           {{"eth0", 1, 1000}, {"eth1", 2, 1001}, {"eth2", 3, 1002}, {"eth3", 4, 1003}, {"service-port-1", 5, 1004}}),
-      seam_(profile_),
+      session_(profile_),
       plugin_(PLUGIN_FILE) {}
 
 JudgedElement &JudgedElement::instance() {
@@ -19,10 +19,10 @@ std::unique_ptr<element::Transaction> JudgedElement::transaction(element::Tree r
 }
 
 host::Verdict JudgedElement::judge(const element::Transaction &transaction) {
-  return host::validate_commit(plugin_, seam_, transaction);
+  return host::validate_commit(plugin_, session_, transaction);
 }
 
 diagnosis::Diagnosis JudgedElement::diagnose(const element::Transaction &transaction,
                                              const diagnosis::Options &options) {
-  return diagnosis::diagnose(plugin_, seam_, transaction, judge(transaction), options);
+  return diagnosis::diagnose(plugin_, session_, transaction, judge(transaction), options);
 }

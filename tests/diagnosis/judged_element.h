@@ -21,7 +21,7 @@ class JudgedElement {
   JudgedElement();
 
   const element::Profile profile_;
-  host::Seam seam_;
+  host::HostSession session_;
   const host::Plugin plugin_;
 };
 

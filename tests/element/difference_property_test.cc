@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -40,7 +41,8 @@ void apply(const Change &change, Node &parent) {
     const auto is_deleted = [&change](const Node &node) {
       return node.schema == change.schema && element::compare_keys(node.keys, change.before->keys) == 0;
     };
-    RC_ASSERT(std::erase_if(parent.children, is_deleted) == 1U);
+    RC_ASSERT(std::count_if(parent.children.begin(), parent.children.end(), is_deleted) == 1);
+    parent.children.erase(std::find_if(parent.children.begin(), parent.children.end(), is_deleted));
     return;
   }
   Node &node = change.is_entry() ? entry_with(parent, change.keys()) : child(parent, *change.schema);

@@ -22,8 +22,10 @@ Profile two_interfaces() { return Profile({}, {{"eth1", 1, 1001}, {"eth2", 2, 10
 
 Tree projected(const Lines &configuration) {
   Tree tree = tree_of(configuration);
-  element::Identifiers identifiers;
-  project(tree, two_interfaces(), identifiers);
+  const Profile profile = two_interfaces();
+  element::Projector projector(profile);
+  tree.sort();
+  projector.project(tree);
   return tree;
 }
 

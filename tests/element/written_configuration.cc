@@ -40,11 +40,9 @@ class Writer {
 
   /// The children of a container or entry and the key leafs, shuffled.
   std::vector<Node> children_of(const Node &node) {
-    std::vector<Node> children = node.children;
+    std::vector<Node> children(node.children.begin(), node.children.end());
     for (std::size_t i = 0; i < node.keys.size(); ++i) {
-      children.emplace_back();
-      children.back().schema = node.schema->children[i].get();
-      children.back().value = node.keys[i];
+      children.push_back(Node{node.schema->children[i].get(), {}, node.keys[i], {}});
     }
     std::shuffle(children.begin(), children.end(), random_);
     return children;

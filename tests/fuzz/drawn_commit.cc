@@ -215,7 +215,7 @@ element::Profile draw_profile(Bytes &bytes) {
           {{"gigabit-ethernet-1/1/1", 1001, 1}, {"gigabit-ethernet-1/1/2", 1002, 2}, {"service-port-1", 1003, 100}}};
 }
 
-host::Fault draw_fault(Bytes &bytes) {
+host::InjectedFailure draw_failure(Bytes &bytes) {
   const std::size_t function = bytes.next();
   if (function >= host::seam_function_count) return {};
   const unsigned nth = bytes.next();
@@ -228,7 +228,7 @@ DrawnCommit draw_commit(const element::Schema &schema, const std::uint8_t *data,
   Bytes bytes(data, size);
   DrawnCommit commit(schema);
   commit.point = bytes.one_of(kPoints);
-  commit.fault = draw_fault(bytes);
+  commit.failure = draw_failure(bytes);
   commit.profile = draw_profile(bytes);
   const SchemaNode &node = draw_node(bytes, schema, commit.point);
   commit.path = draw_path(bytes, node);

@@ -8,7 +8,7 @@
 #include "element/datastore/path.h"
 #include "element/datastore/tree.h"
 #include "element/profile/profile.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 namespace fuzz {
 
@@ -17,7 +17,7 @@ struct DrawnCommit {
   explicit DrawnCommit(const element::Schema &schema) : running(schema), candidate(schema) {}
 
   element::Profile profile;
-  host::Fault fault;
+  host::InjectedFailure failure;
   std::string point;
   element::Path path;    ///< of the node under validation
   element::Value value;  ///< its new value

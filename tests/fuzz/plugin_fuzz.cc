@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "confd_dp.h"
 #include "config_validate_comn/value_assert.h"
 #include "config_validate_vpn/entry_points.h"
 #include "config_validate_vpn/platform_limits.h"
@@ -22,7 +23,7 @@ struct TypeAssertion {};
 std::optional<std::int32_t> ask(fuzz::DrawnCommit &commit, confd_trans_ctx &context) {
   confd_hkeypath_t path{};
   host::KeyPath(commit.path).write(path);
-  confd_value_t value = host::lent(commit.value, *commit.path.back().schema);
+  confd_value_t value = host::borrowed_value(commit.value, *commit.path.back().schema);
   try {
     return validate(&context, &path, &value);
   } catch (const TypeAssertion &) {
@@ -33,10 +34,11 @@ std::optional<std::int32_t> ask(fuzz::DrawnCommit &commit, confd_trans_ctx &cont
   return std::nullopt;
 }
 
-void require_nothing_kept(const host::Account &account, bool may_keep_cursor) {
-  require(account.open_sessions == 0, "every session is closed");
-  require(account.values_handed_out == 0, "every value is freed, and freed once");
-  require(account.open_cursors == 0 || (account.open_cursors == 1 && may_keep_cursor), "every cursor is destroyed");
+void require_nothing_kept(const host::CallStatistics &statistics, bool may_keep_cursor) {
+  require(statistics.open_sessions == 0, "every session is closed");
+  require(statistics.owned_values == 0, "every value is freed, and freed once");
+  require(statistics.open_cursors == 0 || (statistics.open_cursors == 1 && may_keep_cursor),
+          "every cursor is destroyed");
 }
 
 void require_answer(std::int32_t answer, const confd_trans_ctx &context) {
@@ -57,22 +59,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   static const element::Schema schema;
   fuzz::DrawnCommit commit = fuzz::draw_commit(schema, data, size);
   const element::Transaction transaction(std::move(commit.running), std::move(commit.candidate));
-  host::Seam seam(commit.profile);
-  seam.fault = commit.fault;
-  seam.serve(&transaction);
+  host::HostSession session(commit.profile);
+  session.injected_failure = commit.failure;
+  session.serve(&transaction);
 
   platform_limits = {};
   void *state = nullptr;
   lib_init(&state);
 
   confd_trans_ctx context{};
-  context.thandle = seam.transaction_handle();
-  context.vcb_opaque = seam.middleware();
+  context.thandle = session.transaction_handle();
+  context.vcb_opaque = session.middleware();
   context.validate_opaque = commit.point.data();
   const std::optional<std::int32_t> answer = ask(commit, context);
   // The walk over the static members leaves its cursor to the agent where it comes to its end.
   const bool may_have_ended = answer && *answer != CONFD_ERR;
-  require_nothing_kept(seam.account, may_have_ended && commit.point == "vlm_memb_valp");
+  require_nothing_kept(session.statistics, may_have_ended && commit.point == "vlm_memb_valp");
   if (answer) require_answer(*answer, context);
   return 0;
 }

@@ -103,8 +103,8 @@ TEST_F(AgentCursors, ACursorOfAnotherTransactionIsNotKnown) {
   serve();
   EXPECT_EQ(maapi_get_next(&mc), -1);
   EXPECT_EQ(confd_errno, CONFD_ERR_NOSESSION);
-  EXPECT_EQ(seam.account.open_cursors, 1) << "its owner did not destroy it";
-  seam.account.open_cursors = 0;
+  EXPECT_EQ(session.statistics.open_cursors, 1) << "its owner did not destroy it";
+  session.statistics.open_cursors = 0;
 }
 
 TEST_F(AgentCursors, SearchedKeysAreOfTheListsTypes) {

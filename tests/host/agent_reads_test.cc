@@ -139,7 +139,7 @@ TEST_F(AgentReads, AnotherTransactionIsNotKnown) {
   EXPECT_TRUE(refused(maapi_exists(sock + 1, thandle, "/internal")));
   EXPECT_TRUE(refused(maapi_exists(sock, thandle + 1, "/internal")));
   EXPECT_FALSE(refused(maapi_exists(sock, thandle, "/internal")));
-  seam.serve(nullptr);
+  session.serve(nullptr);
   EXPECT_TRUE(refused(maapi_exists(sock, thandle, "/internal")));
   EXPECT_TRUE(refused(maapi_num_instances(sock, thandle, "/internal/int-vpws-group")));
 }

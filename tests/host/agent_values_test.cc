@@ -42,10 +42,10 @@ const std::vector<Row> &every_type() {
 
 TEST(AgentValues, EveryTypeGoesOverTheSeamAndBack) {
   for (const Row &row : every_type()) {
-    const confd_value_t lent = host::lent(row.value, any_leaf());
-    EXPECT_EQ(lent.type, row.type) << row.what;
-    EXPECT_EQ(host::from_agent(lent), row.value) << row.what;
-    EXPECT_EQ(host::compare(lent, row.value), 0) << row.what;
+    const confd_value_t value = host::borrowed_value(row.value, any_leaf());
+    EXPECT_EQ(value.type, row.type) << row.what;
+    EXPECT_EQ(host::from_agent(value), row.value) << row.what;
+    EXPECT_EQ(host::compare(value, row.value), 0) << row.what;
   }
 }
 
@@ -67,7 +67,7 @@ TEST(AgentValues, AZeroTerminatedTextIsAText) {
 }
 
 TEST(AgentValues, AnAddressKeepsItsBytesInNetworkOrder) {
-  const confd_value_t value = host::lent(host_test::address("10.0.0.1"), any_leaf());
+  const confd_value_t value = host::borrowed_value(host_test::address("10.0.0.1"), any_leaf());
   const auto *bytes = reinterpret_cast<const unsigned char *>(&value.val.ip);
   EXPECT_EQ(std::vector<int>(bytes, bytes + 4), (std::vector<int>{10, 0, 0, 1}));
 }
@@ -75,7 +75,7 @@ TEST(AgentValues, AnAddressKeepsItsBytesInNetworkOrder) {
 TEST(AgentValues, AnEmptyLeafIsItsOwnTag) {
   const element::SchemaNode &leaf =
       *schema().find("/mpls/l2vpn-config/l2vpn/vpls-group/vpn/bridge-domain/transparent-lan-service");
-  const confd_value_t value = host::lent(element::Empty{}, leaf);
+  const confd_value_t value = host::borrowed_value(element::Empty{}, leaf);
   EXPECT_EQ(value.val.xmltag.tag, element::node_tag("transparent-lan-service"));
   EXPECT_EQ(value.val.xmltag.ns, element::node_tag("mpls-l2vpn-vpls"));
 }
@@ -92,7 +92,7 @@ TEST(AgentValues, ValuesOfDifferentTypesOrderAsTheTreesDo) {
   for (const Row &a : every_type()) {
     for (const Row &b : every_type()) {
       const int expected = element::compare(a.value, b.value);
-      const int order = host::compare(host::lent(a.value, any_leaf()), b.value);
+      const int order = host::compare(host::borrowed_value(a.value, any_leaf()), b.value);
       EXPECT_EQ(order > 0, expected > 0) << a.what << ", " << b.what;
       EXPECT_EQ(order < 0, expected < 0) << a.what << ", " << b.what;
     }
@@ -102,19 +102,19 @@ TEST(AgentValues, ValuesOfDifferentTypesOrderAsTheTreesDo) {
 class HandedOut : public host_test::ServedElement {};
 
 TEST_F(HandedOut, ATextEndsWithAZeroOnePastItsSizeAndIsInTheAccount) {
-  confd_value_t value = host::handed_out(std::string("north"), any_leaf());
+  confd_value_t value = host::owned_value(std::string("north"), any_leaf());
   EXPECT_EQ(value.val.buf.size, 5U);
   EXPECT_STREQ(reinterpret_cast<const char *>(value.val.buf.ptr), "north");
-  EXPECT_EQ(seam.account.values_handed_out, 1);
+  EXPECT_EQ(session.statistics.owned_values, 1);
   confd_free_value(&value);
-  EXPECT_EQ(seam.account.values_handed_out, 0);
+  EXPECT_EQ(session.statistics.owned_values, 0);
 }
 
 TEST_F(HandedOut, ANumberIsNothingToGiveBack) {
-  confd_value_t value = host::handed_out(7U, any_leaf());
-  EXPECT_EQ(seam.account.values_handed_out, 0);
+  confd_value_t value = host::owned_value(7U, any_leaf());
+  EXPECT_EQ(session.statistics.owned_values, 0);
   confd_free_value(&value);
-  EXPECT_EQ(seam.account.values_handed_out, 0);
+  EXPECT_EQ(session.statistics.owned_values, 0);
 }
 
 TEST(AgentValues, ALeafsTypeOnTheSeamFollowsItsTypeInTheModel) {

@@ -17,20 +17,20 @@ class Cdb : public host_test::ServedElement {
     serve();
   }
 
-  QnConfdInterface *instance() { return qnconfd_instance_get(seam.middleware()); }
+  QnConfdInterface *instance() { return qnconfd_instance_get(session.middleware()); }
 };
 
 TEST_F(Cdb, ReadsTheRunningConfiguration) {
-  const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
-  EXPECT_EQ(cdb_num_instances(session.Socket(), "/internal/int-sub-vpls-vpn-bd"), 3);
-  EXPECT_EQ(cdb_num_instances(session.Socket(), "/internal/int-vpws-group"), 0);
+  const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
+  EXPECT_EQ(cdb_num_instances(cdb.Socket(), "/internal/int-sub-vpls-vpn-bd"), 3);
+  EXPECT_EQ(cdb_num_instances(cdb.Socket(), "/internal/int-vpws-group"), 0);
   EXPECT_EQ(maapi_num_instances(sock, thandle, "/internal/int-sub-vpls-vpn-bd"), 0);
 }
 
 TEST_F(Cdb, ReadsExactlyTheEntriesThatAreAskedFor) {
-  const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
+  const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   confd_value_t values[8];
-  EXPECT_EQ(cdb_get_objects(session.Socket(), values, 4, 1, 2, "/internal/int-sub-vpls-vpn-bd"), CONFD_OK);
+  EXPECT_EQ(cdb_get_objects(cdb.Socket(), values, 4, 1, 2, "/internal/int-sub-vpls-vpn-bd"), CONFD_OK);
   EXPECT_EQ(shown(values[0]), "C_BUF B");
   EXPECT_EQ(shown(values[4]), "C_BUF C");
   EXPECT_EQ(shown(values[7]), "C_UINT32 100");
@@ -38,7 +38,7 @@ TEST_F(Cdb, ReadsExactlyTheEntriesThatAreAskedFor) {
 }
 
 TEST_F(Cdb, AskingPastTheEndOrForNonsenseFillsNothing) {
-  const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
+  const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   confd_value_t values[8]{};
   struct Row {
     int n, first, count, reason;
@@ -47,19 +47,18 @@ TEST_F(Cdb, AskingPastTheEndOrForNonsenseFillsNothing) {
        {Row{4, 2, 2, CONFD_ERR_NOEXISTS}, Row{4, 3, 1, CONFD_ERR_NOEXISTS}, Row{4, 0, 4, CONFD_ERR_NOEXISTS},
         Row{4, -1, 1, CONFD_ERR_BADTYPE}, Row{4, 0, -1, CONFD_ERR_BADTYPE}, Row{-1, 0, 1, CONFD_ERR_BADTYPE}}) {
     confd_errno = 0;
-    EXPECT_EQ(cdb_get_objects(session.Socket(), values, row.n, row.first, row.count, "/internal/int-sub-vpls-vpn-bd"),
-              -1);
+    EXPECT_EQ(cdb_get_objects(cdb.Socket(), values, row.n, row.first, row.count, "/internal/int-sub-vpls-vpn-bd"), -1);
     EXPECT_EQ(confd_errno, row.reason) << row.n << ' ' << row.first << ' ' << row.count;
     EXPECT_EQ(values[0].type, 0);
   }
-  EXPECT_EQ(cdb_get_objects(session.Socket(), values, 4, 3, 0, "/internal/int-sub-vpls-vpn-bd"), CONFD_OK);
+  EXPECT_EQ(cdb_get_objects(cdb.Socket(), values, 4, 3, 0, "/internal/int-sub-vpls-vpn-bd"), CONFD_OK);
 }
 
 TEST_F(Cdb, OnlyAListAsAWholeIsRead) {
-  const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
+  const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   for (const char *path : {"/internal", "/internal/int-sub-vpls-vpn-bd{A V 1}", "/nowhere"}) {
     confd_errno = 0;
-    EXPECT_EQ(cdb_num_instances(session.Socket(), "%s", path), -1) << path;
+    EXPECT_EQ(cdb_num_instances(cdb.Socket(), "%s", path), -1) << path;
     EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH) << path;
   }
 }
@@ -67,11 +66,11 @@ TEST_F(Cdb, OnlyAListAsAWholeIsRead) {
 TEST_F(Cdb, ASocketIsKnownWhileItsSessionLasts) {
   int socket = 0;
   {
-    const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
-    socket = session.Socket();
+    const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
+    socket = cdb.Socket();
     const QnConfdCdbSessionBase other(instance(), CDB_RUNNING, true);
     EXPECT_NE(other.Socket(), socket);
-    EXPECT_EQ(seam.account.open_sessions, 2);
+    EXPECT_EQ(session.statistics.open_sessions, 2);
   }
   const QnConfdCdbSessionBase later(instance(), CDB_RUNNING, true);
   EXPECT_NE(later.Socket(), socket);
@@ -85,29 +84,29 @@ TEST_F(Cdb, ASessionThatCannotStartReadsNothing) {
   const QnConfdCdbSessionBase failed(instance(), CDB_RUNNING, true);
   const QnConfdCdbSessionBase without_instance(nullptr, CDB_RUNNING, true);
   const QnConfdCdbSessionBase of_another_database(instance(), CDB_STARTUP, true);
-  for (const auto *session : {&failed, &without_instance, &of_another_database}) {
-    EXPECT_EQ(cdb_num_instances(session->Socket(), "/internal/int-sub-vpls-vpn-bd"), -1);
+  for (const auto *cdb : {&failed, &without_instance, &of_another_database}) {
+    EXPECT_EQ(cdb_num_instances(cdb->Socket(), "/internal/int-sub-vpls-vpn-bd"), -1);
     EXPECT_EQ(confd_errno, CONFD_ERR_NOSESSION);
   }
-  EXPECT_EQ(seam.account.open_sessions, 0);
+  EXPECT_EQ(session.statistics.open_sessions, 0);
 }
 
 TEST_F(Cdb, WithoutATransactionThereIsNothingToRead) {
-  const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
-  seam.serve(nullptr);
-  EXPECT_EQ(cdb_num_instances(session.Socket(), "/internal/int-sub-vpls-vpn-bd"), -1);
+  const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
+  session.serve(nullptr);
+  EXPECT_EQ(cdb_num_instances(cdb.Socket(), "/internal/int-sub-vpls-vpn-bd"), -1);
   EXPECT_EQ(confd_errno, CONFD_ERR_NOSESSION);
 }
 
 TEST_F(Cdb, AFailedCallFillsNothing) {
-  const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
+  const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   confd_value_t value{};
   fail_next(SeamFunction::cdb_get_objects);
-  EXPECT_EQ(cdb_get_objects(session.Socket(), &value, 1, 0, 1, "/internal/int-sub-vpls-vpn-bd"), -1);
+  EXPECT_EQ(cdb_get_objects(cdb.Socket(), &value, 1, 0, 1, "/internal/int-sub-vpls-vpn-bd"), -1);
   EXPECT_EQ(confd_errno, CONFD_ERR_OS);
   EXPECT_EQ(value.type, 0);
   fail_next(SeamFunction::cdb_num_instances);
-  EXPECT_EQ(cdb_num_instances(session.Socket(), "/internal/int-sub-vpls-vpn-bd"), -1);
+  EXPECT_EQ(cdb_num_instances(cdb.Socket(), "/internal/int-sub-vpls-vpn-bd"), -1);
 }
 
 }  // namespace

@@ -15,23 +15,23 @@ class Commit : public host_test::ServedElement {
 
   host::Verdict validate(bool all_points = false) {
     const element::Transaction commit(running, candidate);
-    return host::validate_commit(plugin, seam, commit, {all_points});
+    return host::validate_commit(plugin, session, commit, {all_points});
   }
 
-  /// The breach of contract that a library commits when it is told to.
-  std::string breach(const std::string &told) {
+  /// The violation of its contract that a library commits when it is told to.
+  std::string violation(const std::string &told) {
     candidate = element::Tree(host_test::schema());
     add_group(told);
     try {
       validate();
       return "none";
     } catch (const host::ContractError &error) {
-      seam.account = {};
+      session.statistics = {};
       return error.what();
     }
   }
 
-  const host::Plugin plugin{PLUGIN_AS_TOLD};
+  const host::Plugin plugin{SCRIPTED_PLUGIN};
 };
 
 TEST_F(Commit, WithoutAChangeAsksNothing) {
@@ -48,7 +48,7 @@ TEST_F(Commit, IsAcceptedWhereEveryPointAccepts) {
   ASSERT_EQ(verdict.points.size(), 1U);
   EXPECT_EQ(verdict.points[0].point, "vpn_name_valp");
   EXPECT_EQ(verdict.points[0].path, "/mpls/l2vpn-config/l2vpn/vpws-group{accept}");
-  EXPECT_EQ(verdict.points[0].result, 0);
+  EXPECT_EQ(verdict.points[0].answer, host::Answer::accepted);
 }
 
 TEST_F(Commit, IsRejectedWithTheText) {
@@ -56,7 +56,7 @@ TEST_F(Commit, IsRejectedWithTheText) {
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::rejected);
   ASSERT_EQ(verdict.points.size(), 1U);
-  EXPECT_EQ(verdict.points[0].result, -1);
+  EXPECT_EQ(verdict.points[0].answer, host::Answer::rejected);
   EXPECT_EQ(verdict.points[0].text, "told to reject");
 }
 
@@ -64,7 +64,7 @@ TEST_F(Commit, IsAcceptedWithAWarningsText) {
   add_group("warn");
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::accepted_with_warnings);
-  EXPECT_EQ(verdict.points.at(0).result, -3);
+  EXPECT_EQ(verdict.points.at(0).answer, host::Answer::warned);
   EXPECT_EQ(verdict.points.at(0).text, "told to warn");
 }
 
@@ -85,7 +85,7 @@ TEST_F(Commit, ARejectionEndsItUnlessAllPointsAreAsked) {
   EXPECT_EQ(all.decision, Decision::rejected);
   ASSERT_EQ(all.points.size(), 2U);
   EXPECT_EQ(all.points[1].point, "vpn_overflow_valp");
-  EXPECT_EQ(all.points[1].result, 0);
+  EXPECT_EQ(all.points[1].answer, host::Answer::accepted);
 }
 
 TEST_F(Commit, AWarningDoesNotEndIt) {
@@ -111,24 +111,24 @@ TEST_F(Commit, EachPointIsToldItsNameItsNodeAndTheNewValue) {
 }
 
 TEST_F(Commit, ABrokenContractIsNamedWithItsPoint) {
-  EXPECT_EQ(breach("accept"), "none");
-  EXPECT_EQ(breach("answer 7"), "vpn_name_valp: answered 7; 0, -1 or -3 was expected");
-  EXPECT_EQ(breach("answer -2"), "vpn_name_valp: answered -2; 0, -1 or -3 was expected");
-  EXPECT_EQ(breach("reject without a text"), "vpn_name_valp: answered -1 without a text");
-  EXPECT_EQ(breach("warn without a text"), "vpn_name_valp: answered -3 without a text");
-  EXPECT_EQ(breach("throw"), "vpn_name_valp: an exception left the call: told to");
-  EXPECT_EQ(breach("allocate too much"), "vpn_name_valp: an exception left the call: std::bad_array_new_length");
-  EXPECT_EQ(breach("keep a value"), "vpn_name_valp: values not freed: 1");
-  EXPECT_EQ(breach("keep a session"), "vpn_name_valp: CDB sessions left open: 1");
-  EXPECT_EQ(breach("free what is its own"), "vpn_name_valp: values freed too often: 1");
+  EXPECT_EQ(violation("accept"), "none");
+  EXPECT_EQ(violation("answer 7"), "vpn_name_valp: answered 7; 0, -1 or -3 was expected");
+  EXPECT_EQ(violation("answer -2"), "vpn_name_valp: answered -2; 0, -1 or -3 was expected");
+  EXPECT_EQ(violation("reject without a text"), "vpn_name_valp: answered -1 without a text");
+  EXPECT_EQ(violation("warn without a text"), "vpn_name_valp: answered -3 without a text");
+  EXPECT_EQ(violation("throw"), "vpn_name_valp: an exception left the call: told to");
+  EXPECT_EQ(violation("allocate too much"), "vpn_name_valp: an exception left the call: std::bad_array_new_length");
+  EXPECT_EQ(violation("keep a value"), "vpn_name_valp: values not freed: 1");
+  EXPECT_EQ(violation("keep a session"), "vpn_name_valp: CDB sessions left open: 1");
+  EXPECT_EQ(violation("free what is its own"), "vpn_name_valp: values freed too often: 1");
 }
 
 TEST_F(Commit, ACursorLeftOpenIsClosedAndCounted) {
   add_group("keep a cursor");
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::accepted);
-  EXPECT_EQ(verdict.account.open_cursors, 1);
-  seam.account = {};
+  EXPECT_EQ(verdict.statistics.open_cursors, 1);
+  session.statistics = {};
 }
 
 TEST_F(Commit, TheAccountIsThisCommitsAlone) {
@@ -137,7 +137,7 @@ TEST_F(Commit, TheAccountIsThisCommitsAlone) {
   validate();
   const host::Verdict verdict = validate();
   const auto calls = [&verdict](SeamFunction function) {
-    return verdict.account.calls[static_cast<std::size_t>(function)];
+    return verdict.statistics.calls[static_cast<std::size_t>(function)];
   };
   EXPECT_EQ(calls(SeamFunction::qnconfd_maapi_socket_get), 1U);
   EXPECT_EQ(calls(SeamFunction::maapi_exists), 1U);
@@ -147,7 +147,7 @@ TEST_F(Commit, TheTransactionThatWasServedIsServedAgain) {
   serve();
   add_group("accept");
   validate();
-  EXPECT_EQ(seam.transaction(), transaction.get());
+  EXPECT_EQ(session.transaction(), transaction.get());
   EXPECT_EQ(maapi_exists(sock, thandle, "/mpls/l2vpn-config/l2vpn/vpws-group{accept}"), 0);
 }
 
@@ -166,14 +166,14 @@ class CommitToTheLibrary : public host_test::ServedElement {
       proposed.put("/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{V" + std::to_string(i) + "}");
     }
     const host::Plugin plugin(PLUGIN_FILE);
-    return host::validate_commit(plugin, seam, *element::make_transaction(running, proposed, profile));
+    return host::validate_commit(plugin, session, *element::make_transaction(running, proposed, profile));
   }
 };
 
 TEST_F(CommitToTheLibrary, AsManyVpnsAsTheCardAllowsAreAccepted) {
   const host::Verdict verdict = validate(1, 2);
   EXPECT_EQ(verdict.decision, Decision::accepted);
-  EXPECT_EQ(verdict.account.open_cursors, 0);
+  EXPECT_EQ(verdict.statistics.open_cursors, 0);
 }
 
 TEST_F(CommitToTheLibrary, OneVpnMoreIsRejected) {

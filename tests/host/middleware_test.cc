@@ -10,8 +10,8 @@ using host::SeamFunction;
 class Middleware : public host_test::ServedElement {};
 
 TEST_F(Middleware, AnInstanceLeadsToTheTransactionsSocket) {
-  EXPECT_EQ(qnconfd_maapi_socket_get(seam.middleware()), sock);
-  EXPECT_NE(qnconfd_instance_get(seam.middleware()), nullptr);
+  EXPECT_EQ(qnconfd_maapi_socket_get(session.middleware()), sock);
+  EXPECT_NE(qnconfd_instance_get(session.middleware()), nullptr);
   int other = 0;
   EXPECT_EQ(qnconfd_maapi_socket_get(&other), -1);
   EXPECT_EQ(qnconfd_maapi_socket_get(nullptr), -1);
@@ -20,9 +20,9 @@ TEST_F(Middleware, AnInstanceLeadsToTheTransactionsSocket) {
 
 TEST_F(Middleware, ItsCallsMayFail) {
   fail_next(SeamFunction::qnconfd_maapi_socket_get);
-  EXPECT_EQ(qnconfd_maapi_socket_get(seam.middleware()), -1);
+  EXPECT_EQ(qnconfd_maapi_socket_get(session.middleware()), -1);
   fail_next(SeamFunction::qnconfd_instance_get);
-  EXPECT_EQ(qnconfd_instance_get(seam.middleware()), nullptr);
+  EXPECT_EQ(qnconfd_instance_get(session.middleware()), nullptr);
 }
 
 class Errors : public host_test::ServedElement {};
@@ -44,7 +44,7 @@ TEST_F(Errors, TimeOutsAreKept) {
   EXPECT_EQ(confd_data_set_timeout(&context, 120), CONFD_OK);
   fail_next(SeamFunction::confd_data_set_timeout);
   EXPECT_EQ(confd_data_set_timeout(&context, 60), -1);
-  EXPECT_EQ(seam.account.timeouts, std::vector<int>{120});
+  EXPECT_EQ(session.statistics.timeouts, std::vector<int>{120});
 }
 
 class Trace : public host_test::ServedElement {
@@ -61,7 +61,7 @@ TEST_F(Trace, GoesToItsCategoryInOrder) {
   EXPECT_EQ(qnmw_trace_register_category("one"), category);
   write(category, "first");
   write(other, "second");
-  EXPECT_EQ(seam.account.trace, (std::vector<std::string>{"one: \nfirst", "two: \nsecond"}));
+  EXPECT_EQ(session.statistics.trace, (std::vector<std::string>{"one: \nfirst", "two: \nsecond"}));
 }
 
 TEST_F(Trace, WithoutACategoryGoesNowhere) {
@@ -69,8 +69,8 @@ TEST_F(Trace, WithoutACategoryGoesNowhere) {
   zlog_category_t *none = qnmw_trace_register_category("one");
   EXPECT_EQ(none, nullptr);
   write(none, "lost");
-  EXPECT_EQ(seam.account.trace, std::vector<std::string>{});
-  EXPECT_EQ(seam.account.calls[static_cast<std::size_t>(SeamFunction::zlog)], 1U);
+  EXPECT_EQ(session.statistics.trace, std::vector<std::string>{});
+  EXPECT_EQ(session.statistics.calls[static_cast<std::size_t>(SeamFunction::zlog)], 1U);
 }
 
 TEST(PlatformWithoutElement, AnswersThatThereIsNone) {
@@ -81,8 +81,8 @@ TEST(PlatformWithoutElement, AnswersThatThereIsNone) {
   EXPECT_EQ(qnconfd_maapi_socket_get(&context), -1);
   EXPECT_EQ(qnconfd_instance_get(&context), nullptr);
   EXPECT_EQ(qnmw_trace_register_category("one"), nullptr);
-  const QnConfdCdbSessionBase session(nullptr, CDB_RUNNING, true);
-  EXPECT_EQ(session.Socket(), -1);
+  const QnConfdCdbSessionBase cdb(nullptr, CDB_RUNNING, true);
+  EXPECT_EQ(cdb.Socket(), -1);
 }
 
 }  // namespace

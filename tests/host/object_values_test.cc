@@ -85,7 +85,7 @@ TEST_F(ObjectValues, NoMoreIsWrittenOrHandedOutThanThereIsRoomFor) {
   row[2] = host_test::u32(77);
   EXPECT_EQ(host::write_object(*entry.schema, &entry, row, 2), 6);
   EXPECT_EQ(shown(row[2]), "C_UINT32 77");
-  EXPECT_EQ(seam.account.values_handed_out, 1) << "the group; the VPN was not written";
+  EXPECT_EQ(session.statistics.owned_values, 1) << "the group; the VPN was not written";
   confd_free_value(&row[0]);
 }
 

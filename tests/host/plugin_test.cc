@@ -28,7 +28,9 @@ class LoadedPlugin : public host_test::ServedElement {
     }
   }
 
-  std::uint64_t calls(SeamFunction function) const { return seam.account.calls[static_cast<std::size_t>(function)]; }
+  std::uint64_t calls(SeamFunction function) const {
+    return session.statistics.calls[static_cast<std::size_t>(function)];
+  }
 };
 
 TEST_F(LoadedPlugin, TheLibraryThatShipsLoadsAndReadsACardsLimit) {
@@ -63,14 +65,14 @@ TEST_F(LoadedPlugin, AFileThatIsNotThereOrNoLibraryIsNamed) {
 
 TEST_F(LoadedPlugin, AFileIsFoundFromTheWorkingDirectoryNotTheLoadersPath) {
   const fs::path here = fs::current_path();
-  fs::current_path(fs::path(PLUGIN_AS_TOLD).parent_path());
-  EXPECT_EQ(fault_of(fs::path(PLUGIN_AS_TOLD).filename()), "");
+  fs::current_path(fs::path(SCRIPTED_PLUGIN).parent_path());
+  EXPECT_EQ(fault_of(fs::path(SCRIPTED_PLUGIN).filename()), "");
   EXPECT_EQ(fault_of("libc.so.6"), "there is no such file");
   fs::current_path(here);
 }
 
 TEST(BuildId, IsReadFromTheFile) {
-  EXPECT_EQ(host::build_id(PLUGIN_AS_TOLD), "0123456789abcdef");
+  EXPECT_EQ(host::build_id(SCRIPTED_PLUGIN), "0123456789abcdef");
   EXPECT_EQ(host::build_id(PLUGIN_WITHOUT_BUILD_ID), "none");
   EXPECT_EQ(host::build_id(PLUGIN_FILE).size(), 40U);
 }
@@ -82,7 +84,7 @@ TEST(BuildId, OfWhatIsNoLibraryIsNone) {
 }
 
 TEST(BuildId, OfAFileThatEndsEarlyIsNone) {
-  std::ifstream whole(PLUGIN_AS_TOLD, std::ios::binary);
+  std::ifstream whole(SCRIPTED_PLUGIN, std::ios::binary);
   const std::string content{std::istreambuf_iterator<char>(whole), {}};
   const fs::path file = fs::path(testing::TempDir()) / "cut_library.so";
   for (const std::size_t size : {std::size_t{0}, std::size_t{16}, std::size_t{64}, std::size_t{200}}) {

@@ -10,7 +10,7 @@
 
 #include "confd_lib.h"
 #include "element/datastore/transaction.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 namespace host_test {
 
@@ -79,29 +79,29 @@ inline std::string tag(std::string_view name) { return "C_XMLTAG " + std::to_str
 class ServedElement : public ::testing::Test {
  protected:
   void serve() {
-    seam.serve(nullptr);
+    session.serve(nullptr);
     transaction = std::make_unique<element::Transaction>(running, candidate);
-    seam.serve(transaction.get());
+    session.serve(transaction.get());
   }
 
   void TearDown() override {
-    EXPECT_EQ(seam.account.open_cursors, 0);
-    EXPECT_EQ(seam.account.open_sessions, 0);
-    EXPECT_EQ(seam.account.values_handed_out, 0);
+    EXPECT_EQ(session.statistics.open_cursors, 0);
+    EXPECT_EQ(session.statistics.open_sessions, 0);
+    EXPECT_EQ(session.statistics.owned_values, 0);
   }
 
   /// Makes the next call of a function fail.
   void fail_next(host::SeamFunction function) {
-    seam.fault = {function, seam.account.calls[static_cast<std::size_t>(function)] + 1, false};
+    session.injected_failure = {function, session.statistics.calls[static_cast<std::size_t>(function)] + 1, false};
   }
 
   element::Profile profile{{}, {{"gigabit-ethernet-1/1/1", 1, 1001}, {"ten-gigabit-ethernet-1/2/1", 2, 1002}}};
   element::Tree running{schema()};
   element::Tree candidate{schema()};
-  host::Seam seam{profile};
+  host::HostSession session{profile};
   std::unique_ptr<element::Transaction> transaction;
-  const int sock = seam.maapi_socket();
-  const int thandle = seam.transaction_handle();
+  const int sock = session.maapi_socket();
+  const int thandle = session.transaction_handle();
 };
 
 }  // namespace host_test

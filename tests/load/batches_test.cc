@@ -44,7 +44,7 @@ class Batches : public ::testing::TestWithParam<int> {
  protected:
   void commit() {
     transaction_ = element::make_transaction(running, candidate, profile_);
-    verdict_ = host::validate_commit(plugin_, seam_, *transaction_);
+    verdict_ = host::validate_commit(plugin_, session_, *transaction_);
   }
 
   void expect_accepted() {
@@ -59,7 +59,7 @@ class Batches : public ::testing::TestWithParam<int> {
   }
 
   std::uint64_t calls(SeamFunction function) const {
-    return verdict_.account.calls[static_cast<std::size_t>(function)];
+    return verdict_.statistics.calls[static_cast<std::size_t>(function)];
   }
 
   void expect_agent_fetches(std::uint64_t count) const { EXPECT_EQ(calls(SeamFunction::maapi_get_objects), count); }
@@ -69,7 +69,7 @@ class Batches : public ::testing::TestWithParam<int> {
 
  private:
   const element::Profile profile_ = card_with_ports();
-  host::Seam seam_{profile_};
+  host::HostSession session_{profile_};
   const host::Plugin plugin_{PLUGIN_FILE};
   std::unique_ptr<element::Transaction> transaction_;
   host::Verdict verdict_;

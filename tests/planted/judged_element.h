@@ -7,7 +7,7 @@
 #include "element/datastore/transaction.h"
 #include "host/run/commit.h"
 #include "host/run/plugin.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 #include "tests/planted/network.h"
 #include "tests/planted/supply.h"
 
@@ -25,7 +25,7 @@ class JudgedElement {
  private:
   JudgedElement();
 
-  host::Seam seam_;
+  host::HostSession session_;
   const host::Plugin plugin_;
 };
 

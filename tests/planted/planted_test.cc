@@ -63,7 +63,7 @@ std::string name_of(Standing standing) {
 }
 
 std::string said(const host::PointVerdict &answer) {
-  return answer.point + " " + std::to_string(answer.result) + " " + answer.text;
+  return answer.point + " " + (answer.answer == host::Answer::rejected ? "rejected" : "warned") + " " + answer.text;
 }
 
 using Texts = std::multiset<std::string>;

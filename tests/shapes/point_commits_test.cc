@@ -38,10 +38,10 @@ class PointCommits : public testing::TestWithParam<Case> {};
 // What the point answers otherwise is in the failure's text.
 TEST_P(PointCommits, AreAcceptedByTheirPoint) {
   const bench::PointCommit commit = make_point_commit(schema(), GetParam().kind, GetParam().size);
-  host::Seam seam(commit.profile);
+  host::HostSession session(commit.profile);
   const host::Plugin plugin(PLUGIN_FILE);
-  EXPECT_NO_THROW(bench::AskedPoint(commit, plugin, seam).validate());
-  EXPECT_EQ(seam.account.values_handed_out, 0);
+  EXPECT_NO_THROW(bench::AskedPoint(commit, plugin, session).validate());
+  EXPECT_EQ(session.statistics.owned_values, 0);
 }
 
 std::string name_of(const testing::TestParamInfo<Case> &info) {

@@ -41,13 +41,13 @@ TEST_P(Shapes, HoldAsManyAccessInterfacesAsAsked) {
 TEST_P(Shapes, AreAcceptedWithoutAWarning) {
   bench::Commit commit = this->commit();
   const auto transaction = make_transaction(std::move(commit.running), std::move(commit.candidate), commit.profile);
-  host::Seam seam(commit.profile);
+  host::HostSession session(commit.profile);
   const host::Plugin plugin(PLUGIN_FILE);
-  const host::Verdict verdict = validate_commit(plugin, seam, *transaction, {.all_points = true});
+  const host::Verdict verdict = validate_commit(plugin, session, *transaction, {.all_points = true});
   EXPECT_EQ(verdict.decision, host::Decision::accepted);
   EXPECT_FALSE(verdict.points.empty());
   for (const host::PointVerdict &point : verdict.points)
-    EXPECT_EQ(point.result, 0) << point.point << ": " << point.text;
+    EXPECT_EQ(point.answer, host::Answer::accepted) << point.point << ": " << point.text;
 }
 
 TEST_P(Shapes, ReadBackFromTheirXmlText) {

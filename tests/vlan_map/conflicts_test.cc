@@ -111,7 +111,7 @@ TEST(Conflicts, are_marked_on_their_claims_and_ports) {
   Map map = map_of({}, {on_vpws("ge-2") + "/dot1q = 5"});
   std::vector<diagnosis::Fault> faults;
   faults.push_back(fault(says("first"), {on_vpws("ge-2")}));
-  faults.push_back(fault(says("second", -3), {on_vpws("ge-2")}));
+  faults.push_back(fault(says("second", host::Answer::warned), {on_vpws("ge-2")}));
   map.conflicts = find_conflicts({}, diagnosis_of(std::move(faults)), map.ports);
   EXPECT_EQ(map.ports[0].conflicts, (std::vector<std::size_t>{}));
   EXPECT_EQ(map.ports[1].conflicts, (std::vector<std::size_t>{0, 1}));
@@ -135,7 +135,7 @@ TEST(Conflicts, tell_whether_the_element_itself_says_them_and_by_which_rule) {
 
 TEST(Conflicts, a_message_that_nothing_explains_has_no_claims) {
   Map map = map_of({}, {on_vpws("ge-1") + "/dot1q = 5"});
-  map.conflicts = find_conflicts(verdict_of({says("", 0), says(same_vlan)}), {}, map.ports);
+  map.conflicts = find_conflicts(verdict_of({says("", host::Answer::accepted), says(same_vlan)}), {}, map.ports);
   ASSERT_EQ(map.conflicts.size(), 1u);
   EXPECT_EQ(map.conflicts[0].message, same_vlan);
   EXPECT_TRUE(map.conflicts[0].from_device);

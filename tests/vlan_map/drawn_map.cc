@@ -28,8 +28,8 @@ Lines claims_in(const vlan_map::Map &map) {
   return lines;
 }
 
-host::PointVerdict says(const std::string &message, std::int32_t result) {
-  return {"vpn_access_valp", "/mpls", result, message};
+host::PointVerdict says(const std::string &message, host::Answer answer) {
+  return {"vpn_access_valp", "/mpls", answer, message};
 }
 
 diagnosis::Fault fault(const host::PointVerdict &verdict, const Lines &parties) {

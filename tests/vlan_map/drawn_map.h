@@ -32,7 +32,7 @@ vlan_map::Map map_of(const Lines &running, const Lines &candidate);
 Lines claims_in(const vlan_map::Map &map);
 
 /// A verdict of a point, a rejection unless it is told.
-host::PointVerdict says(const std::string &message, std::int32_t result = -1);
+host::PointVerdict says(const std::string &message, host::Answer answer = host::Answer::rejected);
 
 /// A fault with a party a line: its path, and " with " a detail's path where it has one.
 diagnosis::Fault fault(const host::PointVerdict &verdict, const Lines &parties);

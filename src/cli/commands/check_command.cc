@@ -6,7 +6,7 @@
 #include "cli/input/plugin_file.h"
 #include "cli/terminal/colour.h"
 #include "host/run/plugin.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 #include "report/check_report.h"
 #include "report/escape/printable.h"
 #include "report/suppressions.h"
@@ -36,7 +36,7 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
   report::Suppressions suppressions;
   if (!arguments.suppressions.empty()) suppressions = report::Suppressions::read(arguments.suppressions);
   const CommitInput input(find_input_files(arguments.input));
-  host::Seam seam(input.profile());
+  host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
 
   report::CheckReport report;
@@ -52,12 +52,12 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
   report::write_changes(human, report.changes, style);
   // A library that meets a broken data model stops the process: what was found out by then must be out.
   human.flush();
-  report.verdict = host::validate_commit(plugin, seam, input.transaction(), {.all_points = arguments.all_points});
+  report.verdict = host::validate_commit(plugin, session, input.transaction(), {.all_points = arguments.all_points});
   report.commit.decision = report.verdict.decision;
   report::write_verdict(human, report, style);
   human.flush();
 
-  search(arguments, environment, input, plugin, seam, report);
+  search(arguments, environment, input, plugin, session, report);
   suppressions.apply(report.commit.findings);
   report.commit.unused_suppressions = suppressions.unused();
   report::write_findings(human, report.commit.findings, report.commit.search, style);

@@ -12,7 +12,7 @@
 #include "element/input/configuration.h"
 #include "headroom/measure.h"
 #include "host/run/plugin.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 #include "report/json/headroom_json.h"
 #include "report/text/headroom_text.h"
 
@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 host::Plugin load(const fs::path &file, const element::Profile &card) {
-  const host::Seam seam(card);
+  const host::HostSession session(card);
   return host::Plugin(file);
 }
 

@@ -8,7 +8,7 @@
 #include "cli/input/plugin_file.h"
 #include "cli/terminal/output_file.h"
 #include "host/run/plugin.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 #include "report/escape/printable.h"
 #include "vlan_map/claims.h"
 #include "vlan_map/conflicts.h"
@@ -48,11 +48,11 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   { const OutputFile can_be_written(arguments.output); }
 
   const CommitInput input(find_input_files(arguments.input));
-  host::Seam seam(input.profile());
+  host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
-  const host::Verdict verdict = host::validate_commit(plugin, seam, input.transaction());
+  const host::Verdict verdict = host::validate_commit(plugin, session, input.transaction());
   const diagnosis::Diagnosis diagnosis =
-      find_faults({.all_findings = true, .budget = arguments.budget}, environment, input, plugin, seam, verdict);
+      find_faults({.all_findings = true, .budget = arguments.budget}, environment, input, plugin, session, verdict);
   const vlan_map::Map drawn = map_of(arguments, input, verdict, diagnosis);
 
   OutputFile file(arguments.output);

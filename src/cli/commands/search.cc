@@ -6,7 +6,6 @@
 
 #include "cli/command_line/budget.h"
 #include "cli/terminal/progress.h"
-#include "confd_lib.h"
 #include "diagnosis/diagnose.h"
 #include "report/findings.h"
 
@@ -15,8 +14,9 @@ namespace {
 
 /// What the device would have said: `--all` asks the library further than a device does.
 host::Verdict device_verdict(host::Verdict verdict) {
-  const auto rejection = std::find_if(verdict.points.begin(), verdict.points.end(),
-                                      [](const host::PointVerdict &point) { return point.result == CONFD_ERR; });
+  const auto rejection =
+      std::find_if(verdict.points.begin(), verdict.points.end(),
+                   [](const host::PointVerdict &point) { return point.answer == host::Answer::rejected; });
   if (rejection != verdict.points.end()) verdict.points.erase(rejection + 1, verdict.points.end());
   return verdict;
 }
@@ -35,7 +35,7 @@ report::SearchEnd end_of(const diagnosis::Diagnosis &diagnosis, const diagnosis:
 }  // namespace
 
 diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Environment &environment,
-                                 const CommitInput &input, const host::Plugin &plugin, host::Seam &seam,
+                                 const CommitInput &input, const host::Plugin &plugin, host::HostSession &session,
                                  const host::Verdict &verdict) {
   diagnosis::Diagnosis diagnosis;
   if (verdict.decision == host::Decision::accepted) return diagnosis;
@@ -47,11 +47,11 @@ diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Enviro
   told.progress = [&progress](std::uint64_t calls, std::size_t faults) {
     progress.update([=] { return fmt::format("searching: {} calls of the library, faults found: {}", calls, faults); });
   };
-  return diagnosis::diagnose(plugin, seam, input.transaction(), verdict, told);
+  return diagnosis::diagnose(plugin, session, input.transaction(), verdict, told);
 }
 
 void search(const CheckArguments &arguments, const Environment &environment, const CommitInput &input,
-            const host::Plugin &plugin, host::Seam &seam, report::CheckReport &report) {
+            const host::Plugin &plugin, host::HostSession &session, report::CheckReport &report) {
   // Behind a fault that is suppressed another may hide that is not.
   const bool all_faults = arguments.all_faults || !arguments.suppressions.empty();
   const diagnosis::Budget &budget = arguments.budget;
@@ -62,7 +62,7 @@ void search(const CheckArguments &arguments, const Environment &environment, con
 
   const host::Verdict verdict = device_verdict(report.verdict);
   const diagnosis::Diagnosis diagnosis =
-      find_faults({.all_findings = all_faults, .budget = budget}, environment, input, plugin, seam, verdict);
+      find_faults({.all_findings = all_faults, .budget = budget}, environment, input, plugin, session, verdict);
   report.commit.search.calls = diagnosis.calls;
   report.commit.search.contract_violation = diagnosis.contract_violation;
   if (!is_complete(diagnosis)) report.commit.search.end = end_of(diagnosis, budget);

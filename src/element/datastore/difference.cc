@@ -5,20 +5,24 @@
 namespace element {
 namespace {
 
-using Nodes = std::vector<Node>;
-
 /// The children of a node that may be missing.
 const Nodes &children_of(const Node *node) {
   static const Nodes none;
   return node ? node->children : none;
 }
 
-/// Walks two sorted rows of nodes at once: on_pair gets the twins, or one node and null where it has no twin.
+/// Walks two sorted rows of nodes at once: on_pair gets the twins, or one node and null where it has no twin. What both
+/// rows share has not changed and is passed over.
 template <typename Order, typename OnPair>
 void merge(const Nodes &before, const Nodes &after, Order order, OnPair on_pair) {
   auto old_node = before.begin();
   auto new_node = after.begin();
   while (old_node != before.end() || new_node != after.end()) {
+    if (old_node != before.end() && new_node != after.end() && &*old_node == &*new_node) {
+      ++old_node;
+      ++new_node;
+      continue;
+    }
     int side = 0;
     if (old_node == before.end()) {
       side = 1;

@@ -19,8 +19,8 @@ const Node *find_below(const Node *from, Names names) {
   return node;
 }
 
-const std::vector<Node> &entries_below(const Node *from, Names names) {
-  static const std::vector<Node> none;
+const Nodes &entries_below(const Node *from, Names names) {
+  static const Nodes none;
   const Node *list = find_below(from, names);
   return list ? list->children : none;
 }

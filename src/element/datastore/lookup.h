@@ -18,7 +18,7 @@ using Names = std::initializer_list<std::string_view>;
 const Node *find_below(const Node *from, Names names);
 
 /// The entries of the list that the names lead to; none where it is missing.
-const std::vector<Node> &entries_below(const Node *from, Names names);
+const Nodes &entries_below(const Node *from, Names names);
 
 /// The number in the leaf that the names lead to; nothing where it is missing, negative or no number.
 std::optional<std::uint32_t> number_below(const Node *from, Names names);

@@ -10,9 +10,9 @@
 namespace element {
 namespace {
 
-void project_named(const char *name, Tree &tree, const Profile &profile, Identifiers &identifiers) {
+void project_named(const char *name, Tree &tree, Projector &projector) {
   try {
-    project(tree, profile, identifiers);
+    projector.project(tree);
   } catch (const InputError &error) {
     throw InputError(fmt::format("{} configuration: {}", name, error.what()));
   }
@@ -24,9 +24,17 @@ Transaction::Transaction(Tree running_tree, Tree candidate_tree)
     : running(std::move(running_tree)), candidate(std::move(candidate_tree)), changes(difference(running, candidate)) {}
 
 std::unique_ptr<Transaction> make_transaction(Tree running, Tree candidate, const Profile &profile) {
-  Identifiers identifiers;
-  project_named("running", running, profile, identifiers);
-  project_named("candidate", candidate, profile, identifiers);
+  running.sort();
+  candidate.sort();
+  share_equal_subtrees(candidate, running);
+  Projector projector(profile);
+  projector.keep(running);
+  return make_transaction(std::move(running), std::move(candidate), projector);
+}
+
+std::unique_ptr<Transaction> make_transaction(Tree running, Tree candidate, Projector &projector) {
+  project_named("running", running, projector);
+  project_named("candidate", candidate, projector);
   return std::make_unique<Transaction>(std::move(running), std::move(candidate));
 }
 

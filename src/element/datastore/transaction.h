@@ -6,6 +6,7 @@
 #include "element/datastore/difference.h"
 #include "element/datastore/tree.h"
 #include "element/profile/profile.h"
+#include "element/projection/projection.h"
 
 namespace element {
 
@@ -23,6 +24,10 @@ struct Transaction {
 
 /// From two operator's configurations: derives both, then compares them.
 std::unique_ptr<Transaction> make_transaction(Tree running, Tree candidate, const Profile &profile);
+
+/// The same for one of many commits to one element, whose VPNs keep the identifiers that they had in those before. Both
+/// trees must be sorted. What they share with each other, and VPNs that the projector keeps, cost next to nothing.
+std::unique_ptr<Transaction> make_transaction(Tree running, Tree candidate, Projector &projector);
 
 }  // namespace element
 

@@ -3,20 +3,19 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "element/datastore/path.h"
 
 namespace element {
 namespace {
 
-template <typename Nodes>
-auto place_of_child(Nodes &children, const SchemaNode &schema) {
+auto place_of_child(const Nodes &children, const SchemaNode &schema) {
   return std::lower_bound(children.begin(), children.end(), schema.position,
                           [](const Node &node, std::size_t position) { return node.schema->position < position; });
 }
 
-template <typename Nodes>
-auto place_of_entry(Nodes &entries, const std::vector<Value> &keys) {
+auto place_of_entry(const Nodes &entries, const std::vector<Value> &keys) {
   return std::lower_bound(
       entries.begin(), entries.end(), keys,
       [](const Node &entry, const std::vector<Value> &wanted) { return compare_keys(entry.keys, wanted) < 0; });
@@ -59,18 +58,56 @@ void require_entries(const Path &path) {
   }
 }
 
+int compare_siblings(const Node &a, const Node &b) {
+  if (a.is_entry() && b.is_entry()) return compare_keys(a.keys, b.keys);
+  if (a.schema->position == b.schema->position) return 0;
+  return a.schema->position < b.schema->position ? -1 : 1;
+}
+
+bool is_before(const Node &a, const Node &b) { return compare_siblings(a, b) < 0; }
+
+bool is_sorted_below(const Node &node) {
+  return std::is_sorted(node.children.begin(), node.children.end(), is_before) &&
+         std::all_of(node.children.begin(), node.children.end(), is_sorted_below);
+}
+
+// What is in order is not written to, so that it stays shared.
 void sort_below(Node &node) {
-  for (Node &below : node.children) sort_below(below);
-  const bool is_list = node.schema->kind == NodeKind::list && !node.is_entry();
-  const auto before = [is_list](const Node &a, const Node &b) {
-    return is_list ? compare_keys(a.keys, b.keys) < 0 : a.schema->position < b.schema->position;
-  };
-  if (!std::is_sorted(node.children.begin(), node.children.end(), before)) {
-    std::stable_sort(node.children.begin(), node.children.end(), before);
+  for (std::size_t i = 0; i < node.children.size(); ++i) {
+    if (!is_sorted_below(std::as_const(node.children)[i])) sort_below(node.children[i]);
   }
+  node.children.sort(is_before);
+}
+
+/// Whether both hold the same; shares what does. Two nodes of one schema and the same keys.
+bool share_equal(Node &node, const Node &other) {
+  bool is_equal = node.children.size() == other.children.size() && compare(node.value, other.value) == 0;
+  std::size_t at = 0;
+  for (std::size_t i = 0; i < node.children.size(); ++i) {
+    const Node &child = std::as_const(node.children)[i];
+    while (at < other.children.size() && compare_siblings(other.children[at], child) < 0) ++at;
+    const bool has_twin = at < other.children.size() && compare_siblings(other.children[at], child) == 0;
+    if (has_twin && share_equal(node.children[i], other.children[at])) {
+      node.children.replace_shared(i, other.children, at);
+    } else {
+      is_equal = false;
+    }
+  }
+  return is_equal;
 }
 
 }  // namespace
+
+Node &Nodes::own(std::shared_ptr<Node> &node) {
+  if (node.use_count() > 1) node = std::make_shared<Node>(*node);
+  return *node;
+}
+
+Node &Nodes::push_back(Node node) { return *row_.emplace_back(std::make_shared<Node>(std::move(node))); }
+
+Nodes::iterator Nodes::insert(const_iterator place, Node node) {
+  return iterator(row_.insert(place.base(), std::make_shared<Node>(std::move(node))));
+}
 
 const Node *Node::find(const SchemaNode &child_schema) const {
   const auto place = place_of_child(children, child_schema);
@@ -127,9 +164,9 @@ void Tree::erase(std::string_view path) {
   } else {
     above.pop_back();
   }
-  std::vector<Node> &siblings = descend(root_, above).children;
-  siblings.erase(is_entry ? place_of_entry(siblings, steps.back().keys)
-                          : place_of_child(siblings, *steps.back().schema));
+  Nodes &siblings = descend(root_, above).children;
+  siblings.erase(is_entry ? place_of_entry(std::as_const(siblings), steps.back().keys)
+                          : place_of_child(std::as_const(siblings), *steps.back().schema));
 }
 
 const Node *Tree::find(std::string_view path) const {
@@ -140,21 +177,31 @@ const Node *Tree::find(std::string_view path) const {
 
 void Tree::sort() { sort_below(root_); }
 
+void Tree::sort_list(std::string_view path) {
+  const Path steps = parse_path(*schema_, path);
+  require_entries(steps);
+  if (follow(root_, steps) != nullptr) descend(root_, steps).children.sort(is_before);
+}
+
 Node &child(Node &parent, const SchemaNode &child_schema) {
-  auto place = place_of_child(parent.children, child_schema);
-  if (place != parent.children.end() && place->schema == &child_schema) return *place;
+  const auto place = place_of_child(parent.children, child_schema);
+  const auto at = static_cast<std::size_t>(place - std::as_const(parent.children).begin());
+  if (at < parent.children.size() && place->schema == &child_schema) return parent.children[at];
   return *parent.children.insert(place, Node{&child_schema, {}, {}, {}});
 }
 
 Node &put_entry(Node &list, std::vector<Value> keys) {
-  auto place = place_of_entry(list.children, keys);
-  if (place != list.children.end() && compare_keys(place->keys, keys) == 0) return *place;
+  const auto place = place_of_entry(list.children, keys);
+  const auto at = static_cast<std::size_t>(place - std::as_const(list.children).begin());
+  if (at < list.children.size() && compare_keys(place->keys, keys) == 0) return list.children[at];
   return *list.children.insert(place, Node{list.schema, std::move(keys), {}, {}});
 }
 
 Node &append_entry(Node &list, std::vector<Value> keys) {
-  return list.children.emplace_back(Node{list.schema, std::move(keys), {}, {}});
+  return list.children.push_back(Node{list.schema, std::move(keys), {}, {}});
 }
+
+void share_equal_subtrees(Tree &tree, const Tree &other) { share_equal(tree.root(), other.root()); }
 
 void set_leaf(Node &parent, const SchemaNode &leaf, Value value) { child(parent, leaf).value = std::move(value); }
 

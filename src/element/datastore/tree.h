@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "element/datastore/nodes.h"
 #include "element/schema/schema.h"
 #include "element/schema/value.h"
 
@@ -14,9 +15,9 @@ namespace element {
 /// list's schema node and its keys. Key leafs stand in `keys` only, never among the children.
 struct Node {
   const SchemaNode *schema = nullptr;
-  std::vector<Value> keys;     ///< entries
-  Value value;                 ///< leafs
-  std::vector<Node> children;  ///< containers and entries: by schema position; lists: entries in key order
+  std::vector<Value> keys;  ///< entries
+  Value value;              ///< leafs
+  Nodes children;           ///< containers and entries: by schema position; lists: entries in key order
 
   bool is_entry() const { return !keys.empty(); }
 
@@ -31,7 +32,7 @@ struct Node {
 int compare_keys(const std::vector<Value> &a, const std::vector<Value> &b);
 
 /// A datastore's content. Built in any order, then put in order once with sort(); read-only from then on, so that
-/// pointers to its nodes stay valid as long as the tree lives unmoved.
+/// pointers to its nodes stay valid as long as the tree lives unmoved. Copies share their nodes.
 class Tree {
  public:
   explicit Tree(const Schema &schema);
@@ -57,13 +58,16 @@ class Tree {
   /// Puts every list in key order and every container's children in schema order. Linear for what is in order.
   void sort();
 
+  /// Puts the entries of one list in key order. Throws PathError.
+  void sort_list(std::string_view path);
+
  private:
   const Schema *schema_;
   Node root_;
 };
 
-/// The child of `parent` for `child_schema`, created at its place when missing. Returned references are valid until
-/// the parent's children change.
+/// The child of `parent` for `child_schema`, created at its place when missing. Returned references are valid until the
+/// child is removed or the tree is copied.
 Node &child(Node &parent, const SchemaNode &child_schema);
 
 /// The entry of a sorted list with these keys, created at its place when missing. Valid as the above.
@@ -71,6 +75,10 @@ Node &put_entry(Node &list, std::vector<Value> keys);
 
 /// Appends an entry without looking for its place or for a twin: for builders that sort once at the end.
 Node &append_entry(Node &list, std::vector<Value> keys);
+
+/// Has `tree` share with `other` every subtree that is the same in both, so that comparing the two is quick. Both must
+/// be sorted and have the same schema; neither changes its content.
+void share_equal_subtrees(Tree &tree, const Tree &other);
 
 /// Sets a leaf below `parent`.
 void set_leaf(Node &parent, const SchemaNode &leaf, Value value);

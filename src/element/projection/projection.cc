@@ -1,107 +1,119 @@
 #include "element/projection/projection.h"
 
+#include <array>
+#include <utility>
+
 #include "element/datastore/lookup.h"
+#include "element/projection/kept_vpns.h"
 #include "element/projection/projection_tables.h"
 
 namespace element {
 namespace {
 
-constexpr Enumeration kUntagged{1};
-constexpr std::uint32_t kVplsPseudowire = 1;
-constexpr std::uint32_t kVpwsPseudowire = 2;
-constexpr std::uint32_t kVpwsBackupPseudowire = 3;
+/// Appends to a derived tree what a family's VPNs derive to.
+class FamilyTables {
+ public:
+  FamilyTables(const VpnFamily &family, Tree &derived) : family_(family) {
+    for (std::size_t i = 0; i < family.tables.size(); ++i) lists_[i] = &derived.put(family.tables[i].path);
+    groups_ = &derived.put(family.group_table);
+  }
 
-std::uint32_t identifier(std::map<Identifiers::Name, std::uint32_t> &known, Identifiers::Name name) {
-  const auto next = static_cast<std::uint32_t>(known.size() + 1);
-  return known.try_emplace(std::move(name), next).first->second;
-}
+  void add_group(const Value &name) { vpns_ = &child_named(append_entry(*groups_, {name}), family_.vpn_list); }
 
-using Identify = std::uint32_t (Identifiers::*)(const std::string &, const std::string &);
+  /// A VPN of the group that was added last.
+  void add(const VpnRows &rows) {
+    vpns_->children.append_shared(rows.below_group);
+    for (std::size_t i = 0; i < lists_.size(); ++i) lists_[i]->children.append_shared(rows.tables[i]);
+  }
 
-VpnGroups groups_of(const Tree &configuration, std::string_view list_path, Identifiers &identifiers,
-                    Identify identify) {
-  VpnGroups groups;
-  const Node *list = configuration.find(list_path);
-  if (list == nullptr) return groups;
-  for (const Node &group : list->children) {
+  VpnRows derive(const Vpn &vpn) const {
+    VpnRows rows;
+    rows.below_group = derive_row(*vpns_->schema, family_.derive_vpn, vpn);
+    for (std::size_t i = 0; i < lists_.size(); ++i) {
+      rows.tables[i] = derive_row(*lists_[i]->schema, family_.tables[i].derive, vpn);
+    }
+    return rows;
+  }
+
+ private:
+  static Nodes derive_row(const SchemaNode &list_schema, void (*derive_entries)(Node &, const Vpn &), const Vpn &vpn) {
+    Node list{&list_schema, {}, {}, {}};
+    derive_entries(list, vpn);
+    return std::move(list.children);
+  }
+
+  const VpnFamily &family_;
+  std::array<Node *, std::tuple_size_v<decltype(VpnFamily::tables)>> lists_{};
+  Node *groups_ = nullptr;
+  Node *vpns_ = nullptr;
+};
+
+/// Calls `visit` with each VPN of a family, the list that holds it and its place there, after `on_group` for its group.
+template <typename OnGroup, typename Visit>
+void for_each_vpn(const Tree &configuration, const VpnFamily &family, IdentifierSpace &identifiers, OnGroup on_group,
+                  Visit visit) {
+  const Node *groups = configuration.find(family.groups);
+  if (groups == nullptr) return;
+  for (const Node &group : groups->children) {
     const Value &group_name = group.keys.front();
-    groups.push_back({&group_name, {}});
-    for (const Node &vpn : entries_below(&group, {"vpn"})) {
-      const Value &name = vpn.keys.front();
-      const std::uint32_t id = (identifiers.*identify)(to_text(group_name), to_text(name));
-      groups.back().vpns.push_back({&group_name, &name, id, &vpn});
+    on_group(group_name);
+    const Nodes &vpns = entries_below(&group, {"vpn"});
+    for (std::size_t i = 0; i < vpns.size(); ++i) {
+      const Value &name = vpns[i].keys.front();
+      visit(Vpn{&group_name, &name, identifiers.of({to_text(group_name), to_text(name)}), &vpns[i]}, vpns, i);
     }
   }
-  return groups;
 }
 
-void append_pseudowires(Node &table, std::uint32_t type, const Vpn &vpn, const std::vector<Node> &neighbors) {
-  for (const Node &neighbor : neighbors) append_entry(table, {type, vpn.id, neighbor.keys.front()});
+void project_family(Tree &derived, const Tree &configuration, const VpnFamily &family, IdentifierSpace &identifiers,
+                    const KeptVpns &kept) {
+  FamilyTables tables(family, derived);
+  for_each_vpn(
+      configuration, family, identifiers, [&](const Value &group) { tables.add_group(group); },
+      [&](const Vpn &vpn, const Nodes &, std::size_t) {
+        const VpnRows *rows = kept.find(*vpn.entry);
+        tables.add(rows != nullptr ? *rows : tables.derive(vpn));
+      });
+}
+
+void keep_family(const Tree &configuration, const VpnFamily &family, IdentifierSpace &identifiers, KeptVpns &kept) {
+  Tree scratch(configuration.schema());
+  FamilyTables tables(family, scratch);
+  for_each_vpn(
+      configuration, family, identifiers, [&](const Value &group) { tables.add_group(group); },
+      [&](const Vpn &vpn, const Nodes &vpns, std::size_t place) {
+        if (kept.find(*vpn.entry) == nullptr) kept.add(vpns, place, tables.derive(vpn));
+      });
 }
 
 }  // namespace
 
-std::uint32_t Identifiers::vpls(const std::string &group, const std::string &vpn) {
-  return identifier(vpls_, {group, vpn});
-}
+Projector::Projector(const Profile &profile)
+    : profile_(profile), identifiers_(std::make_unique<Identifiers>()), kept_(std::make_unique<KeptVpns>()) {}
 
-std::uint32_t Identifiers::vpws(const std::string &group, const std::string &vpn) {
-  return identifier(vpws_, {group, vpn});
-}
+Projector::~Projector() = default;
 
-std::uint32_t Identifiers::layer3(const std::string &interface) { return identifier(layer3_, {interface, ""}); }
-
-void derive_encapsulation(Node &parent, const Node &encapsulation, std::string_view untagged_leaf,
-                          std::string_view range_list) {
-  if (find_below(&encapsulation, {"untagged"}) != nullptr) set_named(parent, untagged_leaf, kUntagged);
-  const std::vector<Node> &ranges = entries_below(&encapsulation, {"dot1q-range"});
-  if (ranges.empty()) return;
-  Node &list = child_named(parent, range_list);
-  for (const Node &range : ranges) {
-    append_entry(list, {number(range.keys.front()).value_or(0), number(range.keys.back()).value_or(0)});
-  }
-}
-
-void derive_pseudowire_table(Tree &derived, const VpnGroups &vpls_groups, const VpnGroups &vpws_groups) {
-  Node &table = derived.put("/KZ-PWE3-MIB/pwTable/pwEntry");
-  for (const VpnGroup &group : vpls_groups) {
-    for (const Vpn &vpn : group.vpns) {
-      append_pseudowires(table, kVplsPseudowire, vpn, entries_below(vpn.entry, {"vfi", "neighbor"}));
-    }
-  }
-  for (const VpnGroup &group : vpws_groups) {
-    for (const Vpn &vpn : group.vpns) {
-      append_pseudowires(table, kVpwsPseudowire, vpn, entries_below(vpn.entry, {"neighbor"}));
-      append_pseudowires(table, kVpwsBackupPseudowire, vpn, entries_below(vpn.entry, {"backup-neighbor"}));
-    }
-  }
-}
-
-void project(Tree &tree, const Profile &profile, Identifiers &identifiers) {
-  tree.sort();
-  const VpnGroups vpls = groups_of(tree, "/mpls/l2vpn-config/l2vpn/vpls-group", identifiers, &Identifiers::vpls);
-  const VpnGroups vpws = groups_of(tree, "/mpls/l2vpn-config/l2vpn/vpws-group", identifiers, &Identifiers::vpws);
-
+void Projector::project(Tree &configuration) {
   // A tree of its own, so that what is read stays in its place while entries are added.
-  Tree derived(tree.schema());
-  derive_vpls_attachments(derived, vpls);
-  derive_vpls_bridge_domains(derived, vpls);
-  derive_vpls_neighbors(derived, vpls);
-  derive_vpls_groups(derived, vpls);
-  derive_vpws_attachments(derived, vpws);
-  derive_vpws_encapsulations(derived, vpws);
-  derive_vpws_tunnels(derived, vpws);
-  derive_vpws_groups(derived, vpws);
-  derive_ldp_interfaces(derived, tree, identifiers);
-  derive_vpls_config_table(derived, vpls);
-  derive_vpws_config_table(derived, vpws);
-  derive_pseudowire_table(derived, vpls, vpws);
-  derive_static_member_table(derived, tree, profile);
-  derive_snooping_table(derived, tree, profile);
+  Tree derived(configuration.schema());
+  project_family(derived, configuration, vpls_family, identifiers_->vpls, *kept_);
+  project_family(derived, configuration, vpws_family, identifiers_->vpws, *kept_);
+  derive_ldp_interfaces(derived, configuration, identifiers_->layer3);
+  derive_static_member_table(derived, configuration, profile_);
+  derive_snooping_table(derived, configuration, profile_);
 
-  derived.sort();
-  for (Node &top : derived.root().children) tree.root().children.push_back(std::move(top));
-  tree.sort();
+  for (const VpnFamily *family : {&vpls_family, &vpws_family}) {
+    for (const VpnTable &table : family->tables) derived.sort_list(table.path);
+  }
+  for (const char *table : {ldp_interface_table, static_member_table, snooping_table}) derived.sort_list(table);
+  configuration.root().children.append_shared(std::as_const(derived).root().children);
+  configuration.root().children.sort(
+      [](const Node &a, const Node &b) { return a.schema->position < b.schema->position; });
+}
+
+void Projector::keep(const Tree &configuration) {
+  keep_family(configuration, vpls_family, identifiers_->vpls, *kept_);
+  keep_family(configuration, vpws_family, identifiers_->vpws, *kept_);
 }
 
 }  // namespace element

@@ -1,36 +1,40 @@
 #ifndef ELEMENT_PROJECTION_PROJECTION_H
 #define ELEMENT_PROJECTION_PROJECTION_H
 
-#include <cstdint>
-#include <map>
-#include <string>
-#include <utility>
+#include <memory>
 
 #include "element/datastore/tree.h"
 #include "element/profile/profile.h"
 
 namespace element {
 
-/// Numeric identifiers that the applications hand out when a thing is first configured, kept while it lives: the same
-/// VPN has the same identifier in the running and the candidate configuration. They start at 1.
-class Identifiers {
- public:
-  using Name = std::pair<std::string, std::string>;  // group and VPN; for layer-3 interfaces the name and ""
+class Identifiers;
+class KeptVpns;
 
-  std::uint32_t vpls(const std::string &group, const std::string &vpn);
-  std::uint32_t vpws(const std::string &group, const std::string &vpn);
-  std::uint32_t layer3(const std::string &interface);
+/// Derives what the element's applications make of an operator's configuration. Identifiers that the applications hand
+/// out stay the same from one configuration to the next: the same VPN has the same one in the running and the candidate
+/// configuration. They start at 1, in the order in which the things are met.
+class Projector {
+ public:
+  /// The profile must outlive the projector.
+  explicit Projector(const Profile &profile);
+  ~Projector();
+  Projector(const Projector &) = delete;
+  Projector &operator=(const Projector &) = delete;
+
+  /// Adds the derived tables to a sorted tree of operator's nodes. Throws InputError for an interface of a VLAN
+  /// member or of snooping that the profile does not have.
+  void project(Tree &configuration);
+
+  /// Derives for every VPN of a sorted tree, so that trees which share a VPN's entry with it are projected without
+  /// deriving for that VPN again. Memory: about what the derived tables take, for as long as the projector lives.
+  void keep(const Tree &configuration);
 
  private:
-  std::map<Name, std::uint32_t> vpls_;
-  std::map<Name, std::uint32_t> vpws_;
-  std::map<Name, std::uint32_t> layer3_;
+  const Profile &profile_;
+  std::unique_ptr<Identifiers> identifiers_;
+  std::unique_ptr<KeptVpns> kept_;
 };
-
-/// Adds to a tree of operator's nodes what the element's applications derive from them. The running configuration is
-/// projected first, then the candidate with the same identifiers. The tree is sorted afterwards.
-/// Throws InputError for an interface of a VLAN member or of snooping that the profile does not have.
-void project(Tree &tree, const Profile &profile, Identifiers &identifiers);
 
 }  // namespace element
 

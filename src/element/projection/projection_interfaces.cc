@@ -20,31 +20,31 @@ std::int32_t ifindex_of(const Profile &profile, const Node &owner, const Node &i
       owner.schema->name, quoted_key(to_text(owner.keys.front())), quoted_key(name)));
 }
 
-const std::vector<Node> &entries_of(const Tree &configuration, std::string_view list_path) {
-  static const std::vector<Node> none;
+const Nodes &entries_of(const Tree &configuration, std::string_view list_path) {
+  static const Nodes none;
   const Node *list = configuration.find(list_path);
   return list ? list->children : none;
 }
 
 }  // namespace
 
-void derive_ldp_interfaces(Tree &derived, const Tree &configuration, Identifiers &identifiers) {
+void derive_ldp_interfaces(Tree &derived, const Tree &configuration, IdentifierSpace &identifiers) {
   for (const Node &interface : entries_of(configuration, "/config/l3-interface")) {
-    identifiers.layer3(to_text(interface.keys.front()));
+    identifiers.of({to_text(interface.keys.front()), ""});
   }
-  Node &list = derived.put("/internal/int-ldp-intf-l3");
+  Node &list = derived.put(ldp_interface_table);
   const Node *layer3_interfaces = configuration.find("/config/l3-interface");
   for (const Node &uplink : entries_of(configuration, "/mpls/ldp/interface")) {
     const Node *interface = layer3_interfaces ? layer3_interfaces->find_entry(uplink.keys) : nullptr;
     const auto vlan = number_below(interface, {"vlan"});
     if (!vlan) continue;
     const Value &name = uplink.keys.front();
-    append_entry(list, {name, identifiers.layer3(to_text(name)), fmt::to_string(*vlan)});
+    append_entry(list, {name, identifiers.of({to_text(name), ""}), fmt::to_string(*vlan)});
   }
 }
 
 void derive_static_member_table(Tree &derived, const Tree &configuration, const Profile &profile) {
-  Node &list = derived.put("/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry");
+  Node &list = derived.put(static_member_table);
   for (const Node &vlan : entries_of(configuration, "/config/vlan")) {
     const auto id = static_cast<std::int32_t>(number(vlan.keys.front()).value_or(0));
     for (const Node &member : entries_below(&vlan, {"interface"})) {
@@ -54,7 +54,7 @@ void derive_static_member_table(Tree &derived, const Tree &configuration, const 
 }
 
 void derive_snooping_table(Tree &derived, const Tree &configuration, const Profile &profile) {
-  Node &list = derived.put("/KZ-MGMD-ROUTER-MIB/mgmdRouterInterfaceTable/mgmdRouterInterfaceEntry");
+  Node &list = derived.put(snooping_table);
   for (const Node &instance : entries_of(configuration, "/config/igmp-snooping")) {
     for (const Node &member : entries_below(&instance, {"interface"})) {
       append_entry(list, {instance.keys.front(), ifindex_of(profile, instance, member)});

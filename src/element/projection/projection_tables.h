@@ -1,13 +1,13 @@
 #ifndef ELEMENT_PROJECTION_PROJECTION_TABLES_H
 #define ELEMENT_PROJECTION_PROJECTION_TABLES_H
 
+#include <array>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 #include "element/datastore/tree.h"
 #include "element/profile/profile.h"
-#include "element/projection/projection.h"
+#include "element/projection/identifiers.h"
 
 namespace element {
 
@@ -19,46 +19,41 @@ struct Vpn {
   const Node *entry = nullptr;
 };
 
-/// A group, with or without VPNs.
-struct VpnGroup {
-  const Value *name = nullptr;
-  std::vector<Vpn> vpns;
+/// A derived list and how its entries for one VPN are appended to it, in any order.
+struct VpnTable {
+  std::string_view path;
+  void (*derive)(Node &list, const Vpn &vpn);
 };
 
-using VpnGroups = std::vector<VpnGroup>;
+/// What is derived for the VPNs of one family.
+struct VpnFamily {
+  std::string_view groups;       ///< path of the operator's list of groups
+  std::string_view group_table;  ///< path of the derived list of groups
+  std::string_view vpn_list;     ///< name of the list of VPNs below an entry of the group table
+  void (*derive_vpn)(Node &vpn_list, const Vpn &vpn);
+  std::array<VpnTable, 5> tables;
+};
 
-// The tables, in the order of the data model. Each function appends one table's entries to the derived tree, in any
-// order. What an operator did not set is absent, unless a value stands for it.
+extern const VpnFamily vpls_family;
+extern const VpnFamily vpws_family;
 
-/// Which interfaces are attached to a VPLS VPN.
-void derive_vpls_attachments(Tree &derived, const VpnGroups &groups);
-/// Each VPLS VPN's VLAN, 0 without one.
-void derive_vpls_bridge_domains(Tree &derived, const VpnGroups &groups);
-/// The pseudowires of each VPLS VPN.
-void derive_vpls_neighbors(Tree &derived, const VpnGroups &groups);
-/// Groups, VPNs, bridge domains and their interfaces with encapsulation, nested.
-void derive_vpls_groups(Tree &derived, const VpnGroups &groups);
-/// Which interfaces are attached to a VPWS VPN, with their VLAN, 0 without one.
-void derive_vpws_attachments(Tree &derived, const VpnGroups &groups);
-/// The encapsulation of each attachment; its entry is there without one, too.
-void derive_vpws_encapsulations(Tree &derived, const VpnGroups &groups);
-/// The pseudowires of each VPWS VPN, neighbours and backup neighbours.
-void derive_vpws_tunnels(Tree &derived, const VpnGroups &groups);
-/// Groups and their VPNs.
-void derive_vpws_groups(Tree &derived, const VpnGroups &groups);
+inline constexpr const char *ldp_interface_table = "/internal/int-ldp-intf-l3";
+inline constexpr const char *static_member_table =
+    "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry";
+inline constexpr const char *snooping_table = "/KZ-MGMD-ROUTER-MIB/mgmdRouterInterfaceTable/mgmdRouterInterfaceEntry";
+
 /// The LDP interfaces that are layer-3 interfaces.
-void derive_ldp_interfaces(Tree &derived, const Tree &configuration, Identifiers &identifiers);
-
-/// One entry a VPLS VPN.
-void derive_vpls_config_table(Tree &derived, const VpnGroups &groups);
-/// One entry a VPWS VPN.
-void derive_vpws_config_table(Tree &derived, const VpnGroups &groups);
-/// One entry a pseudowire of either family.
-void derive_pseudowire_table(Tree &derived, const VpnGroups &vpls_groups, const VpnGroups &vpws_groups);
+void derive_ldp_interfaces(Tree &derived, const Tree &configuration, IdentifierSpace &identifiers);
 /// The static members of VLANs, by ifindex. Throws InputError for an interface that the profile does not have.
 void derive_static_member_table(Tree &derived, const Tree &configuration, const Profile &profile);
 /// The interfaces of multicast snooping, by ifindex. Throws InputError as the above.
 void derive_snooping_table(Tree &derived, const Tree &configuration, const Profile &profile);
+
+/// Which of a VPN's pseudowires an entry of the pseudowire table is.
+enum class PseudowireRole : std::uint32_t { vpls_neighbor = 1, vpws_neighbor = 2, vpws_backup_neighbor = 3 };
+
+/// Appends an entry of the pseudowire table for each of the VPN's neighbours.
+void append_pseudowires(Node &table, PseudowireRole role, const Vpn &vpn, const Nodes &neighbors);
 
 /// What an attachment's encapsulation says, into the nodes of these names below `parent`: the untagged leaf and the
 /// list of ranges, each only when configured.

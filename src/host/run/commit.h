@@ -1,29 +1,33 @@
 #ifndef HOST_RUN_COMMIT_H
 #define HOST_RUN_COMMIT_H
 
-#include <cstdint>
+#include <cstddef>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "element/datastore/transaction.h"
 #include "host/run/plugin.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 namespace host {
 
-/// A plug-in broke the seam's contract: an answer other than accept, reject or warn, or something left open. what()
-/// names the point and the fault.
+/// The plug-in broke the contract of a validation call: it answered something other than accept, reject or warn, gave
+/// no text with a rejection or warning, threw an exception, or kept a value or a session. what() names the validation
+/// point and what was wrong.
 class ContractError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
+enum class Answer { accepted, warned, rejected };
+
 /// What one validation point answered.
 struct PointVerdict {
   std::string point;
-  std::string path;         ///< of the node under validation
-  std::int32_t result = 0;  ///< 0 accept, -1 reject, -3 accept with a warning
-  std::string text;         ///< message or warning; empty when accepted
+  std::string path;  ///< of the node under validation
+  Answer answer = Answer::accepted;
+  std::string text;  ///< message or warning; empty when accepted
 };
 
 enum class Decision { accepted, accepted_with_warnings, rejected };
@@ -32,7 +36,7 @@ struct Verdict {
   Decision decision = Decision::accepted;
   std::vector<PointVerdict> points;  ///< those that were asked, in order
   std::size_t points_fired = 0;      ///< more than were asked where a rejection ended the commit
-  Account account;                   ///< of the whole commit
+  CallStatistics statistics;         ///< of the whole commit
 };
 
 struct CommitOptions {
@@ -41,7 +45,7 @@ struct CommitOptions {
 
 /// Fires the transaction's validation points at the library, as the element does when an operator commits.
 /// Throws ContractError.
-Verdict validate_commit(const Plugin &plugin, Seam &seam, const element::Transaction &transaction,
+Verdict validate_commit(const Plugin &plugin, HostSession &session, const element::Transaction &transaction,
                         const CommitOptions &options = {});
 
 }  // namespace host

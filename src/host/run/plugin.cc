@@ -74,7 +74,7 @@ Plugin::Plugin(const std::filesystem::path &file) : file_(file), build_id_(host:
 // That a library is not content with its state word is of no use to anybody any more.
 Plugin::~Plugin() { finish_(&state_); }
 
-std::int32_t Plugin::validate(confd_trans_ctx *context, confd_hkeypath_t *path, confd_value_t *value) const {
+std::int32_t Plugin::validate(confd_trans_ctx *context, confd_hkeypath *path, confd_value *value) const {
   return validate_(context, path, value);
 }
 

@@ -6,7 +6,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "confd_dp.h"
+struct confd_trans_ctx;
+struct confd_hkeypath;
+struct confd_value;
 
 namespace host {
 
@@ -34,14 +36,15 @@ class Plugin {
   /// The GNU build id in hexadecimal, "none" where the file carries none.
   const std::string &build_id() const { return build_id_; }
 
-  std::int32_t validate(confd_trans_ctx *context, confd_hkeypath_t *path, confd_value_t *value) const;
+  /// Calls the library's validate function and returns what it returned.
+  std::int32_t validate(confd_trans_ctx *context, confd_hkeypath *path, confd_value *value) const;
 
  private:
   std::filesystem::path file_;
   std::string build_id_;
   void *library_ = nullptr;
   void *state_ = nullptr;
-  std::int32_t (*validate_)(confd_trans_ctx *, confd_hkeypath_t *, confd_value_t *) = nullptr;
+  std::int32_t (*validate_)(confd_trans_ctx *, confd_hkeypath *, confd_value *) = nullptr;
   std::int32_t (*finish_)(void **) = nullptr;
 };
 

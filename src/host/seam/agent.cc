@@ -9,24 +9,24 @@ int fail(int reason) {
   return CONFD_ERR;
 }
 
-Seam *enter_agent(SeamFunction function) {
-  Seam *seam = Seam::active();
-  if (seam == nullptr) {
+HostSession *enter_agent(SeamFunction function) {
+  HostSession *session = HostSession::active();
+  if (session == nullptr) {
     fail(CONFD_ERR_NOSESSION);
     return nullptr;
   }
-  if (seam->enter(function)) {
+  if (session->enter(function)) {
     fail(CONFD_ERR_OS);
     return nullptr;
   }
-  return seam;
+  return session;
 }
 
-Seam *enter_transaction(SeamFunction function, int sock, int thandle) {
-  Seam *seam = enter_agent(function);
-  if (seam == nullptr) return nullptr;
-  const bool known = sock == seam->maapi_socket() && thandle == seam->transaction_handle();
-  if (known && seam->transaction() != nullptr) return seam;
+HostSession *enter_transaction(SeamFunction function, int sock, int thandle) {
+  HostSession *session = enter_agent(function);
+  if (session == nullptr) return nullptr;
+  const bool known = sock == session->maapi_socket() && thandle == session->transaction_handle();
+  if (known && session->transaction() != nullptr) return session;
   fail(CONFD_ERR_NOSESSION);
   return nullptr;
 }

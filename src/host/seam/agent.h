@@ -2,7 +2,7 @@
 #define HOST_SEAM_AGENT_H
 
 #include "confd_lib.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 namespace host {
 
@@ -11,10 +11,10 @@ int fail(int reason);
 
 /// Counts a call of the agent. The element that answers it, or null, with confd_errno set, where there is none or the
 /// call is the one that must fail.
-Seam *enter_agent(SeamFunction function);
+HostSession *enter_agent(SeamFunction function);
 
 /// As enter_agent for a read of a transaction, which must be the one that the element serves.
-Seam *enter_transaction(SeamFunction function, int sock, int thandle);
+HostSession *enter_transaction(SeamFunction function, int sock, int thandle);
 
 }  // namespace host
 

@@ -73,7 +73,7 @@ class Report {
     if (change.kind != ChangeKind::value_set) {
       return iterator_(&key_path_, operation_of(change.kind), nullptr, nullptr, state_);
     }
-    confd_value_t value = lent(change.after->value, *change.schema);
+    confd_value_t value = borrowed_value(change.after->value, *change.schema);
     return iterator_(&key_path_, MOP_VALUE_SET, nullptr, &value, state_);
   }
 
@@ -109,12 +109,12 @@ int maapi_keypath_diff_iterate(int sock, int thandle,
                                confd_iter_ret (*iter)(confd_hkeypath_t *kp, confd_iter_op op, confd_value_t *oldv,
                                                       confd_value_t *newv, void *state),
                                int /*flags*/, void *initstate, const char *fmtpath, ...) {
-  host::Seam *seam = host::enter_transaction(host::SeamFunction::maapi_keypath_diff_iterate, sock, thandle);
-  if (seam == nullptr) return CONFD_ERR;
+  host::HostSession *session = host::enter_transaction(host::SeamFunction::maapi_keypath_diff_iterate, sock, thandle);
+  if (session == nullptr) return CONFD_ERR;
 
   std::va_list arguments;
   va_start(arguments, fmtpath);
-  const int result = host::iterate(*seam->transaction(), iter, initstate, fmtpath, arguments);
+  const int result = host::iterate(*session->transaction(), iter, initstate, fmtpath, arguments);
   va_end(arguments);
   return result;
 }

@@ -8,7 +8,7 @@
 #include "host/seam/agent_values.h"
 #include "host/seam/object_values.h"
 #include "host/seam/resolve.h"
-#include "host/seam/seam_state.h"
+#include "host/seam/session_state.h"
 
 namespace host {
 
@@ -16,9 +16,9 @@ namespace {
 
 /// Counts a call on a cursor. The cursor's own state, or null with confd_errno set.
 OpenCursor *enter_cursor(SeamFunction function, const maapi_cursor &mc) {
-  Seam *seam = enter_transaction(function, mc.sock, mc.thandle);
-  if (seam == nullptr) return nullptr;
-  OpenCursor *cursor = seam->state().cursors.find(mc.host);
+  HostSession *session = enter_transaction(function, mc.sock, mc.thandle);
+  if (session == nullptr) return nullptr;
+  OpenCursor *cursor = session->state().cursors.find(mc.host);
   if (cursor == nullptr) fail(CONFD_ERR_NOSESSION);
   return cursor;
 }
@@ -33,7 +33,7 @@ void show_keys(OpenCursor &cursor, const element::Node &entry, maapi_cursor &mc)
   const std::size_t count = std::min<std::size_t>(entry.keys.size(), MAXKEYLEN);
   std::size_t text_size = 0;
   for (std::size_t i = 0; i < count; ++i) {
-    mc.keys[i] = lent(entry.keys[i], key_leaf(*cursor.list, i));
+    mc.keys[i] = borrowed_value(entry.keys[i], key_leaf(*cursor.list, i));
     if (mc.keys[i].type == C_BUF) text_size += mc.keys[i].val.buf.size + 1;
   }
   cursor.key_text.resize(text_size);
@@ -74,13 +74,13 @@ int check_keys(const element::SchemaNode &list, const confd_value_t *keys, int c
   return 0;
 }
 
-int open_cursor(Seam &seam, maapi_cursor &mc, const char *format, std::va_list arguments) {
-  const element::Tree &candidate = seam.transaction()->candidate;
+int open_cursor(HostSession &session, maapi_cursor &mc, const char *format, std::va_list arguments) {
+  const element::Tree &candidate = session.transaction()->candidate;
   ResolvedPath path;
   if (const int reason = path.resolve(candidate.schema(), format, arguments); reason != 0) return fail(reason);
   if (!path.is_list()) return fail(CONFD_ERR_BADPATH);
-  mc.host = seam.state().cursors.open(path.target(), locate(candidate, path).node);
-  ++seam.account.open_cursors;
+  mc.host = session.state().cursors.open(path.target(), locate(candidate, path).node);
+  ++session.statistics.open_cursors;
   return CONFD_OK;
 }
 
@@ -95,12 +95,12 @@ int maapi_init_cursor(int sock, int thandle, maapi_cursor *mc, const char *fmt, 
   mc->sock = sock;
   mc->thandle = thandle;
   mc->host = nullptr;
-  host::Seam *seam = host::enter_transaction(SeamFunction::maapi_init_cursor, sock, thandle);
-  if (seam == nullptr) return CONFD_ERR;
+  host::HostSession *session = host::enter_transaction(SeamFunction::maapi_init_cursor, sock, thandle);
+  if (session == nullptr) return CONFD_ERR;
 
   std::va_list arguments;
   va_start(arguments, fmt);
-  const int result = host::open_cursor(*seam, *mc, fmt, arguments);
+  const int result = host::open_cursor(*session, *mc, fmt, arguments);
   va_end(arguments);
   return result;
 }
@@ -119,7 +119,7 @@ int maapi_find_next(maapi_cursor *mc, confd_find_next_type type, confd_value_t *
   if (cursor->entries == nullptr) return CONFD_OK;
 
   const auto count = static_cast<std::size_t>(n_inkeys);
-  const std::vector<element::Node> &entries = cursor->entries->children;
+  const element::Nodes &entries = cursor->entries->children;
   cursor->next = host::first_not_before(entries, inkeys, count);
   const bool skip_same = type == CONFD_FIND_NEXT && cursor->next < entries.size() &&
                          host::compare_keys(inkeys, count, entries[cursor->next].keys) == 0;
@@ -149,9 +149,9 @@ int maapi_get_objects(maapi_cursor *mc, confd_value_t *values, int n, int *nobj)
 
 // A cursor that never was initialised, or whose initialisation failed, is destroyed harmlessly.
 void maapi_destroy_cursor(maapi_cursor *mc) {
-  host::Seam *seam = host::Seam::active();
-  if (seam == nullptr) return;
-  seam->enter(SeamFunction::maapi_destroy_cursor);
-  if (seam->state().cursors.close(mc->host)) --seam->account.open_cursors;
+  host::HostSession *session = host::HostSession::active();
+  if (session == nullptr) return;
+  session->enter(SeamFunction::maapi_destroy_cursor);
+  if (session->state().cursors.close(mc->host)) --session->statistics.open_cursors;
   mc->n = 0;
 }

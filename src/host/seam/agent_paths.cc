@@ -76,7 +76,8 @@ void KeyPath::write(confd_hkeypath_t &path) const {
       continue;
     }
     const std::size_t count = std::min<std::size_t>(element.keys->size(), MAXKEYLEN - 1);
-    for (std::size_t k = 0; k < count; ++k) path.v[i][k] = lent((*element.keys)[k], key_leaf(*element.schema, k));
+    for (std::size_t k = 0; k < count; ++k)
+      path.v[i][k] = borrowed_value((*element.keys)[k], key_leaf(*element.schema, k));
     path.v[i][count].type = C_NOEXISTS;
   }
   for (std::size_t i = size_; i < MAXDEPTH; ++i) path.v[i][0].type = C_NOEXISTS;
@@ -85,11 +86,11 @@ void KeyPath::write(confd_hkeypath_t &path) const {
 }  // namespace host
 
 int confd_pp_kpath(char *buf, int bufsiz, const confd_hkeypath_t *hkeypath) {
-  host::Seam *seam = host::enter_agent(host::SeamFunction::confd_pp_kpath);
-  if (seam == nullptr) return CONFD_ERR;
-  if (seam->transaction() == nullptr) return host::fail(CONFD_ERR_NOSESSION);
+  host::HostSession *session = host::enter_agent(host::SeamFunction::confd_pp_kpath);
+  if (session == nullptr) return CONFD_ERR;
+  if (session->transaction() == nullptr) return host::fail(CONFD_ERR_NOSESSION);
 
-  const std::string text = host::path_text(seam->transaction()->candidate.schema().root(), *hkeypath);
+  const std::string text = host::path_text(session->transaction()->candidate.schema().root(), *hkeypath);
   const auto room = static_cast<std::size_t>(std::max(bufsiz, 0));
   return std::snprintf(buf, room, "%s", text.c_str());
 }

@@ -14,14 +14,14 @@ namespace {
 
 /// Where a read by path came out: an element and a place in its candidate, or nothing, with confd_errno set.
 struct Read {
-  Seam *seam = nullptr;
+  HostSession *session = nullptr;
   ResolvedPath path;
   Place place;
 
   bool start(SeamFunction function, int sock, int thandle, const char *format, std::va_list arguments) {
-    seam = enter_transaction(function, sock, thandle);
-    if (seam == nullptr) return false;
-    const element::Tree &candidate = seam->transaction()->candidate;
+    session = enter_transaction(function, sock, thandle);
+    if (session == nullptr) return false;
+    const element::Tree &candidate = session->transaction()->candidate;
     if (const int reason = path.resolve(candidate.schema(), format, arguments); reason != 0) {
       fail(reason);
       return false;
@@ -90,7 +90,7 @@ int maapi_get_elem(int sock, int thandle, confd_value_t *v, const char *fmt, ...
 
   const element::Value *value = host::leaf_value(read);
   if (value == nullptr) return CONFD_ERR;
-  *v = host::handed_out(*value, read.path.target());
+  *v = host::owned_value(*value, read.path.target());
   return CONFD_OK;
 }
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 namespace host {
 
@@ -18,12 +18,12 @@ std::string_view text_of(const confd_value_t &value) {
   return {reinterpret_cast<const char *>(value.val.buf.ptr), value.val.buf.size};
 }
 
-struct Lender {
+struct BorrowedValue {
   const element::SchemaNode &leaf;
 
   confd_value_t operator()(std::monostate) const { return no_value(); }
   confd_value_t operator()(element::Empty) const { return tag_of(leaf); }
-  confd_value_t operator()(const std::string &text) const { return lent_text(text); }
+  confd_value_t operator()(const std::string &text) const { return borrowed_text(text); }
   confd_value_t operator()(std::int8_t number) const { return scalar(C_INT8, &V::i8, number); }
   confd_value_t operator()(std::int16_t number) const { return scalar(C_INT16, &V::i16, number); }
   confd_value_t operator()(std::int32_t number) const { return scalar(C_INT32, &V::i32, number); }
@@ -54,12 +54,12 @@ const element::SchemaNode &key_leaf(const element::SchemaNode &list, std::size_t
   return *list.children[std::min(key, list.key_count - 1)];
 }
 
-confd_value_t lent(const element::Value &value, const element::SchemaNode &leaf) {
-  return std::visit(Lender{leaf}, value);
+confd_value_t borrowed_value(const element::Value &value, const element::SchemaNode &leaf) {
+  return std::visit(BorrowedValue{leaf}, value);
 }
 
 // The seam's declarations know no const; nothing that holds such a value may write to it.
-confd_value_t lent_text(std::string_view text) {
+confd_value_t borrowed_text(std::string_view text) {
   confd_value_t value{};
   value.type = C_BUF;
   value.val.buf.size = static_cast<unsigned int>(text.size());
@@ -67,8 +67,8 @@ confd_value_t lent_text(std::string_view text) {
   return value;
 }
 
-confd_value_t handed_out(const element::Value &value, const element::SchemaNode &leaf) {
-  confd_value_t result = lent(value, leaf);
+confd_value_t owned_value(const element::Value &value, const element::SchemaNode &leaf) {
+  confd_value_t result = borrowed_value(value, leaf);
   if (result.type != C_BUF) return result;
 
   const std::string_view text = text_of(result);
@@ -77,7 +77,7 @@ confd_value_t handed_out(const element::Value &value, const element::SchemaNode 
   std::memcpy(copy, text.data(), text.size());
   copy[text.size()] = 0;
   result.val.buf.ptr = copy;
-  ++Seam::active()->account.values_handed_out;
+  ++HostSession::active()->statistics.owned_values;
   return result;
 }
 

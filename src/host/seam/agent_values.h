@@ -30,14 +30,14 @@ const element::SchemaNode &key_leaf(const element::SchemaNode &list, std::size_t
 
 /// The value as it goes over the seam, its text still the tree's: valid as long as the tree, never to be freed. An
 /// empty leaf is its node's tag.
-confd_value_t lent(const element::Value &value, const element::SchemaNode &leaf);
+confd_value_t borrowed_value(const element::Value &value, const element::SchemaNode &leaf);
 
 /// Text as it goes over the seam, still its owner's.
-confd_value_t lent_text(std::string_view text);
+confd_value_t borrowed_text(std::string_view text);
 
 /// As lent, with a copy of the text, which the caller of the seam owns and gives back through confd_free_value; it is
 /// entered in the active element's account.
-confd_value_t handed_out(const element::Value &value, const element::SchemaNode &leaf);
+confd_value_t owned_value(const element::Value &value, const element::SchemaNode &leaf);
 
 /// The element's form of a value that came over the seam, or nothing for a type that the element does not serve.
 std::optional<element::Value> from_agent(const confd_value_t &value);

@@ -7,7 +7,7 @@
 #include "host/seam/agent.h"
 #include "host/seam/object_values.h"
 #include "host/seam/resolve.h"
-#include "host/seam/seam_state.h"
+#include "host/seam/session_state.h"
 
 namespace host {
 
@@ -20,11 +20,11 @@ struct ListRead {
 
   /// False, with confd_errno set, where there is no such session, no transaction, or no such list.
   bool start(SeamFunction function, int sock, const char *format, std::va_list arguments) {
-    Seam *seam = enter_agent(function);
-    if (seam == nullptr) return false;
-    const bool served = seam->state().cdb_sockets.count(sock) != 0 && seam->transaction() != nullptr;
+    HostSession *session = enter_agent(function);
+    if (session == nullptr) return false;
+    const bool served = session->state().cdb_sockets.count(sock) != 0 && session->transaction() != nullptr;
     if (!served) return give_up(CONFD_ERR_NOSESSION);
-    const element::Tree &running = seam->transaction()->running;
+    const element::Tree &running = session->transaction()->running;
     if (const int reason = path.resolve(running.schema(), format, arguments); reason != 0) return give_up(reason);
     if (!path.is_list()) return give_up(CONFD_ERR_BADPATH);
     list = locate(running, path).node;

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "fm.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 using host::SeamFunction;
 
@@ -14,17 +14,17 @@ constexpr int kNotRead = -1;
 constexpr fm_slot_t kLocalSlot{1, 1};
 
 /// The active element, or null where there is none or the call is the one that must fail.
-host::Seam *card_host(SeamFunction function) {
-  host::Seam *seam = host::Seam::active();
-  return seam == nullptr || seam->enter(function) ? nullptr : seam;
+host::HostSession *card_host(SeamFunction function) {
+  host::HostSession *session = host::HostSession::active();
+  return session == nullptr || session->enter(function) ? nullptr : session;
 }
 
 int read_limit(SeamFunction function, const fm_slot_t &slot, std::uint32_t &value,
                std::optional<std::uint32_t> element::CardLimits::*limit) {
-  const host::Seam *seam = card_host(function);
-  if (seam == nullptr) return kNotRead;
+  const host::HostSession *session = card_host(function);
+  if (session == nullptr) return kNotRead;
   const bool has_card = slot.shelf == kLocalSlot.shelf && slot.slot == kLocalSlot.slot;
-  const std::optional<std::uint32_t> &known = seam->profile().card.*limit;
+  const std::optional<std::uint32_t> &known = session->profile().card.*limit;
   if (!has_card || !known) return kNotRead;
   value = *known;
   return kRead;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 #include "limid.h"
 
 using host::SeamFunction;
@@ -14,8 +14,8 @@ constexpr int kUnknown = -1;
 
 /// The element's profile, or null where there is none or the call is the one that must fail.
 const element::Profile *profile_for(SeamFunction function) {
-  host::Seam *seam = host::Seam::active();
-  return seam == nullptr || seam->enter(function) ? nullptr : &seam->profile();
+  host::HostSession *session = host::HostSession::active();
+  return session == nullptr || session->enter(function) ? nullptr : &session->profile();
 }
 
 }  // namespace

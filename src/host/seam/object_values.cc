@@ -21,8 +21,8 @@ class ObjectWriter {
 
   // The object's children and the schema's stand in the same order.
   void children(const element::SchemaNode &schema, const element::Node *object) {
-    static const std::vector<element::Node> none;
-    const std::vector<element::Node> &nodes = object == nullptr ? none : object->children;
+    static const element::Nodes none;
+    const element::Nodes &nodes = object == nullptr ? none : object->children;
     auto node = nodes.begin();
     for (std::size_t i = schema.key_count; i < schema.children.size(); ++i) {
       const element::SchemaNode &child = *schema.children[i];
@@ -52,7 +52,7 @@ class ObjectWriter {
   // Only what is written is handed out.
   void put_leaf(const element::SchemaNode &leaf, const element::Value *value) {
     const bool is_written = count_ < room_;
-    put_value(is_written && value != nullptr ? handed_out(*value, leaf) : no_value());
+    put_value(is_written && value != nullptr ? owned_value(*value, leaf) : no_value());
   }
 
   void put_value(const confd_value_t &value) {

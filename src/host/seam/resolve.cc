@@ -90,14 +90,14 @@ const element::Change *entry_of(const element::Change &list, const confd_value_t
 int ResolvedPath::resolve(const element::Schema &schema, const char *format, std::va_list arguments) {
   if (!text_.format(format, arguments)) return CONFD_ERR_BADPATH;
   target_ = &schema.root();
-  const PathText::Part *part = text_.begin();
+  const FormattedPath::Part *part = text_.begin();
   const bool is_root = part->text.empty() && !part->is_key;
   if (is_root) return 0;
 
   while (part != text_.end()) {
-    const PathText::Part *name = part++;
+    const FormattedPath::Part *name = part++;
     if (const int reason = add_name(*name); reason != 0) return reason;
-    const PathText::Part *first_key = part;
+    const FormattedPath::Part *first_key = part;
     while (part != text_.end() && part->is_key) ++part;
     if (!name->has_braces) continue;
     if (const int reason = add_keys(first_key, static_cast<std::size_t>(part - first_key)); reason != 0) return reason;
@@ -105,7 +105,7 @@ int ResolvedPath::resolve(const element::Schema &schema, const char *format, std
   return 0;
 }
 
-int ResolvedPath::add_name(const PathText::Part &name) {
+int ResolvedPath::add_name(const FormattedPath::Part &name) {
   if (is_list()) return CONFD_ERR_BADPATH;
   target_ = target_->child(name.text);
   if (target_ == nullptr) return CONFD_ERR_BADPATH;
@@ -113,19 +113,19 @@ int ResolvedPath::add_name(const PathText::Part &name) {
   return 0;
 }
 
-int ResolvedPath::add_keys(const PathText::Part *first, std::size_t count) {
+int ResolvedPath::add_keys(const FormattedPath::Part *first, std::size_t count) {
   if (target_->kind != NodeKind::list || count != target_->key_count) return CONFD_ERR_BADPATH;
   steps_[steps_.size() - 1].has_keys = true;
   for (std::size_t i = 0; i < count; ++i) {
     const element::SchemaNode &leaf = *target_->children[i];
     const std::string_view text = first[i].text;
     if (leaf.type == element::ValueType::text) {
-      keys_.push_back(lent_text(text));
+      keys_.push_back(borrowed_text(text));
       continue;
     }
     const std::optional<element::Value> key = element::value_from_text(leaf, text);
     if (!key) return CONFD_ERR_BADTYPE;
-    keys_.push_back(lent(*key, leaf));
+    keys_.push_back(borrowed_value(*key, leaf));
   }
   return 0;
 }
@@ -149,7 +149,7 @@ int compare_keys(const confd_value_t *wanted, std::size_t count, const std::vect
   return count < keys.size() ? -1 : 1;
 }
 
-std::size_t first_not_before(const std::vector<element::Node> &entries, const confd_value_t *keys, std::size_t count) {
+std::size_t first_not_before(const element::Nodes &entries, const confd_value_t *keys, std::size_t count) {
   const auto found = lower_bound(
       entries, keys, count, [](const element::Node &entry) -> const auto & { return entry.keys; });
   return static_cast<std::size_t>(found - entries.begin());

@@ -7,7 +7,7 @@
 #include "confd_lib.h"
 #include "element/datastore/difference.h"
 #include "element/datastore/tree.h"
-#include "host/seam/path_format.h"
+#include "host/seam/formatted_path.h"
 
 namespace host {
 
@@ -41,10 +41,10 @@ class ResolvedPath {
   bool is_object() const;
 
  private:
-  int add_name(const PathText::Part &name);
-  int add_keys(const PathText::Part *first, std::size_t count);
+  int add_name(const FormattedPath::Part &name);
+  int add_keys(const FormattedPath::Part *first, std::size_t count);
 
-  PathText text_;
+  FormattedPath text_;
   const element::SchemaNode *target_ = nullptr;
   fmt::basic_memory_buffer<Step, 24> steps_;
   fmt::basic_memory_buffer<confd_value_t, 16> keys_;
@@ -63,7 +63,7 @@ Place locate(const element::Tree &tree, const ResolvedPath &path);
 
 /// Index of the first entry of a list in key order that is not before these keys; fewer keys than the list has stand
 /// before all that begin with them.
-std::size_t first_not_before(const std::vector<element::Node> &entries, const confd_value_t *keys, std::size_t count);
+std::size_t first_not_before(const element::Nodes &entries, const confd_value_t *keys, std::size_t count);
 
 /// As element::compare_keys.
 int compare_keys(const confd_value_t *wanted, std::size_t count, const std::vector<element::Value> &keys);

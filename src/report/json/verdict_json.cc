@@ -86,7 +86,7 @@ void write_json(std::ostream &out, const CheckReport &report) {
   json["findings"] = findings_json(report.commit.findings);
   json["search"] = search_json(report.commit.search);
   json["unused-suppressions"] = report.commit.unused_suppressions;
-  if (report.with_trace) json["trace"] = report.verdict.account.trace;
+  if (report.with_trace) json["trace"] = report.verdict.statistics.trace;
   // A message may end within a character: the library cuts long names at a number of bytes.
   out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
 }

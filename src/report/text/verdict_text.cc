@@ -5,7 +5,6 @@
 #include <sstream>
 #include <string_view>
 
-#include "confd_lib.h"
 #include "report/decision_text.h"
 #include "report/escape/printable.h"
 
@@ -33,8 +32,8 @@ std::string values_text(const ListedChange &change) {
 
 std::string answer(const host::PointVerdict &point, const TextStyle &style) {
   const std::string_view text = answer_text(point);
-  if (point.result == CONFD_ERR) return style(Accent::rejected, text);
-  return point.result == CONFD_VALIDATION_WARN ? style(Accent::warning, text) : std::string(text);
+  if (point.answer == host::Answer::rejected) return style(Accent::rejected, text);
+  return point.answer == host::Answer::warned ? style(Accent::warning, text) : std::string(text);
 }
 
 std::string decision(host::Decision decision, const TextStyle &style) {
@@ -84,7 +83,7 @@ void write_changes(std::ostream &out, const std::vector<ListedChange> &changes, 
 
 void write_verdict(std::ostream &out, const CheckReport &report, const TextStyle &style) {
   write_points(out, report.verdict, style);
-  if (report.with_trace) write_trace(out, report.verdict.account.trace);
+  if (report.with_trace) write_trace(out, report.verdict.statistics.trace);
   const PointCounts counts = count_points(report.verdict);
   out << fmt::format("\ncommit {}: {} of {} points asked, {} accepted, {} with a warning, {} rejected\n",
                      decision(report.verdict.decision, style), report.verdict.points.size(),

@@ -10,7 +10,7 @@
 #include "element/datastore/tree.h"
 #include "element/profile/profile.h"
 #include "element/schema/schema.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 namespace conformance {
 
@@ -120,28 +120,28 @@ class HostStage : public Stage {
     candidate_.sort();
     transaction_ = std::make_unique<element::Transaction>(std::move(running_), std::move(candidate_));
     profile_ = element::Profile(limits_, std::move(interfaces_));
-    seam_ = std::make_unique<host::Seam>(profile_);
-    seam_->serve(transaction_.get());
-    context_.thandle = seam_->transaction_handle();
-    context_.vcb_opaque = seam_->middleware();
+    session_ = std::make_unique<host::HostSession>(profile_);
+    session_->serve(transaction_.get());
+    context_.thandle = session_->transaction_handle();
+    context_.vcb_opaque = session_->middleware();
   }
 
-  int socket() override { return seam_->maapi_socket(); }
+  int socket() override { return session_->maapi_socket(); }
   confd_trans_ctx &context() override { return context_; }
 
   void fail_next(std::string_view name) override {
     const host::SeamFunction function = function_named(name);
-    seam_->fault = {function, seam_->account.calls[static_cast<std::size_t>(function)] + 1, false};
+    session_->injected_failure = {function, session_->statistics.calls[static_cast<std::size_t>(function)] + 1, false};
   }
 
   std::string error() override { return context_.error.str; }
-  std::vector<int> timeouts() override { return seam_->account.timeouts; }
-  std::vector<std::string> trace() override { return seam_->account.trace; }
+  std::vector<int> timeouts() override { return session_->statistics.timeouts; }
+  std::vector<std::string> trace() override { return session_->statistics.trace; }
 
   std::size_t left_open() override {
-    if (seam_ == nullptr) return 0;
-    const host::Account &account = seam_->account;
-    return static_cast<std::size_t>(account.open_cursors + account.open_sessions + account.values_handed_out);
+    if (session_ == nullptr) return 0;
+    const host::CallStatistics &statistics = session_->statistics;
+    return static_cast<std::size_t>(statistics.open_cursors + statistics.open_sessions + statistics.owned_values);
   }
 
  private:
@@ -151,7 +151,7 @@ class HostStage : public Stage {
   std::vector<element::Interface> interfaces_;
   element::Profile profile_;
   std::unique_ptr<element::Transaction> transaction_;
-  std::unique_ptr<host::Seam> seam_;
+  std::unique_ptr<host::HostSession> session_;
   confd_trans_ctx context_{};
 };
 

@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "confd_dp.h"
 #include "element/datastore/transaction.h"
 #include "element/profile/profile.h"
 #include "element/schema/schema.h"
 #include "host/run/plugin.h"
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 #include "tests/support/fake_clock.h"
 
 namespace {
@@ -23,20 +24,20 @@ struct Commit {
   const element::Schema schema;
   const element::Transaction transaction{element::Tree(schema), element::Tree(schema)};
   const element::Profile profile;
-  host::Seam seam(profile);
-  seam.serve(&transaction);
+  host::HostSession session(profile);
+  session.serve(&transaction);
   const host::Plugin plugin(PLUGIN_FILE);
   for (const Commit &commit : commits) {
     FakeClock::set(commit.second);
     std::string point = commit.point;
     confd_trans_ctx context{};
-    context.thandle = seam.transaction_handle();
-    context.vcb_opaque = seam.middleware();
+    context.thandle = session.transaction_handle();
+    context.vcb_opaque = session.middleware();
     context.validate_opaque = point.data();
     std::fprintf(stderr, "%d", plugin.validate(&context, nullptr, nullptr));
   }
   std::fprintf(stderr, ", extended by");
-  for (const int seconds : seam.account.timeouts) std::fprintf(stderr, " %d", seconds);
+  for (const int seconds : session.statistics.timeouts) std::fprintf(stderr, " %d", seconds);
   std::fprintf(stderr, " and no more\n");
   std::exit(0);
 }

@@ -1,4 +1,4 @@
-#include "host/seam/path_format.h"
+#include "host/seam/formatted_path.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,7 @@
 
 namespace host {
 
-bool PathText::format(const char *format, std::va_list arguments) {
+bool FormattedPath::format(const char *format, std::va_list arguments) {
   Arguments remaining;
   va_copy(remaining.list, arguments);
   while (*format != '\0' && state_ != State::broken) {
@@ -25,7 +25,7 @@ bool PathText::format(const char *format, std::va_list arguments) {
 // NOLINTBEGIN(clang-analyzer-valist.Uninitialized): the analyzer overlooks the va_copy above
 
 // Answers where the format goes on. After a conversion that is not known the arguments' types are not known either.
-const char *PathText::convert(const char *conversion, Arguments &arguments) {
+const char *FormattedPath::convert(const char *conversion, Arguments &arguments) {
   int longs = 0;
   for (; *conversion == 'l'; ++conversion) ++longs;
   switch (*conversion) {
@@ -49,7 +49,7 @@ const char *PathText::convert(const char *conversion, Arguments &arguments) {
   }
 }
 
-void PathText::number(char conversion, int longs, Arguments &arguments) {
+void FormattedPath::number(char conversion, int longs, Arguments &arguments) {
   std::array<char, 24> digits;
   std::to_chars_result result{};
   if (conversion == 'd' || conversion == 'i') {
@@ -68,7 +68,7 @@ void PathText::number(char conversion, int longs, Arguments &arguments) {
 
 // NOLINTEND(clang-analyzer-valist.Uninitialized)
 
-void PathText::argument(std::string_view text) {
+void FormattedPath::argument(std::string_view text) {
   switch (state_) {
     case State::keys:
       open_key();
@@ -86,12 +86,12 @@ void PathText::argument(std::string_view text) {
   }
 }
 
-void PathText::path_text(std::string_view text) {
+void FormattedPath::path_text(std::string_view text) {
   while (!text.empty() && state_ != State::broken) text.remove_prefix(take(text));
 }
 
 // Reads on in the present state; answers how much it took.
-std::size_t PathText::take(std::string_view text) {
+std::size_t FormattedPath::take(std::string_view text) {
   switch (state_) {
     case State::start:
     case State::closed:
@@ -112,7 +112,7 @@ std::size_t PathText::take(std::string_view text) {
   return text.size();
 }
 
-std::size_t PathText::take_slash(std::string_view text) {
+std::size_t FormattedPath::take_slash(std::string_view text) {
   if (text.front() != '/') {
     state_ = State::broken;
     return text.size();
@@ -122,7 +122,7 @@ std::size_t PathText::take_slash(std::string_view text) {
   return 1;
 }
 
-std::size_t PathText::take_name(std::string_view text) {
+std::size_t FormattedPath::take_name(std::string_view text) {
   const std::size_t slash = std::min(text.find('/'), text.size());
   const std::size_t length = std::min(text.substr(0, slash).find('{'), slash);
   append(text.substr(0, length));
@@ -130,7 +130,7 @@ std::size_t PathText::take_name(std::string_view text) {
 }
 
 // A slash is left to begin the next name with.
-std::size_t PathText::end_name(char terminator) {
+std::size_t FormattedPath::end_name(char terminator) {
   Part &name = parts_[parts_.size() - 1];
   if (name.text.empty()) {
     state_ = State::broken;
@@ -146,7 +146,7 @@ std::size_t PathText::end_name(char terminator) {
   return 1;
 }
 
-std::size_t PathText::take_keys(std::string_view text) {
+std::size_t FormattedPath::take_keys(std::string_view text) {
   switch (text.front()) {
     case ' ':
       key_is_open_ = false;
@@ -168,7 +168,7 @@ std::size_t PathText::take_keys(std::string_view text) {
   return length;
 }
 
-std::size_t PathText::take_quoted(std::string_view text) {
+std::size_t FormattedPath::take_quoted(std::string_view text) {
   if (text.front() == '"' || text.front() == '\\') {
     state_ = text.front() == '"' ? State::keys : State::escaped;
     return 1;
@@ -179,22 +179,22 @@ std::size_t PathText::take_quoted(std::string_view text) {
   return length;
 }
 
-void PathText::open_part(bool is_key) { parts_.push_back({"", is_key, false, nullptr}); }
+void FormattedPath::open_part(bool is_key) { parts_.push_back({"", is_key, false, nullptr}); }
 
-void PathText::open_key() {
+void FormattedPath::open_key() {
   if (key_is_open_) return;
   key_is_open_ = true;
   open_part(true);
 }
 
-std::string_view PathText::keep(std::string_view digits) {
+std::string_view FormattedPath::keep(std::string_view digits) {
   if (digits.size() > digits_.size() - digits_used_) return own_texts_.emplace_back(digits);
   char *place = digits_.data() + digits_used_;
   digits_used_ += digits.copy(place, digits.size());
   return {place, digits.size()};
 }
 
-void PathText::append(std::string_view text) {
+void FormattedPath::append(std::string_view text) {
   Part &part = parts_[parts_.size() - 1];
   if (part.text.empty()) {
     part.text = text;
@@ -208,7 +208,7 @@ void PathText::append(std::string_view text) {
   part.text = part.joined->append(text);
 }
 
-bool PathText::is_complete() const {
+bool FormattedPath::is_complete() const {
   if (state_ == State::closed) return true;
   if (state_ != State::name) return false;
   const bool has_name = !parts_[parts_.size() - 1].text.empty();

@@ -50,7 +50,7 @@ confd_value_t read_group(confd_trans_ctx *tctx, std::int32_t sock, const std::st
 confd_value_t kept_value;
 QnConfdCdbSessionBase *kept_session = nullptr;
 
-std::int32_t do_as_told(confd_trans_ctx *tctx, std::int32_t sock, const std::string &told) {
+std::int32_t do_scripted_plugin(confd_trans_ctx *tctx, std::int32_t sock, const std::string &told) {
   if (told == "answer 7") return 7;
   if (told == "answer -2") return CONFD_EOF;
   if (told == "reject without a text") return CONFD_ERR;
@@ -96,7 +96,7 @@ std::int32_t validate(confd_trans_ctx *tctx, confd_hkeypath_t *kp, confd_value_t
     return show(tctx, kp, newval);
   }
   const bool is_name_point = std::string(tctx->validate_opaque) == "vpn_name_valp";
-  return is_name_point ? do_as_told(tctx, sock, shown(kp->v[0][0])) : CONFD_OK;
+  return is_name_point ? do_scripted_plugin(tctx, sock, shown(kp->v[0][0])) : CONFD_OK;
 }
 
 std::int32_t lib_finish(void **) {

@@ -1,4 +1,4 @@
-#include "host/run/firing.h"
+#include "host/run/triggered_points.h"
 
 #include "tests/host/served_element.h"
 
@@ -13,8 +13,8 @@ class FiredPoints : public ::testing::Test {
   std::vector<std::string> fired() {
     const element::Transaction transaction(running, candidate);
     std::vector<std::string> result;
-    for (const host::Firing &firing : host::fired_points(transaction)) {
-      result.push_back(firing.point + ' ' + element::to_text(firing.path));
+    for (const host::TriggeredPoint &point : host::triggered_points(transaction)) {
+      result.push_back(point.point + ' ' + element::to_text(point.path));
     }
     return result;
   }
@@ -124,10 +124,10 @@ TEST_F(FiredPoints, OtherApplicationsNodesFireNothing) {
 TEST_F(FiredPoints, AKeyCarriesItsTextAndAnEntryNoValue) {
   candidate.put(kVpls + "/bridge-domain/access-interface{I}");
   const element::Transaction transaction(running, candidate);
-  for (const host::Firing &firing : host::fired_points(transaction)) {
+  for (const host::TriggeredPoint &point : host::triggered_points(transaction)) {
     const element::Value expected =
-        firing.point == "vpn_access_intf_valp" ? element::Value(std::string("I")) : element::Value();
-    EXPECT_EQ(firing.value, expected) << firing.point;
+        point.point == "vpn_access_intf_valp" ? element::Value(std::string("I")) : element::Value();
+    EXPECT_EQ(point.value, expected) << point.point;
   }
 }
 

@@ -1,4 +1,4 @@
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 #include <stdexcept>
 
@@ -9,7 +9,7 @@ namespace {
 
 using host::SeamFunction;
 
-TEST(Seam, NamesEachFunctionAsTheHeadersDoes) {
+TEST(HostSession, NamesEachFunctionAsTheHeadersDoes) {
   EXPECT_EQ(name(SeamFunction::confd_free_value), "confd_free_value");
   EXPECT_EQ(name(SeamFunction::maapi_get_objects), "maapi_get_objects");
   EXPECT_EQ(name(SeamFunction::cdb_session_start), "cdb_session_start");
@@ -17,15 +17,15 @@ TEST(Seam, NamesEachFunctionAsTheHeadersDoes) {
   EXPECT_THROW(name(SeamFunction::count), std::out_of_range);
 }
 
-TEST(Seam, IsActiveWhileItLivesAndTheOnlyOne) {
+TEST(HostSession, IsActiveWhileItLivesAndTheOnlyOne) {
   const element::Profile profile;
   {
-    host::Seam seam(profile);
-    EXPECT_EQ(host::Seam::active(), &seam);
-    EXPECT_THROW(host::Seam{profile}, std::logic_error);
-    EXPECT_EQ(host::Seam::active(), &seam);
+    host::HostSession session(profile);
+    EXPECT_EQ(host::HostSession::active(), &session);
+    EXPECT_THROW(host::HostSession{profile}, std::logic_error);
+    EXPECT_EQ(host::HostSession::active(), &session);
   }
-  EXPECT_EQ(host::Seam::active(), nullptr);
+  EXPECT_EQ(host::HostSession::active(), nullptr);
 }
 
 class CountedCalls : public host_test::ServedElement {
@@ -39,11 +39,13 @@ TEST_F(CountedCalls, EveryCallIsInTheAccount) {
   exists();
   maapi_cursor mc{};
   maapi_init_cursor(sock, thandle, &mc, "/internal/int-vpws-group");
-  EXPECT_EQ(seam.account.open_cursors, 1);
+  EXPECT_EQ(session.statistics.open_cursors, 1);
   maapi_destroy_cursor(&mc);
   maapi_destroy_cursor(&mc);
-  EXPECT_EQ(seam.account.open_cursors, 0);
-  const auto calls = [this](SeamFunction function) { return seam.account.calls[static_cast<std::size_t>(function)]; };
+  EXPECT_EQ(session.statistics.open_cursors, 0);
+  const auto calls = [this](SeamFunction function) {
+    return session.statistics.calls[static_cast<std::size_t>(function)];
+  };
   EXPECT_EQ(calls(SeamFunction::maapi_exists), 2U);
   EXPECT_EQ(calls(SeamFunction::maapi_init_cursor), 1U);
   EXPECT_EQ(calls(SeamFunction::maapi_destroy_cursor), 2U);
@@ -52,16 +54,16 @@ TEST_F(CountedCalls, EveryCallIsInTheAccount) {
 
 TEST_F(CountedCalls, TheNthMayFailOrAllFromItOn) {
   serve();
-  seam.fault = {SeamFunction::maapi_exists, 2, false};
+  session.injected_failure = {SeamFunction::maapi_exists, 2, false};
   EXPECT_EQ(exists(), 1);
   EXPECT_EQ(exists(), -1);
   EXPECT_EQ(confd_errno, CONFD_ERR_OS);
   EXPECT_EQ(exists(), 1);
-  seam.fault = {SeamFunction::maapi_exists, 5, true};
+  session.injected_failure = {SeamFunction::maapi_exists, 5, true};
   EXPECT_EQ(exists(), 1);
   EXPECT_EQ(exists(), -1);
   EXPECT_EQ(exists(), -1);
-  seam.fault = {};
+  session.injected_failure = {};
   EXPECT_EQ(exists(), 1);
 }
 

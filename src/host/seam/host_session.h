@@ -14,9 +14,9 @@
 
 namespace host {
 
-struct SeamState;
+struct SessionState;
 
-/// Every function of the seam that a plug-in can call, for counting and for faults.
+/// Every platform function that a plug-in can call.
 enum class SeamFunction : std::size_t {
   confd_free_value,
   confd_pp_kpath,
@@ -62,63 +62,64 @@ inline constexpr std::size_t seam_function_count = static_cast<std::size_t>(Seam
 /// cdb_session_end.
 std::string_view name(SeamFunction function);
 
-/// What went over the seam since the last reset. Whatever is still open or handed out when a validation call has ended
-/// was leaked by the plug-in.
-struct Account {
+/// The platform calls since the last reset, and what they opened or allocated. Whatever is still open or owned by the
+/// plug-in after a validation call was leaked by it.
+struct CallStatistics {
   std::array<std::uint64_t, seam_function_count> calls{};
-  std::int64_t open_cursors = 0;  ///< what the element itself closes, after a validation call, stays counted as open
+  std::int64_t open_cursors = 0;  ///< opened and not destroyed by the plug-in, though the element closes it later
   std::int64_t open_sessions = 0;
-  std::int64_t values_handed_out = 0;  ///< strings owned by the caller and not yet freed
-  std::vector<int> timeouts;           ///< seconds of every time-out extension
-  std::vector<std::string> trace;      ///< "category: text" of every trace call
+  std::int64_t owned_values = 0;   ///< strings that the plug-in must free and has not yet freed
+  std::vector<int> timeouts;       ///< seconds of every time-out extension
+  std::vector<std::string> trace;  ///< "category: text" of every trace call
 };
 
-/// Makes the n-th call (from 1) of a function fail as that function fails; n = 0: none. Functions that return nothing
-/// cannot fail. The agent's calls fail with CONFD_ERR_OS, which stands for a lost connection, and leave their outputs
-/// as they were; a move leaves its cursor on no entry. Calls are counted by the account.
-struct Fault {
+/// Lets the n-th call of a function fail, counted from 1 since the statistics were reset; n = 0: none fails. Functions
+/// without a result cannot fail. The management agent's functions fail with CONFD_ERR_OS (a lost connection) and leave
+/// their outputs as they were; a cursor that could not move stands on no entry.
+struct InjectedFailure {
   SeamFunction function = SeamFunction::count;
   std::uint64_t nth = 0;
   bool and_all_later = false;
 };
 
-/// The virtual element behind the platform's functions: it answers them from one transaction and one profile. At most
-/// one is active in a process, from construction to destruction.
-class Seam {
+/// Implements the platform's functions: they answer from this session's transaction and card profile. A process has at
+/// most one session at a time; the constructor throws std::logic_error where there is one already. The profile must
+/// outlive the session.
+class HostSession {
  public:
-  explicit Seam(const element::Profile &profile);
-  ~Seam();
-  Seam(const Seam &) = delete;
-  Seam &operator=(const Seam &) = delete;
+  explicit HostSession(const element::Profile &profile);
+  ~HostSession();
+  HostSession(const HostSession &) = delete;
+  HostSession &operator=(const HostSession &) = delete;
 
-  /// The active one, or null.
-  static Seam *active();
+  /// The process's session, or null.
+  static HostSession *active();
 
-  /// Answers from this transaction until the next serve(); null: no transaction, every read fails. Closes the cursors
-  /// that are open and forgets the texts that transaction contexts were given.
+  /// Sets the transaction that reads are answered from; it must live until the next serve(). Null: every read fails.
+  /// Closes all cursors and frees the error texts of earlier validation calls.
   void serve(const element::Transaction *transaction);
 
   const element::Transaction *transaction() const { return transaction_; }
   const element::Profile &profile() const { return *profile_; }
 
-  /// What a transaction context must carry for calls to reach this element.
+  /// The socket, handle and middleware instance that a plug-in must pass to reach this session.
   int maapi_socket() const;
   int transaction_handle() const;
   void *middleware();
 
-  /// What the platform's functions keep from call to call.
-  SeamState &state() { return *state_; }
+  /// What the platform's functions keep between calls.
+  SessionState &state() { return *state_; }
 
-  Account account;
-  Fault fault;
+  CallStatistics statistics;
+  InjectedFailure injected_failure;
 
-  /// Counts a call and tells whether it is the one that must fail.
+  /// Counts a call. True where it must fail.
   bool enter(SeamFunction function);
 
  private:
   const element::Profile *profile_;
   const element::Transaction *transaction_ = nullptr;
-  std::unique_ptr<SeamState> state_;
+  std::unique_ptr<SessionState> state_;
 };
 
 }  // namespace host

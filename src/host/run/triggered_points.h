@@ -10,7 +10,7 @@
 namespace host {
 
 /// A validation point that a transaction fires: its name, the node under validation and that node's new value.
-struct Firing {
+struct TriggeredPoint {
   std::string point;
   element::Path path;
   element::Value value;
@@ -18,7 +18,7 @@ struct Firing {
 
 /// The points that fire for a transaction, in schema order of the nodes that fire them. A point that validates the
 /// whole configuration fires once, for the first such node; a point on an interface fires once for each.
-std::vector<Firing> fired_points(const element::Transaction &transaction);
+std::vector<TriggeredPoint> triggered_points(const element::Transaction &transaction);
 
 }  // namespace host
 

@@ -18,11 +18,11 @@ namespace host {
 /// An argument that stands inside braces is one key or part of one, whatever characters it holds; one that stands
 /// outside is path text and read as such, braces included. Paths of any length are taken; ordinary ones cost no
 /// allocation. Names and keys are left where they stand, in the format or an argument, and are valid as long as these.
-class PathText {
+class FormattedPath {
  public:
-  PathText() = default;
-  PathText(const PathText &) = delete;
-  PathText &operator=(const PathText &) = delete;
+  FormattedPath() = default;
+  FormattedPath(const FormattedPath &) = delete;
+  FormattedPath &operator=(const FormattedPath &) = delete;
 
   struct Part {
     std::string_view text;

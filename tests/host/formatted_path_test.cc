@@ -1,4 +1,4 @@
-#include "host/seam/path_format.h"
+#include "host/seam/formatted_path.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ namespace {
 using Parts = std::optional<std::vector<std::string>>;
 
 Parts parts(const char *format, ...) {
-  host::PathText path;
+  host::FormattedPath path;
   std::va_list arguments;
   va_start(arguments, format);
   const bool is_path = path.format(format, arguments);
@@ -21,7 +21,7 @@ Parts parts(const char *format, ...) {
   if (!is_path) return std::nullopt;
 
   std::vector<std::string> result;
-  for (const host::PathText::Part &part : path) {
+  for (const host::FormattedPath::Part &part : path) {
     const std::string text(part.text);
     result.push_back(part.is_key ? '[' + text + ']' : text + (part.has_braces ? "+" : ""));
   }

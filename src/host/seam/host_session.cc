@@ -1,8 +1,8 @@
-#include "host/seam/seam.h"
+#include "host/seam/host_session.h"
 
 #include <stdexcept>
 
-#include "host/seam/seam_state.h"
+#include "host/seam/session_state.h"
 
 namespace host {
 
@@ -49,37 +49,38 @@ constexpr std::array<std::string_view, seam_function_count> kNames{
     "valid_intfname",
 };
 
-Seam *active_seam = nullptr;
+HostSession *active_seam = nullptr;
 
 }  // namespace
 
 std::string_view name(SeamFunction function) { return kNames.at(static_cast<std::size_t>(function)); }
 
-Seam::Seam(const element::Profile &profile) : profile_(&profile), state_(std::make_unique<SeamState>()) {
+HostSession::HostSession(const element::Profile &profile)
+    : profile_(&profile), state_(std::make_unique<SessionState>()) {
   if (active_seam != nullptr) throw std::logic_error("an element is already behind the platform's functions");
   active_seam = this;
 }
 
-Seam::~Seam() { active_seam = nullptr; }
+HostSession::~HostSession() { active_seam = nullptr; }
 
-Seam *Seam::active() { return active_seam; }
+HostSession *HostSession::active() { return active_seam; }
 
-void Seam::serve(const element::Transaction *transaction) {
+void HostSession::serve(const element::Transaction *transaction) {
   state_->cursors.close_all();
   state_->error_texts.clear();
   transaction_ = transaction;
 }
 
-int Seam::maapi_socket() const { return kMaapiSocket; }
+int HostSession::maapi_socket() const { return kMaapiSocket; }
 
-int Seam::transaction_handle() const { return kTransactionHandle; }
+int HostSession::transaction_handle() const { return kTransactionHandle; }
 
-void *Seam::middleware() { return this; }
+void *HostSession::middleware() { return this; }
 
-bool Seam::enter(SeamFunction function) {
-  const std::uint64_t call = ++account.calls[static_cast<std::size_t>(function)];
-  if (function != fault.function || fault.nth == 0) return false;
-  return call == fault.nth || (fault.and_all_later && call > fault.nth);
+bool HostSession::enter(SeamFunction function) {
+  const std::uint64_t call = ++statistics.calls[static_cast<std::size_t>(function)];
+  if (function != injected_failure.function || injected_failure.nth == 0) return false;
+  return call == injected_failure.nth || (injected_failure.and_all_later && call > injected_failure.nth);
 }
 
 }  // namespace host

@@ -16,7 +16,7 @@ struct zlog_category_s {
 namespace host {
 
 /// What the platform's functions keep between calls for one element.
-struct SeamState {
+struct SessionState {
   CursorPool cursors;
   std::set<int> cdb_sockets;   ///< of the open CDB read sessions
   int next_cdb_socket = 1000;  ///< never used twice, so that a socket of an ended session is unknown

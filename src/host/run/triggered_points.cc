@@ -1,4 +1,4 @@
-#include "host/run/firing.h"
+#include "host/run/triggered_points.h"
 
 #include <algorithm>
 #include <array>
@@ -62,7 +62,7 @@ class Walk {
     for (const Change &child : change.children) visit(child);
   }
 
-  std::vector<Firing> take() { return std::move(firings_); }
+  std::vector<TriggeredPoint> take() { return std::move(points_); }
 
  private:
   // A key is new where its entry is; it can never change.
@@ -76,7 +76,7 @@ class Walk {
       const bool is_asked_each_time =
           std::find(kPointsOfAnInterface.begin(), kPointsOfAnInterface.end(), point) != kPointsOfAnInterface.end();
       const bool is_first = fired_.insert(point).second;
-      if (is_first || is_asked_each_time) firings_.push_back({point, path_to(node), value});
+      if (is_first || is_asked_each_time) points_.push_back({point, path_to(node), value});
     }
   }
 
@@ -93,12 +93,12 @@ class Walk {
   GuardedNodes guarded_;
   std::vector<const Change *> trail_;
   std::set<std::string> fired_;
-  std::vector<Firing> firings_;
+  std::vector<TriggeredPoint> points_;
 };
 
 }  // namespace
 
-std::vector<Firing> fired_points(const element::Transaction &transaction) {
+std::vector<TriggeredPoint> triggered_points(const element::Transaction &transaction) {
   Walk walk(transaction.candidate.schema().root());
   walk.visit_children(transaction.changes);
   return walk.take();
