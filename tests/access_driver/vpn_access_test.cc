@@ -7,8 +7,8 @@
 #include "config_validate_comn/config_validate_comn.h"
 #include "config_validate_vpls/config_validate_vpls.h"
 #include "config_validate_vpn/handlers.h"
-#include "config_validate_vpn/platform_limits.h"
-#include "config_validate_vpn/validation_keepalive.h"
+#include "config_validate_vpn/shared/platform_limits.h"
+#include "config_validate_vpn/shared/validation_keepalive.h"
 #include "config_validate_vpws/config_validate_vpws.h"
 
 platform_limits_t platform_limits;

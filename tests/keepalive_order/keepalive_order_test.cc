@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "config_validate_vpn/handlers.h"
-#include "config_validate_vpn/validation_keepalive.h"
+#include "config_validate_vpn/shared/validation_keepalive.h"
 #include "tests/support/printers.h"
 
 std::int32_t validation_keepalive(confd_trans_ctx *tctx) {

@@ -1,12 +1,12 @@
 // The drivers of the pseudowire rules alone: which rules run in which order with what, and which answers end the call.
 
-#include "config_validate_vpn/vpn_peer.h"
+#include "config_validate_vpn/drivers/vpn_peer.h"
 
 #include <gtest/gtest.h>
 
 #include "config_validate_vpls/config_validate_vpls.h"
 #include "config_validate_vpn/handlers.h"
-#include "config_validate_vpn/validation_keepalive.h"
+#include "config_validate_vpn/shared/validation_keepalive.h"
 #include "config_validate_vpws/config_validate_vpws.h"
 #include "tests/support/printers.h"
 #include "tests/support/pseudowires.h"

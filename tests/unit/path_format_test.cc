@@ -1,4 +1,4 @@
-#include "config_validate_comn/path_format.h"
+#include "config_validate_comn/daemon/path_format.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "config_validate_comn/access_interface_checks.h"
 #include "config_validate_comn/config_validate_comn.h"
-#include "config_validate_comn/interface_encapsulation.h"
-#include "config_validate_comn/path_format.h"
-#include "config_validate_comn/value_assert.h"
-#include "config_validate_comn/vpn_names.h"
+#include "config_validate_comn/daemon/interface_encapsulation.h"
+#include "config_validate_comn/daemon/path_format.h"
+#include "config_validate_comn/daemon/value_assert.h"
+#include "config_validate_comn/rules/access_interface_checks.h"
+#include "config_validate_comn/snapshot/vpn_names.h"
 #include "config_validate_vpls/vpls_access_checks.h"
 
 namespace {

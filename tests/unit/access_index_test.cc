@@ -1,0 +1,164 @@
+#include "config_validate_comn/snapshot/access_index.h"
+
+#include <gtest/gtest.h>
+
+#include "config_validate_comn/snapshot/access_snapshot.h"
+#include "tests/support/access_printers.h"
+
+namespace {
+
+const std::string kGroup = "vpls-group north";
+constexpr int kWalkedVpns = 16;
+constexpr int kWalkedInterfaces = 16;
+constexpr int kWalkedAttachments = 64;
+constexpr std::uint32_t kWalkedRanges = 64;
+
+class AccessClaimsTest : public ::testing::Test {
+ protected:
+  static std::string vpn(int number) { return "vpn " + std::to_string(number); }
+  static group_vpn_id_t key(int number) { return make_group_vpn_id(kGroup, vpn(number)); }
+  static std::string interface(int number) { return "eth-" + std::to_string(number); }
+
+  void record(int vpn_number, int interface_number, vlan_cfg_type_t source, st_acc_dot1q_range_t range) {
+    set_vpn_access(kGroup, vpn(vpn_number), interface(interface_number), source, range, snapshot);
+  }
+
+  /// VPN i on eth-1 with VLAN 100 + i.
+  void crowd_port(int vpns) {
+    for (int i = 1; i <= vpns; ++i) {
+      const auto vlan = static_cast<std::uint32_t>(100 + i);
+      record(i, 1, VLAN_CFG_BASIC, {vlan, vlan});
+    }
+  }
+
+  /// VPN 1 on eth-1 to eth-n.
+  void spread_vpn(int interfaces, bool encap_cfg) {
+    for (int i = 1; i <= interfaces; ++i) set_vpn_encap_cfg(kGroup, vpn(1), interface(i), encap_cfg, snapshot);
+  }
+
+  const port_index_t *port() const { return snapshot.index.port_index("eth-1", snapshot.intf_map.at("eth-1")); }
+
+  bool agrees(int vpn_number, bool encap_cfg) const {
+    return snapshot.index.agrees_on_encapsulation(key(vpn_number), encap_cfg, snapshot.intf_map);
+  }
+
+  st_val_acc_dot1q_vpn_t snapshot;
+};
+
+TEST_F(AccessClaimsTest, APortWithFewVpnsIsWalked) {
+  crowd_port(kWalkedVpns);
+  EXPECT_EQ(port(), nullptr);
+  crowd_port(kWalkedVpns + 1);
+  EXPECT_NE(port(), nullptr);
+}
+
+TEST_F(AccessClaimsTest, APortWithManyRangesIsNotWalked) {
+  for (std::uint32_t i = 1; i <= kWalkedRanges; ++i) record(1, 1, VLAN_CFG_ENCAP, {2 * i, 2 * i});
+  EXPECT_EQ(port(), nullptr);
+  record(1, 1, VLAN_CFG_ENCAP, {1000, 1010});
+  ASSERT_NE(port(), nullptr);
+  EXPECT_TRUE(port()->vlans.meets({2, 2}));
+  EXPECT_TRUE(port()->vlans.meets({1005, 1005}));
+  EXPECT_FALSE(port()->vlans.meets({3, 3}));
+}
+
+TEST_F(AccessClaimsTest, ACrowdedPortKnowsEveryVlanOnIt) {
+  crowd_port(40);
+  ASSERT_NE(port(), nullptr);
+  EXPECT_EQ(port()->records, 40U);
+  EXPECT_TRUE(port()->vlans.meets({101, 101}));
+  EXPECT_TRUE(port()->vlans.meets({140, 140}));
+  EXPECT_FALSE(port()->vlans.meets({1, 100}));
+  EXPECT_FALSE(port()->vlans.meets({141, 4094}));
+}
+
+TEST_F(AccessClaimsTest, ADroppedRangeClaimsNothing) {
+  crowd_port(40);
+  record(5, 1, VLAN_CFG_ENCAP, {105, 2000});
+  EXPECT_FALSE(port()->vlans.meets({141, 4094}));
+  record(5, 1, VLAN_CFG_ENCAP, {106, 2000});
+  EXPECT_TRUE(port()->vlans.meets({141, 4094}));
+}
+
+TEST_F(AccessClaimsTest, ACrowdedPortFollowsWhatItsVpnsAre) {
+  crowd_port(40);
+  EXPECT_EQ(port()->port_based, (std::set<group_vpn_id_t>{}));
+  record(50, 1, VLAN_CFG_BASIC, {0, 0});
+  EXPECT_EQ(port()->port_based, (std::set<group_vpn_id_t>{key(50)}));
+  EXPECT_EQ(port()->untagged, (std::set<group_vpn_id_t>{}));
+  record(50, 1, VLAN_CFG_ENCAP, {0, 0});
+  EXPECT_EQ(port()->port_based, (std::set<group_vpn_id_t>{}));
+  EXPECT_EQ(port()->untagged, (std::set<group_vpn_id_t>{key(50)}));
+  record(50, 1, VLAN_CFG_BASIC, {200, 200});
+  EXPECT_EQ(port()->port_based, (std::set<group_vpn_id_t>{}));
+  EXPECT_EQ(port()->untagged, (std::set<group_vpn_id_t>{}));
+}
+
+TEST_F(AccessClaimsTest, ARecordThatNoSetterMadeIsWalkedUntilTheNextRecording) {
+  crowd_port(40);
+  snapshot.intf_map["eth-1"][key(60)].dot1q_ranges.insert({2000, 2000});
+  EXPECT_EQ(port(), nullptr);
+  record(3, 1, VLAN_CFG_BASIC, {103, 103});
+  ASSERT_NE(port(), nullptr);
+  EXPECT_TRUE(port()->vlans.meets({2000, 2000}));
+}
+
+TEST_F(AccessClaimsTest, APortThatWasFilledByHandIsWalked) {
+  for (int i = 1; i <= 40; ++i) snapshot.intf_map["eth-1"][key(i)].dot1q_ranges.insert({1, 1});
+  EXPECT_EQ(port(), nullptr);
+}
+
+TEST_F(AccessClaimsTest, ACopyKnowsWhatTheOriginalKnew) {
+  crowd_port(40);
+  const st_val_acc_dot1q_vpn_t copy = snapshot;
+  record(3, 1, VLAN_CFG_ENCAP, {3000, 3000});
+  const port_index_t *copied = copy.claims.port_index("eth-1", copy.intf_map.at("eth-1"));
+  ASSERT_NE(copied, nullptr);
+  EXPECT_TRUE(copied->vlans.meets({140, 140}));
+  EXPECT_FALSE(copied->vlans.meets({3000, 3000}));
+}
+
+TEST_F(AccessClaimsTest, NothingIsCertainAboutAVpnOnFewInterfaces) {
+  spread_vpn(kWalkedInterfaces, true);
+  EXPECT_FALSE(agrees(1, true));
+  spread_vpn(kWalkedInterfaces + 1, true);
+  EXPECT_TRUE(agrees(1, true));
+  EXPECT_FALSE(agrees(1, false));
+}
+
+TEST_F(AccessClaimsTest, NothingIsCertainAboutFewAttachments) {
+  crowd_port(kWalkedAttachments);
+  EXPECT_FALSE(agrees(1, false));
+  crowd_port(kWalkedAttachments + 1);
+  EXPECT_TRUE(agrees(1, false));
+  EXPECT_FALSE(agrees(1, true));
+}
+
+TEST_F(AccessClaimsTest, OneInterfaceThatDiffersIsKnown) {
+  spread_vpn(40, false);
+  EXPECT_TRUE(agrees(1, false));
+  set_vpn_encap_cfg(kGroup, vpn(1), "eth-7", true, snapshot);
+  EXPECT_FALSE(agrees(1, false));
+  EXPECT_FALSE(agrees(1, true));
+  set_vpn_encap_cfg(kGroup, vpn(1), "eth-7", false, snapshot);
+  EXPECT_TRUE(agrees(1, false));
+}
+
+TEST_F(AccessClaimsTest, VpnsAreCountedApart) {
+  spread_vpn(40, false);
+  set_vpn_encap_cfg(kGroup, vpn(2), "eth-7", true, snapshot);
+  EXPECT_TRUE(agrees(1, false));
+  EXPECT_TRUE(agrees(2, true));
+  EXPECT_FALSE(agrees(3, true)) << "of a VPN without an interface nothing is known";
+}
+
+TEST_F(AccessClaimsTest, AnInterfaceThatNoSetterMadeIsUncertainUntilTheNextRecording) {
+  spread_vpn(40, false);
+  snapshot.intf_map["eth-by-hand"][key(1)].encap_cfg = true;
+  EXPECT_FALSE(agrees(1, false));
+  set_vpn_encap_cfg(kGroup, vpn(2), "eth-1", true, snapshot);
+  EXPECT_FALSE(agrees(1, false));
+  EXPECT_TRUE(agrees(2, true));
+}
+
+}  // namespace
