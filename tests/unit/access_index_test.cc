@@ -13,7 +13,7 @@ constexpr int kWalkedInterfaces = 16;
 constexpr int kWalkedAttachments = 64;
 constexpr std::uint32_t kWalkedRanges = 64;
 
-class AccessClaimsTest : public ::testing::Test {
+class AccessIndexTest : public ::testing::Test {
  protected:
   static std::string vpn(int number) { return "vpn " + std::to_string(number); }
   static group_vpn_id_t key(int number) { return make_group_vpn_id(kGroup, vpn(number)); }
@@ -45,14 +45,14 @@ class AccessClaimsTest : public ::testing::Test {
   st_val_acc_dot1q_vpn_t snapshot;
 };
 
-TEST_F(AccessClaimsTest, APortWithFewVpnsIsWalked) {
+TEST_F(AccessIndexTest, APortWithFewVpnsIsWalked) {
   crowd_port(kWalkedVpns);
   EXPECT_EQ(port(), nullptr);
   crowd_port(kWalkedVpns + 1);
   EXPECT_NE(port(), nullptr);
 }
 
-TEST_F(AccessClaimsTest, APortWithManyRangesIsNotWalked) {
+TEST_F(AccessIndexTest, APortWithManyRangesIsNotWalked) {
   for (std::uint32_t i = 1; i <= kWalkedRanges; ++i) record(1, 1, VLAN_CFG_ENCAP, {2 * i, 2 * i});
   EXPECT_EQ(port(), nullptr);
   record(1, 1, VLAN_CFG_ENCAP, {1000, 1010});
@@ -62,7 +62,7 @@ TEST_F(AccessClaimsTest, APortWithManyRangesIsNotWalked) {
   EXPECT_FALSE(port()->vlans.meets({3, 3}));
 }
 
-TEST_F(AccessClaimsTest, ACrowdedPortKnowsEveryVlanOnIt) {
+TEST_F(AccessIndexTest, ACrowdedPortKnowsEveryVlanOnIt) {
   crowd_port(40);
   ASSERT_NE(port(), nullptr);
   EXPECT_EQ(port()->records, 40U);
@@ -72,7 +72,7 @@ TEST_F(AccessClaimsTest, ACrowdedPortKnowsEveryVlanOnIt) {
   EXPECT_FALSE(port()->vlans.meets({141, 4094}));
 }
 
-TEST_F(AccessClaimsTest, ADroppedRangeClaimsNothing) {
+TEST_F(AccessIndexTest, ADroppedRangeClaimsNothing) {
   crowd_port(40);
   record(5, 1, VLAN_CFG_ENCAP, {105, 2000});
   EXPECT_FALSE(port()->vlans.meets({141, 4094}));
@@ -80,7 +80,7 @@ TEST_F(AccessClaimsTest, ADroppedRangeClaimsNothing) {
   EXPECT_TRUE(port()->vlans.meets({141, 4094}));
 }
 
-TEST_F(AccessClaimsTest, ACrowdedPortFollowsWhatItsVpnsAre) {
+TEST_F(AccessIndexTest, ACrowdedPortFollowsWhatItsVpnsAre) {
   crowd_port(40);
   EXPECT_EQ(port()->port_based, (std::set<group_vpn_id_t>{}));
   record(50, 1, VLAN_CFG_BASIC, {0, 0});
@@ -94,7 +94,7 @@ TEST_F(AccessClaimsTest, ACrowdedPortFollowsWhatItsVpnsAre) {
   EXPECT_EQ(port()->untagged, (std::set<group_vpn_id_t>{}));
 }
 
-TEST_F(AccessClaimsTest, ARecordThatNoSetterMadeIsWalkedUntilTheNextRecording) {
+TEST_F(AccessIndexTest, ARecordThatNoSetterMadeIsWalkedUntilTheNextRecording) {
   crowd_port(40);
   snapshot.intf_map["eth-1"][key(60)].dot1q_ranges.insert({2000, 2000});
   EXPECT_EQ(port(), nullptr);
@@ -103,22 +103,22 @@ TEST_F(AccessClaimsTest, ARecordThatNoSetterMadeIsWalkedUntilTheNextRecording) {
   EXPECT_TRUE(port()->vlans.meets({2000, 2000}));
 }
 
-TEST_F(AccessClaimsTest, APortThatWasFilledByHandIsWalked) {
+TEST_F(AccessIndexTest, APortThatWasFilledByHandIsWalked) {
   for (int i = 1; i <= 40; ++i) snapshot.intf_map["eth-1"][key(i)].dot1q_ranges.insert({1, 1});
   EXPECT_EQ(port(), nullptr);
 }
 
-TEST_F(AccessClaimsTest, ACopyKnowsWhatTheOriginalKnew) {
+TEST_F(AccessIndexTest, ACopyKnowsWhatTheOriginalKnew) {
   crowd_port(40);
   const st_val_acc_dot1q_vpn_t copy = snapshot;
   record(3, 1, VLAN_CFG_ENCAP, {3000, 3000});
-  const port_index_t *copied = copy.claims.port_index("eth-1", copy.intf_map.at("eth-1"));
+  const port_index_t *copied = copy.index.port_index("eth-1", copy.intf_map.at("eth-1"));
   ASSERT_NE(copied, nullptr);
   EXPECT_TRUE(copied->vlans.meets({140, 140}));
   EXPECT_FALSE(copied->vlans.meets({3000, 3000}));
 }
 
-TEST_F(AccessClaimsTest, NothingIsCertainAboutAVpnOnFewInterfaces) {
+TEST_F(AccessIndexTest, NothingIsCertainAboutAVpnOnFewInterfaces) {
   spread_vpn(kWalkedInterfaces, true);
   EXPECT_FALSE(agrees(1, true));
   spread_vpn(kWalkedInterfaces + 1, true);
@@ -126,7 +126,7 @@ TEST_F(AccessClaimsTest, NothingIsCertainAboutAVpnOnFewInterfaces) {
   EXPECT_FALSE(agrees(1, false));
 }
 
-TEST_F(AccessClaimsTest, NothingIsCertainAboutFewAttachments) {
+TEST_F(AccessIndexTest, NothingIsCertainAboutFewAttachments) {
   crowd_port(kWalkedAttachments);
   EXPECT_FALSE(agrees(1, false));
   crowd_port(kWalkedAttachments + 1);
@@ -134,7 +134,7 @@ TEST_F(AccessClaimsTest, NothingIsCertainAboutFewAttachments) {
   EXPECT_FALSE(agrees(1, true));
 }
 
-TEST_F(AccessClaimsTest, OneInterfaceThatDiffersIsKnown) {
+TEST_F(AccessIndexTest, OneInterfaceThatDiffersIsKnown) {
   spread_vpn(40, false);
   EXPECT_TRUE(agrees(1, false));
   set_vpn_encap_cfg(kGroup, vpn(1), "eth-7", true, snapshot);
@@ -144,7 +144,7 @@ TEST_F(AccessClaimsTest, OneInterfaceThatDiffersIsKnown) {
   EXPECT_TRUE(agrees(1, false));
 }
 
-TEST_F(AccessClaimsTest, VpnsAreCountedApart) {
+TEST_F(AccessIndexTest, VpnsAreCountedApart) {
   spread_vpn(40, false);
   set_vpn_encap_cfg(kGroup, vpn(2), "eth-7", true, snapshot);
   EXPECT_TRUE(agrees(1, false));
@@ -152,7 +152,7 @@ TEST_F(AccessClaimsTest, VpnsAreCountedApart) {
   EXPECT_FALSE(agrees(3, true)) << "of a VPN without an interface nothing is known";
 }
 
-TEST_F(AccessClaimsTest, AnInterfaceThatNoSetterMadeIsUncertainUntilTheNextRecording) {
+TEST_F(AccessIndexTest, AnInterfaceThatNoSetterMadeIsUncertainUntilTheNextRecording) {
   spread_vpn(40, false);
   snapshot.intf_map["eth-by-hand"][key(1)].encap_cfg = true;
   EXPECT_FALSE(agrees(1, false));

@@ -14,8 +14,8 @@
 /// which VPN with which VLANs, what the transaction changes, which VPLS VPNs are transparent LAN services. Lives for
 /// one validation call; entries are added or overwritten, never removed. All group and VPN names are in prefixed form.
 ///
-/// The maps are the truth. They are written through the setters below, which keep `claims` beside them; a map that was
-/// filled without them still answers every query correctly (access_claims.h says how), only slower.
+/// The maps are the truth. They are written through the setters below, which keep `index` beside them; a map that was
+/// filled without them still answers every query correctly (access_index.h says how), only slower.
 struct st_val_acc_dot1q_vpn_t {
   /// (group, VPN) of the VPLS VPNs that were recorded as transparent LAN service.
   std::map<std::pair<std::string, std::string>, bool> tls_map;
