@@ -47,7 +47,7 @@ namespace {
 
 class ValidateForwardingTest : public scripted::PlatformTest {};
 
-TEST_F(ValidateForwardingTest, HandsEverythingToTheHandlerAndItsAnswerBack) {
+TEST_F(ValidateForwardingTest, hands_everything_to_the_handler_and_its_answer_back) {
   confd_hkeypath_t path{};
   confd_value_t value{};
   confd_trans_ctx *const context = &platform.context();

@@ -8,43 +8,26 @@
 #include "config_validate_vpls/config_validate_vpls.h"
 #include "config_validate_vpn/handlers.h"
 #include "config_validate_vpn/shared/platform_limits.h"
-#include "config_validate_vpn/shared/validation_keepalive.h"
 #include "config_validate_vpws/config_validate_vpws.h"
+#include "tests/drivers/scripted_rules.h"
 
 platform_limits_t platform_limits;
 
 namespace {
 
-using Steps = std::vector<std::string>;
-
-constexpr std::int32_t kSocket = 11;
-
-confd_trans_ctx context{};
-
-// What the rules answer, what ran, and what the first rule got.
-std::map<std::string, std::int32_t> answers;
-Steps steps;
+// What the rules got.
 const st_val_acc_dot1q_vpn_t *shared_snapshot = nullptr;
 const std::unordered_map<std::string, bool> *shared_service_ports = nullptr;
 std::int32_t given_maximum = 0;
 
 std::int32_t step(const char *name, std::int32_t sock, const confd_trans_ctx *tctx,
                   const st_val_acc_dot1q_vpn_t &snapshot) {
-  steps.emplace_back(name);
-  EXPECT_EQ(sock, kSocket);
-  EXPECT_EQ(tctx, &context);
   if (shared_snapshot == nullptr) shared_snapshot = &snapshot;
   EXPECT_EQ(&snapshot, shared_snapshot) << "one snapshot for all rules";
-  return answers[name];
+  return scripted_rules.run(name, sock, tctx);
 }
 
 }  // namespace
-
-std::int32_t validation_keepalive(confd_trans_ctx *tctx) {
-  steps.emplace_back("keep-alive");
-  EXPECT_EQ(tctx, &context);
-  return -1;
-}
 
 std::int32_t config_validate_vpws_access_dot1q(std::int32_t sock, confd_trans_ctx *tctx,
                                                st_val_acc_dot1q_vpn_t &snapshot,
@@ -88,14 +71,17 @@ std::int32_t config_validate_vpn_access_tls(int sock, confd_trans_ctx *tctx, st_
 
 namespace {
 
-class AccessDriverTest : public ::testing::Test {
+class AccessDriverTest : public DriverTest {
  protected:
-  AccessDriverTest() { answers.clear(); }
-
   std::int32_t verdict() {
-    steps.clear();
+    scripted_rules.steps.clear();
     shared_snapshot = nullptr;
-    return config_validate_vpn_access(kSocket, &context, nullptr, nullptr);
+    return config_validate_vpn_access(platform.socket(), &platform.context(), nullptr, nullptr);
+  }
+
+  void TearDown() override {
+    EXPECT_EQ(platform.calls(), Steps{}) << "the driver itself asks the platform nothing";
+    DriverTest::TearDown();
   }
 
   // The rules in their order, each after a keep-alive, up to and with the last.
@@ -110,12 +96,12 @@ class AccessDriverTest : public ::testing::Test {
   }
 };
 
-TEST_F(AccessDriverTest, RunsEveryRuleAfterAKeepAlive) {
+TEST_F(AccessDriverTest, runs_every_rule_after_a_keep_alive) {
   EXPECT_EQ(verdict(), 0);
-  EXPECT_EQ(steps, up_to("transparent LAN service"));
+  EXPECT_EQ(scripted_rules.steps, up_to("transparent LAN service"));
 }
 
-TEST_F(AccessDriverTest, EachCallBeginsAnew) {
+TEST_F(AccessDriverTest, each_call_begins_anew) {
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(verdict(), 0);
 }
@@ -127,34 +113,34 @@ struct AnswerCase {
   const char *last;  ///< the rule that ran last
 };
 
-TEST_F(AccessDriverTest, TheFirstFiveRejectAndTheLastTwoWarn) {
+TEST_F(AccessDriverTest, the_first_five_reject_and_the_last_two_warn) {
   const char *end = "transparent LAN service";
   for (const char *rule : {"VPWS", "VPLS", "encapsulation limit", "VLAN manager", "bridge MTU"}) {
     for (const AnswerCase &row : {AnswerCase{rule, -1, -1, rule}, {rule, -3, 0, end}, {rule, 1, 0, end}}) {
       SCOPED_TRACE(std::string(rule) + " answers " + std::to_string(row.answer));
-      answers = {{rule, row.answer}};
+      scripted_rules.answers = {{rule, row.answer}};
       EXPECT_EQ(verdict(), row.verdict);
-      EXPECT_EQ(steps, up_to(row.last));
+      EXPECT_EQ(scripted_rules.steps, up_to(row.last));
     }
   }
   for (const char *rule : {"uplink", end}) {
     for (const AnswerCase &row : {AnswerCase{rule, -3, -3, rule}, {rule, -1, 0, end}, {rule, 1, 0, end}}) {
       SCOPED_TRACE(std::string(rule) + " answers " + std::to_string(row.answer));
-      answers = {{rule, row.answer}};
+      scripted_rules.answers = {{rule, row.answer}};
       EXPECT_EQ(verdict(), row.verdict);
-      EXPECT_EQ(steps, up_to(row.last));
+      EXPECT_EQ(scripted_rules.steps, up_to(row.last));
     }
   }
 }
 
-TEST_F(AccessDriverTest, ADroppedAnswerDoesNotHideALaterOne) {
-  answers = {{"encapsulation limit", -3}, {"bridge MTU", -1}};
+TEST_F(AccessDriverTest, a_dropped_answer_does_not_hide_a_later_one) {
+  scripted_rules.answers = {{"encapsulation limit", -3}, {"bridge MTU", -1}};
   EXPECT_EQ(verdict(), -1);
-  answers = {{"uplink", -1}, {"transparent LAN service", -3}};
+  scripted_rules.answers = {{"uplink", -1}, {"transparent LAN service", -3}};
   EXPECT_EQ(verdict(), -3);
 }
 
-TEST_F(AccessDriverTest, TheMaximumIsTheLimitAsASignedNumber) {
+TEST_F(AccessDriverTest, the_maximum_is_the_limit_as_a_signed_number) {
   for (const auto &[limit, maximum] : std::map<std::uint32_t, std::int32_t>{{0, 0}, {64, 64}, {kLimitNotRead, -1}}) {
     platform_limits.vpls_max_ac_itf = limit;
     verdict();

@@ -1,35 +1,22 @@
 // The drivers of the pseudowire rules alone: which rules run in which order with what, and which answers end the call.
 
-#include "config_validate_vpn/drivers/vpn_peer.h"
-
 #include <gtest/gtest.h>
 
 #include "config_validate_vpls/config_validate_vpls.h"
+#include "config_validate_vpn/drivers/vpn_peer.h"
 #include "config_validate_vpn/handlers.h"
-#include "config_validate_vpn/shared/validation_keepalive.h"
 #include "config_validate_vpws/config_validate_vpws.h"
-#include "tests/support/printers.h"
+#include "tests/drivers/scripted_rules.h"
 #include "tests/support/pseudowires.h"
 
 namespace {
 
-using Steps = std::vector<std::string>;
-
-// What the rules answer, what ran, and the maps that the rules got.
-std::map<std::string, std::int32_t> answers;
-Steps steps;
+// The maps that the rules got.
 const val_pw_map_t *committing_map = nullptr;
 const val_pw_map_t *running_map = nullptr;
 
 const scripted::Pw vpws_pw{"north", "vpws", "10.0.0.1", 1};
 const scripted::Pw vpls_pw{"north", "vpls", "10.0.0.1", 2};
-
-std::int32_t step(const std::string &name, std::int32_t sock, const confd_trans_ctx *tctx) {
-  steps.push_back(name);
-  EXPECT_EQ(sock, scripted::Platform::active().socket());
-  EXPECT_EQ(tctx, &scripted::Platform::active().context());
-  return answers[name];
-}
 
 // Adds one pseudowire, as a collector does. VPWS begins with an empty map, VPLS continues with the same.
 void collect(val_pw_map_t &map, const scripted::Pw &pw, const val_pw_map_t *&seen, bool is_first) {
@@ -41,47 +28,41 @@ void collect(val_pw_map_t &map, const scripted::Pw &pw, const val_pw_map_t *&see
 
 }  // namespace
 
-std::int32_t validation_keepalive(confd_trans_ctx *tctx) {
-  steps.emplace_back("keep-alive");
-  EXPECT_EQ(tctx, &scripted::Platform::active().context());
-  return -1;
-}
-
 std::int32_t config_validate_pw_overflow(std::int32_t sock, confd_trans_ctx *tctx) {
-  return step("overflow", sock, tctx);
+  return scripted_rules.run("overflow", sock, tctx);
 }
 
 std::int32_t config_validate_vpws_unique_pw_id(std::int32_t sock, confd_trans_ctx *tctx, val_pw_map_t &committing) {
   collect(committing, vpws_pw, committing_map, true);
-  return step("VPWS unique", sock, tctx);
+  return scripted_rules.run("VPWS unique", sock, tctx);
 }
 
 std::int32_t config_validate_vpls_unique_pw_id(std::int32_t sock, confd_trans_ctx *tctx, val_pw_map_t &committing) {
   collect(committing, vpls_pw, committing_map, false);
-  return step("VPLS unique", sock, tctx);
+  return scripted_rules.run("VPLS unique", sock, tctx);
 }
 
 std::int32_t fill_config_vpws_peer_running(std::int32_t sock, confd_trans_ctx *tctx, val_pw_map_t &running) {
   collect(running, vpws_pw, running_map, true);
-  return step("VPWS running", sock, tctx);
+  return scripted_rules.run("VPWS running", sock, tctx);
 }
 
 std::int32_t fill_config_vpls_peer_running(std::int32_t sock, confd_trans_ctx *tctx, val_pw_map_t &running) {
   collect(running, vpls_pw, running_map, false);
-  return step("VPLS running", sock, tctx);
+  return scripted_rules.run("VPLS running", sock, tctx);
 }
 
 std::int32_t config_validate_vpws_pw_id_exchange(std::int32_t sock, confd_trans_ctx *tctx, const val_pw_map_t &running,
                                                  const st_peer_info_t &pw) {
   EXPECT_EQ(&running, running_map);
   EXPECT_NE(&running, committing_map);
-  return step("VPWS exchange of " + pw.vpn_name, sock, tctx);
+  return scripted_rules.run("VPWS exchange of " + pw.vpn_name, sock, tctx);
 }
 
 std::int32_t config_validate_vpls_pw_id_exchange(std::int32_t sock, confd_trans_ctx *tctx, const val_pw_map_t &running,
                                                  const st_peer_info_t &pw) {
   EXPECT_EQ(&running, running_map);
-  return step("VPLS exchange of " + pw.vpn_name, sock, tctx);
+  return scripted_rules.run("VPLS exchange of " + pw.vpn_name, sock, tctx);
 }
 
 namespace {
@@ -110,39 +91,37 @@ Steps up_to(const std::string &last) {
   return expected;
 }
 
-class PeerDriverTest : public scripted::PlatformTest {
+class PeerDriverTest : public DriverTest {
  protected:
-  PeerDriverTest() { answers.clear(); }
-
   std::int32_t verdict() {
-    steps.clear();
+    scripted_rules.steps.clear();
     return config_validate_vpn_peer(platform.socket(), &platform.context(), nullptr, nullptr);
   }
 };
 
-TEST_F(PeerDriverTest, RunsEveryRuleVpwsBeforeVplsAndTracesAtTheEnd) {
+TEST_F(PeerDriverTest, runs_every_rule_vpws_before_vpls_and_traces_at_the_end) {
   EXPECT_EQ(verdict(), 0);
-  EXPECT_EQ(steps, all_steps);
+  EXPECT_EQ(scripted_rules.steps, all_steps);
   EXPECT_EQ(platform.calls(), (Steps{"qnmw_trace_register_category vpn-validation-debug", "zlog"}));
 }
 
-TEST_F(PeerDriverTest, OnlyARejectionEndsTheCall) {
+TEST_F(PeerDriverTest, only_a_rejection_ends_the_call) {
   for (const std::string &rule : all_steps) {
     if (rule == "keep-alive") continue;
     for (const std::int32_t answer : {-1, -3, -2, 1}) {
       SCOPED_TRACE(rule + " answers " + std::to_string(answer));
       platform.forget_calls();
-      answers = {{rule, answer}};
+      scripted_rules.answers = {{rule, answer}};
       EXPECT_EQ(verdict(), answer == -1 ? -1 : 0);
-      EXPECT_EQ(steps, answer == -1 ? up_to(rule) : all_steps);
+      EXPECT_EQ(scripted_rules.steps, answer == -1 ? up_to(rule) : all_steps);
       EXPECT_EQ(platform.count("zlog"), answer == -1 ? 0U : 1U);
     }
   }
 }
 
-TEST_F(PeerDriverTest, TheRulesSetTheMessages) {
+TEST_F(PeerDriverTest, the_rules_set_the_messages) {
   for (const std::string &rule : all_steps) {
-    answers = {{rule, -1}};
+    scripted_rules.answers = {{rule, -1}};
     verdict();
   }
   EXPECT_EQ(platform.errors(), Steps{});

@@ -69,7 +69,7 @@ class ForwardingTest : public scripted::PlatformTest {
   confd_value_t value{};
 };
 
-TEST_F(ForwardingTest, NameHandlerAnswersWhatTheRuleAnswers) {
+TEST_F(ForwardingTest, name_handler_answers_what_the_rule_answers) {
   for (const std::int32_t answer : {0, -1, -3}) {
     name_answer = answer;
     EXPECT_EQ(ask(config_validate_vpn_name), answer);
@@ -78,7 +78,7 @@ TEST_F(ForwardingTest, NameHandlerAnswersWhatTheRuleAnswers) {
   }
 }
 
-TEST_F(ForwardingTest, ServicePortHandlerPassesOnlyARejection) {
+TEST_F(ForwardingTest, service_port_handler_passes_only_a_rejection) {
   for (const auto &[rule, handler] : std::vector<std::pair<int, int>>{{0, 0}, {-1, -1}, {-3, 0}, {-2, 0}, {1, 0}}) {
     service_port_answer = rule;
     EXPECT_EQ(ask(config_validate_sp), handler) << "rule answers " << rule;
@@ -94,7 +94,7 @@ struct InterfaceTypeCase {
   Calls rules;
 };
 
-TEST_F(ForwardingTest, InterfaceTypeHandlerStopsAtTheFirstRejectionAndDropsWarnings) {
+TEST_F(ForwardingTest, interface_type_handler_stops_at_the_first_rejection_and_drops_warnings) {
   const Calls first{"interface type"};
   const Calls both{"interface type", "service port configuration"};
   const std::vector<InterfaceTypeCase> cases{

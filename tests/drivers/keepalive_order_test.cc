@@ -32,7 +32,7 @@ class KeepaliveOrderTest : public scripted::PlatformTest {
   }
 };
 
-TEST_F(KeepaliveOrderTest, AMembershipCommitAsksOnceBeforeTheMembersAndOnceForEach) {
+TEST_F(KeepaliveOrderTest, a_membership_commit_asks_once_before_the_members_and_once_for_each) {
   platform.entry("/internal/int-vpws-intf-app", {text("H"), text("W"), u32(1), text("eth-1-1"), u32(7)}, 5);
   platform.list(kMembers, 3, {{u32(1), i32(8), i32(5)}, {u32(1), i32(9), i32(5)}});
   EXPECT_EQ(config_validate_vlm(platform.socket(), &platform.context(), nullptr, nullptr), 0);
@@ -44,13 +44,13 @@ TEST_F(KeepaliveOrderTest, AMembershipCommitAsksOnceBeforeTheMembersAndOnceForEa
   expected_leaks = {std::string("cursor on ") + kMembers};
 }
 
-TEST_F(KeepaliveOrderTest, AMembershipCommitWithoutAccessInterfacesAsksForNone) {
+TEST_F(KeepaliveOrderTest, a_membership_commit_without_access_interfaces_asks_for_none) {
   platform.list(kMembers, 3, {{u32(1), i32(8), i32(5)}});
   EXPECT_EQ(config_validate_vlm(platform.socket(), &platform.context(), nullptr, nullptr), 0);
   EXPECT_EQ(platform.count("keep-alive"), 0U);
 }
 
-TEST_F(KeepaliveOrderTest, APeerCommitAsksBeforeTheCountEachCollectionAndTheExchange) {
+TEST_F(KeepaliveOrderTest, a_peer_commit_asks_before_the_count_each_collection_and_the_exchange) {
   EXPECT_EQ(config_validate_vpn_peer(platform.socket(), &platform.context(), nullptr, nullptr), 0);
   Calls order;
   for (const std::string &call : platform.calls()) {
@@ -66,7 +66,7 @@ TEST_F(KeepaliveOrderTest, APeerCommitAsksBeforeTheCountEachCollectionAndTheExch
                           "cdb_num_instances /internal/int-sub-vpls-vpn-nbr"}));
 }
 
-TEST_F(KeepaliveOrderTest, AnInterfaceKindCommitAsksFirst) {
+TEST_F(KeepaliveOrderTest, an_interface_kind_commit_asks_first) {
   scripted::KeyPath key_path({{scripted::tag(1)}, {text("eth-1-1")}, {}, {}, {text("V")}, {}, {text("G")}});
   EXPECT_EQ(config_validate_vpn_access_interface_type(platform.socket(), &platform.context(), key_path.get(), nullptr),
             0);
