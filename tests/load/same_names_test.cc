@@ -36,7 +36,7 @@ void attach(element::Tree &tree, const std::string &vpn) {
   attach(candidate, "W");
 
   const element::Profile profile = card();
-  host::Seam seam(profile);
+  host::HostSession seam(profile);
   const host::Plugin plugin(PLUGIN_FILE);
   const auto transaction = element::make_transaction(running, candidate, profile);
   const host::Verdict verdict = host::validate_commit(plugin, seam, *transaction);
