@@ -1,5 +1,6 @@
 #include "host/run/commit.h"
 
+#include "build_paths.h"
 #include "confd_maapi.h"
 #include "tests/host/served_element.h"
 

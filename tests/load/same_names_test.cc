@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "build_paths.h"
 #include "host/run/commit.h"
 #include "tests/host/served_element.h"
 

@@ -12,6 +12,8 @@
 #include <sstream>
 #include <string>
 
+#include "build_paths.h"
+
 namespace {
 
 using Names = std::set<std::string>;
