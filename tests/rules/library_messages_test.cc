@@ -90,6 +90,7 @@ const Texts kOtherTexts{
     ". Committing mpls l2vpn PWs config:\n",
     "%s:%u: %s: Assertion `%s' failed.\n",
     "basic_string: construction from null is not valid",
+    "%s: __pos (which is %zu) > this->size() (which is %zu)",
     "cannot create std::vector larger than max_size()",
 };
 

@@ -13,6 +13,18 @@ TEST(PathFormatTest, IsCutAt511Characters) {
   EXPECT_EQ(format_path("/%s", std::string(511, 'a').c_str()), "/" + std::string(510, 'a'));
 }
 
+TEST(PathFormatTest, JoinsPiecesAsTheTemplateDoes) {
+  EXPECT_EQ(join_path({"/list{", "north", " ", decimal_t(4294967295U), "}/", "leaf"}), "/list{north 4294967295}/leaf");
+  EXPECT_EQ(join_path({"/list{", decimal_t(0), "}"}), "/list{0}");
+  EXPECT_EQ(join_path({"/", "", "a"}), "/a");
+  EXPECT_EQ(join_path({"/", std::string_view("north\0pole", 10), "/a"}), "/north/a") << "a text ends at its zero byte";
+}
+
+TEST(PathFormatTest, JoinedPiecesAreCutAt511Characters) {
+  EXPECT_EQ(join_path({"/", std::string(510, 'a')}), "/" + std::string(510, 'a'));
+  EXPECT_EQ(join_path({"/", std::string(511, 'a'), "b"}), "/" + std::string(510, 'a'));
+}
+
 TEST(PathFormatTest, AsAFormatAPathHasItsPercentSignsDoubled) {
   EXPECT_EQ(as_path_format("/list{north}/leaf"), "/list{north}/leaf");
   EXPECT_EQ(as_path_format("/list{50%}/vpn{%s%n}"), "/list{50%%}/vpn{%%s%%n}");

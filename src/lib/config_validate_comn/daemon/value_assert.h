@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "confd_lib.h"
 
@@ -19,13 +20,17 @@
 
 /// The asserted value's content; use as GET_UINT32(&mc.keys[2]).
 #define GET_BUF(value) (ASSERT_TYPE(value, C_BUF), buf_text(value))
+#define GET_BUF_VIEW(value) (ASSERT_TYPE(value, C_BUF), buf_view(value))
 #define GET_UINT32(value) (ASSERT_TYPE(value, C_UINT32), (value)->val.u32)
 #define GET_INT32(value) (ASSERT_TYPE(value, C_INT32), (value)->val.i32)
 #define GET_IPV4(value) (ASSERT_TYPE(value, C_IPV4), static_cast<std::uint32_t>((value)->val.ip.s_addr))
 
-/// The text of a C_BUF.
-inline std::string buf_text(const confd_value_t *value) {
+/// The text of a C_BUF, where it stands.
+inline std::string_view buf_view(const confd_value_t *value) {
   return {reinterpret_cast<const char *>(value->val.buf.ptr), value->val.buf.size};
 }
+
+/// The text of a C_BUF.
+inline std::string buf_text(const confd_value_t *value) { return std::string(buf_view(value)); }
 
 #endif

@@ -1,107 +1,162 @@
 #include "config_validate_comn/snapshot/access_index.h"
 
+#include <iterator>
+#include <utility>
+
 #include "config_validate_comn/snapshot/record_kinds.h"
 
 namespace {
 
-constexpr std::size_t kShortWalkRecords = 16;
-constexpr std::size_t kShortWalkRanges = 64;
-constexpr std::size_t kShortWalkInterfaces = 16;
-constexpr std::size_t kShortWalkAttachments = 64;
+using record_set_t = std::set<const intf_vpns_t::value_type *>;
 
-bool is_short_walk(const intf_vpns_t &records) {
-  if (records.size() > kShortWalkRecords) return false;
-  std::size_t ranges = 0;
-  for (const auto &[vpn, record] : records) ranges += record.dot1q_ranges.size();
-  return ranges <= kShortWalkRanges;
-}
-
-bool is_short_walk(const intf_map_t &intf_map) {
-  if (intf_map.size() > kShortWalkInterfaces) return false;
-  std::size_t attachments = 0;
-  for (const auto &[interface, records] : intf_map) attachments += records.size();
-  return attachments <= kShortWalkAttachments;
-}
-
-void set_membership(std::set<group_vpn_id_t> &vpns, const group_vpn_id_t &vpn, bool is_member) {
+void set_membership(record_set_t &records, const intf_vpns_t::value_type &record, bool is_member) {
   if (is_member) {
-    vpns.insert(vpn);
+    records.insert(&record);
   } else {
-    vpns.erase(vpn);
+    records.erase(&record);
   }
 }
 
-void set_kind(port_index_t &port, const group_vpn_id_t &vpn, const acc_intf_vpn_info_t &record) {
-  set_membership(port.port_based, vpn, is_port_based(record));
-  set_membership(port.untagged, vpn, is_untagged(record));
-}
-
-port_index_t sum_of(const intf_vpns_t &records) {
-  port_index_t port;
-  port.records = records.size();
-  for (const auto &[vpn, record] : records) {
-    set_kind(port, vpn, record);
-    for (const st_acc_dot1q_range_t &range : record.dot1q_ranges) port.vlans.add(range);
-  }
-  return port;
+void set_kind(port_index_t &port, const intf_vpns_t::value_type &record) {
+  set_membership(port.port_based, record, is_port_based(record.second));
+  set_membership(port.untagged, record, is_untagged(record.second));
 }
 
 std::size_t &count_of(vpn_index_t &vpn, bool encap_cfg) {
   return encap_cfg ? vpn.with_encapsulation : vpn.without_encapsulation;
 }
 
-std::map<group_vpn_id_t, vpn_index_t> sum_of(const intf_map_t &intf_map) {
-  std::map<group_vpn_id_t, vpn_index_t> vpns;
-  for (const auto &[interface, records] : intf_map) {
-    for (const auto &[vpn, record] : records) ++count_of(vpns[vpn], record.encap_cfg);
+access_names_t names_of(const group_vpn_id_t &vpn) { return {vpn.group_name, vpn.vpn_name, {}}; }
+
+access_names_t names_of(const mop_map_t::key_type &attachment) {
+  const auto &[group, vpn, interface] = attachment;
+  return {group, vpn, interface};
+}
+
+void sum_up(port_index_t &port) {
+  port.records = port.entry->second.size();
+  for (const auto &record : port.entry->second) {
+    set_kind(port, record);
+    for (const st_acc_dot1q_range_t &range : record.second.dot1q_ranges) port.vlans.add(range);
   }
-  return vpns;
 }
 
 }  // namespace
 
-const port_index_t *access_index_t::port_index(const std::string &interface, const intf_vpns_t &records) const {
-  if (is_short_walk(records)) return nullptr;
-  const auto port = ports_.find(interface);
-  if (port == ports_.end() || port->second.records != records.size()) return nullptr;
-  return &port->second;
+void access_index_t::contents_t::swap(contents_t &other) noexcept {
+  ports.swap(other.ports);
+  vpns.swap(other.vpns);
+  mops.swap(other.mops);
+  std::swap(written, other.written);
+  std::swap(last_port, other.last_port);
+  std::swap(last_mop, other.last_mop);
 }
 
-bool access_index_t::agrees_on_encapsulation(const group_vpn_id_t &vpn, bool encap_cfg,
+access_index_t::port_t access_index_t::find_port(const std::string &interface, const intf_map_t &intf_map) const {
+  if (contents_.ports.size() != intf_map.size()) {
+    const auto entry = intf_map.find(interface);
+    return {entry == intf_map.end() ? nullptr : &entry->second, nullptr};
+  }
+  const auto found = contents_.ports.find(interface);
+  if (found == contents_.ports.end()) return {nullptr, nullptr};
+  const port_index_t &port = found->second;
+  const intf_vpns_t &records = port.entry->second;
+  return {&records, port.records == records.size() ? &port : nullptr};
+}
+
+bool access_index_t::agrees_on_encapsulation(const std::string &group, const std::string &vpn, bool encap_cfg,
                                              const intf_map_t &intf_map) const {
-  if (is_short_walk(intf_map) || interfaces_ != intf_map.size()) return false;
-  const auto claims = vpns_.find(vpn);
-  if (claims == vpns_.end()) return false;
-  return (encap_cfg ? claims->second.without_encapsulation : claims->second.with_encapsulation) == 0;
+  if (contents_.ports.size() != intf_map.size()) return false;
+  const auto found = contents_.vpns.find({group, vpn, {}});
+  if (found == contents_.vpns.end()) return false;
+  return (encap_cfg ? found->second.without_encapsulation : found->second.with_encapsulation) == 0;
 }
 
-void access_index_t::recorded(const index_record_t &recording, const intf_map_t &intf_map) {
-  if (!is_short_walk(recording.records)) sum_up_port(recording);
-  if (!is_short_walk(intf_map)) sum_up_vpns(recording, intf_map);
-}
-
-void access_index_t::sum_up_port(const index_record_t &recording) {
-  port_index_t &port = ports_[recording.interface];
-  const std::size_t expected = port.records + (recording.is_new_record ? 1 : 0);
-  if (expected != recording.records.size()) {
-    port = sum_of(recording.records);
-    return;
+std::int32_t access_index_t::find_mop(const access_names_t &attachment, const mop_map_t &mop_map) const {
+  if (contents_.mops.size() == mop_map.size()) {
+    const auto found = contents_.mops.find(attachment);
+    return found == contents_.mops.end() ? 0 : found->second->second;
   }
-  port.records = expected;
-  set_kind(port, recording.vpn, recording.record);
-  if (recording.new_range != nullptr) port.vlans.add(*recording.new_range);
+  const auto entry =
+      mop_map.find({std::string(attachment.group), std::string(attachment.vpn), std::string(attachment.interface)});
+  return entry == mop_map.end() ? 0 : entry->second;
 }
 
-void access_index_t::sum_up_vpns(const index_record_t &recording, const intf_map_t &intf_map) {
-  const std::size_t expected = interfaces_ + (recording.is_new_interface ? 1 : 0);
-  interfaces_ = intf_map.size();
-  if (expected != interfaces_) {
-    vpns_ = sum_of(intf_map);
-    return;
+void access_index_t::write(const std::string &group, const std::string &vpn, const std::string &interface,
+                           const st_acc_dot1q_range_t *range, bool encap_cfg, intf_map_t &intf_map) {
+  const written_t at = record_of(group, vpn, interface, intf_map);
+  acc_intf_vpn_info_t &record = at.record->second;
+  if (record.encap_cfg != encap_cfg) {
+    --count_of(*at.vpn, record.encap_cfg);
+    ++count_of(*at.vpn, encap_cfg);
+    record.encap_cfg = encap_cfg;
   }
-  const bool encap_cfg = recording.record.encap_cfg;
-  if (!recording.is_new_record && recording.had_encap_cfg == encap_cfg) return;
-  vpn_index_t &vpn = vpns_[recording.vpn];
-  if (!recording.is_new_record) --count_of(vpn, recording.had_encap_cfg);
-  ++count_of(vpn, encap_cfg);
+  if (range != nullptr && record.dot1q_ranges.insert(*range).second) at.port->vlans.add(*range);
+  set_kind(*at.port, *at.record);
+}
+
+void access_index_t::write_mop(const std::string &group, const std::string &vpn, const std::string &interface,
+                               std::int32_t mop, mop_map_t &mop_map) {
+  if (contents_.mops.size() != mop_map.size()) rebuild_mops(mop_map);
+  if (contents_.mops.count({group, vpn, interface}) != 0) return;
+
+  // The lists that are walked are sorted as the map is: an entry mostly comes right behind the last one.
+  const auto hint = contents_.mops.empty() ? mop_map.end() : std::next(contents_.last_mop);
+  contents_.last_mop = mop_map.try_emplace(hint, {group, vpn, interface}, mop);
+  contents_.mops.emplace(names_of(contents_.last_mop->first), contents_.last_mop);
+}
+
+port_index_t &access_index_t::port_of(const std::string &interface, intf_map_t &intf_map) {
+  if (contents_.ports.size() != intf_map.size()) rebuild(intf_map);
+  const auto found = contents_.ports.find(interface);
+  if (found != contents_.ports.end()) {
+    port_index_t &port = found->second;
+    if (port.records == port.entry->second.size()) return port;
+    rebuild(intf_map);
+    return contents_.ports.find(interface)->second;
+  }
+  // A VPN's interfaces come in the order of the map.
+  const auto hint = contents_.ports.empty() ? intf_map.end() : std::next(contents_.last_port);
+  contents_.last_port = intf_map.try_emplace(hint, interface);
+  intf_map_t::value_type &entry = *contents_.last_port;
+  return contents_.ports.try_emplace(entry.first, entry).first->second;
+}
+
+access_index_t::written_t access_index_t::record_of(const std::string &group, const std::string &vpn,
+                                                    const std::string &interface, intf_map_t &intf_map) {
+  port_index_t &port = port_of(interface, intf_map);
+  written_t &written = contents_.written;
+  const bool is_same =
+      written.port == &port && written.record->first.vpn_name == vpn && written.record->first.group_name == group;
+  if (is_same) return written;
+
+  intf_vpns_t &records = port.entry->second;
+  const auto hint = port.last == records.end() ? port.last : std::next(port.last);
+  port.last = records.try_emplace(hint, make_group_vpn_id(group, vpn));
+  vpn_index_t &sums = contents_.vpns[names_of(port.last->first)];
+  if (records.size() != port.records) {
+    port.records = records.size();
+    ++count_of(sums, port.last->second.encap_cfg);
+  }
+  written = {&port, &*port.last, &sums};
+  return written;
+}
+
+void access_index_t::rebuild(intf_map_t &intf_map) {
+  contents_.ports.clear();
+  contents_.vpns.clear();
+  contents_.written = {};
+  for (auto port = intf_map.begin(); port != intf_map.end(); ++port) {
+    contents_.last_port = port;
+    sum_up(contents_.ports.try_emplace(port->first, *port).first->second);
+    for (const auto &[vpn, record] : port->second) ++count_of(contents_.vpns[names_of(vpn)], record.encap_cfg);
+  }
+}
+
+void access_index_t::rebuild_mops(mop_map_t &mop_map) {
+  contents_.mops.clear();
+  for (auto entry = mop_map.begin(); entry != mop_map.end(); ++entry) {
+    contents_.mops.emplace(names_of(entry->first), entry);
+    contents_.last_mop = entry;
+  }
 }

@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
 
 /// One VLAN range on an access interface, both ends included. (0, 0) stands for an attachment without a VLAN: the
 /// untagged encapsulation, or a VPN that takes the whole port because it has no basic VLAN; (v, v) also for the VPN's
@@ -54,6 +55,10 @@ using intf_vpns_t = std::map<group_vpn_id_t, acc_intf_vpn_info_t>;
 
 /// What all access interfaces carry, by name.
 using intf_map_t = std::map<std::string, intf_vpns_t>;
+
+/// (group, VPN, interface) -> the operation (enum confd_iter_op) that the transaction performs on the attachment, or 0
+/// for none.
+using mop_map_t = std::map<std::tuple<std::string, std::string, std::string>, std::int32_t>;
 
 /// Where a recorded range came from.
 enum vlan_cfg_type_t {

@@ -19,12 +19,10 @@
 struct st_val_acc_dot1q_vpn_t {
   /// (group, VPN) of the VPLS VPNs that were recorded as transparent LAN service.
   std::map<std::pair<std::string, std::string>, bool> tls_map;
-  /// (group, VPN, interface) -> the operation (enum confd_iter_op) that the transaction performs on the attachment, or
-  /// 0 for none.
-  std::map<std::tuple<std::string, std::string, std::string>, std::int32_t> mop_map;
+  mop_map_t mop_map;
   /// Interface -> every VPN attached to it.
   intf_map_t intf_map;
-  /// What rules out most questions about a crowded port or VPN without a walk over the maps.
+  /// Finds entries of the maps, and rules out most questions about a port or VPN without a walk over them.
   access_index_t index{};
 };
 

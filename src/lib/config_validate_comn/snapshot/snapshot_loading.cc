@@ -53,20 +53,20 @@ void load_attachment(std::int32_t sock, confd_trans_ctx *tctx, const char *group
 }
 
 encap_paths_t build_encap_paths(const attachment_t &at, std::uint32_t vpn_id) {
-  const std::string group = bare_group_name(at.group);
-  const std::string vpn = bare_vpn_name(at.vpn);
+  const std::string_view group = bare_group_view(at.group);
+  const std::string_view vpn = bare_vpn_view(at.vpn);
+  const decimal_t id(vpn_id);
   if (is_vpws_group(at.group)) {
-    return {format_path("/internal/int-vpws-intf-encap{%s %s %u %s}/int-vpws-encap-dot1q-range", group.c_str(),
-                        vpn.c_str(), vpn_id, at.interface.c_str()),
-            format_path("/internal/int-vpws-intf-encap{%s %s %u %s}/int-vpws-encap-untagged", group.c_str(),
-                        vpn.c_str(), vpn_id, at.interface.c_str())};
+    constexpr const char *kList = "/internal/int-vpws-intf-encap{";
+    return {join_path({kList, group, " ", vpn, " ", id, " ", at.interface, "}/int-vpws-encap-dot1q-range"}),
+            join_path({kList, group, " ", vpn, " ", id, " ", at.interface, "}/int-vpws-encap-untagged"})};
   }
-  return {format_path("/internal/int-vpls-group{%s}/int-vpls-vpn{%s %u}/int-vpls-bd/int-vpls-ac{%s}/int-vpls-encap/"
-                      "int-vpls-encap-dot1q-range",
-                      group.c_str(), vpn.c_str(), vpn_id, at.interface.c_str()),
-          format_path("/internal/int-vpls-group{%s}/int-vpls-vpn{%s %u}/int-vpls-bd/int-vpls-ac{%s}/int-vpls-encap/"
-                      "int-vpls-encap-untagged",
-                      group.c_str(), vpn.c_str(), vpn_id, at.interface.c_str())};
+  constexpr const char *kGroups = "/internal/int-vpls-group{";
+  constexpr const char *kInterfaces = "}/int-vpls-bd/int-vpls-ac{";
+  return {join_path({kGroups, group, "}/int-vpls-vpn{", vpn, " ", id, kInterfaces, at.interface,
+                     "}/int-vpls-encap/int-vpls-encap-dot1q-range"}),
+          join_path({kGroups, group, "}/int-vpls-vpn{", vpn, " ", id, kInterfaces, at.interface,
+                     "}/int-vpls-encap/int-vpls-encap-untagged"})};
 }
 
 // The values are integers, which own nothing: only their buffer is released. A failed fetch counts as no encapsulation,
@@ -126,11 +126,13 @@ std::int32_t get_vpn_access_encap(std::int32_t sock, confd_trans_ctx *tctx, cons
 // The path is the probe's only format argument, which compilers take for an oversight: it has no conversion left.
 std::int32_t get_vpn_mop(std::int32_t sock, confd_trans_ctx *tctx, const std::string &path) {
   std::int32_t operation = 0;
-  const std::string format = as_path_format(path);
+  const bool is_format = path.find('%') == std::string::npos;
+  const std::string format = is_format ? std::string() : as_path_format(path);
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"
-  maapi_keypath_diff_iterate(sock, tctx->thandle, keep_first_operation, 0, &operation, format.c_str());
+  maapi_keypath_diff_iterate(sock, tctx->thandle, keep_first_operation, 0, &operation,
+                             is_format ? path.c_str() : format.c_str());
 #pragma GCC diagnostic pop
   return operation;
 }

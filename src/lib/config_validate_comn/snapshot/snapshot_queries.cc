@@ -26,13 +26,11 @@ bool is_changed(const group_vpn_id_t &vpn, const std::string &interface, const s
 template <typename Excludes, typename Qualifies>
 bool find_vpn(const std::string &interface, const st_val_acc_dot1q_vpn_t &snapshot, group_vpn_id_t &other,
               Excludes excludes, Qualifies qualifies) {
-  const auto port = snapshot.intf_map.find(interface);
-  if (port == snapshot.intf_map.end()) return false;
+  const auto [records, index] = snapshot.index.find_port(interface, snapshot.intf_map);
+  if (records == nullptr) return false;
+  if (index != nullptr && excludes(*index)) return false;
 
-  const port_index_t *claims = snapshot.index.port_index(interface, port->second);
-  if (claims != nullptr && excludes(*claims)) return false;
-
-  for (const auto &[vpn, record] : port->second) {
+  for (const auto &[vpn, record] : *records) {
     if (!qualifies(vpn, record)) continue;
     other = vpn;
     return true;
@@ -47,7 +45,7 @@ bool has_vpn_dot1q_range_overlap(const std::string &interface, st_acc_dot1q_rang
                                  const st_val_acc_dot1q_vpn_t &snapshot, group_vpn_id_t &other) {
   if (is_without_vlan(range)) return false;
   const bool found = find_vpn(
-      interface, snapshot, other, [&](const port_index_t &claims) { return !claims.vlans.meets(range); },
+      interface, snapshot, other, [&](const port_index_t &port) { return !port.vlans.meets(range); },
       [&](const group_vpn_id_t & /*vpn*/, const acc_intf_vpn_info_t &record) { return overlaps(record, range); });
   if (found) other = make_group_vpn_id(other.group_name, other.vpn_name);
   return found;
@@ -76,8 +74,9 @@ bool has_modified_port_based_vpn_in_interface(const st_val_acc_dot1q_vpn_t &snap
   const auto is_changed_here = [&](const group_vpn_id_t &vpn) { return is_changed(vpn, interface, snapshot); };
   return find_vpn(
       interface, snapshot, other,
-      [&](const port_index_t &claims) {
-        return std::none_of(claims.port_based.begin(), claims.port_based.end(), is_changed_here);
+      [&](const port_index_t &port) {
+        return std::none_of(port.port_based.begin(), port.port_based.end(),
+                            [&](const auto *record) { return is_changed_here(record->first); });
       },
       [&](const group_vpn_id_t &vpn, const acc_intf_vpn_info_t &record) {
         return is_port_based(record) && is_changed_here(vpn);
@@ -95,7 +94,7 @@ bool has_modified_port_based_vpn(const st_val_acc_dot1q_vpn_t &snapshot) {
 bool has_port_based_vpn_in_interface(const st_val_acc_dot1q_vpn_t &snapshot, const std::string &interface,
                                      group_vpn_id_t &other) {
   return find_vpn(
-      interface, snapshot, other, [](const port_index_t &claims) { return claims.port_based.empty(); },
+      interface, snapshot, other, [](const port_index_t &port) { return port.port_based.empty(); },
       [](const group_vpn_id_t & /*vpn*/, const acc_intf_vpn_info_t &record) { return is_port_based(record); });
 }
 
@@ -104,7 +103,7 @@ bool has_encapsulation_untagged(const acc_intf_vpn_info_t &record) { return is_u
 bool has_encapsulation_untagged_in_interface(const std::string &interface, const st_val_acc_dot1q_vpn_t &snapshot,
                                              group_vpn_id_t &other) {
   return find_vpn(
-      interface, snapshot, other, [](const port_index_t &claims) { return claims.untagged.empty(); },
+      interface, snapshot, other, [](const port_index_t &port) { return port.untagged.empty(); },
       [](const group_vpn_id_t & /*vpn*/, const acc_intf_vpn_info_t &record) { return is_untagged(record); });
 }
 

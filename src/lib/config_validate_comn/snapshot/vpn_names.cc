@@ -4,8 +4,8 @@ namespace {
 
 bool contains(const std::string &text, const char *part) { return text.find(part) != std::string::npos; }
 
-std::string without_first(const std::string &text, std::size_t count) {
-  return text.size() > count ? text.substr(count) : std::string{};
+std::string_view without_first(std::string_view text, std::size_t count) {
+  return text.substr(text.size() > count ? count : text.size());
 }
 
 }  // namespace
@@ -14,6 +14,10 @@ bool is_vpls_group(const std::string &group) { return contains(group, static_cas
 
 bool is_vpws_group(const std::string &group) { return contains(group, static_cast<const char *>(kVpwsGroupPrefix)); }
 
-std::string bare_group_name(const std::string &group) { return without_first(group, sizeof kVplsGroupPrefix - 1); }
+std::string_view bare_group_view(const std::string &group) { return without_first(group, sizeof kVplsGroupPrefix - 1); }
 
-std::string bare_vpn_name(const std::string &vpn) { return without_first(vpn, sizeof kVpnPrefix - 1); }
+std::string_view bare_vpn_view(const std::string &vpn) { return without_first(vpn, sizeof kVpnPrefix - 1); }
+
+std::string bare_group_name(const std::string &group) { return std::string(bare_group_view(group)); }
+
+std::string bare_vpn_name(const std::string &vpn) { return std::string(bare_vpn_view(vpn)); }

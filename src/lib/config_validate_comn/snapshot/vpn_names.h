@@ -2,6 +2,7 @@
 #define CONFIG_VALIDATE_COMN_SNAPSHOT_VPN_NAMES_H
 
 #include <string>
+#include <string_view>
 
 // Group and VPN names travel in prefixed form, the keyword and a blank before the key, and are printed so in messages.
 
@@ -18,8 +19,10 @@ bool is_vpws_group(const std::string &group);
 
 /// The key of a group without its prefix: everything after the first 11 characters, whatever they are.
 std::string bare_group_name(const std::string &group);
+std::string_view bare_group_view(const std::string &group);  ///< for as long as `group` lives
 
 /// The key of a VPN without its prefix: everything after the first 4 characters, whatever they are.
 std::string bare_vpn_name(const std::string &vpn);
+std::string_view bare_vpn_view(const std::string &vpn);  ///< for as long as `vpn` lives
 
 #endif
