@@ -15,7 +15,7 @@ constexpr std::size_t kPortsAVpn = 16;
 
 // Every commit has an uplink and a snooping interface, each on a port of its own, so that the rules against them have
 // something to look through and nothing to find.
-constexpr const char *kUplinkPort = "uplink-1";
+constexpr const char *kShapeUplink = "uplink-1";
 constexpr const char *kSnoopingPort = "video-1";
 
 std::string vpls_vpn(std::string_view vpn) {
@@ -90,7 +90,7 @@ std::size_t ports_of(Shape shape, std::size_t access_interfaces) {
 
 Tree configuration(const element::Schema &schema, Shape shape, std::size_t access_interfaces) {
   Tree tree(schema);
-  tree.put(fmt::format("/config/vlan{{4094}}/interface{{{}}}", kUplinkPort));
+  tree.put(fmt::format("/config/vlan{{4094}}/interface{{{}}}", kShapeUplink));
   tree.put("/config/l3-interface{l3-uplink}/vlan", std::uint16_t{4094});
   tree.put(fmt::format("/config/igmp-snooping{{1}}/interface{{{}}}", kSnoopingPort));
   tree.put("/mpls/ldp/interface{l3-uplink}");
@@ -114,7 +114,7 @@ std::string_view name(Shape shape) {
 
 Commit make_commit(const element::Schema &schema, Shape shape, std::size_t access_interfaces) {
   const std::size_t in_force = access_interfaces * 9 / 10;
-  return {element_with(ports_of(shape, access_interfaces), {kUplinkPort, kSnoopingPort}),
+  return {element_with(ports_of(shape, access_interfaces), {kShapeUplink, kSnoopingPort}),
           configuration(schema, shape, in_force), configuration(schema, shape, access_interfaces)};
 }
 

@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "build_paths.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 

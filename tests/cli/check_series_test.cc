@@ -7,6 +7,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "build_paths.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/support/process.h"
 

@@ -4,6 +4,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "build_paths.h"
+
 namespace {
 
 constexpr const char *profile = R"({"card": {"vpn-max": 128}, "interfaces": [

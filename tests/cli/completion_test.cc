@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "build_paths.h"
 #include "rules/rule.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/help_text.h"

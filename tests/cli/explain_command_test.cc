@@ -36,7 +36,7 @@ Examples
   examples/pw-id-twice-towards-a-neighbour
 
 Rule
-  src/lib/config_validate_comn/pseudowire_rules.cc
+  src/lib/config_validate_comn/rules/pseudowire_rules.cc
 )");
 }
 
@@ -129,7 +129,7 @@ Give one of the two another pw-id, on both ends. The message tells the pw-id alo
 
 ## Rule
 
-[`config_validate_comn/pseudowire_rules.cc`](../../src/lib/config_validate_comn/pseudowire_rules.cc)
+[`config_validate_comn/rules/pseudowire_rules.cc`](../../src/lib/config_validate_comn/rules/pseudowire_rules.cc)
 )");
 }
 
@@ -151,7 +151,7 @@ TEST(ExplainCommand, without_a_rule_prints_an_index_in_markdown) {
 
 | Id | Message | What provokes it | Rule in `src/lib` | Examples |
 |---|---|---|---|---|
-| [vpn-limit](vpn-limit.md) | `Maximum number of VPNs has been exceeded. Attempt to configure %d of %d allowed` | VPLS and VPWS VPNs together are more than the card allows. | `config_validate_vpn/vpn_overflow.cc` | [vpn-count-above-limit](../../examples/vpn-count-above-limit) |
+| [vpn-limit](vpn-limit.md) | `Maximum number of VPNs has been exceeded. Attempt to configure %d of %d allowed` | VPLS and VPWS VPNs together are more than the card allows. | `config_validate_vpn/drivers/vpn_limit.cc` | [vpn-count-above-limit](../../examples/vpn-count-above-limit) |
 
 ## `vpn_name_valp`
 )"),

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "build_paths.h"
 #include "report/json/verdict_json.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"

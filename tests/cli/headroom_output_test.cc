@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "build_paths.h"
 #include "report/json/headroom_json.h"
 #include "report/text/headroom_text.h"
 #include "tests/cli/commit_folder.h"

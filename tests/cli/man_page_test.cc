@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <set>
 
+#include "build_paths.h"
 #include "cli/command_line/exit_status.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/help_text.h"

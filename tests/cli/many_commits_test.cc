@@ -6,6 +6,7 @@
 #include <fstream>
 #include <nlohmann/json.hpp>
 
+#include "build_paths.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/support/process.h"
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "build_paths.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/support/file_content.h"
 #include "tests/support/process.h"

@@ -4,6 +4,7 @@
 
 #include <csignal>
 
+#include "build_paths.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/support/process.h"
 

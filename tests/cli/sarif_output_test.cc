@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "build_paths.h"
 #include "report/ci/sarif.h"
 #include "report/ci/sarif_rules.h"
 #include "report/escape/file_uri.h"

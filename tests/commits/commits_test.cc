@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "build_paths.h"
 #include "tests/support/process.h"
 
 namespace {

@@ -40,6 +40,31 @@ TEST_F(PathsTest, AKeyWithABlankThatWasFormattedBeforehandReadsAsTwo) {
   EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
 }
 
+TEST_F(PathsTest, ABraceAQuoteOrACutInAKeyThatWasFormattedBeforehandMakesNoPath) {
+  const std::string groups = kVpwsGroups;
+  const std::string long_name(600, 'x');
+  for (const std::string &name : {std::string("a}b"), std::string("a\"b"), long_name}) {
+    stage->put(kVpwsGroups, {text(name)});
+  }
+  stage->open();
+  for (const std::string &path :
+       {groups + "{a}b}", groups + "{a\"b}", groups + "{\"a", (groups + "{" + long_name + "}").substr(0, 511)}) {
+    EXPECT_EQ(maapi_exists(sock(), handle(), "%s", path.c_str()), -1) << path;
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH) << path;
+  }
+  for (const std::string &name : {std::string("a}b"), std::string("a\"b"), long_name}) {
+    EXPECT_EQ(maapi_exists(sock(), handle(), "%s{%s}", kVpwsGroups, name.c_str()), 1) << name;
+  }
+}
+
+TEST_F(PathsTest, AnOpeningBraceInAKeyIsPartOfTheKeyAndQuotesAreNot) {
+  for (const char *name : {"a{b", "ab"}) stage->put(kVpwsGroups, {text(name)});
+  stage->open();
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s", "/mpls/l2vpn-config/l2vpn/vpws-group{a{b}"), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s", "/mpls/l2vpn-config/l2vpn/vpws-group{\"ab\"}"), 1);
+  EXPECT_EQ(maapi_exists(sock(), handle(), "%s{%s}", kVpwsGroups, "\"ab\""), 0);
+}
+
 TEST_F(PathsTest, APercentSignIsDoubledInTheFormatAndSingleInAnArgument) {
   for (const char *name : {"%s", "50%", "%n", "%%"}) stage->put(kVpwsGroups, {text(name)});
   stage->open();

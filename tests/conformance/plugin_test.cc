@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <stdexcept>
 
+#include "build_paths.h"
 #include "tests/conformance/conformance_test.h"
 
 namespace conformance {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "build_paths.h"
+
 JudgedElement::JudgedElement()
     : profile_(
           {16, 16, 16, 16},

@@ -22,7 +22,9 @@ Tree two_vpns() {
 }
 
 /// The VPN's entry as reading sees it.
-const element::Node *vpn_of(const Tree &tree, const std::string &name) { return tree.find(vpn_list + "{" + name + "}"); }
+const element::Node *vpn_of(const Tree &tree, const std::string &name) {
+  return tree.find(vpn_list + "{" + name + "}");
+}
 
 TEST(SharedTrees, a_copy_holds_the_same_nodes) {
   const Tree tree = two_vpns();

@@ -148,8 +148,8 @@ const std::vector<const SchemaNode *> &lists_of(const element::Schema &schema) {
 /// Mostly a node that the point stands on, else an entry of any list.
 const SchemaNode &draw_node(Bytes &bytes, const element::Schema &schema, const std::string &point) {
   const auto nodes = nodes_where(schema.root(), [&point](const SchemaNode &node) {
-    return std::find(node.validation_points.begin(), node.validation_points.end(), point) !=
-           node.validation_points.end();
+    return std::any_of(node.validation_points.begin(), node.validation_points.end(),
+                       [&point](const element::ValidationPoint &one) { return one.name == point; });
   });
   const bool is_any = nodes.empty() || bytes.next() >= 0xf0;
   return *bytes.one_of(is_any ? lists_of(schema) : nodes);

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "confd_dp.h"
-#include "config_validate_comn/value_assert.h"
+#include "config_validate_comn/daemon/value_assert.h"
 #include "config_validate_vpn/entry_points.h"
-#include "config_validate_vpn/platform_limits.h"
+#include "config_validate_vpn/shared/platform_limits.h"
 #include "drawn_commit.h"
 #include "fuzz_target.h"
 #include "host/seam/agent_paths.h"

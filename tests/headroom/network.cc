@@ -7,6 +7,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "build_paths.h"
 #include "tests/support/process.h"
 
 namespace headroom_test {

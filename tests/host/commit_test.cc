@@ -1,5 +1,6 @@
 #include "host/run/commit.h"
 
+#include "build_paths.h"
 #include "confd_maapi.h"
 #include "tests/host/served_element.h"
 
@@ -131,7 +132,7 @@ TEST_F(Commit, ACursorLeftOpenIsClosedAndCounted) {
   session.statistics = {};
 }
 
-TEST_F(Commit, TheAccountIsThisCommitsAlone) {
+TEST_F(Commit, TheStatisticsAreThisCommitsAlone) {
   add_group("accept");
   EXPECT_EQ(maapi_exists(sock, thandle, "/internal"), -1);
   validate();
@@ -183,6 +184,23 @@ TEST_F(CommitToTheLibrary, OneVpnMoreIsRejected) {
   EXPECT_EQ(verdict.points.back().path, "/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{V0}");
   EXPECT_EQ(verdict.points.back().text,
             "Maximum number of VPNs has been exceeded. Attempt to configure 4 of 3 allowed");
+}
+
+TEST_F(Commit, ListsTheQuestionsThatANameMakesUnreadable) {
+  add_group("ask");
+  EXPECT_EQ(validate().unreadable.size(), 0U) << "a path that no name made unreadable is not listed";
+
+  for (const std::string &name : {std::string("ask twice"), std::string("ask}"), "ask" + std::string(600, 'x')}) {
+    candidate = element::Tree(host_test::schema());
+    add_group(name);
+    const host::Verdict verdict = validate();
+    ASSERT_EQ(verdict.unreadable.size(), 1U) << name;
+    const host::UnreadableQuestion &question = verdict.unreadable[0];
+    EXPECT_EQ(question.point, "vpn_name_valp");
+    EXPECT_EQ(question.function, "maapi_exists");
+    EXPECT_EQ(question.path, ("/mpls/l2vpn-config/l2vpn/vpws-group{" + name + "}").substr(0, 511));
+    EXPECT_EQ(question.name, name);
+  }
 }
 
 }  // namespace

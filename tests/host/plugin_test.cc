@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "build_paths.h"
 #include "host/run/build_id.h"
 #include "tests/host/served_element.h"
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "config_validate_comn/config_validate_comn.h"
-#include "config_validate_vpn/validation_keepalive.h"
+#include "config_validate_vpn/shared/validation_keepalive.h"
 #include "tests/support/fake_clock.h"
 #include "tests/unit/access_test.h"
 

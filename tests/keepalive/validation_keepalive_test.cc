@@ -1,7 +1,7 @@
 // The keep-alive over a clock that the tests set. Each timeline runs in a process of its own, for the moment of the
 // last extension belongs to the process.
 
-#include "config_validate_vpn/validation_keepalive.h"
+#include "config_validate_vpn/shared/validation_keepalive.h"
 
 #include <gtest/gtest.h>
 

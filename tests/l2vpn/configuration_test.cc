@@ -65,7 +65,7 @@ l2vpn::Configuration written() {
   return all;
 }
 
-element::Tree tree() { return l2vpn::make_tree(test_schema(), written()); }
+element::Tree operator_tree() { return l2vpn::make_tree(test_schema(), written()); }
 
 /// The lines below the node of a path, without the path.
 Lines below(const element::Tree &tree, const std::string &path) {
@@ -76,7 +76,7 @@ Lines below(const element::Tree &tree, const std::string &path) {
   return lines;
 }
 
-TEST(Configuration, is_written_node_by_node) { EXPECT_EQ(print(tree()), everything); }
+TEST(Configuration, is_written_node_by_node) { EXPECT_EQ(print(operator_tree()), everything); }
 
 TEST(Configuration, is_read_back_as_it_was_written) {
   const l2vpn::Configuration read = l2vpn::read_configuration(tree_of(everything));
@@ -100,7 +100,7 @@ TEST(Configuration, an_empty_tree_holds_nothing) {
 }
 
 TEST(Edit, what_is_put_twice_is_there_once) {
-  element::Tree twice = tree();
+  element::Tree twice = operator_tree();
   for (const l2vpn::Vpn &vpn : written().vpns) l2vpn::put_vpn(twice, vpn);
   EXPECT_EQ(print(twice), everything);
 }
@@ -116,7 +116,7 @@ TEST(Edit, entries_are_kept_in_key_order) {
 }
 
 TEST(Edit, what_is_erased_is_gone_and_the_rest_stays) {
-  element::Tree tree = ::tree();
+  element::Tree tree = operator_tree();
   l2vpn::erase_attachments(tree, south);
   l2vpn::erase_neighbor(tree, south, "192.0.2.1");
   l2vpn::erase_backup_neighbor(tree, south, "192.0.2.2");

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "build_paths.h"
 #include "element/datastore/transaction.h"
 #include "host/run/commit.h"
 #include "tests/host/served_element.h"

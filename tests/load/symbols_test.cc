@@ -12,6 +12,8 @@
 #include <sstream>
 #include <string>
 
+#include "build_paths.h"
+
 namespace {
 
 using Names = std::set<std::string>;
@@ -74,6 +76,16 @@ Names without(Names names, const Names &others) {
   return names;
 }
 
+/// The library's own functions; what else it defines are data.
+Names functions_of(const std::string &file) {
+  return names_in(output_of("nm -D --defined-only " + file), "^[0-9a-f]+ [TWi] ([^@\\s]+)");
+}
+
+/// What the loader looks up by name when it binds the library.
+Names named_by_relocations(const std::string &file) {
+  return names_in(output_of("readelf -rW " + file), "^[0-9a-f]+ +[0-9a-f]+ +R_\\w+ +[0-9a-f]+ +([^@\\s]+)");
+}
+
 TEST(SymbolsTest, TheHeadersAreUnderstood) {
   const Names seam = declared_by_seam();
   for (const char *name : {"maapi_keypath_diff_iterate", "confd_trans_seterr", "qnconfd_instance_get", "fm_init",
@@ -101,6 +113,15 @@ TEST(SymbolsTest, TheFourEntryPointsHaveTheirPlainNames) {
 
 TEST(SymbolsTest, TheLibraryDefinesNothingOfTheSeam) {
   EXPECT_EQ(common(defined_in(PLUGIN_FILE), declared_by_seam()), Names{});
+}
+
+// Else a daemon or another library with a function of the same name would take a rule's place.
+TEST(SymbolsTest, NoRelocationNamesAFunctionOfTheLibrary) {
+  const Names named = named_by_relocations(PLUGIN_FILE);
+  EXPECT_TRUE(named.contains("maapi_num_instances"));
+  const Names own = functions_of(PLUGIN_FILE);
+  EXPECT_TRUE(own.contains("_Z28config_validate_vpn_overflowiP15confd_trans_ctxP14confd_hkeypathP11confd_value"));
+  EXPECT_EQ(common(own, named), Names{});
 }
 
 TEST(SymbolsTest, TheLibraryNeedsTheRuntimeOnly) {

@@ -11,6 +11,7 @@
 #include <set>
 #include <sstream>
 
+#include "build_paths.h"
 #include "tests/support/process.h"
 
 namespace {

@@ -1,5 +1,7 @@
 #include "tests/planted/judged_element.h"
 
+#include "build_paths.h"
+
 namespace planted {
 
 JudgedElement::JudgedElement() : session_(profile()), plugin_(PLUGIN_FILE) {}

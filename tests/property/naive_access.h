@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "config_validate_comn/access_snapshot.h"
+#include "config_validate_comn/snapshot/access_snapshot.h"
 
 /// The snapshot's questions answered by walking its maps and nothing else; an answer names the first VPN in key order.
 namespace naive {

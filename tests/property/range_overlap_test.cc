@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include "config_validate_comn/snapshot_queries.h"
+#include "config_validate_comn/snapshot/snapshot_queries.h"
 #include "tests/property/naive_access.h"
 #include "tests/property/recordings.h"
 #include "tests/support/access_printers.h"

@@ -6,7 +6,7 @@
 #include <ostream>
 #include <string>
 
-#include "config_validate_comn/access_snapshot.h"
+#include "config_validate_comn/snapshot/access_snapshot.h"
 
 /// One write into an access snapshot, as random tests draw it.
 struct recording {

@@ -1,4 +1,4 @@
-#include "config_validate_comn/snapshot_queries.h"
+#include "config_validate_comn/snapshot/snapshot_queries.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -11,6 +11,7 @@
 #include <regex>
 #include <set>
 
+#include "build_paths.h"
 #include "rules/rule.h"
 
 namespace {
@@ -89,6 +90,7 @@ const Texts kOtherTexts{
     ". Committing mpls l2vpn PWs config:\n",
     "%s:%u: %s: Assertion `%s' failed.\n",
     "basic_string: construction from null is not valid",
+    "%s: __pos (which is %zu) > this->size() (which is %zu)",
     "cannot create std::vector larger than max_size()",
 };
 

@@ -9,6 +9,7 @@
 #include <regex>
 #include <set>
 
+#include "build_paths.h"
 #include "rules/rule.h"
 
 namespace {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "bench/asked_point.h"
+#include "build_paths.h"
 
 using bench::PointCommitKind;
 

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "bench/xml_text.h"
+#include "build_paths.h"
 #include "element/datastore/transaction.h"
 #include "element/input/configuration.h"
 #include "host/run/commit.h"

@@ -3,7 +3,7 @@
 
 #include <ostream>
 
-#include "config_validate_comn/access_records.h"
+#include "config_validate_comn/snapshot/access_records.h"
 
 // The access snapshot's records as test failures show them, and compared field by field.
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "config_validate_vpn/pseudowire_map.h"
+#include "config_validate_vpn/shared/pseudowire_map.h"
 #include "tests/support/platform.h"
 
 // Builders of pseudowires as the element's applications derive them from the operator's neighbours.

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "config_validate_comn/model_tags.h"
-#include "config_validate_comn/snapshot_loading.h"
+#include "config_validate_comn/daemon/model_tags.h"
+#include "config_validate_comn/snapshot/snapshot_loading.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "config_validate_comn/access_interface_checks.h"
+#include "config_validate_comn/rules/access_interface_checks.h"
 
 #include "tests/unit/access_test.h"
 

@@ -1,4 +1,4 @@
-#include "config_validate_comn/access_records.h"
+#include "config_validate_comn/snapshot/access_records.h"
 
 #include <gtest/gtest.h>
 

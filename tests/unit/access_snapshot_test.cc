@@ -1,4 +1,4 @@
-#include "config_validate_comn/access_snapshot.h"
+#include "config_validate_comn/snapshot/access_snapshot.h"
 
 #include "tests/unit/access_test.h"
 

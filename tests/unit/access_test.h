@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "config_validate_comn/access_snapshot.h"
+#include "config_validate_comn/snapshot/access_snapshot.h"
 #include "tests/support/broken_model.h"
 #include "tests/support/printers.h"
 

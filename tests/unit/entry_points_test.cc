@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "config_validate_vpn/platform_limits.h"
+#include "config_validate_vpn/shared/platform_limits.h"
 #include "tests/support/printers.h"
 
 namespace {

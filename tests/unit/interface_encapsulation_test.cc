@@ -1,4 +1,4 @@
-#include "config_validate_comn/interface_encapsulation.h"
+#include "config_validate_comn/daemon/interface_encapsulation.h"
 
 #include <new>
 

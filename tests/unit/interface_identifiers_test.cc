@@ -1,4 +1,4 @@
-#include "config_validate_comn/interface_identifiers.h"
+#include "config_validate_comn/daemon/interface_identifiers.h"
 
 #include "tests/support/printers.h"
 

@@ -1,4 +1,4 @@
-#include "config_validate_comn/path_format.h"
+#include "config_validate_comn/daemon/path_format.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +11,18 @@ TEST(PathFormatTest, FillsTheTemplate) {
 TEST(PathFormatTest, IsCutAt511Characters) {
   EXPECT_EQ(format_path("/%s", std::string(510, 'a').c_str()), "/" + std::string(510, 'a'));
   EXPECT_EQ(format_path("/%s", std::string(511, 'a').c_str()), "/" + std::string(510, 'a'));
+}
+
+TEST(PathFormatTest, JoinsPiecesAsTheTemplateDoes) {
+  EXPECT_EQ(join_path({"/list{", "north", " ", decimal_t(4294967295U), "}/", "leaf"}), "/list{north 4294967295}/leaf");
+  EXPECT_EQ(join_path({"/list{", decimal_t(0), "}"}), "/list{0}");
+  EXPECT_EQ(join_path({"/", "", "a"}), "/a");
+  EXPECT_EQ(join_path({"/", std::string_view("north\0pole", 10), "/a"}), "/north/a") << "a text ends at its zero byte";
+}
+
+TEST(PathFormatTest, JoinedPiecesAreCutAt511Characters) {
+  EXPECT_EQ(join_path({"/", std::string(510, 'a')}), "/" + std::string(510, 'a'));
+  EXPECT_EQ(join_path({"/", std::string(511, 'a'), "b"}), "/" + std::string(510, 'a'));
 }
 
 TEST(PathFormatTest, AsAFormatAPathHasItsPercentSignsDoubled) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "config_validate_vpn/vpn_peer.h"
+#include "config_validate_vpn/drivers/vpn_peer.h"
 #include "tests/support/printers.h"
 #include "tests/support/pseudowires.h"
 

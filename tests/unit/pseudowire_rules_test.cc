@@ -1,4 +1,4 @@
-#include "config_validate_comn/pseudowire_rules.h"
+#include "config_validate_comn/rules/pseudowire_rules.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "config_validate_comn/record_kinds.h"
+#include "config_validate_comn/snapshot/record_kinds.h"
 
 #include <gtest/gtest.h>
 
-#include "config_validate_comn/snapshot_queries.h"
+#include "config_validate_comn/snapshot/snapshot_queries.h"
 #include "tests/support/access_printers.h"
 
 namespace {

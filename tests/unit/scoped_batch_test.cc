@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "config_validate_comn/guards.h"
+#include "config_validate_comn/daemon/guards.h"
 #include "tests/support/printers.h"
 
 namespace {

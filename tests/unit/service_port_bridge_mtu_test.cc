@@ -1,4 +1,4 @@
-#include "config_validate_comn/service_port_bridge_mtu.h"
+#include "config_validate_comn/rules/service_port_bridge_mtu.h"
 
 #include "config_validate_comn/config_validate_comn.h"
 #include "tests/unit/access_test.h"

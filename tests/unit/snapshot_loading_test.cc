@@ -1,6 +1,6 @@
-#include "config_validate_comn/snapshot_loading.h"
+#include "config_validate_comn/snapshot/snapshot_loading.h"
 
-#include "config_validate_comn/model_tags.h"
+#include "config_validate_comn/daemon/model_tags.h"
 #include "tests/unit/access_test.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "config_validate_comn/snapshot_queries.h"
+#include "config_validate_comn/snapshot/snapshot_queries.h"
 
 #include "tests/support/access_printers.h"
 #include "tests/unit/access_test.h"

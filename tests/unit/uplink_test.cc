@@ -1,4 +1,4 @@
-#include "config_validate_comn/uplink.h"
+#include "config_validate_comn/rules/uplink.h"
 
 #include <stdexcept>
 

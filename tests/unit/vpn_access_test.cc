@@ -1,7 +1,7 @@
 #include <new>
 
 #include "config_validate_vpn/handlers.h"
-#include "config_validate_vpn/platform_limits.h"
+#include "config_validate_vpn/shared/platform_limits.h"
 #include "tests/unit/access_test.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "config_validate_comn/vpn_names.h"
+#include "config_validate_comn/snapshot/vpn_names.h"
 
 #include <gtest/gtest.h>
 

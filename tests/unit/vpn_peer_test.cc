@@ -1,4 +1,4 @@
-#include "config_validate_vpn/vpn_peer.h"
+#include "config_validate_vpn/drivers/vpn_peer.h"
 
 #include <gtest/gtest.h>
 

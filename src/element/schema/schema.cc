@@ -98,7 +98,9 @@ void read_validation_points(const lysc_node &compiled, SchemaNode &node) {
   LY_ARRAY_COUNT_TYPE i = 0;
   LY_ARRAY_FOR(compiled.exts, i) {
     const lysc_ext_instance &extension = compiled.exts[i];
-    if (std::string_view(extension.def->name) == "validate") node.validation_points.emplace_back(extension.argument);
+    const std::string_view name = extension.def->name;
+    const bool each_node = name == "validate-each";
+    if (each_node || name == "validate") node.validation_points.push_back({extension.argument, each_node});
   }
 }
 

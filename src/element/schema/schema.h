@@ -35,6 +35,12 @@ enum class ValueType {
   enumeration
 };
 
+/// A validation point that stands on a node.
+struct ValidationPoint {
+  std::string name;
+  bool each_node = false;  ///< a commit fires it for each node it changes, otherwise for the first one only
+};
+
 /// One node of the data model, read once from the compiled modules.
 struct SchemaNode {
   std::string name;
@@ -52,7 +58,7 @@ struct SchemaNode {
   std::size_t key_count = 0;           ///< lists: the first key_count children are the keys, in key order
   const SchemaNode *parent = nullptr;  ///< null for the root
   std::vector<std::pair<std::string, std::int32_t>> enumerators;  ///< enumeration leafs: name and number
-  std::vector<std::string> validation_points;                     ///< names of the points that stand on this node
+  std::vector<ValidationPoint> validation_points;                 ///< those that stand on this node
   std::vector<std::unique_ptr<SchemaNode>> children;              ///< schema order
 
   /// The child of this name, or null. A module prefix ("base:config") must be the child's module when it is given.

@@ -7,6 +7,7 @@
 
 #include "confd_dp.h"
 #include "host/run/triggered_points.h"
+#include "host/run/unreadable_names.h"
 #include "host/seam/agent_paths.h"
 #include "host/seam/agent_values.h"
 #include "host/seam/session_state.h"
@@ -88,6 +89,30 @@ PointVerdict decide(const Plugin &plugin, HostSession &session, TriggeredPoint &
   return {triggered.point, element::to_text(triggered.path), answer, text};
 }
 
+/// A point and how many unreadable paths there were when it had answered.
+struct AskedPoint {
+  std::string point;
+  std::size_t paths = 0;
+};
+
+// The names are collected only where a path could not be read, for a walk through both configurations costs time.
+std::vector<UnreadableQuestion> unreadable_questions(const element::Transaction &transaction,
+                                                     const std::vector<UnreadablePath> &paths,
+                                                     const std::vector<AskedPoint> &asked) {
+  std::vector<UnreadableQuestion> questions;
+  if (paths.empty()) return questions;
+  const UnreadableNames names(transaction);
+  std::size_t i = 0;
+  for (const AskedPoint &point : asked) {
+    for (; i < point.paths; ++i) {
+      const std::string name = names.cause_of(paths[i].path);
+      if (name.empty()) continue;
+      questions.push_back({point.point, std::string(host::name(paths[i].function)), paths[i].path, name});
+    }
+  }
+  return questions;
+}
+
 Decision decision_of(const std::vector<PointVerdict> &points) {
   const auto answered = [&points](Answer answer) {
     return std::any_of(points.begin(), points.end(), [answer](const auto &point) { return point.answer == answer; });
@@ -104,11 +129,14 @@ Verdict validate_commit(const Plugin &plugin, HostSession &session, const elemen
   std::vector<TriggeredPoint> points = triggered_points(transaction);
   Verdict verdict;
   verdict.points_fired = points.size();
+  std::vector<AskedPoint> asked;
   for (TriggeredPoint &triggered : points) {
     verdict.points.push_back(decide(plugin, session, triggered));
+    asked.push_back({triggered.point, session.statistics.unreadable_paths.size()});
     if (verdict.points.back().answer == Answer::rejected && !options.all_points) break;
   }
   verdict.decision = decision_of(verdict.points);
+  verdict.unreadable = unreadable_questions(transaction, session.statistics.unreadable_paths, asked);
   verdict.statistics = session.statistics;
   return verdict;
 }

@@ -32,11 +32,21 @@ struct PointVerdict {
 
 enum class Decision { accepted, accepted_with_warnings, rejected };
 
+/// A question of the library that the platform could not read, because of a character in, or the length of, a name that
+/// the operator gave. The call failed, so the rule that asked did not look at what the name stands for.
+struct UnreadableQuestion {
+  std::string point;     ///< the validation point that asked
+  std::string function;  ///< the platform function
+  std::string path;      ///< as the library gave it
+  std::string name;      ///< the operator's name
+};
+
 struct Verdict {
   Decision decision = Decision::accepted;
-  std::vector<PointVerdict> points;  ///< those that were asked, in order
-  std::size_t points_fired = 0;      ///< more than were asked where a rejection ended the commit
-  CallStatistics statistics;         ///< of the whole commit
+  std::vector<PointVerdict> points;            ///< those that were asked, in order
+  std::size_t points_fired = 0;                ///< more than were asked where a rejection ended the commit
+  CallStatistics statistics;                   ///< of the whole commit
+  std::vector<UnreadableQuestion> unreadable;  ///< in the order in which they were asked
 };
 
 struct CommitOptions {

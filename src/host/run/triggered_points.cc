@@ -1,9 +1,7 @@
 #include "host/run/triggered_points.h"
 
 #include <algorithm>
-#include <array>
 #include <set>
-#include <string_view>
 #include <unordered_set>
 
 namespace host {
@@ -13,10 +11,6 @@ namespace {
 using element::Change;
 using element::ChangeKind;
 using element::NodeKind;
-
-// Points that judge the interface they stand on. Every other point judges the configuration as a whole, so that asking
-// it once is enough.
-constexpr std::array<std::string_view, 2> kPointsOfAnInterface{"vpn_access_intf_valp", "vpn_sp_valp"};
 
 // A container that has lost all it held is still there, though the new tree has no node for it.
 element::Value value_after(const Change &change) {
@@ -72,11 +66,9 @@ class Walk {
   }
 
   void fire(const element::SchemaNode &node, const element::Value &value) {
-    for (const std::string &point : node.validation_points) {
-      const bool is_asked_each_time =
-          std::find(kPointsOfAnInterface.begin(), kPointsOfAnInterface.end(), point) != kPointsOfAnInterface.end();
-      const bool is_first = fired_.insert(point).second;
-      if (is_first || is_asked_each_time) points_.push_back({point, path_to(node), value});
+    for (const element::ValidationPoint &point : node.validation_points) {
+      const bool is_first = fired_.insert(point.name).second;
+      if (is_first || point.each_node) points_.push_back({point.name, path_to(node), value});
     }
   }
 

@@ -9,15 +9,16 @@
 
 namespace host {
 
-/// A validation point that a transaction fires: its name, the node under validation and that node's new value.
+/// A validation point that a transaction fires: its name, the node under validation and that node's value in the
+/// candidate configuration.
 struct TriggeredPoint {
   std::string point;
   element::Path path;
   element::Value value;
 };
 
-/// The points that fire for a transaction, in schema order of the nodes that fire them. A point that validates the
-/// whole configuration fires once, for the first such node; a point on an interface fires once for each.
+/// The points that a transaction fires, in schema order of the nodes that fire them. A created or modified node fires
+/// the points that stand on it; the data model says of each point whether every such node fires it or the first only.
 std::vector<TriggeredPoint> triggered_points(const element::Transaction &transaction);
 
 }  // namespace host

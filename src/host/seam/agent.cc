@@ -1,5 +1,7 @@
 #include "host/seam/agent.h"
 
+#include "host/seam/formatted_text.h"
+
 int confd_errno = 0;
 
 namespace host {
@@ -29,6 +31,16 @@ HostSession *enter_transaction(SeamFunction function, int sock, int thandle) {
   if (known && session->transaction() != nullptr) return session;
   fail(CONFD_ERR_NOSESSION);
   return nullptr;
+}
+
+int resolve_path(HostSession &session, SeamFunction function, ResolvedPath &path, const char *format,
+                 std::va_list arguments) {
+  std::va_list again;
+  va_copy(again, arguments);
+  const int reason = path.resolve(session.transaction()->candidate.schema(), format, arguments);
+  if (reason != 0) session.statistics.unreadable_paths.push_back({function, formatted_text(format, again)});
+  va_end(again);
+  return reason;
 }
 
 }  // namespace host

@@ -1,8 +1,11 @@
 #ifndef HOST_SEAM_AGENT_H
 #define HOST_SEAM_AGENT_H
 
+#include <cstdarg>
+
 #include "confd_lib.h"
 #include "host/seam/host_session.h"
+#include "host/seam/resolve.h"
 
 namespace host {
 
@@ -15,6 +18,11 @@ HostSession *enter_agent(SeamFunction function);
 
 /// As enter_agent for a read of a transaction, which must be the one that the element serves.
 HostSession *enter_transaction(SeamFunction function, int sock, int thandle);
+
+/// Resolves the path of a call of `function`. 0, or the error code that the call must fail with; the session's
+/// statistics then list the path.
+int resolve_path(HostSession &session, SeamFunction function, ResolvedPath &path, const char *format,
+                 std::va_list arguments);
 
 }  // namespace host
 

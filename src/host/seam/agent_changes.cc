@@ -83,12 +83,11 @@ class Report {
   confd_hkeypath_t key_path_;
 };
 
-int iterate(const element::Transaction &transaction, Iterator iterator, void *state, const char *format,
-            std::va_list arguments) {
+int iterate(HostSession &session, Iterator iterator, void *state, const char *format, std::va_list arguments) {
   ResolvedPath path;
-  if (const int reason = path.resolve(transaction.candidate.schema(), format, arguments); reason != 0) {
-    return fail(reason);
-  }
+  const int reason = resolve_path(session, SeamFunction::maapi_keypath_diff_iterate, path, format, arguments);
+  if (reason != 0) return fail(reason);
+  const element::Transaction &transaction = *session.transaction();
   Report report(iterator, state);
   if (path.begin() == path.end()) {
     report.below(transaction.changes);
@@ -114,7 +113,7 @@ int maapi_keypath_diff_iterate(int sock, int thandle,
 
   std::va_list arguments;
   va_start(arguments, fmtpath);
-  const int result = host::iterate(*session->transaction(), iter, initstate, fmtpath, arguments);
+  const int result = host::iterate(*session, iter, initstate, fmtpath, arguments);
   va_end(arguments);
   return result;
 }

@@ -77,7 +77,8 @@ int check_keys(const element::SchemaNode &list, const confd_value_t *keys, int c
 int open_cursor(HostSession &session, maapi_cursor &mc, const char *format, std::va_list arguments) {
   const element::Tree &candidate = session.transaction()->candidate;
   ResolvedPath path;
-  if (const int reason = path.resolve(candidate.schema(), format, arguments); reason != 0) return fail(reason);
+  if (const int reason = resolve_path(session, SeamFunction::maapi_init_cursor, path, format, arguments); reason != 0)
+    return fail(reason);
   if (!path.is_list()) return fail(CONFD_ERR_BADPATH);
   mc.host = session.state().cursors.open(path.target(), locate(candidate, path).node);
   ++session.statistics.open_cursors;

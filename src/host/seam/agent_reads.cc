@@ -22,7 +22,7 @@ struct Read {
     session = enter_transaction(function, sock, thandle);
     if (session == nullptr) return false;
     const element::Tree &candidate = session->transaction()->candidate;
-    if (const int reason = path.resolve(candidate.schema(), format, arguments); reason != 0) {
+    if (const int reason = resolve_path(*session, function, path, format, arguments); reason != 0) {
       fail(reason);
       return false;
     }

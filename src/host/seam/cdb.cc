@@ -25,7 +25,8 @@ struct ListRead {
     const bool served = session->state().cdb_sockets.count(sock) != 0 && session->transaction() != nullptr;
     if (!served) return give_up(CONFD_ERR_NOSESSION);
     const element::Tree &running = session->transaction()->running;
-    if (const int reason = path.resolve(running.schema(), format, arguments); reason != 0) return give_up(reason);
+    if (const int reason = resolve_path(*session, function, path, format, arguments); reason != 0)
+      return give_up(reason);
     if (!path.is_list()) return give_up(CONFD_ERR_BADPATH);
     list = locate(running, path).node;
     return true;

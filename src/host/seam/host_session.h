@@ -62,6 +62,12 @@ inline constexpr std::size_t seam_function_count = static_cast<std::size_t>(Seam
 /// cdb_session_end.
 std::string_view name(SeamFunction function);
 
+/// A call whose path is none of the data model's, so that it failed without a look at the configuration.
+struct UnreadablePath {
+  SeamFunction function = SeamFunction::count;
+  std::string path;  ///< as the caller's format and arguments give it
+};
+
 /// The platform calls since the last reset, and what they opened or allocated. Whatever is still open or owned by the
 /// plug-in after a validation call was leaked by it.
 struct CallStatistics {
@@ -71,6 +77,7 @@ struct CallStatistics {
   std::int64_t owned_values = 0;   ///< strings that the plug-in must free and has not yet freed
   std::vector<int> timeouts;       ///< seconds of every time-out extension
   std::vector<std::string> trace;  ///< "category: text" of every trace call
+  std::vector<UnreadablePath> unreadable_paths;
 };
 
 /// Lets the n-th call of a function fail, counted from 1 since the statistics were reset; n = 0: none fails. Functions

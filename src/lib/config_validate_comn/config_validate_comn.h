@@ -10,7 +10,7 @@
 #include <unordered_map>
 
 #include "confd_dp.h"
-#include "config_validate_comn/access_snapshot.h"
+#include "config_validate_comn/snapshot/access_snapshot.h"
 
 // For each access interface, while the snapshot is being filled.
 

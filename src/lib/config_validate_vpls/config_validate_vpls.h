@@ -8,8 +8,8 @@
 #include <unordered_map>
 
 #include "confd_dp.h"
-#include "config_validate_comn/access_snapshot.h"
-#include "config_validate_vpn/pseudowire_map.h"
+#include "config_validate_comn/snapshot/access_snapshot.h"
+#include "config_validate_vpn/shared/pseudowire_map.h"
 
 // Access interfaces (vpn_access_valp).
 

@@ -9,7 +9,7 @@
 
 #include "confd_dp.h"
 #include "confd_maapi.h"
-#include "config_validate_comn/access_snapshot.h"
+#include "config_validate_comn/snapshot/access_snapshot.h"
 
 /// Whether the access interface that the cursor stands on is untagged, or has a dot1q-range. A failed read says no.
 bool vpls_has_encapsulation_untagged(std::int32_t sock, confd_trans_ctx *tctx, const maapi_cursor &mc);

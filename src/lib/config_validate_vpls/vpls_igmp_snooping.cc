@@ -1,6 +1,6 @@
-#include "config_validate_comn/guards.h"
-#include "config_validate_comn/interface_identifiers.h"
-#include "config_validate_comn/value_assert.h"
+#include "config_validate_comn/daemon/guards.h"
+#include "config_validate_comn/daemon/interface_identifiers.h"
+#include "config_validate_comn/daemon/value_assert.h"
 #include "config_validate_vpls/vpls_access_checks.h"
 
 namespace {

@@ -2,8 +2,9 @@
 #include <string>
 
 #include "confd_maapi.h"
-#include "config_validate_comn/guards.h"
-#include "config_validate_comn/value_assert.h"
+#include "config_validate_comn/daemon/guards.h"
+#include "config_validate_comn/daemon/value_assert.h"
+#include "config_validate_comn/rules/service_port_names.h"
 #include "config_validate_vpls/config_validate_vpls.h"
 
 namespace {
@@ -47,8 +48,6 @@ bool begins_with(const std::string &text, const std::string &prefix) {
   return text.compare(0, prefix.size(), prefix) == 0;
 }
 
-bool is_service_port(const std::string &interface) { return begins_with(interface, "service"); }
-
 // - The walk begins at the first entry of the whole list and ends at the first of another group or VPN: it meets
 //   interfaces only for the VPN that comes first in the list, and every other VPN may mix.
 // - Names are compared by prefix: the path's group G1 also matches the entries of group G10.
@@ -74,7 +73,7 @@ std::int32_t config_validate_vpls_access_interface_type(std::int32_t sock, confd
   scoped_cursor mc;
   maapi_init_cursor(sock, tctx->thandle, &mc, "/internal/int-sub-vpls-vpn-ac");
   const std::optional<std::string> other = find_first_other_interface(mc, ac);
-  if (other && is_service_port(ac.interface) != is_service_port(*other)) {
+  if (other && begins_with_service(ac.interface) != begins_with_service(*other)) {
     confd_trans_seterr(tctx, "Cannot configure access interfaces service-port and ethernet in the same VPN");
     return CONFD_ERR;
   }
@@ -89,7 +88,7 @@ std::int32_t config_validate_vpls_service_port_config(std::int32_t sock, confd_t
       "/mpls/l2vpn-config/l2vpn/vpls-group{" + ac.group + "}/vpn{" + ac.vpn + "}/bridge-domain/transparent-lan-service";
   if (check_tag(tctx, kp, ac.interface) == CONFD_ERR) return CONFD_ERR;
 
-  if (is_service_port(ac.interface) && maapi_exists(sock, tctx->thandle, "%s", tls_path.c_str()) == 0) {
+  if (begins_with_service(ac.interface) && maapi_exists(sock, tctx->thandle, "%s", tls_path.c_str()) == 0) {
     confd_trans_seterr(tctx, "To use a service-port as access interface, transparent-lan-service must be enabled");
     return CONFD_ERR;
   }

@@ -1,9 +1,9 @@
 #include <string>
 
 #include "confd_maapi.h"
-#include "config_validate_comn/path_format.h"
-#include "config_validate_comn/pseudowire_rules.h"
-#include "config_validate_comn/value_assert.h"
+#include "config_validate_comn/daemon/path_format.h"
+#include "config_validate_comn/daemon/value_assert.h"
+#include "config_validate_comn/rules/pseudowire_rules.h"
 #include "config_validate_vpls/config_validate_vpls.h"
 #include "config_validate_vpls/qnconfd_cdb_session.h"
 

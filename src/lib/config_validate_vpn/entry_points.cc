@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "config_validate_vpn/platform_limits.h"
+#include "config_validate_vpn/shared/platform_limits.h"
 #include "config_validate_vpn/validation_points.h"
 #include "qnconfd.h"
 

@@ -9,7 +9,7 @@
 
 #include "confd_dp.h"
 #include "confd_maapi.h"
-#include "config_validate_comn/access_snapshot.h"
+#include "config_validate_comn/snapshot/access_snapshot.h"
 
 /// Whether the access interface that the cursor stands on has a dot1q-range, or is untagged. A failed read says no. The
 /// cursor's names must be known to be names.

@@ -1,23 +1,24 @@
-#include "config_validate_comn/access_interface_checks.h"
 #include "config_validate_comn/config_validate_comn.h"
-#include "config_validate_comn/interface_encapsulation.h"
-#include "config_validate_comn/path_format.h"
-#include "config_validate_comn/value_assert.h"
-#include "config_validate_comn/vpn_names.h"
+#include "config_validate_comn/daemon/interface_encapsulation.h"
+#include "config_validate_comn/daemon/path_format.h"
+#include "config_validate_comn/daemon/value_assert.h"
+#include "config_validate_comn/rules/access_interface_checks.h"
+#include "config_validate_comn/snapshot/vpn_names.h"
 #include "config_validate_vpws/vpws_access_checks.h"
 
 namespace {
 
-std::string encap_path(const std::string &group, const std::string &vpn, std::uint32_t vpn_id,
-                       const std::string &interface, const char *node) {
-  return format_path("/internal/int-vpws-intf-encap{%s %s %u %s}/%s", group.c_str(), vpn.c_str(), vpn_id,
-                     interface.c_str(), node);
+std::string encap_path(std::string_view group, std::string_view vpn, std::uint32_t vpn_id, std::string_view interface,
+                       const char *node) {
+  return join_path(
+      {"/internal/int-vpws-intf-encap{", group, " ", vpn, " ", decimal_t(vpn_id), " ", interface, "}/", node});
 }
 
 // The id's type is not looked at: a VPN that another rule refuses is refused by that rule's message, and only an
 // attachment that is to be recorded stops on an id that is none.
 std::string encap_path(const maapi_cursor &mc, const char *node) {
-  return encap_path(GET_BUF(&mc.keys[0]), GET_BUF(&mc.keys[1]), mc.keys[2].val.u32, GET_BUF(&mc.keys[3]), node);
+  return encap_path(GET_BUF_VIEW(&mc.keys[0]), GET_BUF_VIEW(&mc.keys[1]), mc.keys[2].val.u32, GET_BUF_VIEW(&mc.keys[3]),
+                    node);
 }
 
 st_acc_dot1q_range_t range_of(const confd_value_t *v) { return {GET_UINT32(&v[0]), GET_UINT32(&v[1])}; }
@@ -71,7 +72,7 @@ std::int32_t config_validate_vpws_access_encap(std::int32_t sock, confd_trans_ct
 
   const encap_ranges_t ranges(
       sock, tctx,
-      encap_path(bare_group_name(group), bare_vpn_name(vpn), vpn_id, interface, "int-vpws-encap-dot1q-range"));
+      encap_path(bare_group_view(group), bare_vpn_view(vpn), vpn_id, interface, "int-vpws-encap-dot1q-range"));
   if (!ranges.is_read()) return CONFD_OK;
   if (check_ranges(sock, tctx, group, vpn, interface, ranges, snapshot) == CONFD_ERR) return CONFD_ERR;
   if (config_validate_vpws_access_untagged(tctx, group, vpn, interface, has_untagged, snapshot) == CONFD_ERR) {

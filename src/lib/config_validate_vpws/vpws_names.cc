@@ -1,8 +1,8 @@
 #include <string>
 
 #include "confd_maapi.h"
-#include "config_validate_comn/guards.h"
-#include "config_validate_comn/value_assert.h"
+#include "config_validate_comn/daemon/guards.h"
+#include "config_validate_comn/daemon/value_assert.h"
 #include "config_validate_vpws/config_validate_vpws.h"
 
 namespace {

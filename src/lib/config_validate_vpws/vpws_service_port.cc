@@ -4,12 +4,11 @@
 #include <string>
 
 #include "confd_maapi.h"
-#include "config_validate_comn/value_assert.h"
+#include "config_validate_comn/daemon/value_assert.h"
+#include "config_validate_comn/rules/service_port_names.h"
 #include "config_validate_vpws/config_validate_vpws.h"
 
 namespace {
-
-bool is_service_port(const std::string &interface) { return interface.find("service-port") != std::string::npos; }
 
 // What stands after the last "-". A "-" at the end of the name has nothing after it and does not count.
 std::string get_last_piece(const std::string &interface) {
@@ -44,7 +43,7 @@ bool has_vlan_action(std::int32_t sock, confd_trans_ctx *tctx, int number) {
 std::int32_t config_validate_vpws_service_port(std::int32_t sock, confd_trans_ctx *tctx, confd_hkeypath_t *kp,
                                                confd_value_t * /*newval*/) {
   const std::string interface = GET_BUF(&kp->v[0][0]);
-  if (!is_service_port(interface)) return CONFD_OK;
+  if (!holds_service_port(interface)) return CONFD_OK;
 
   const std::optional<int> number = get_service_port_number(interface);
   if (!number) {

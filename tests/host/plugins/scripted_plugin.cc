@@ -50,7 +50,7 @@ confd_value_t read_group(confd_trans_ctx *tctx, std::int32_t sock, const std::st
 confd_value_t kept_value;
 QnConfdCdbSessionBase *kept_session = nullptr;
 
-std::int32_t do_scripted_plugin(confd_trans_ctx *tctx, std::int32_t sock, const std::string &told) {
+std::int32_t answer_to(confd_trans_ctx *tctx, std::int32_t sock, const std::string &told) {
   if (told == "answer 7") return 7;
   if (told == "answer -2") return CONFD_EOF;
   if (told == "reject without a text") return CONFD_ERR;
@@ -61,6 +61,11 @@ std::int32_t do_scripted_plugin(confd_trans_ctx *tctx, std::int32_t sock, const 
   }
   if (told == "throw") throw std::runtime_error("told to");
   if (told == "allocate too much") throw std::bad_array_new_length();
+  if (told.rfind("ask", 0) == 0) {
+    const std::string path = "/mpls/l2vpn-config/l2vpn/vpws-group{" + told + "}";
+    maapi_exists(sock, tctx->thandle, "%s", path.substr(0, 511).c_str());
+    maapi_exists(sock, tctx->thandle, "/no/such/node");
+  }
   if (told == "keep a value") kept_value = read_group(tctx, sock, told);
   if (told == "keep a session") {
     kept_session = new QnConfdCdbSessionBase(qnconfd_instance_get(tctx->vcb_opaque), CDB_RUNNING, true);
@@ -96,7 +101,7 @@ std::int32_t validate(confd_trans_ctx *tctx, confd_hkeypath_t *kp, confd_value_t
     return show(tctx, kp, newval);
   }
   const bool is_name_point = std::string(tctx->validate_opaque) == "vpn_name_valp";
-  return is_name_point ? do_scripted_plugin(tctx, sock, shown(kp->v[0][0])) : CONFD_OK;
+  return is_name_point ? answer_to(tctx, sock, shown(kp->v[0][0])) : CONFD_OK;
 }
 
 std::int32_t lib_finish(void **) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "build_paths.h"
 #include "confd_dp.h"
 #include "element/datastore/transaction.h"
 #include "element/profile/profile.h"

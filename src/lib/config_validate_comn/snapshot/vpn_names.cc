@@ -1,0 +1,23 @@
+#include "config_validate_comn/snapshot/vpn_names.h"
+
+namespace {
+
+bool contains(const std::string &text, const char *part) { return text.find(part) != std::string::npos; }
+
+std::string_view without_first(std::string_view text, std::size_t count) {
+  return text.substr(text.size() > count ? count : text.size());
+}
+
+}  // namespace
+
+bool is_vpls_group(const std::string &group) { return contains(group, static_cast<const char *>(kVplsGroupPrefix)); }
+
+bool is_vpws_group(const std::string &group) { return contains(group, static_cast<const char *>(kVpwsGroupPrefix)); }
+
+std::string_view bare_group_view(const std::string &group) { return without_first(group, sizeof kVplsGroupPrefix - 1); }
+
+std::string_view bare_vpn_view(const std::string &vpn) { return without_first(vpn, sizeof kVpnPrefix - 1); }
+
+std::string bare_group_name(const std::string &group) { return std::string(bare_group_view(group)); }
+
+std::string bare_vpn_name(const std::string &vpn) { return std::string(bare_vpn_view(vpn)); }
