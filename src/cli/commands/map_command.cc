@@ -59,7 +59,7 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   file.write(to_picture(drawn));
   file.publish();
   if (!diagnosis.breach.empty()) {
-    environment.err << "vpnval: the search ended early: " << report::printable(diagnosis.breach) << '\n';
+    environment.err << "vpnval: search stopped: " << report::printable(diagnosis.breach) << '\n';
   }
   environment.out << fmt::format("{}: {}. {}\n", report::printable(arguments.output), count_text(drawn),
                                  verdict_text(drawn));
