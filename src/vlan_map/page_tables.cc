@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
+#include "vlan_map/labels.h"
 #include "vlan_map/markup.h"
-#include "vlan_map/words.h"
 
 namespace vlan_map {
 namespace {

@@ -13,8 +13,8 @@
 #include "vlan_map/claims.h"
 #include "vlan_map/conflicts.h"
 #include "vlan_map/html.h"
+#include "vlan_map/labels.h"
 #include "vlan_map/svg.h"
-#include "vlan_map/words.h"
 
 namespace cli {
 namespace {

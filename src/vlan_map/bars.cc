@@ -1,67 +1,67 @@
-#include "vlan_map/marks.h"
+#include "vlan_map/bars.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 
+#include "vlan_map/labels.h"
 #include "vlan_map/markup.h"
-#include "vlan_map/words.h"
 
 namespace vlan_map {
 namespace {
 
 constexpr double kBaseline = 11.5;
 
-std::string label_of(std::string_view signs, const Claim &claim, const VlanRange &vlans) {
+std::string label_of(std::string_view badge, const Claim &claim, const VlanRange &vlans) {
   const bool is_vpn = !claim.group.empty();
   const std::string holder = is_vpn ? claim.group + " " + claim.vpn : vpn_text(claim);
-  return fmt::format("{} {} {}", signs, holder, text_of(vlans));
+  return fmt::format("{} {} {}", badge, holder, text_of(vlans));
 }
 
 std::string box_markup(std::string_view label) {
   return fmt::format(R"(<rect class="bar" width="100%" height="100%"/><text x="{}" y="{}">{}</text></svg>)",
-                     kMarkPadding, kBaseline, label);
+                     kBarPadding, kBaseline, label);
 }
 
 }  // namespace
 
-std::string classes_of(const Map &map, const Claim &claim, bool is_former) {
-  std::string classes = fmt::format("mark {} {}", class_of(claim.application),
-                                    is_former ? std::string_view("former") : class_of(claim.standing));
-  if (is_former || claim.conflicts.empty()) return classes;
+std::string classes_of(const Map &map, const Claim &claim, bool is_previous) {
+  std::string classes = fmt::format("mark {} {}", class_of(claim.claimant),
+                                    is_previous ? std::string_view("former") : class_of(claim.status));
+  if (is_previous || claim.conflicts.empty()) return classes;
   const bool is_rejected = std::any_of(claim.conflicts.begin(), claim.conflicts.end(),
                                        [&map](std::size_t index) { return !map.conflicts[index].is_warning; });
   return classes + (is_rejected ? " rejected" : " warned");
 }
 
-std::string mark_markup(const Map &map, const Port &port, const Mark &mark, std::string_view attributes,
-                        std::string_view title) {
-  const Claim &claim = port.claims[mark.claim];
-  const double y = kRowPadding + static_cast<double>(mark.lane) * kLanePitch;
+std::string bar_markup(const Map &map, const Port &port, const Bar &bar, std::string_view attributes,
+                       std::string_view title) {
+  const Claim &claim = port.claims[bar.claim];
+  const double y = kRowPadding + static_cast<double>(bar.lane) * kLanePitch;
   std::string markup =
       fmt::format(R"(<svg class="{}" x="{:.2f}" y="{}" width="{:.2f}" height="{}" role="img"{}>)",
-                  classes_of(map, claim, mark.is_former), mark.x, y, mark.width, kMarkHeight, attributes);
+                  classes_of(map, claim, bar.is_previous), bar.x, y, bar.width, kBarHeight, attributes);
   if (!title.empty()) markup += fmt::format("<title>{}</title>", title);
-  return markup + box_markup(to_markup(label_of(mark.signs, claim, mark.vlans)));
+  return markup + box_markup(to_markup(label_of(bar.badge, claim, bar.vlans)));
 }
 
-std::string mark_sentence(const Map &map, const Port &port, const Mark &mark) {
-  const Claim &claim = port.claims[mark.claim];
+std::string bar_sentence(const Map &map, const Port &port, const Bar &bar) {
+  const Claim &claim = port.claims[bar.claim];
   const std::string sentence = sentence_of(map, port, claim);
-  return mark.is_former ? "Before this commit, " + text_of(mark.vlans) + " - " + sentence : sentence;
+  return bar.is_previous ? "Before this commit, " + text_of(bar.vlans) + " - " + sentence : sentence;
 }
 
-std::string meetings_markup(const Map &map, std::size_t port, double height) {
+std::string overlaps_markup(const Map &map, std::size_t port, double height) {
   constexpr double least_width = 6;
   std::string markup;
   for (const std::size_t index : map.ports[port].conflicts) {
-    for (const Meeting &meeting : map.conflicts[index].meetings) {
-      if (meeting.port != port) continue;
-      const double x = left_of(meeting.vlans.first);
+    for (const Overlap &overlap : map.conflicts[index].overlaps) {
+      if (overlap.port != port) continue;
+      const double x = left_of(overlap.vlans.first);
       markup += fmt::format(
           R"(<rect class="meeting {}" x="{:.2f}" y="0" width="{:.2f}" height="{}" data-first="{}" data-last="{}"/>)",
           map.conflicts[index].is_warning ? "warned" : "rejected", x,
-          std::max(right_of(meeting.vlans.last) - x, least_width), height, meeting.vlans.first, meeting.vlans.last);
+          std::max(right_of(overlap.vlans.last) - x, least_width), height, overlap.vlans.first, overlap.vlans.last);
     }
   }
   return markup;
@@ -100,8 +100,8 @@ const std::vector<LegendEntry> &legend() {
 
 std::string sample_markup(const LegendEntry &entry, std::string_view attributes) {
   return fmt::format(R"(<svg class="mark {}" width="{:.2f}" height="{}" aria-hidden="true"{}>)", entry.classes,
-                     mark_width(entry.signs), kMarkHeight, attributes) +
-         box_markup(entry.signs);
+                     bar_width(entry.badge), kBarHeight, attributes) +
+         box_markup(entry.badge);
 }
 
 }  // namespace vlan_map

@@ -1,4 +1,4 @@
-#include "vlan_map/words.h"
+#include "vlan_map/labels.h"
 
 #include <fmt/format.h>
 
@@ -12,35 +12,35 @@ std::string counted(std::size_t count, std::string_view one) {
   return fmt::format("{} {}{}", count, one, count == 1 ? "" : "s");
 }
 
-std::size_t count_claims(const Map &map, Standing standing) {
+std::size_t count_claims(const Map &map, ChangeStatus status) {
   std::size_t count = 0;
   for (const Port &port : map.ports) {
-    count += static_cast<std::size_t>(std::count_if(
-        port.claims.begin(), port.claims.end(), [standing](const Claim &claim) { return claim.standing == standing; }));
+    count += static_cast<std::size_t>(std::count_if(port.claims.begin(), port.claims.end(),
+                                                    [status](const Claim &claim) { return claim.status == status; }));
   }
   return count;
 }
 
 }  // namespace
 
-std::string_view class_of(Application application) {
+std::string_view class_of(Claimant claimant) {
   static constexpr std::array<std::string_view, 5> names{"vpws", "vpls", "member", "uplink", "snooping"};
-  return names.at(static_cast<std::size_t>(application));
+  return names.at(static_cast<std::size_t>(claimant));
 }
 
-std::string_view class_of(Standing standing) {
+std::string_view class_of(ChangeStatus status) {
   static constexpr std::array<std::string_view, 4> names{"unchanged", "added", "changed", "removed"};
-  return names.at(static_cast<std::size_t>(standing));
+  return names.at(static_cast<std::size_t>(status));
 }
 
-char letter_of(Application application) {
+char letter_of(Claimant claimant) {
   static constexpr std::string_view letters = "WLMUS";
-  return letters.at(static_cast<std::size_t>(application));
+  return letters.at(static_cast<std::size_t>(claimant));
 }
 
-char sign_of(Standing standing) {
+char sign_of(ChangeStatus status) {
   static constexpr std::string_view signs{"\0+~-", 4};
-  return signs.at(static_cast<std::size_t>(standing));
+  return signs.at(static_cast<std::size_t>(status));
 }
 
 std::string text_of(const VlanRange &vlans) {
@@ -51,38 +51,38 @@ std::string text_of(const VlanRange &vlans) {
 }
 
 std::string group_text(const Claim &claim) {
-  switch (claim.application) {
-    case Application::vpws:
+  switch (claim.claimant) {
+    case Claimant::vpws:
       return "vpws-group " + claim.group;
-    case Application::vpls:
+    case Claimant::vpls:
       return "vpls-group " + claim.group;
-    case Application::vlan_manager:
+    case Claimant::static_member:
       return "VLAN manager";
-    case Application::uplink:
+    case Claimant::uplink:
       return "LDP uplink";
-    case Application::snooping:
+    case Claimant::snooping:
       break;
   }
   return "igmp-snooping";
 }
 
 std::string vpn_text(const Claim &claim) {
-  switch (claim.application) {
-    case Application::vpws:
-    case Application::vpls:
+  switch (claim.claimant) {
+    case Claimant::vpws:
+    case Claimant::vpls:
       return "vpn " + claim.vpn;
-    case Application::vlan_manager:
+    case Claimant::static_member:
       return "vlan " + claim.vpn;
-    case Application::uplink:
-    case Application::snooping:
+    case Claimant::uplink:
+    case Claimant::snooping:
       break;
   }
   return claim.vpn;
 }
 
 std::string commit_text(const Claim &claim) {
-  std::string text{class_of(claim.standing)};
-  if (claim.formerly) text += ", was " + text_of(*claim.formerly);
+  std::string text{class_of(claim.status)};
+  if (claim.previous_vlans) text += ", was " + text_of(*claim.previous_vlans);
   return text;
 }
 
@@ -110,15 +110,15 @@ std::string sentence_of(const Map &map, const Port &port, const Claim &claim) {
   return text;
 }
 
-std::string signs_of(const Map &map, const Claim &claim) {
+std::string badge_of(const Map &map, const Claim &claim) {
   const std::string conflict = claim.conflicts.empty() ? "" : conflict_sign(map, claim.conflicts.front());
-  return conflict + former_signs_of(claim);
+  return conflict + previous_badge(claim);
 }
 
-std::string former_signs_of(const Claim &claim) {
-  std::string signs;
-  if (const char sign = sign_of(claim.standing)) signs += sign;
-  return signs + letter_of(claim.application);
+std::string previous_badge(const Claim &claim) {
+  std::string badge;
+  if (const char sign = sign_of(claim.status)) badge += sign;
+  return badge + letter_of(claim.claimant);
 }
 
 std::string verdict_text(const Map &map) {
@@ -138,8 +138,8 @@ std::string count_text(const Map &map) {
   std::size_t claims = 0;
   for (const Port &port : map.ports) claims += port.claims.size();
   return fmt::format("{}, {}: {} added, {} changed, {} removed", counted(map.ports.size(), "port"),
-                     counted(claims, "claim"), count_claims(map, Standing::added), count_claims(map, Standing::changed),
-                     count_claims(map, Standing::removed));
+                     counted(claims, "claim"), count_claims(map, ChangeStatus::added),
+                     count_claims(map, ChangeStatus::changed), count_claims(map, ChangeStatus::removed));
 }
 
 }  // namespace vlan_map

@@ -1,4 +1,4 @@
-#include "headroom/search.h"
+#include "headroom/boundary.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 namespace {
 
 using headroom::Answer;
-using headroom::Edge;
+using headroom::Boundary;
 
 /// A library that accepts up to a number, and remembers what it was asked.
 struct Library {
@@ -33,67 +33,67 @@ std::optional<std::uint64_t> tells_nothing(const Answer & /*rejection*/, std::ui
 std::optional<std::uint64_t> always_tells_one(const Answer & /*rejection*/, std::uint64_t /*more*/) { return 1; }
 std::optional<std::uint64_t> tells_too_much(const Answer & /*rejection*/, std::uint64_t more) { return more + 7; }
 
-void expect_edge_at(std::uint64_t most, std::uint64_t suspected, const headroom::Excess &excess, Library &library) {
-  const Edge edge = find_edge(1000, suspected, library.rejection(), excess);
-  EXPECT_EQ(edge.accepted, most) << "suspected at " << suspected;
-  ASSERT_TRUE(edge.rejection);
-  EXPECT_EQ(edge.rejection->message, std::to_string(most + 1)) << "suspected at " << suspected;
+void expect_boundary_at(std::uint64_t most, std::uint64_t expected, const headroom::Excess &excess, Library &library) {
+  const Boundary boundary = find_boundary(1000, expected, library.rejection(), excess);
+  EXPECT_EQ(boundary.accepted, most) << "expected at " << expected;
+  ASSERT_TRUE(boundary.rejection);
+  EXPECT_EQ(boundary.rejection->message, std::to_string(most + 1)) << "expected at " << expected;
   EXPECT_TRUE(most == 0 || library.was_asked(most)) << most;
   EXPECT_TRUE(library.was_asked(most + 1)) << most;
 }
 
-TEST(Search, asks_on_both_sides_of_every_edge_whatever_is_suspected_or_told) {
+TEST(Boundary, is_asked_for_on_both_sides_whatever_is_expected_or_told) {
   for (std::uint64_t most = 0; most < 70; ++most) {
-    for (const std::uint64_t suspected : {0U, 1U, 7U, 64U, 999U}) {
+    for (const std::uint64_t expected : {0U, 1U, 7U, 64U, 999U}) {
       Library library{most};
       for (const headroom::Excess &excess : {library.true_excess(), headroom::Excess(tells_nothing),
                                              headroom::Excess(always_tells_one), headroom::Excess(tells_too_much)}) {
         library.asked.clear();
-        expect_edge_at(most, suspected, excess, library);
+        expect_boundary_at(most, expected, excess, library);
       }
     }
   }
 }
 
-TEST(Search, asks_for_an_edge_that_is_suspected_rightly_twice) {
+TEST(Boundary, takes_two_questions_where_it_is_expected) {
   Library library{60};
-  find_edge(1000, 60, library.rejection(), library.true_excess());
+  find_boundary(1000, 60, library.rejection(), library.true_excess());
   EXPECT_EQ(library.asked, (std::vector<std::uint64_t>{61, 60}));
 }
 
-TEST(Search, asks_seldom_where_a_rejection_tells_the_edge) {
+TEST(Boundary, takes_few_questions_where_a_rejection_tells_it) {
   Library library{700};
-  find_edge(10000, 0, library.rejection(), library.true_excess());
+  find_boundary(10000, 0, library.rejection(), library.true_excess());
   EXPECT_EQ(library.asked, (std::vector<std::uint64_t>{1, 2, 4, 8, 16, 32, 64, 128, 256, 512, 1024, 700, 701}));
 }
 
-TEST(Search, believes_a_rejection_that_told_wrong_once_only) {
+TEST(Boundary, is_not_sought_twice_where_a_rejection_told_it_wrongly) {
   Library library{5};
-  find_edge(1000, 63, library.rejection(), always_tells_one);
+  find_boundary(1000, 63, library.rejection(), always_tells_one);
   EXPECT_EQ(library.asked, (std::vector<std::uint64_t>{64, 63, 31, 15, 7, 3, 5, 6}));
 }
 
-TEST(Search, ends_where_there_is_no_room) {
+TEST(Boundary, is_missing_where_the_room_ends_before) {
   for (const std::uint64_t room : {1U, 2U, 3U, 100U}) {
     Library library{1000};
-    const Edge edge = find_edge(room, 0, library.rejection(), tells_nothing);
-    EXPECT_EQ(edge.accepted, room);
-    EXPECT_FALSE(edge.rejection);
+    const Boundary boundary = find_boundary(room, 0, library.rejection(), tells_nothing);
+    EXPECT_EQ(boundary.accepted, room);
+    EXPECT_FALSE(boundary.rejection);
     EXPECT_EQ(library.asked.back(), room);
   }
 }
 
-TEST(Search, asks_nothing_where_there_is_no_room_at_all) {
+TEST(Boundary, takes_no_question_where_there_is_no_room) {
   Library library;
-  const Edge edge = find_edge(0, 5, library.rejection(), tells_nothing);
-  EXPECT_EQ(edge.accepted, 0u);
-  EXPECT_FALSE(edge.rejection);
+  const Boundary boundary = find_boundary(0, 5, library.rejection(), tells_nothing);
+  EXPECT_EQ(boundary.accepted, 0u);
+  EXPECT_FALSE(boundary.rejection);
   EXPECT_TRUE(library.asked.empty());
 }
 
-TEST(Search, suspects_no_edge_beyond_the_room) {
+TEST(Boundary, is_not_sought_beyond_the_room) {
   Library library{1000};
-  EXPECT_EQ(find_edge(10, 500, library.rejection(), tells_nothing).accepted, 10u);
+  EXPECT_EQ(find_boundary(10, 500, library.rejection(), tells_nothing).accepted, 10u);
   EXPECT_EQ(library.asked, (std::vector<std::uint64_t>{10}));
 }
 
