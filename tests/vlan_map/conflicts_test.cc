@@ -30,7 +30,7 @@ Lines claims_of(const Map &map, const Conflict &conflict) {
   for (const vlan_map::ClaimPlace &place : conflict.claims) {
     const vlan_map::Port &port = map.ports[place.port];
     const vlan_map::Claim &claim = port.claims[place.claim];
-    lines.push_back(port.name + " " + text_of(claim.vlans) + " of " + vpn_text(claim));
+    lines.push_back(port.name + " " + vlan_map::text_of(claim.vlans) + " of " + vpn_text(claim));
   }
   return lines;
 }
@@ -38,7 +38,7 @@ Lines claims_of(const Map &map, const Conflict &conflict) {
 Lines overlaps_of(const Map &map, const Conflict &conflict) {
   Lines lines;
   for (const vlan_map::Overlap &overlap : conflict.overlaps) {
-    lines.push_back(map.ports[overlap.port].name + " " + text_of(overlap.vlans));
+    lines.push_back(map.ports[overlap.port].name + " " + vlan_map::text_of(overlap.vlans));
   }
   return lines;
 }

@@ -1,15 +1,30 @@
-#include "bench/xml_text.h"
+#include "tests/support/configuration/configuration_text.h"
 
 #include <fmt/format.h>
 
 #include <iterator>
+#include <string_view>
+#include <utility>
 
-namespace bench {
 namespace {
 
 using element::Node;
 using element::NodeKind;
 using element::SchemaNode;
+
+std::string escaped(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    if (c == '&') {
+      escaped += "&amp;";
+    } else if (c == '<') {
+      escaped += "&lt;";
+    } else {
+      escaped += c;
+    }
+  }
+  return escaped;
+}
 
 class Writer {
  public:
@@ -32,7 +47,7 @@ class Writer {
 
   void leaf(const SchemaNode &schema, const element::Value &value) {
     open(schema);
-    text += to_text(value);  // the shapes' names need no escapes
+    text += escaped(to_text(value));
     close(schema);
   }
 
@@ -47,10 +62,8 @@ class Writer {
 
 }  // namespace
 
-std::string xml_text(const element::Tree &tree) {
+std::string configuration_text(const element::Tree &tree) {
   Writer writer;
   writer.children(tree.root());
   return std::move(writer.text);
 }
-
-}  // namespace bench
