@@ -64,7 +64,11 @@ void Network::member(std::uint32_t vlan, const std::string &port) {
   configuration_.static_members.push_back({vlan, port});
 }
 
-std::string Network::text() const { return configuration_text(l2vpn::make_tree(schema(), configuration_)); }
+std::string Network::text() const {
+  element::Tree tree = l2vpn::make_tree(schema(), configuration_);
+  tree.put("/mpls");  // a file without any node is no configuration
+  return configuration_text(tree);
+}
 
 l2vpn::Vpn &Network::vpn(const l2vpn::VpnKey &key) {
   std::vector<l2vpn::Vpn> &vpns = configuration_.vpns;
