@@ -4,11 +4,13 @@
 
 #include <algorithm>
 
+#include "report/escape/markup.h"
 #include "vlan_map/labels.h"
-#include "vlan_map/markup.h"
 
 namespace vlan_map {
 namespace {
+
+using report::to_markup;
 
 constexpr double kBaseline = 11.5;
 

@@ -4,15 +4,17 @@
 
 #include <algorithm>
 
+#include "report/escape/markup.h"
 #include "vlan_map/assets.h"
 #include "vlan_map/bars.h"
 #include "vlan_map/labels.h"
 #include "vlan_map/layout.h"
-#include "vlan_map/markup.h"
 #include "vlan_map/page_tables.h"
 
 namespace vlan_map {
 namespace {
+
+using report::to_markup;
 
 constexpr double kRulerHeight = 18;
 

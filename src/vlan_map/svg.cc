@@ -7,14 +7,16 @@
 #include <string_view>
 #include <vector>
 
+#include "report/escape/markup.h"
 #include "vlan_map/assets.h"
 #include "vlan_map/bars.h"
 #include "vlan_map/labels.h"
 #include "vlan_map/layout.h"
-#include "vlan_map/markup.h"
 
 namespace vlan_map {
 namespace {
+
+using report::to_markup;
 
 constexpr double kMargin = 16;
 constexpr double kLineHeight = 18;
