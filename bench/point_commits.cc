@@ -9,6 +9,7 @@
 #include "bench/ports.h"
 #include "bench/shapes.h"
 #include "element/projection/projection.h"
+#include "l2vpn/edit.h"
 
 namespace bench {
 namespace {
@@ -27,22 +28,22 @@ constexpr const char *kUplinkPort = "uplink-1";
 std::string neighbor_address(std::size_t neighbor) { return fmt::format("10.0.{}.1", neighbor); }
 
 // By turns a VPLS VPN with a mesh of sixteen pseudowires and eight VPWS VPNs with a neighbour and its backup.
-std::string pseudowire_path(std::size_t index) {
+void put_pseudowire(Tree &tree, std::size_t index) {
   const std::size_t mesh = index / kPseudowiresAMesh;
-  const std::string address = neighbor_address(index % kPseudowiresAMesh);
+  const l2vpn::Neighbor neighbor{neighbor_address(index % kPseudowiresAMesh), static_cast<std::uint32_t>(index + 1)};
+  const l2vpn::VpnKey line{l2vpn::Family::vpws, "line", fmt::format("line-{:06}", index / 2)};
   if (mesh % 2 == 0) {
-    return fmt::format("/mpls/l2vpn-config/l2vpn/vpls-group{{mesh}}/vpn{{mesh-{:06}}}/vfi/neighbor{{{}}}", mesh,
-                       address);
+    l2vpn::put_neighbor(tree, {l2vpn::Family::vpls, "mesh", fmt::format("mesh-{:06}", mesh)}, neighbor);
+  } else if (index % 2 == 0) {
+    l2vpn::put_neighbor(tree, line, neighbor);
+  } else {
+    l2vpn::put_backup_neighbor(tree, line, neighbor);
   }
-  return fmt::format("/mpls/l2vpn-config/l2vpn/vpws-group{{line}}/vpn{{line-{:06}}}/{}neighbor{{{}}}", index / 2,
-                     index % 2 == 0 ? "" : "backup-", address);
 }
 
 Tree pseudowires(const element::Schema &schema, std::size_t count) {
   Tree tree(schema);
-  for (std::size_t index = 0; index < count; ++index) {
-    tree.put(pseudowire_path(index) + "/pw-id", static_cast<std::uint32_t>(index + 1));
-  }
+  for (std::size_t index = 0; index < count; ++index) put_pseudowire(tree, index);
   return tree;
 }
 
@@ -72,21 +73,21 @@ void put_vpns(Tree &tree, std::size_t member_vlans) {
   const std::size_t room = kLastVlan - 1 - std::min(member_vlans, kLastVlan - 1);
   const std::size_t vpns = std::min(member_vlans, room);
   for (std::size_t port = 0; port < kMemberPorts; ++port) {
-    const auto access = [port](std::size_t vpn) {
-      return fmt::format("/mpls/l2vpn-config/l2vpn/vpws-group{{access}}/vpn{{port-{:02}-{:04}}}/access-interface{{{}}}",
-                         port, vpn, port_name(port));
+    const auto key = [port](std::size_t vpn) {
+      return l2vpn::VpnKey{l2vpn::Family::vpws, "access", fmt::format("port-{:02}-{:04}", port, vpn)};
     };
-    tree.put(access(0) + "/encapsulation/untagged");
+    l2vpn::put_attachment(tree, key(0), {.interface = port_name(port), .untagged = true});
     for (std::size_t vpn = 1; vpn <= vpns; ++vpn) {
-      tree.put(access(vpn) + "/dot1q", static_cast<std::uint16_t>(kLastVlan - vpn));
+      const auto vlan = static_cast<std::uint32_t>(kLastVlan - vpn);
+      l2vpn::put_attachment(tree, key(vpn), {.interface = port_name(port), .dot1q = vlan});
     }
   }
 }
 
 void put_members(Tree &tree, std::size_t members) {
   for (std::size_t index = 0; index < members; ++index) {
-    tree.put(
-        fmt::format("/config/vlan{{{}}}/interface{{{}}}", 1 + index / kMemberPorts, port_name(index % kMemberPorts)));
+    const auto vlan = static_cast<std::uint32_t>(1 + index / kMemberPorts);
+    l2vpn::put_static_member(tree, {vlan, port_name(index % kMemberPorts)});
   }
 }
 
@@ -96,9 +97,8 @@ Tree memberships(const element::Schema &schema, std::size_t member_vlans, std::s
   put_members(tree, members);
   put_vpns(tree, member_vlans);
   if (member_vlans < kLastVlan) {
-    tree.put(fmt::format("/config/vlan{{{}}}/interface{{{}}}", kLastVlan, kUplinkPort));
-    tree.put("/config/l3-interface{l3-uplink}/vlan", static_cast<std::uint16_t>(kLastVlan));
-    tree.put("/mpls/ldp/interface{l3-uplink}");
+    l2vpn::put_static_member(tree, {kLastVlan, kUplinkPort});
+    l2vpn::put_uplink(tree, {"l3-uplink", kLastVlan});
   }
   return tree;
 }

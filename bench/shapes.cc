@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "bench/ports.h"
+#include "l2vpn/edit.h"
 
 namespace bench {
 namespace {
@@ -18,23 +19,14 @@ constexpr std::size_t kPortsAVpn = 16;
 constexpr const char *kShapeUplink = "uplink-1";
 constexpr const char *kSnoopingPort = "video-1";
 
-std::string vpls_vpn(std::string_view vpn) {
-  return fmt::format("/mpls/l2vpn-config/l2vpn/vpls-group{{access}}/vpn{{{}}}/bridge-domain", vpn);
-}
-
 void put_vpls(Tree &tree, std::string_view vpn, std::size_t vlan, std::size_t port) {
-  const std::string bridge_domain = vpls_vpn(vpn);
-  tree.put(bridge_domain + "/dot1q", static_cast<std::uint16_t>(vlan));
-  tree.put(fmt::format("{}/access-interface{{{}}}", bridge_domain, port_name(port)));
+  const l2vpn::VpnKey key{l2vpn::Family::vpls, "access", std::string(vpn)};
+  l2vpn::set_dot1q(tree, key, static_cast<std::uint32_t>(vlan));
+  l2vpn::put_attachment(tree, key, {.interface = port_name(port)});
 }
 
-std::string vpws_access(std::string_view vpn, std::size_t port) {
-  return fmt::format("/mpls/l2vpn-config/l2vpn/vpws-group{{access}}/vpn{{{}}}/access-interface{{{}}}", vpn,
-                     port_name(port));
-}
-
-void put_vpws(Tree &tree, std::string_view vpn, std::size_t vlan, std::size_t port) {
-  tree.put(vpws_access(vpn, port) + "/dot1q", static_cast<std::uint16_t>(vlan));
+void put_vpws(Tree &tree, std::string_view vpn, const l2vpn::Attachment &attachment) {
+  l2vpn::put_attachment(tree, {l2vpn::Family::vpws, "access", std::string(vpn)}, attachment);
 }
 
 void put_on_many_ports(Tree &tree, std::size_t index) {
@@ -46,9 +38,9 @@ void put_on_many_ports(Tree &tree, std::size_t index) {
     case 1:
       return put_vpls(tree, fmt::format("ports-{:05}-{}", port / kPortsAVpn, slot), 10 + slot, port);
     case 2:
-      return put_vpws(tree, own_vpn, 20, port);
+      return put_vpws(tree, own_vpn, {.interface = port_name(port), .dot1q = 20});
     default:
-      tree.put(vpws_access(own_vpn, port) + "/encapsulation/dot1q-range{200 299}");
+      return put_vpws(tree, own_vpn, {.interface = port_name(port), .ranges = {{200, 299}}});
   }
 }
 
@@ -59,7 +51,7 @@ void put_on_few_ports(Tree &tree, std::size_t index) {
   const std::size_t vlan = 1 + index % kVlans;
   const std::string vpn = fmt::format("port-{:06}-{:04}", port + 1, vlan);
   if (vlan % 2 == 1) return put_vpls(tree, vpn, vlan, port);
-  put_vpws(tree, vpn, vlan, port);
+  put_vpws(tree, vpn, {.interface = port_name(port), .dot1q = static_cast<std::uint32_t>(vlan)});
 }
 
 void put_access_interface(Tree &tree, Shape shape, std::size_t index) {
@@ -90,10 +82,9 @@ std::size_t ports_of(Shape shape, std::size_t access_interfaces) {
 
 Tree configuration(const element::Schema &schema, Shape shape, std::size_t access_interfaces) {
   Tree tree(schema);
-  tree.put(fmt::format("/config/vlan{{4094}}/interface{{{}}}", kShapeUplink));
-  tree.put("/config/l3-interface{l3-uplink}/vlan", std::uint16_t{4094});
-  tree.put(fmt::format("/config/igmp-snooping{{1}}/interface{{{}}}", kSnoopingPort));
-  tree.put("/mpls/ldp/interface{l3-uplink}");
+  l2vpn::put_static_member(tree, {4094, kShapeUplink});
+  l2vpn::put_uplink(tree, {"l3-uplink", 4094});
+  l2vpn::put_snooping_interface(tree, {1, kSnoopingPort});
   for (std::size_t index = 0; index < access_interfaces; ++index) put_access_interface(tree, shape, index);
   return tree;
 }

@@ -65,5 +65,9 @@ static_assert(std::is_same_v<decltype(limid_from_intfname), int(const char *, li
 static_assert(std::is_same_v<limid_t, uint32_t>);
 static_assert(std::is_same_v<decltype(valid_intfname), bool(const char *)>);
 static_assert(std::is_same_v<decltype(fm_scalar_card_vpn_mgr_access_ports), int(const fm_slot_t *, uint32_t *)>);
+// The type is what matters, whether or not the declaration lets the compiler check formats.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wignored-attributes"
 static_assert(std::is_same_v<decltype(zlog), void(zlog_category_t *, const char *, size_t, const char *, size_t, long,
                                                   int, const char *, ...)>);
+#pragma GCC diagnostic pop

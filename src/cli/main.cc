@@ -1,9 +1,12 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <iostream>
+#include <new>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -16,11 +19,28 @@ std::string variable(const char *name) {
   return value == nullptr ? "" : value;
 }
 
+/// The last word where memory runs out within a destructor, from which no exception gets out: a JSON value takes memory
+/// to free what it holds.
+[[noreturn]] void end_program() {
+  constexpr std::string_view message = "vpnval: out of memory\n";
+  try {
+    if (const std::exception_ptr error = std::current_exception()) std::rethrow_exception(error);
+  } catch (const std::bad_alloc &) {
+    if (write(STDERR_FILENO, message.data(), message.size()) >= 0) {
+      _exit(static_cast<int>(cli::ExitStatus::out_of_memory));
+    }
+  } catch (...) {
+    std::abort();
+  }
+  std::abort();
+}
+
 bool is_terminal(int file) { return isatty(file) == 1 && variable("TERM") != "dumb"; }
 
 }  // namespace
 
 int main(int argc, char **argv) {
+  std::set_terminate(end_program);
   std::ios::sync_with_stdio(false);
   std::error_code unknown;
   const cli::Environment environment{std::cout,

@@ -1,6 +1,7 @@
 #include "cli/run.h"
 
 #include <exception>
+#include <new>
 #include <string_view>
 
 #include "cli/command_line/arguments.h"
@@ -61,6 +62,10 @@ ExitStatus run(const std::vector<std::string> &arguments, const Environment &env
     return fail(error, ExitStatus::unwritable_file);
   } catch (const host::LoadError &error) {
     return fail(error, ExitStatus::no_plugin);
+  } catch (const std::bad_alloc &) {
+    // Nothing that allocates: what was being written may have been cut short.
+    environment.err << "vpnval: out of memory\n";
+    return ExitStatus::out_of_memory;
   } catch (const std::exception &error) {
     return fail(error, ExitStatus::internal);
   }

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view digits = "0123456789";
 
-/// Cuts the last number, with its sign, and all that follows it off the text.
+/// Returns the last number of the text, with its sign, and cuts it and all that follows it off the text.
 std::optional<std::int64_t> take_last_number(std::string_view &text) {
   const std::size_t last = text.find_last_of(digits);
   if (last == std::string_view::npos) return std::nullopt;
@@ -23,11 +23,11 @@ std::optional<std::int64_t> take_last_number(std::string_view &text) {
 
 }  // namespace
 
-std::optional<ToldNumbers> told_numbers(std::string_view message) {
+std::optional<LimitNumbers> parse_limit_message(std::string_view message) {
   const auto allowed = take_last_number(message);
   if (!allowed) return std::nullopt;
-  if (!message.ends_with(" of ")) return ToldNumbers{std::nullopt, *allowed};
-  return ToldNumbers{take_last_number(message), *allowed};
+  if (!message.ends_with(" of ")) return LimitNumbers{std::nullopt, *allowed};
+  return LimitNumbers{take_last_number(message), *allowed};
 }
 
 }  // namespace headroom

@@ -7,15 +7,15 @@
 
 namespace headroom {
 
-/// The numbers of a message about a limit.
-struct ToldNumbers {
-  std::optional<std::int64_t> configured;  ///< missing where the message tells the limit alone
+/// The numbers in a message about a limit.
+struct LimitNumbers {
+  std::optional<std::int64_t> configured;  ///< missing if the message names the limit only
   std::int64_t allowed = 0;
 };
 
-/// "... Attempt to configure 129 of 128 allowed", or a message whose last number is the limit. Nothing for a text
+/// Reads "... Attempt to configure 129 of 128 allowed", or a message whose last number is the limit. Nothing for a text
 /// without a number.
-std::optional<ToldNumbers> told_numbers(std::string_view message);
+std::optional<LimitNumbers> parse_limit_message(std::string_view message);
 
 }  // namespace headroom
 

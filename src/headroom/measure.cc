@@ -5,41 +5,41 @@
 #include <optional>
 #include <utility>
 
-#include "headroom/remainder.h"
+#include "headroom/limit_usage.h"
 
 namespace headroom {
 namespace {
 
-void append(std::vector<Fill> &fills, std::vector<Fill> more) {
-  fills.insert(fills.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+void append(std::vector<LimitProbe> &probes, std::vector<LimitProbe> more) {
+  probes.insert(probes.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }
 
-std::vector<Fill> all_fills(const Site &site) {
-  std::vector<Fill> fills;
-  fills.push_back(fill_of_vpns(site));
-  fills.push_back(fill_of_pseudowires(site));
-  append(fills, fills_of_access_interfaces(site));
-  fills.push_back(fill_of_encapsulation_vlans(site));
-  fills.push_back(fill_of_encapsulation_ranges(site));
-  append(fills, fills_of_interface_ranges(site));
-  append(fills, fills_of_bridge_mtu(site));
-  return fills;
+std::vector<LimitProbe> all_probes(const CommitContext &context) {
+  std::vector<LimitProbe> probes;
+  probes.push_back(probe_vpns(context));
+  probes.push_back(probe_pseudowires(context));
+  append(probes, probe_access_interfaces(context));
+  probes.push_back(probe_encapsulation_vlans(context));
+  probes.push_back(probe_encapsulation_ranges(context));
+  append(probes, probe_interface_ranges(context));
+  append(probes, probe_bridge_mtu(context));
+  return probes;
 }
 
-/// What is left according to the same limit of another VPN or interface; 0 where there is none to go by.
-std::uint64_t suspected_left(const Fill &fill, const std::vector<Remainder> &found) {
-  if (found.empty() || found.back().limit != fill.limit) return 0;
-  const Remainder &other = found.back();
-  const auto left = fill.used && other.allowed ? std::optional(*other.allowed - *fill.used) : other.left;
+/// What is probably left, judging by the same limit of the VPN or interface before; 0 if there is none.
+std::uint64_t expected_left(const LimitProbe &probe, const std::vector<LimitUsage> &found) {
+  if (found.empty() || found.back().limit != probe.limit) return 0;
+  const LimitUsage &other = found.back();
+  const auto left = probe.used && other.allowed ? std::optional(*other.allowed - *probe.used) : other.left;
   return static_cast<std::uint64_t>(std::max<std::int64_t>(0, left.value_or(0)));
 }
 
 }  // namespace
 
 Measurement measure(const host::Plugin &plugin, const Commit &commit, const Progress &progress) {
-  const Site site(commit);
-  const Judge judge(plugin, commit.running);
-  const host::Verdict verdict = judge.decide(site.load(), false);
+  const CommitContext context(commit);
+  const Validator validator(plugin, commit.running);
+  const host::Verdict verdict = validator.decide(context.trial(), false);
 
   Measurement measurement;
   measurement.decision = verdict.decision;
@@ -47,11 +47,11 @@ Measurement measure(const host::Plugin &plugin, const Commit &commit, const Prog
     if (point.answer != host::Answer::accepted) measurement.answers.push_back(answer_of(point));
   }
   const bool is_accepted = verdict.decision != host::Decision::rejected;
-  const std::vector<Fill> fills = all_fills(site);
-  for (const Fill &fill : fills) {
-    const std::uint64_t suspected = suspected_left(fill, measurement.remainders);
-    measurement.remainders.push_back(find_remainder(judge, fill, is_accepted, suspected));
-    progress(measurement.remainders.size(), fills.size());
+  const std::vector<LimitProbe> probes = all_probes(context);
+  for (const LimitProbe &probe : probes) {
+    const std::uint64_t expected = expected_left(probe, measurement.usages);
+    measurement.usages.push_back(find_usage(validator, probe, is_accepted, expected));
+    progress(measurement.usages.size(), probes.size());
   }
   return measurement;
 }

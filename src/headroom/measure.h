@@ -10,23 +10,23 @@
 
 namespace headroom {
 
-/// The most that any search adds to a candidate before it gives up.
+/// The most that a search adds to a candidate.
 inline constexpr std::uint64_t search_ceiling = 16384;
 
-/// What is to be committed, and to what: two operator's configurations, sorted, and an element.
+/// A commit on one element: two sorted trees of operator's nodes and the element's profile.
 struct Commit {
   element::Tree running;
   element::Tree candidate;
   element::Profile profile;
 };
 
-/// Hears after each limit how many of how many are measured.
+/// Called after each limit with the number of limits measured and of all limits.
 using Progress = std::function<void(std::size_t done, std::size_t total)>;
 
-/// Has the library decide the commit, and then candidates with more and more in them, until it says for every limit
-/// that it is too much. The library must have been loaded with the commit's card before it, for it reads some limits
-/// once; no element may be active. Throws element::InputError where the profile lacks an interface that a configuration
-/// needs, and host::ContractError.
+/// Has the library decide the commit, then finds for every limit how much more the library accepts, by asking it about
+/// ever fuller candidates. The library must have been loaded with the commit's card, because it reads some limits once.
+/// No element may be active. Throws element::InputError if the profile lacks an interface that a configuration needs,
+/// and host::ContractError.
 Measurement measure(const host::Plugin &plugin, const Commit &commit, const Progress &progress);
 
 }  // namespace headroom

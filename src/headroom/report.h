@@ -23,37 +23,37 @@ enum class Limit {
 
 /// What a validation point said to a commit.
 struct Answer {
-  std::string rule;  ///< id of the rule, empty where the rule table does not know the message
+  std::string rule;  ///< id of the rule; empty if the rule table does not know the message
   std::string point;
   std::string message;
 };
 
-/// How far a search for a limit came.
-enum class Standing {
-  measured,  ///< `left` more are accepted, one more draws the limit's own message
-  exceeded,  ///< there are too many already: `left` is negative
-  stopped,   ///< another message comes first, after `left` more, or at once where `left` is missing
-  no_room,   ///< `left` more are accepted, and there is no place for another one
-  no_limit   ///< `left` more are accepted, and no search goes further
+/// Where the search for a limit ended.
+enum class LimitState {
+  measured,  ///< `left` more are accepted, one more is rejected with the limit's own message
+  exceeded,  ///< the candidate has too many already: `left` is negative
+  stopped,   ///< another message comes first: after `left` more, or for the candidate itself if `left` is missing
+  no_room,   ///< `left` more are accepted, and the configuration has no place for another one
+  no_limit   ///< `left` more are accepted, and the search goes no further
 };
 
-/// What is left of one limit. A number is missing where no message tells it.
-struct Remainder {
+/// How much of one limit a candidate uses and what is left. A number is missing if no message tells it.
+struct LimitUsage {
   Limit limit = Limit::vpns;
-  std::string vpn;        ///< "vpls-group campus vpn data"; empty where the limit is of no VPN
-  std::string interface;  ///< empty where the limit is of no access interface
-  Standing standing = Standing::measured;
+  std::string vpn;        ///< "vpls-group campus vpn data"; empty for a limit of the element or the card
+  std::string interface;  ///< of a limit of one access interface; else empty
+  LimitState state = LimitState::measured;
   std::optional<std::int64_t> used;     ///< by the candidate
   std::optional<std::int64_t> allowed;  ///< negative: the card does not tell its limit
   std::optional<std::int64_t> left;
-  std::optional<Answer> stop;  ///< the message that one more draws; missing for no_room and no_limit
+  std::optional<Answer> stop;  ///< the rejection of one more; missing for no_room and no_limit
 };
 
-/// What an element makes of a commit.
+/// The verdict of one element on a commit, and what the commit leaves of its limits.
 struct Measurement {
   host::Decision decision = host::Decision::accepted;
-  std::vector<Answer> answers;  ///< the rejection or the warnings, as the element gives them
-  std::vector<Remainder> remainders;
+  std::vector<Answer> answers;  ///< the rejection, or the warnings
+  std::vector<LimitUsage> usages;
 };
 
 }  // namespace headroom

@@ -8,7 +8,7 @@
 namespace headroom {
 namespace {
 
-// Addresses that no router has: those that were kept for later use.
+// The first of the addresses that are reserved for future use, so that no router has one.
 constexpr std::uint32_t first_address = 0xF0000001;
 
 // The library tells service ports from others by how a name begins.

@@ -13,29 +13,30 @@ namespace headroom {
 
 enum class PortKind { ethernet, service_port };
 
-/// Names and addresses that neither a configuration nor the element's profile has, so that what is added under them
-/// meets nothing that is there.
+/// Names and addresses that occur neither in the two configurations nor in the element's profile, so that what is added
+/// under them conflicts with nothing. The same commit gets the same ones in the same order.
 class SpareNames {
  public:
   SpareNames(const element::Tree &running, const element::Tree &candidate, const element::Profile &profile);
 
-  /// For a group of VPNs; always the same one.
+  /// A name for a group of VPNs.
   std::string group() const;
 
-  /// Of `count` ports: always the same ones in the same order.
+  /// Names of `count` ports.
   std::vector<std::string> ports(PortKind kind, std::uint64_t count) const;
 
-  /// Of `count` neighbours, likewise.
+  /// Addresses of `count` neighbours.
   std::vector<element::Ipv4> addresses(std::uint64_t count) const;
 
  private:
+  /// Excludes the keys at and below a node.
   void take_keys(const element::Node &node);
 
   std::set<std::string> texts_;
   std::set<std::uint32_t> addresses_;
 };
 
-/// The element with these ports in addition.
+/// The profile with these ports in addition, under identifiers that it does not have yet.
 element::Profile with_ports(const element::Profile &profile, const std::vector<std::string> &names);
 
 }  // namespace headroom

@@ -101,10 +101,10 @@ void set_or_erase(Tree &tree, const VpnKey &vpls_vpn, std::string_view leaf, std
 
 }  // namespace
 
-void put_vpn(Tree &tree, const VpnKey &key) { vpn_entry(tree, key); }
+void ensure_vpn(Tree &tree, const VpnKey &key) { vpn_entry(tree, key); }
 
 void put_vpn(Tree &tree, const Vpn &vpn) {
-  put_vpn(tree, vpn.key);
+  ensure_vpn(tree, vpn.key);
   if (vpn.dot1q) set_dot1q(tree, vpn.key, vpn.dot1q);
   if (vpn.bridge_mtu) set_bridge_mtu(tree, vpn.key, vpn.bridge_mtu);
   if (vpn.transparent_lan_service) set_transparent_lan_service(tree, vpn.key, true);

@@ -16,8 +16,8 @@ namespace l2vpn {
 // std::invalid_argument. erase_... removes an entry with all that it holds and does nothing where there is none; what
 // stands around it stays.
 
-/// The VPN of this key, without more.
-void put_vpn(element::Tree &tree, const VpnKey &key);
+/// The VPN of this key, empty if it is not there yet.
+void ensure_vpn(element::Tree &tree, const VpnKey &key);
 /// The VPN with its leafs, attachments and neighbours.
 void put_vpn(element::Tree &tree, const Vpn &vpn);
 void erase_vpn(element::Tree &tree, const VpnKey &key);

@@ -13,6 +13,15 @@ namespace {
 
 constexpr timespec kLongestWait{0, 250'000'000};
 
+/// How often a start is tried, a wait apart, while no child is running whose end could make room: half a minute.
+constexpr int kMostFailedStarts = 120;
+
+/// Descriptors, processes or memory have run out: what another process, or a child, gives back may be enough.
+bool is_shortage(const std::error_code &error) {
+  return error == std::errc::too_many_files_open || error == std::errc::too_many_files_open_in_system ||
+         error == std::errc::resource_unavailable_try_again || error == std::errc::not_enough_memory;
+}
+
 struct Running {
   Running(std::size_t index_in_batch, const Batch &batch, const sigset_t &mask)
       : index(index_in_batch), child(batch.program, batch.arguments[index], mask) {}
@@ -29,7 +38,7 @@ class Runner {
 
   void run() {
     start_next();
-    while (!running_.empty()) {
+    while (!is_done()) {
       wait();
       interrupts_.throw_if_any();
       finish_those_at_end();
@@ -39,19 +48,32 @@ class Runner {
   }
 
  private:
+  /// Starts as many as there may be. Where the system has no room for one more now, the rest wait.
   void start_next() {
-    for (; running_.size() < batch_.jobs && next_ < batch_.arguments.size(); ++next_) start(next_);
+    while (running_.size() < batch_.jobs && next_ < batch_.arguments.size() && start(next_)) ++next_;
   }
 
-  void start(std::size_t index) {
+  /// False where it is to be tried again later.
+  bool start(std::size_t index) {
     try {
       running_.emplace_back(index, batch_, interrupts_.mask_before());
     } catch (const std::system_error &error) {
+      if (may_pass(error.code())) return false;
       Result result;
       result.not_started = error.what();
       events_.finished(index, std::move(result));
     }
+    failed_starts_ = 0;
+    return true;
   }
+
+  /// The end of a child makes room. Without one, other processes may make it, but not for descriptors of this one.
+  bool may_pass(const std::error_code &error) {
+    if (!is_shortage(error)) return false;
+    return !running_.empty() || (error != std::errc::too_many_files_open && ++failed_starts_ < kMostFailedStarts);
+  }
+
+  bool is_done() const { return running_.empty() && next_ == batch_.arguments.size(); }
 
   /// Reads what the children have written, or comes back after a while.
   void wait() {
@@ -79,6 +101,7 @@ class Runner {
   const BatchEvents &events_;
   Interrupts interrupts_;
   std::size_t next_ = 0;
+  int failed_starts_ = 0;  ///< in a row, while no child was running
   std::list<Running> running_;
 };
 

@@ -15,7 +15,7 @@ namespace process {
 struct Batch {
   std::filesystem::path program;
   std::vector<std::vector<std::string>> arguments;
-  std::size_t jobs = 1;  ///< at most so many run at once
+  std::size_t jobs = 1;  ///< at most so many run at once; fewer where descriptors, processes or memory do not suffice
 };
 
 struct BatchEvents {
@@ -23,8 +23,10 @@ struct BatchEvents {
   std::function<void()> waiting;  ///< a few times a second and whenever something has happened
 };
 
-/// Runs them all; those that cannot be started have a Result, too. Throws Interrupted where a signal asks this process
-/// to end, and whatever an event throws, with no child left running.
+/// Runs them all. One that cannot be started because descriptors, processes or memory have run out waits for the end of
+/// another, or for other processes, half a minute at most, where none is running. One that cannot be started at all has
+/// a Result that says so. Throws Interrupted where a signal asks this process to end, and whatever an event throws,
+/// with no child left running.
 void run_all(const Batch &batch, const BatchEvents &events);
 
 }  // namespace process

@@ -6,14 +6,47 @@
 #include <unordered_map>
 #include <utility>
 
-#include "vlan_map/collected_claims.h"
-
 namespace vlan_map {
 namespace {
 
-using Collected = std::map<ClaimIdentity, CollectedClaim>;
+using l2vpn::ClaimKind;
+using l2vpn::PortClaim;
 
-/// The ports as they come, those of the profile first.
+/// Identifies a claim across a commit that moves it to other VLANs: the path of the list entry that makes it, and which
+/// of the entry's claims it is.
+using ClaimIdentity = std::pair<std::string, std::string>;
+using ClaimsByIdentity = std::map<ClaimIdentity, PortClaim>;
+
+// A range or untagged frames are another claim than the range or VLAN before. An uplink that loses a port differs from
+// one that moves to another VLAN.
+ClaimIdentity identity_of(const PortClaim &claim) {
+  if (claim.claimant == Claimant::uplink) return {claim.path, claim.port};
+  const bool is_own = claim.kind == ClaimKind::whole_port || claim.kind == ClaimKind::own_vlan;
+  return {claim.path, is_own ? "own" : claim.source};
+}
+
+ClaimsByIdentity claims_of(const element::Tree &tree) {
+  ClaimsByIdentity claims;
+  for (PortClaim &claim : l2vpn::port_claims(l2vpn::read_configuration(tree))) {
+    if (claim.beside_untagged) continue;
+    ClaimIdentity identity = identity_of(claim);
+    claims.insert_or_assign(std::move(identity), std::move(claim));
+  }
+  return claims;
+}
+
+Claim drawn(const PortClaim &claim) {
+  Claim made;
+  made.claimant = claim.claimant;
+  made.group = claim.group;
+  made.vpn = claim.name;
+  made.vlans = claim.vlans;
+  made.path = claim.path;
+  made.source = claim.source;
+  return made;
+}
+
+/// Ports in the order in which they are first named, those of the profile before all others.
 class PortList {
  public:
   explicit PortList(const element::Profile &profile) {
@@ -36,34 +69,34 @@ class PortList {
 };
 
 bool is_before(const Claim &a, const Claim &b) {
-  return std::tie(a.vlans.first, a.vlans.last, a.application, a.group, a.vpn, a.source) <
-         std::tie(b.vlans.first, b.vlans.last, b.application, b.group, b.vpn, b.source);
+  return std::tie(a.vlans.first, a.vlans.last, a.claimant, a.group, a.vpn, a.source) <
+         std::tie(b.vlans.first, b.vlans.last, b.claimant, b.group, b.vpn, b.source);
 }
 
-/// What the commit does to a claim of the candidate configuration; takes its counterpart out of the running one.
-void compare_with(Collected &running, const ClaimIdentity &identity, Claim &claim) {
+/// Sets what the commit does to a claim of the candidate, and removes its counterpart from the running ones.
+void compare_with(ClaimsByIdentity &running, const ClaimIdentity &identity, Claim &claim) {
   const auto before = running.find(identity);
   if (before == running.end()) {
-    claim.standing = Standing::added;
+    claim.status = ChangeStatus::added;
     return;
   }
-  const VlanRange formerly = before->second.claim.vlans;
+  const VlanRange previous_vlans = before->second.vlans;
   running.erase(before);
-  if (formerly == claim.vlans) return;
-  claim.standing = Standing::changed;
-  claim.formerly = formerly;
+  if (previous_vlans == claim.vlans) return;
+  claim.status = ChangeStatus::changed;
+  claim.previous_vlans = previous_vlans;
 }
 
 std::map<std::string, std::vector<Claim>> claims_by_port(const element::Transaction &transaction) {
   std::map<std::string, std::vector<Claim>> ports;
-  Collected removed = collect_claims(transaction.running);
-  for (auto &[identity, after] : collect_claims(transaction.candidate)) {
-    ports[after.port].push_back(after.claim);
+  ClaimsByIdentity removed = claims_of(transaction.running);
+  for (const auto &[identity, after] : claims_of(transaction.candidate)) {
+    ports[after.port].push_back(drawn(after));
     compare_with(removed, identity, ports[after.port].back());
   }
-  for (auto &[identity, before] : removed) {
-    before.claim.standing = Standing::removed;
-    ports[before.port].push_back(std::move(before.claim));
+  for (const auto &[identity, before] : removed) {
+    ports[before.port].push_back(drawn(before));
+    ports[before.port].back().status = ChangeStatus::removed;
   }
   return ports;
 }

@@ -9,12 +9,9 @@
 
 namespace vlan_map {
 
-/// The element's ports with every claim of the running and the candidate configuration on them, without conflicts.
-///
-/// An attachment of a VPN claims what the validation library takes for its VLANs: with untagged encapsulation the
-/// frames without a tag; with VLAN ranges these and its own VLAN; without encapsulation its own VLAN, or the whole port
-/// where it has none. A static member claims its VLAN, an uplink the VLAN of its layer-3 interface on each member port
-/// of that VLAN, a snooping interface the port.
+/// The element's ports with all claims of the running and the candidate configuration on them, and what the commit does
+/// to each. Conflicts are left empty. l2vpn/port_claims.h says what a configuration claims; an attachment that takes
+/// untagged frames is drawn with these alone.
 std::vector<Port> find_claims(const element::Transaction &transaction, const element::Profile &profile);
 
 }  // namespace vlan_map

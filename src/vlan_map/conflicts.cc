@@ -62,7 +62,7 @@ class Finder {
     put_in_order(conflict.claims);
     for (const ClaimPlace &place : conflict.claims) ports.insert(place.port);
     conflict.ports.assign(ports.begin(), ports.end());
-    conflict.meetings = meetings_of(conflict.claims);
+    conflict.overlaps = overlaps_of(conflict.claims);
     return conflict;
   }
 
@@ -80,7 +80,7 @@ class Finder {
 
   /// An uplink is on many ports; where the message is about one, the others are no part of it.
   bool is_elsewhere(const ClaimPlace &place, const std::set<std::size_t> &ports) const {
-    return at(place).application == Application::uplink && !ports.empty() && ports.count(place.port) == 0;
+    return at(place).claimant == Claimant::uplink && !ports.empty() && ports.count(place.port) == 0;
   }
 
   /// The claims that the party's entry makes: those from the leafs and ranges that matter, all where none is told.
@@ -91,7 +91,7 @@ class Finder {
     std::vector<ClaimPlace> told;
     for (const ClaimPlace &place : entry->second) {
       const Claim &claim = at(place);
-      if (claim.standing == Standing::removed && party.status != Standing::removed) continue;
+      if (claim.status == ChangeStatus::removed && party.status != ChangeStatus::removed) continue;
       all.push_back(place);
       if (sources.count(claim.source) != 0) told.push_back(place);
     }
@@ -99,19 +99,19 @@ class Finder {
   }
 
   /// The VLANs that all claims of the conflict on a port share.
-  std::vector<Meeting> meetings_of(const std::vector<ClaimPlace> &places) const {
-    std::vector<Meeting> meetings;
+  std::vector<Overlap> overlaps_of(const std::vector<ClaimPlace> &places) const {
+    std::vector<Overlap> overlaps;
     for (const ClaimPlace &place : places) {
       const VlanRange &vlans = at(place).vlans;
-      if (meetings.empty() || meetings.back().port != place.port) {
-        meetings.push_back({place.port, vlans});
+      if (overlaps.empty() || overlaps.back().port != place.port) {
+        overlaps.push_back({place.port, vlans});
         continue;
       }
-      VlanRange &shared = meetings.back().vlans;
+      VlanRange &shared = overlaps.back().vlans;
       shared = {std::max(shared.first, vlans.first), std::min(shared.last, vlans.last)};
     }
-    std::erase_if(meetings, [](const Meeting &meeting) { return meeting.vlans.first > meeting.vlans.last; });
-    return meetings;
+    std::erase_if(overlaps, [](const Overlap &overlap) { return overlap.vlans.first > overlap.vlans.last; });
+    return overlaps;
   }
 
   const std::vector<Port> &ports_;

@@ -4,15 +4,17 @@
 
 #include <algorithm>
 
+#include "report/escape/markup.h"
 #include "vlan_map/assets.h"
+#include "vlan_map/bars.h"
+#include "vlan_map/labels.h"
 #include "vlan_map/layout.h"
-#include "vlan_map/marks.h"
-#include "vlan_map/markup.h"
 #include "vlan_map/page_tables.h"
-#include "vlan_map/words.h"
 
 namespace vlan_map {
 namespace {
+
+using report::to_markup;
 
 constexpr double kRulerHeight = 18;
 
@@ -75,16 +77,16 @@ std::string name_markup(const Map &map, const Port &port) {
 }
 
 bool is_busy(const Port &port) {
-  const auto is_changed = [](const Claim &claim) { return claim.standing != Standing::unchanged; };
+  const auto is_changed = [](const Claim &claim) { return claim.status != ChangeStatus::unchanged; };
   return !port.conflicts.empty() || std::any_of(port.claims.begin(), port.claims.end(), is_changed);
 }
 
-std::string page_mark(const Map &map, const Port &port, const Mark &mark, std::size_t number) {
+std::string page_bar(const Map &map, const Port &port, const Bar &bar, std::size_t number) {
   const std::string attributes = fmt::format(
       R"( id="{}-{}" tabindex="-1" data-claim="{}" data-first="{}" data-last="{}" data-least="{:.2f}" aria-label="{}")",
-      mark.is_former ? "former" : "mark", number, number, mark.vlans.first, mark.vlans.last, mark.least_width,
-      to_markup(mark_sentence(map, port, mark)));
-  return mark_markup(map, port, mark, attributes, "");
+      bar.is_previous ? "former" : "mark", number, number, bar.vlans.first, bar.vlans.last, bar.least_width,
+      to_markup(bar_sentence(map, port, bar)));
+  return bar_markup(map, port, bar, attributes, "");
 }
 
 std::string row_markup(const Map &map, const ClaimNumbers &numbers, std::size_t index) {
@@ -95,8 +97,8 @@ std::string row_markup(const Map &map, const ClaimNumbers &numbers, std::size_t 
   markup += fmt::format(
       "<svg class=\"lanes\" role=\"group\" aria-label=\"{3}\" width=\"{0:.2f}\" height=\"{1}\" "
       "viewBox=\"0 0 {0:.2f} {1}\">{2}\n",
-      plot_width(), row.height, meetings_markup(map, index, row.height), port.claims.empty() ? "no claims" : "claims");
-  for (const Mark &mark : row.marks) markup += page_mark(map, port, mark, numbers.of({index, mark.claim})) + "\n";
+      plot_width(), row.height, overlaps_markup(map, index, row.height), port.claims.empty() ? "no claims" : "claims");
+  for (const Bar &bar : row.bars) markup += page_bar(map, port, bar, numbers.of({index, bar.claim})) + "\n";
   return markup + "</svg></li>\n";
 }
 

@@ -4,44 +4,44 @@
 #include <tuple>
 #include <utility>
 
-#include "vlan_map/words.h"
+#include "vlan_map/labels.h"
 
 namespace vlan_map {
 namespace {
 
 constexpr double kGap = 1;
 
-Mark mark_of(std::size_t claim, bool is_former, const VlanRange &vlans, std::string signs) {
-  const double least_width = mark_width(signs);
-  Mark mark{claim, is_former, vlans, std::move(signs), least_width, left_of(vlans.first), 0, 0};
-  mark.width = std::max(right_of(vlans.last) - mark.x, least_width);
-  mark.x = std::min(mark.x, plot_width() - mark.width);
-  return mark;
+Bar bar_of(std::size_t claim, bool is_previous, const VlanRange &vlans, std::string badge) {
+  const double least_width = bar_width(badge);
+  Bar bar{claim, is_previous, vlans, std::move(badge), least_width, left_of(vlans.first), 0, 0};
+  bar.width = std::max(right_of(vlans.last) - bar.x, least_width);
+  bar.x = std::min(bar.x, plot_width() - bar.width);
+  return bar;
 }
 
-std::vector<Mark> marks_of(const Map &map, const Port &port) {
-  std::vector<Mark> marks;
+std::vector<Bar> bars_of(const Map &map, const Port &port) {
+  std::vector<Bar> bars;
   for (std::size_t i = 0; i < port.claims.size(); ++i) {
     const Claim &claim = port.claims[i];
-    marks.push_back(mark_of(i, false, claim.vlans, signs_of(map, claim)));
-    if (claim.formerly) marks.push_back(mark_of(i, true, *claim.formerly, former_signs_of(claim)));
+    bars.push_back(bar_of(i, false, claim.vlans, badge_of(map, claim)));
+    if (claim.previous_vlans) bars.push_back(bar_of(i, true, *claim.previous_vlans, previous_badge(claim)));
   }
-  return marks;
+  return bars;
 }
 
-/// From left to right, each mark takes the first lane that is free: the number of lanes is the least possible.
-std::size_t assign_lanes(std::vector<Mark> &marks) {
-  std::sort(marks.begin(), marks.end(), [](const Mark &a, const Mark &b) {
-    return std::tie(a.x, b.width, a.claim, a.is_former) < std::tie(b.x, a.width, b.claim, b.is_former);
+/// From left to right, each bar takes the first lane that is free: the number of lanes is the least possible.
+std::size_t assign_lanes(std::vector<Bar> &bars) {
+  std::sort(bars.begin(), bars.end(), [](const Bar &a, const Bar &b) {
+    return std::tie(a.x, b.width, a.claim, a.is_previous) < std::tie(b.x, a.width, b.claim, b.is_previous);
   });
   std::vector<double> ends;
-  for (Mark &mark : marks) {
-    const auto free = std::find_if(ends.begin(), ends.end(), [&mark](double end) { return end + kGap <= mark.x; });
-    mark.lane = static_cast<std::size_t>(free - ends.begin());
+  for (Bar &bar : bars) {
+    const auto free = std::find_if(ends.begin(), ends.end(), [&bar](double end) { return end + kGap <= bar.x; });
+    bar.lane = static_cast<std::size_t>(free - ends.begin());
     if (free == ends.end()) {
-      ends.push_back(mark.right());
+      ends.push_back(bar.right());
     } else {
-      *free = mark.right();
+      *free = bar.right();
     }
   }
   return ends.size();
@@ -49,8 +49,8 @@ std::size_t assign_lanes(std::vector<Mark> &marks) {
 
 }  // namespace
 
-double mark_width(std::string_view signs) {
-  return 2 * kMarkPadding + static_cast<double>(signs.size()) * kCharacterWidth;
+double bar_width(std::string_view badge) {
+  return 2 * kBarPadding + static_cast<double>(badge.size()) * kCharacterWidth;
 }
 
 double left_of(std::uint32_t vlan) { return vlan == 0 ? 0 : kUntaggedWidth + (vlan - 1) * kVlanWidth; }
@@ -72,8 +72,8 @@ std::vector<std::uint32_t> scale_ticks() {
 
 Row lay_out(const Map &map, const Port &port) {
   Row row;
-  row.marks = marks_of(map, port);
-  const auto lanes = static_cast<double>(std::max<std::size_t>(assign_lanes(row.marks), 1));
+  row.bars = bars_of(map, port);
+  const auto lanes = static_cast<double>(std::max<std::size_t>(assign_lanes(row.bars), 1));
   row.height = lanes * kLanePitch + 2 * kRowPadding;
   return row;
 }

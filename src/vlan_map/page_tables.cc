@@ -4,11 +4,13 @@
 
 #include <algorithm>
 
-#include "vlan_map/markup.h"
-#include "vlan_map/words.h"
+#include "report/escape/markup.h"
+#include "vlan_map/labels.h"
 
 namespace vlan_map {
 namespace {
+
+using report::to_markup;
 
 // A limit may be drawn by hundreds of claims; the table of claims has them all.
 constexpr std::size_t kLinks = 6;

@@ -20,7 +20,7 @@ class ClaimNumbers {
   std::vector<std::size_t> firsts_;
 };
 
-/// Every conflict with links to the marks of its claims ("#mark-NUMBER") and to its ports ("#port-INDEX").
+/// Every conflict with links to the bars of its claims ("#mark-NUMBER") and to its ports ("#port-INDEX").
 std::string conflict_table(const Map &map, const ClaimNumbers &numbers);
 
 /// Every claim, a row each ("claim-NUMBER").

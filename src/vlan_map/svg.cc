@@ -7,14 +7,16 @@
 #include <string_view>
 #include <vector>
 
+#include "report/escape/markup.h"
 #include "vlan_map/assets.h"
+#include "vlan_map/bars.h"
+#include "vlan_map/labels.h"
 #include "vlan_map/layout.h"
-#include "vlan_map/marks.h"
-#include "vlan_map/markup.h"
-#include "vlan_map/words.h"
 
 namespace vlan_map {
 namespace {
+
+using report::to_markup;
 
 constexpr double kMargin = 16;
 constexpr double kLineHeight = 18;
@@ -45,7 +47,7 @@ std::vector<std::string> wrapped(std::string_view text, std::size_t columns) {
   return lines;
 }
 
-/// The signs of a port's conflicts, the first ones of many.
+/// The signs of a port's conflicts, or of the first ones if there are many.
 std::string flags_of(const Map &map, const Port &port) {
   std::string flags;
   for (std::size_t i = 0; i < std::min(port.conflicts.size(), kFlags); ++i) {
@@ -127,14 +129,14 @@ class Picture {
     double x = kMargin;
     y_ += kLineHeight + 4;
     for (const LegendEntry &entry : legend()) {
-      const double mark = mark_width(entry.signs);
-      const double width = mark + 6 + static_cast<double>(entry.meaning.size()) * kTextWidth + 12;
+      const double bar = bar_width(entry.badge);
+      const double width = bar + 6 + static_cast<double>(entry.meaning.size()) * kTextWidth + 12;
       if (x + width > width_) {
         x = kMargin;
         y_ += kLineHeight + 2;
       }
       body_ += sample_markup(entry, fmt::format(R"( x="{:.2f}" y="{}")", x, y_ - 12));
-      body_ += fmt::format("<text class=\"note\" x=\"{:.2f}\" y=\"{}\">{}</text>\n", x + mark + 6, y_, entry.meaning);
+      body_ += fmt::format("<text class=\"note\" x=\"{:.2f}\" y=\"{}\">{}</text>\n", x + bar + 6, y_, entry.meaning);
       x += width;
     }
     y_ += 10;
@@ -153,9 +155,9 @@ class Picture {
                          to_markup(row_text(port)));
     body_ += fmt::format("<path class=\"line\" d=\"M{} {}H{:.2f}\"/>\n", kMargin, row.height, width_ - kMargin);
     write_port(port);
-    body_ += fmt::format("<g transform=\"translate({} 0)\">{}\n", plot_left_, meetings_markup(map_, index, row.height));
-    for (const Mark &mark : row.marks) {
-      body_ += mark_markup(map_, port, mark, "", to_markup(mark_sentence(map_, port, mark))) + "\n";
+    body_ += fmt::format("<g transform=\"translate({} 0)\">{}\n", plot_left_, overlaps_markup(map_, index, row.height));
+    for (const Bar &bar : row.bars) {
+      body_ += bar_markup(map_, port, bar, "", to_markup(bar_sentence(map_, port, bar))) + "\n";
     }
     body_ += "</g></g>\n";
     y_ += row.height;

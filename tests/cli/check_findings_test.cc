@@ -99,9 +99,9 @@ TEST_F(CheckFindings, without_a_budget_the_verdict_stands_alone) {
 }
 
 TEST_F(CheckFindings, a_budget_that_is_used_up_is_told) {
-  EXPECT_NE(below_verdict(check(rejected, {"--budget", "1"}))
-                .find("\nthe search ended early, for its 1 calls of the library are made: "),
-            std::string::npos);
+  EXPECT_NE(
+      below_verdict(check(rejected, {"--budget", "1"})).find("\nsearch stopped: budget of 1 library calls used; "),
+      std::string::npos);
   const auto search = nlohmann::json::parse(check(rejected, {"--budget", "1", "--format", "json"}).out).at("search");
   EXPECT_EQ(search.at("calls"), 1);
   EXPECT_EQ(search.at("ended-by"), "calls");
@@ -156,7 +156,7 @@ TEST_F(CheckFindings, behind_a_suppressed_warning_another_counts) {
 TEST_F(CheckFindings, a_suppression_that_fits_nothing_is_reported) {
   const Outcome text = suppress(accepted, "# known\naccess-same-dot1q " + south + " # moves tonight\n");
   EXPECT_EQ(text.err,
-            "vpnval: suppresses nothing: " + folder.file("known.txt") + ":2: access-same-dot1q " + south + "\n");
+            "vpnval: unused suppression: " + folder.file("known.txt") + ":2: access-same-dot1q " + south + "\n");
   EXPECT_EQ(text.status, 0);
   const Outcome json = suppress(accepted, "access-same-dot1q " + south + " # moves tonight\n", {"--format", "json"});
   EXPECT_EQ(nlohmann::json::parse(json.out).at("unused-suppressions"),

@@ -65,7 +65,7 @@ Outcome check_series(const std::vector<std::string> &directories, const std::vec
   arguments.insert(arguments.end(), directories.begin(), directories.end());
   std::ostringstream out;
   std::ostringstream err;
-  const cli::ExitStatus status = cli::run(arguments, {out, err, VPNVAL_FILE, ANSWERING_PLUGIN_FILE});
+  const cli::ExitStatus status = cli::run(arguments, still_environment(out, err, VPNVAL_FILE, ANSWERING_PLUGIN_FILE));
   return {static_cast<int>(status), out.str(), err.str()};
 }
 
@@ -213,7 +213,7 @@ TEST_F(CheckSeries, a_suppression_that_fits_in_one_commit_is_used) {
   folder.write("known", "pw-id-twice /mpls # borne\nvpn-limit /config # borne\n");
   const std::string fits = add("", "");
   const std::vector<std::string> options{"--suppress", folder.file("known")};
-  const std::string line = "vpnval: suppresses nothing: " + folder.file("known") + ":";
+  const std::string line = "vpnval: unused suppression: " + folder.file("known") + ":";
   EXPECT_EQ(check_series({fits, unchanged()}, options).err,
             line + "1: pw-id-twice /mpls\n" + line + "2: vpn-limit /config\n");
   EXPECT_EQ(check_series({unchanged(), missing()}, options).err, "");

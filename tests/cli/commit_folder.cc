@@ -54,12 +54,19 @@ std::string vlan_member(const std::string &interface) {
   return R"("base:config": {"vlan": [{"id": 100, "interface": [{"name": ")" + interface + R"("}]}]})";
 }
 
+cli::Environment still_environment(std::ostream &out, std::ostream &err, const std::filesystem::path &program,
+                                   const std::string &plugin) {
+  cli::Environment environment{out, err, program, plugin};
+  environment.clock = [] { return std::chrono::steady_clock::time_point(); };
+  return environment;
+}
+
 namespace {
 
 Outcome run_with(const std::string &plugin, const std::vector<std::string> &arguments) {
   std::ostringstream out;
   std::ostringstream err;
-  const cli::ExitStatus status = cli::run(arguments, {out, err, "/nowhere/bin/vpnval", plugin});
+  const cli::ExitStatus status = cli::run(arguments, still_environment(out, err, "/nowhere/bin/vpnval", plugin));
   return {static_cast<int>(status), out.str(), err.str()};
 }
 

@@ -48,6 +48,10 @@ struct Outcome {
   std::string err;
 };
 
+/// The surroundings of a command whose clock stands still, so that no progress is shown however long it takes.
+cli::Environment still_environment(std::ostream &out, std::ostream &err, const std::filesystem::path &program,
+                                   const std::string &plugin);
+
 /// Runs a command line in this process, with the library that has one fixed answer for each point.
 Outcome run_with_answers(const std::vector<std::string> &arguments);
 

@@ -140,17 +140,17 @@ TEST(FindingsText, a_bound_that_ended_the_search_is_told_at_the_finding_and_at_t
   commit.search.end = report::SearchEnd::call_budget;
   EXPECT_EQ(text_of(commit), "\nwhat the device says: 1\n\n" + same_dot1q_text +
                                  "   the search ended before it was sure that nothing smaller draws this message\n"
-                                 "\nthe search ended early, for its 20,000 calls of the library are made: there may be "
+                                 "\nsearch stopped: budget of 20,000 library calls used; there may be "
                                  "further faults, and less than is listed may draw a message; --budget sets the bound\n"
                                  "\nwhy, and what to do: vpnval explain access-same-dot1q\n");
   commit.search.end = report::SearchEnd::time_budget;
   commit.search.all_faults = false;
-  EXPECT_NE(text_of(commit).find("\nthe search ended early, for its 60 s are over: less than is listed may draw the "
+  EXPECT_NE(text_of(commit).find("\nsearch stopped: budget of 60 s used; less than is listed may draw the "
                                  "message; --budget sets the bound\n"),
             std::string::npos);
   commit.search.end = report::SearchEnd::contract_violation;
   commit.search.contract_violation = "vpn_access_valp: an exception left the call: out of range";
-  EXPECT_NE(text_of(commit).find("\nthe search ended early, for the library broke its contract on a smaller commit: "
+  EXPECT_NE(text_of(commit).find("\nsearch stopped: the library broke its contract on a smaller commit: "
                                  "vpn_access_valp: an exception left the call: out of range; there may be further "
                                  "faults\n"),
             std::string::npos);

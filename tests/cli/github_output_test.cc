@@ -83,7 +83,7 @@ TEST(GithubOutput, a_search_that_ended_early_is_a_notice) {
   report::CommitReport commit = decided({});
   commit.search.end = report::SearchEnd::call_budget;
   EXPECT_EQ(written({commit}),
-            "::notice title=night/42::the search ended early, for its 20,000 calls of the library are made: there may "
+            "::notice title=night/42::search stopped: budget of 20,000 library calls used; there may "
             "be further faults, and less than is listed may draw a message; --budget sets the bound\n");
 }
 

@@ -54,7 +54,7 @@ decided by /lib/library.so, build id 0123abcd
 TEST(HeadroomText, of_one_element_has_one_column) {
   report::HeadroomReport report = sample_headroom();
   report.elements.resize(1);
-  report.elements[0].measurement.remainders.resize(1);
+  report.elements[0].measurement.usages.resize(1);
   report.elements[0].measurement.answers.clear();
   EXPECT_EQ(text_of(report), R"([1] roomy.json: accepted with warnings
 

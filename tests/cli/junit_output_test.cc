@@ -92,7 +92,7 @@ TEST(JunitOutput, a_search_that_ended_early_is_told) {
   commit.search.end = report::SearchEnd::time_budget;
   EXPECT_EQ(read_back({commit}), "suite vpnval: tests 1 failures 0 errors 0 skipped 0\ncase vpnval.check night/42\n" +
                                      uplink_text("  out: ") +
-                                     "  out: the search ended early, for its 60 s are over: there may be further "
+                                     "  out: search stopped: budget of 60 s used; there may be further "
                                      "faults, and less than is listed may draw a message; --budget sets the bound\n");
 }
 

@@ -98,4 +98,12 @@ TEST_F(ManyCommits, a_host_without_the_library_gives_no_result) {
   EXPECT_EQ(run("ls results").output, "");
 }
 
+TEST_F(ManyCommits, few_descriptors_make_fewer_jobs_and_leave_no_commit_undecided) {
+  const ProcessResult result =
+      run("ulimit -n 64; for i in $(seq 100); do echo " SOURCE_DIR
+          "/examples/vpn-count-at-limit; done | xargs $VPNVAL check --budget 0 --jobs 100 --format json 2>/dev/null | "
+          "jq -c '.summary | [.accepted, .[\"not-decided\"]]'");
+  EXPECT_EQ(result.output, "[100,0]\n");
+}
+
 }  // namespace

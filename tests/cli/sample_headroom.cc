@@ -5,8 +5,8 @@
 namespace {
 
 using headroom::Limit;
-using headroom::Remainder;
-using headroom::Standing;
+using headroom::LimitState;
+using headroom::LimitUsage;
 using Number = std::optional<std::int64_t>;
 
 const headroom::Answer too_many_vpns{"vpn-limit", "vpn_overflow_valp",
@@ -16,24 +16,24 @@ const headroom::Answer too_many_vlans{
     "Maximum number of VLANs on VPN Selective Encapsulation has been exceeded. Attempt to configure 9 of 8 allowed"};
 const headroom::Answer unknown{"", "vpn_access_valp", "a message\nof another library"};
 
-Remainder remainder(Limit limit, const std::string &vpn, const std::string &interface, Standing standing,
-                    const std::vector<Number> &used_allowed_left, std::optional<headroom::Answer> stop) {
-  return {limit,          vpn, interface, standing, used_allowed_left[0], used_allowed_left[1], used_allowed_left[2],
+LimitUsage usage(Limit limit, const std::string &vpn, const std::string &interface, LimitState state,
+                 const std::vector<Number> &used_allowed_left, std::optional<headroom::Answer> stop) {
+  return {limit,          vpn, interface, state, used_allowed_left[0], used_allowed_left[1], used_allowed_left[2],
           std::move(stop)};
 }
 
 report::ElementHeadroom roomy() {
   const Number none;
   headroom::Measurement measurement{host::Decision::accepted_with_warnings, {unknown}, {}};
-  measurement.remainders = {
-      remainder(Limit::vpns, "", "", Standing::no_limit, {5, none, 16384}, std::nullopt),
-      remainder(Limit::pseudowires, "", "", Standing::stopped, {none, none, 3}, unknown),
-      remainder(Limit::access_interfaces, "vpls-group a vpn b", "", Standing::measured, {1, 4, 3}, too_many_vpns),
-      remainder(Limit::access_interfaces, "vpls-group a vpn longer", "", Standing::measured, {2, 4, 2}, too_many_vpns),
-      remainder(Limit::encapsulation_vlans, "", "", Standing::measured, {3, 8, 5}, too_many_vlans),
-      remainder(Limit::encapsulation_ranges, "", "", Standing::stopped, {0, 64, 5}, too_many_vlans),
-      remainder(Limit::interface_ranges, "", "ge-1/1", Standing::no_room, {none, none, 0}, std::nullopt),
-      remainder(Limit::bridge_mtu, "vpls-group a vpn b", "", Standing::measured, {1500, 2000, 500}, unknown)};
+  measurement.usages = {
+      usage(Limit::vpns, "", "", LimitState::no_limit, {5, none, 16384}, std::nullopt),
+      usage(Limit::pseudowires, "", "", LimitState::stopped, {none, none, 3}, unknown),
+      usage(Limit::access_interfaces, "vpls-group a vpn b", "", LimitState::measured, {1, 4, 3}, too_many_vpns),
+      usage(Limit::access_interfaces, "vpls-group a vpn longer", "", LimitState::measured, {2, 4, 2}, too_many_vpns),
+      usage(Limit::encapsulation_vlans, "", "", LimitState::measured, {3, 8, 5}, too_many_vlans),
+      usage(Limit::encapsulation_ranges, "", "", LimitState::stopped, {0, 64, 5}, too_many_vlans),
+      usage(Limit::interface_ranges, "", "ge-1/1", LimitState::no_room, {none, none, 0}, std::nullopt),
+      usage(Limit::bridge_mtu, "vpls-group a vpn b", "", LimitState::measured, {1500, 2000, 500}, unknown)};
   return {"roomy.json", measurement};
 }
 
@@ -42,9 +42,9 @@ report::ElementHeadroom tight() {
   element.file = "tight\x1b.json";
   element.measurement.decision = host::Decision::rejected;
   element.measurement.answers = {too_many_vpns};
-  element.measurement.remainders[0] = remainder(Limit::vpns, "", "", Standing::exceeded, {5, 4, -1}, too_many_vpns);
-  element.measurement.remainders[5] =
-      remainder(Limit::encapsulation_ranges, "", "", Standing::stopped, {0, 64, std::nullopt}, unknown);
+  element.measurement.usages[0] = usage(Limit::vpns, "", "", LimitState::exceeded, {5, 4, -1}, too_many_vpns);
+  element.measurement.usages[5] =
+      usage(Limit::encapsulation_ranges, "", "", LimitState::stopped, {0, 64, std::nullopt}, unknown);
   return element;
 }
 

@@ -56,15 +56,14 @@ TEST(SarifOutput, a_validating_reader_finds_every_result_and_place) {
   const CommitFolder folder;
   folder.write("log", written({decided_one, broken}));
   const ProcessResult result = run_reader("read_sarif.py", schema + " " + folder.file("log"));
-  EXPECT_EQ(
-      result.output,
-      "error access-same-dot1q night/42/candidate.xml:11 related: night/42/running.xml:16 suppressed: \n"
-      "warning member-on-uplink night/42/candidate.xml:40 related:  suppressed: known%20faults.txt:3\n"
-      "error vpn-limit night/42/candidate.xml:10 related: night/42/candidate.xml:20 night/42/candidate.xml:30 "
-      "night/42/candidate.xml:40 night/42/candidate.xml:50 suppressed: \n"
-      "notification warning night/42: the search ended early, for its 20,000 calls of the library are made: there "
-      "may be further faults, and less than is listed may draw a message; --budget sets the bound\n"
-      "notification error night/43: night/43/candidate.xml:7: /mpls: what is wrong\n");
+  EXPECT_EQ(result.output,
+            "error access-same-dot1q night/42/candidate.xml:11 related: night/42/running.xml:16 suppressed: \n"
+            "warning member-on-uplink night/42/candidate.xml:40 related:  suppressed: known%20faults.txt:3\n"
+            "error vpn-limit night/42/candidate.xml:10 related: night/42/candidate.xml:20 night/42/candidate.xml:30 "
+            "night/42/candidate.xml:40 night/42/candidate.xml:50 suppressed: \n"
+            "notification warning night/42: search stopped: budget of 20,000 library calls used; there "
+            "may be further faults, and less than is listed may draw a message; --budget sets the bound\n"
+            "notification error night/43: night/43/candidate.xml:7: /mpls: what is wrong\n");
   EXPECT_EQ(result.status, 0);
 }
 

@@ -73,7 +73,7 @@ TEST(ShowCommand, where_nothing_stands_it_says_so) {
   const Outcome outcome = run_with_answers({"show", folder.path(), "/internal"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err, "nothing stands there\n");
+  EXPECT_EQ(outcome.err, "no such node\n");
 }
 
 TEST(ShowCommand, a_path_that_the_data_model_does_not_have_is_a_usage_error) {

@@ -155,18 +155,11 @@ const SchemaNode &draw_node(Bytes &bytes, const element::Schema &schema, const s
   return *bytes.one_of(is_any ? lists_of(schema) : nodes);
 }
 
-Node &entry_of(Node &list, const Keys &keys) {
-  for (Node &entry : list.children) {
-    if (element::compare_keys(entry.keys, keys) == 0) return entry;
-  }
-  return element::append_entry(list, keys);
-}
-
 Node &descend(Tree &tree, const element::Path &path) {
   Node *node = &tree.root();
   for (const element::PathStep &step : path) {
     node = &element::child(*node, *step.schema);
-    if (!step.keys.empty()) node = &entry_of(*node, step.keys);
+    if (!step.keys.empty()) node = &element::put_entry(*node, step.keys);
   }
   return *node;
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-using headroom::told_numbers;
+using headroom::parse_limit_message;
 
 struct Case {
   std::string message;
@@ -23,16 +23,16 @@ TEST(LimitMessage, tells_what_is_configured_and_what_is_allowed) {
       {"2000", {}, 2000},
   };
   for (const Case &test : cases) {
-    const auto told = told_numbers(test.message);
-    ASSERT_TRUE(told) << test.message;
-    EXPECT_EQ(told->configured, test.configured) << test.message;
-    EXPECT_EQ(told->allowed, test.allowed) << test.message;
+    const auto numbers = parse_limit_message(test.message);
+    ASSERT_TRUE(numbers) << test.message;
+    EXPECT_EQ(numbers->configured, test.configured) << test.message;
+    EXPECT_EQ(numbers->allowed, test.allowed) << test.message;
   }
 }
 
 TEST(LimitMessage, without_a_number_tells_nothing) {
-  EXPECT_FALSE(told_numbers("vpls-group a vpn b interface is not valid. Verify available interfaces"));
-  EXPECT_FALSE(told_numbers(""));
+  EXPECT_FALSE(parse_limit_message("vpls-group a vpn b interface is not valid. Verify available interfaces"));
+  EXPECT_FALSE(parse_limit_message(""));
 }
 
 }  // namespace

@@ -33,28 +33,32 @@ std::vector<std::string> shown_rows(const Json &document) {
 }
 
 /// Where the next range of two VLANs can begin that nobody has.
-int next_free(const Json &access_interface) {
-  int last = 2999;
-  if (!access_interface.contains("encapsulation")) return last + 2;
-  for (const Json &range : access_interface.at("encapsulation").at("dot1q-range")) {
-    last = std::max(last, range.at("min").get<int>());
-  }
+std::uint32_t next_free(const l2vpn::Attachment &access_interface) {
+  std::uint32_t last = 2999;
+  for (const l2vpn::VlanRange &range : access_interface.ranges) last = std::max(last, range.first);
   return last + 2;
 }
 
-bool selects_vlans(const Json &domain) {
-  if (!domain.contains("access-interface")) return false;
-  const Json &ports = domain.at("access-interface");
-  return std::any_of(ports.begin(), ports.end(), [](const Json &port) { return port.contains("encapsulation"); });
-}
+bool has_encapsulation(const l2vpn::Attachment &port) { return port.untagged || !port.ranges.empty(); }
 
 /// More ports of a VPLS VPN, such as go with those that it has.
-void add_ports(Json &vpls, int count) {
-  const bool on_service_ports = bridge_domain(vpls).contains("transparent-lan-service");
-  const bool with_encapsulation = selects_vlans(bridge_domain(vpls));
+void add_ports(l2vpn::Vpn &vpls, int count) {
+  const bool with_encapsulation = std::ranges::any_of(vpls.attachments, has_encapsulation);
   for (int i = 0; i < count; ++i) {
-    Json &port = vpls_port(vpls, on_service_ports ? service_port(2 + i) : ge(20 + i));
+    l2vpn::Attachment &port = port_of(vpls, vpls.transparent_lan_service ? service_port(2 + i) : ge(20 + i));
     if (with_encapsulation) add_vlans(port, 4000, 1);
+  }
+}
+
+void add_one(Network &network, const std::string &limit, const std::string &interface, int index) {
+  const auto number = static_cast<std::uint32_t>(index);
+  if (limit == "vpns") network.vpws("extra-" + std::to_string(index));
+  if (limit == "pseudowires") network.add_neighbor_somewhere(1000 + index);
+  if (limit == "encapsulation-vlans") add_vlans(network.port_with_ranges(ge(20)), 1 + number, 1);
+  if (limit == "encapsulation-ranges") add_ranges(network.port_with_ranges(ge(20 + index / 8)), 1 + number % 8 * 2, 1);
+  if (limit == "interface-ranges") {
+    l2vpn::Attachment &port = network.port_with_ranges(interface);
+    add_ranges(port, next_free(port), 1);
   }
 }
 
@@ -64,19 +68,11 @@ void fill_up(Network &network, const Json &row, int more) {
   const auto limit = row.at("limit").get<std::string>();
   const std::string interface = row.value("interface", "");
   const std::string vpn = row.value("vpn", "");
-  Json *vpls = vpn.empty() ? nullptr : &network.vpls(vpn.substr(vpn.rfind(' ') + 1));
-  for (int i = 0; i < more; ++i) {
-    if (limit == "vpns") network.vpws("extra-" + std::to_string(i));
-    if (limit == "pseudowires") network.add_neighbor_somewhere(1000 + i);
-    if (limit == "encapsulation-vlans") add_vlans(network.port_with_ranges(ge(20)), 1 + i, 1);
-    if (limit == "encapsulation-ranges") add_ranges(network.port_with_ranges(ge(20 + i / 8)), 1 + i % 8 * 2, 1);
-    if (limit == "interface-ranges") {
-      Json &port = network.port_with_ranges(interface);
-      add_ranges(port, next_free(port), 1);
-    }
-  }
-  if (limit == "access-interfaces") add_ports(*vpls, more);
-  if (limit == "bridge-mtu") bridge_domain(*vpls)["bridge-mtu"] = bridge_domain(*vpls).value("bridge-mtu", 0) + more;
+  for (int i = 0; i < more; ++i) add_one(network, limit, interface, i);
+  if (vpn.empty()) return;
+  l2vpn::Vpn &vpls = network.vpls(vpn.substr(vpn.rfind(' ') + 1));
+  if (limit == "access-interfaces") add_ports(vpls, more);
+  if (limit == "bridge-mtu") vpls.bridge_mtu = vpls.bridge_mtu.value_or(0) + static_cast<std::uint32_t>(more);
 }
 
 Json points_of_fuller(const Commit &commit, const Network &candidate, const Json &row, int more) {

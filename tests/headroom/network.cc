@@ -8,17 +8,21 @@
 #include <stdexcept>
 
 #include "build_paths.h"
+#include "l2vpn/edit.h"
+#include "tests/support/configuration/configuration_text.h"
 #include "tests/support/process.h"
 
 namespace headroom_test {
 namespace {
 
-Json &entry(Json &list, const char *key, const Json &value) {
-  const auto place = std::find_if(list.begin(), list.end(), [&](const Json &item) { return item.at(key) == value; });
-  if (place != list.end()) return *place;
-  list.push_back({{key, value}});
-  return list.back();
+using l2vpn::Family;
+
+const element::Schema &schema() {
+  static const element::Schema model;
+  return model;
 }
+
+bool is_vpws(const l2vpn::Vpn &vpn) { return vpn.key.family == Family::vpws; }
 
 std::string address(int number) {
   return "10.1." + std::to_string(number / 250) + "." + std::to_string(number % 250 + 1);
@@ -32,65 +36,61 @@ std::filesystem::path fresh_directory() {
 
 }  // namespace
 
-Json &Network::vpls(const std::string &name) { return entry(vpls_vpns_, "name", name); }
+l2vpn::Vpn &Network::vpls(const std::string &name) { return vpn({Family::vpls, "campus", name}); }
 
-Json &Network::vpws(const std::string &name) { return entry(vpws_vpns_, "name", name); }
+l2vpn::Vpn &Network::vpws(const std::string &name) { return vpn({Family::vpws, "metro", name}); }
 
 void Network::add_neighbor_somewhere(int number) {
-  if (vpws_vpns_.empty() && !vpls_vpns_.empty()) {
-    add_neighbor(vpls_vpns_.back(), number);
-  } else {
-    add_vpws_neighbor(vpws_vpns_.empty() ? vpws("north") : vpws_vpns_.back(), number);
-  }
+  std::vector<l2vpn::Vpn> &vpns = configuration_.vpns;
+  const auto vpws = std::find_if(vpns.rbegin(), vpns.rend(), is_vpws);
+  if (vpws != vpns.rend()) return add_neighbor(*vpws, number);
+  add_neighbor(vpns.empty() ? this->vpws("north") : vpns.back(), number);
 }
 
-Json &Network::port_with_ranges(const std::string &port) {
-  for (Json &vpn : vpls_vpns_) {
-    if (!vpn.contains("bridge-domain") || !bridge_domain(vpn).contains("access-interface")) continue;
-    for (Json &present : bridge_domain(vpn)["access-interface"]) {
-      const bool has_ranges = present.contains("encapsulation") && present["encapsulation"].contains("dot1q-range");
-      if (present["name"] == port && has_ranges) return present;
+l2vpn::Attachment &Network::port_with_ranges(const std::string &port) {
+  for (l2vpn::Vpn &vpn : configuration_.vpns) {
+    if (vpn.key.family != Family::vpls) continue;
+    for (l2vpn::Attachment &attachment : vpn.attachments) {
+      if (attachment.interface == port && !attachment.ranges.empty()) return attachment;
     }
   }
-  if (vpws_vpns_.empty() && !vpls_vpns_.empty() && vpls_vpns_[0]["name"] == "tunnels") {
-    return vpls_port(vpls("tunnels"), port);
-  }
-  return vpws_port(vpws("north"), port);
+  const std::vector<l2vpn::Vpn> &vpns = configuration_.vpns;
+  const bool has_vpws = std::ranges::any_of(vpns, is_vpws);
+  const bool is_for_tunnels = !has_vpws && !vpns.empty() && vpns.front().key.name == "tunnels";
+  return port_of(is_for_tunnels ? vpls("tunnels") : vpws("north"), port);
 }
 
-void Network::member(int vlan, const std::string &port) { entry(entry(vlans_, "id", vlan)["interface"], "name", port); }
+void Network::member(std::uint32_t vlan, const std::string &port) {
+  configuration_.static_members.push_back({vlan, port});
+}
 
 std::string Network::text() const {
-  Json l2vpn = Json::object();
-  if (!vpls_vpns_.empty()) l2vpn["mpls-l2vpn-vpls:vpls-group"] = {{{"name", "campus"}, {"vpn", vpls_vpns_}}};
-  if (!vpws_vpns_.empty()) l2vpn["vpws-group"] = {{{"name", "metro"}, {"vpn", vpws_vpns_}}};
-  Json all = {{"mpls:mpls", {{"l2-vpn:l2vpn-config", {{"l2vpn", l2vpn}}}}}};
-  if (!vlans_.empty()) all["base:config"]["vlan"] = vlans_;
-  return all.dump();
+  element::Tree tree = l2vpn::make_tree(schema(), configuration_);
+  tree.put("/mpls");  // a file without any node is no configuration
+  return configuration_text(tree);
 }
 
-Json &bridge_domain(Json &vpls) { return vpls["bridge-domain"]; }
-
-Json &vpls_port(Json &vpls, const std::string &port) {
-  return entry(bridge_domain(vpls)["access-interface"], "name", port);
+l2vpn::Vpn &Network::vpn(const l2vpn::VpnKey &key) {
+  std::vector<l2vpn::Vpn> &vpns = configuration_.vpns;
+  const auto place = std::ranges::find(vpns, key, &l2vpn::Vpn::key);
+  return place != vpns.end() ? *place : vpns.emplace_back(l2vpn::Vpn{key});
 }
 
-Json &vpws_port(Json &vpws, const std::string &port) { return entry(vpws["access-interface"], "name", port); }
-
-void add_vlans(Json &access_interface, int first, int count) {
-  Json &ranges = access_interface["encapsulation"]["dot1q-range"];
-  for (int vlan = first; vlan < first + count; ++vlan) ranges.push_back({{"min", vlan}, {"max", vlan}});
+l2vpn::Attachment &port_of(l2vpn::Vpn &vpn, const std::string &port) {
+  const auto place = std::ranges::find(vpn.attachments, port, &l2vpn::Attachment::interface);
+  return place != vpn.attachments.end() ? *place : vpn.attachments.emplace_back(l2vpn::Attachment{.interface = port});
 }
 
-void add_ranges(Json &access_interface, int first, int count) {
-  Json &ranges = access_interface["encapsulation"]["dot1q-range"];
-  for (int i = 0; i < count; ++i) ranges.push_back({{"min", first + 2 * i}, {"max", first + 2 * i + 1}});
+void add_vlans(l2vpn::Attachment &access_interface, std::uint32_t first, std::uint32_t count) {
+  for (std::uint32_t vlan = first; vlan < first + count; ++vlan) access_interface.ranges.push_back({vlan, vlan});
 }
 
-void add_neighbor(Json &vpls, int number) { add_vpws_neighbor(vpls["vfi"], number); }
+void add_ranges(l2vpn::Attachment &access_interface, std::uint32_t first, std::uint32_t count) {
+  for (std::uint32_t i = 0; i < count; ++i) access_interface.ranges.push_back({first + 2 * i, first + 2 * i + 1});
+}
 
-void add_vpws_neighbor(Json &vpws, int number) {
-  vpws["neighbor"].push_back({{"address", address(number)}, {"pw-id", number}});
+void add_neighbor(l2vpn::Vpn &vpn, int number) {
+  vpn.neighbors.push_back({address(number), static_cast<std::uint32_t>(number)});
 }
 
 std::string ge(int number) { return "ge-" + std::to_string(number); }
@@ -118,8 +118,8 @@ Message rejection(const Json &points, const std::string &point) {
 
 Commit::Commit(const Json &card, const Network &running, const Network &candidate) : directory_(fresh_directory()) {
   write("element.json", element_with(card));
-  write("running.json", running.text());
-  write("candidate.json", candidate.text());
+  write("running.xml", running.text());
+  write("candidate.xml", candidate.text());
 }
 
 Commit::~Commit() {
@@ -127,11 +127,11 @@ Commit::~Commit() {
   std::filesystem::remove_all(directory_, ignored);
 }
 
-Json Commit::headroom() const { return run("headroom", "candidate.json"); }
+Json Commit::headroom() const { return run("headroom", "candidate.xml"); }
 
 Json Commit::points(const Network &candidate) const {
-  write("other.json", candidate.text());
-  return run("check --budget 0 --all", "other.json").at("points");
+  write("other.xml", candidate.text());
+  return run("check --budget 0 --all", "other.xml").at("points");
 }
 
 Json Commit::run(const std::string &command, const std::string &candidate) const {

@@ -1,56 +1,55 @@
 #ifndef TESTS_HEADROOM_NETWORK_H
 #define TESTS_HEADROOM_NETWORK_H
 
+#include <cstdint>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "l2vpn/configuration.h"
+
 namespace headroom_test {
 
 using Json = nlohmann::ordered_json;
 
 /// A configuration that a test writes, VPN by VPN. A VPN, port or neighbour that is named is added when it is not
-/// there.
+/// there. References are valid until the next VPN or port is added.
 class Network {
  public:
   /// The VPN of this name in the VPLS group "campus" or in the VPWS group "metro".
-  Json &vpls(const std::string &name);
-  Json &vpws(const std::string &name);
+  l2vpn::Vpn &vpls(const std::string &name);
+  l2vpn::Vpn &vpws(const std::string &name);
 
-  /// Adds a neighbour to a VPN that is there, of whichever family; to a new one where there is none.
+  /// Adds a neighbour to the last VPWS VPN, else to the last VPLS VPN, else to a new one.
   void add_neighbor_somewhere(int number);
 
-  /// An access interface on the port that has ranges or can have some: of the VPN that has some there, of a VPWS VPN,
-  /// of the VPLS VPN "tunnels"; of a new VPWS VPN where there is none of them.
-  Json &port_with_ranges(const std::string &port);
+  /// An access interface on the port that has ranges or can have some: of the VPLS VPN that has some there; of the VPLS
+  /// VPN "tunnels" where it is the first and no VPWS VPN is there; else of the VPWS VPN "north".
+  l2vpn::Attachment &port_with_ranges(const std::string &port);
 
   /// The VLAN manager's VLAN with this port as a member.
-  void member(int vlan, const std::string &port);
+  void member(std::uint32_t vlan, const std::string &port);
 
+  /// As a configuration file.
   std::string text() const;
 
  private:
-  Json vpls_vpns_ = Json::array();
-  Json vpws_vpns_ = Json::array();
-  Json vlans_ = Json::array();
+  l2vpn::Vpn &vpn(const l2vpn::VpnKey &key);
+
+  l2vpn::Configuration configuration_;
 };
 
-/// The VPN's bridge domain.
-Json &bridge_domain(Json &vpls);
-
-/// The port as an access interface of a VPLS or VPWS VPN.
-Json &vpls_port(Json &vpls, const std::string &port);
-Json &vpws_port(Json &vpws, const std::string &port);
+/// The port as an access interface of a VPN.
+l2vpn::Attachment &port_of(l2vpn::Vpn &vpn, const std::string &port);
 
 /// Adds `count` single VLANs from `first` on to an access interface, or as many ranges of two VLANs.
-void add_vlans(Json &access_interface, int first, int count);
-void add_ranges(Json &access_interface, int first, int count);
+void add_vlans(l2vpn::Attachment &access_interface, std::uint32_t first, std::uint32_t count);
+void add_ranges(l2vpn::Attachment &access_interface, std::uint32_t first, std::uint32_t count);
 
-/// Adds a neighbour to a VPLS or VPWS VPN; `number` is its pw-id and gives its address.
-void add_neighbor(Json &vpls, int number);
-void add_vpws_neighbor(Json &vpws, int number);
+/// Adds a neighbour to a VPN; `number` is its pw-id and gives its address.
+void add_neighbor(l2vpn::Vpn &vpn, int number);
 
 /// The names of the test element's ports: "ge-1" to "ge-60", "service-port-1" to "service-port-9".
 std::string ge(int number);

@@ -26,7 +26,7 @@ void guests(Network &network);
 /// A VPLS VPN on a service port.
 void gate(Network &network);
 
-std::function<void(Network &)> gate_with_mtu(int mtu);
+std::function<void(Network &)> gate_with_mtu(std::uint32_t mtu);
 
 void gate_without_mtu(Network &network);
 

@@ -5,6 +5,7 @@
 
 #include "tests/element/print.h"
 
+namespace port_claims_test {
 namespace {
 
 using l2vpn::Attachment;
@@ -115,3 +116,4 @@ TEST(Overlap, two_ports_share_nothing) {
 }
 
 }  // namespace
+}  // namespace port_claims_test

@@ -5,11 +5,11 @@
 #include <string>
 #include <tuple>
 
-#include "bench/xml_text.h"
 #include "build_paths.h"
 #include "element/datastore/transaction.h"
 #include "element/input/configuration.h"
 #include "host/run/commit.h"
+#include "tests/support/configuration/configuration_text.h"
 
 using bench::Shape;
 
@@ -53,7 +53,8 @@ TEST_P(Shapes, AreAcceptedWithoutAWarning) {
 
 TEST_P(Shapes, ReadBackFromTheirXmlText) {
   const bench::Commit commit = this->commit();
-  const element::Tree read = element::parse_configuration(schema(), bench::xml_text(commit.candidate), "candidate.xml");
+  const element::Tree read =
+      element::parse_configuration(schema(), configuration_text(commit.candidate), "candidate.xml");
   EXPECT_TRUE(difference(commit.candidate, read).children.empty());
 }
 

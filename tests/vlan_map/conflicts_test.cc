@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/vlan_map/drawn_map.h"
-#include "vlan_map/words.h"
+#include "vlan_map/labels.h"
 
 namespace {
 
@@ -30,15 +30,15 @@ Lines claims_of(const Map &map, const Conflict &conflict) {
   for (const vlan_map::ClaimPlace &place : conflict.claims) {
     const vlan_map::Port &port = map.ports[place.port];
     const vlan_map::Claim &claim = port.claims[place.claim];
-    lines.push_back(port.name + " " + text_of(claim.vlans) + " of " + vpn_text(claim));
+    lines.push_back(port.name + " " + vlan_map::text_of(claim.vlans) + " of " + vpn_text(claim));
   }
   return lines;
 }
 
-Lines meetings_of(const Map &map, const Conflict &conflict) {
+Lines overlaps_of(const Map &map, const Conflict &conflict) {
   Lines lines;
-  for (const vlan_map::Meeting &meeting : conflict.meetings) {
-    lines.push_back(map.ports[meeting.port].name + " " + text_of(meeting.vlans));
+  for (const vlan_map::Overlap &overlap : conflict.overlaps) {
+    lines.push_back(map.ports[overlap.port].name + " " + vlan_map::text_of(overlap.vlans));
   }
   return lines;
 }
@@ -48,7 +48,7 @@ struct Row {
   Lines configuration;
   Lines parties;
   Lines claims;
-  Lines meetings;
+  Lines overlaps;
 };
 
 TEST(Conflicts, have_the_claims_of_their_parties) {
@@ -88,7 +88,7 @@ TEST(Conflicts, have_the_claims_of_their_parties) {
     map.conflicts = find_conflicts({}, diagnosis_of({fault(says("no"), row.parties)}), map.ports);
     ASSERT_EQ(map.conflicts.size(), 1u) << row.what;
     EXPECT_EQ(claims_of(map, map.conflicts[0]), row.claims) << row.what;
-    EXPECT_EQ(meetings_of(map, map.conflicts[0]), row.meetings) << row.what;
+    EXPECT_EQ(overlaps_of(map, map.conflicts[0]), row.overlaps) << row.what;
   }
 }
 
@@ -117,7 +117,7 @@ TEST(Conflicts, are_marked_on_their_claims_and_ports) {
   EXPECT_EQ(map.ports[1].conflicts, (std::vector<std::size_t>{0, 1}));
   EXPECT_EQ(sentence_of(map, map.ports[1], map.ports[1].claims[0]),
             "ge-2: vpws-group branches vpn south, VLAN 5, added; rejection 1: first; warning 2: second");
-  EXPECT_EQ(signs_of(map, map.ports[1].claims[0]), "!!1+W");
+  EXPECT_EQ(badge_of(map, map.ports[1].claims[0]), "!!1+W");
 }
 
 TEST(Conflicts, tell_whether_the_element_itself_says_them_and_by_which_rule) {

@@ -2,7 +2,7 @@
 
 #include "element/datastore/path.h"
 #include "vlan_map/claims.h"
-#include "vlan_map/words.h"
+#include "vlan_map/labels.h"
 
 const element::Profile &three_ports() {
   static const element::Profile profile({}, {{"ge-1", 1, 1001}, {"ge-2", 2, 1002}, {"ge-3", 3, 1003}});

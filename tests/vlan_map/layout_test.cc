@@ -9,10 +9,10 @@
 
 namespace {
 
+using vlan_map::Bar;
 using vlan_map::Claim;
 using vlan_map::kLastVlan;
 using vlan_map::kUntaggedWidth;
-using vlan_map::Mark;
 using vlan_map::Row;
 using vlan_map::VlanRange;
 
@@ -45,22 +45,22 @@ std::vector<Claim> any_claims() {
   for (const VlanRange &vlans : *rc::gen::container<std::vector<VlanRange>>(any_vlans())) {
     claims.push_back(claim_of(vlans));
     if (!*rc::gen::arbitrary<bool>()) continue;
-    claims.back().standing = vlan_map::Standing::changed;
-    claims.back().formerly = *any_vlans();
+    claims.back().status = vlan_map::ChangeStatus::changed;
+    claims.back().previous_vlans = *any_vlans();
   }
   return claims;
 }
 
-/// Where a mark stands when VLANs are `zoom` times as wide; the page's script places marks so.
+/// Where a bar stands when VLANs are `zoom` times as wide; the page's script places bars so.
 struct Extent {
   double left = 0;
   double right = 0;
 };
 
-Extent zoomed(const Mark &mark, double zoom) {
+Extent zoomed(const Bar &bar, double zoom) {
   const double width = vlan_map::kVlanWidth * zoom;
-  const double left = mark.vlans.first == 0 ? 0 : kUntaggedWidth + (mark.vlans.first - 1) * width;
-  const double size = std::max(kUntaggedWidth + mark.vlans.last * width - left, mark.least_width);
+  const double left = bar.vlans.first == 0 ? 0 : kUntaggedWidth + (bar.vlans.first - 1) * width;
+  const double size = std::max(kUntaggedWidth + bar.vlans.last * width - left, bar.least_width);
   const double x = std::min(left, kUntaggedWidth + kLastVlan * width - size);
   return {x, x + size};
 }
@@ -73,10 +73,10 @@ RC_GTEST_PROP(Layout, no_mark_hides_another_however_far_the_scale_is_zoomed, ())
   const vlan_map::Map map = one_port(any_claims());
   const double zoom = *rc::gen::element(1.0, 1.3, 2.0, 8.0, 64.0);
   const Row row = lay_out(map, map.ports[0]);
-  for (std::size_t i = 0; i < row.marks.size(); ++i) {
-    for (std::size_t k = i + 1; k < row.marks.size(); ++k) {
-      if (row.marks[i].lane != row.marks[k].lane) continue;
-      RC_ASSERT(is_apart(zoomed(row.marks[i], zoom), zoomed(row.marks[k], zoom)));
+  for (std::size_t i = 0; i < row.bars.size(); ++i) {
+    for (std::size_t k = i + 1; k < row.bars.size(); ++k) {
+      if (row.bars[i].lane != row.bars[k].lane) continue;
+      RC_ASSERT(is_apart(zoomed(row.bars[i], zoom), zoomed(row.bars[k], zoom)));
     }
   }
 }
@@ -84,15 +84,15 @@ RC_GTEST_PROP(Layout, no_mark_hides_another_however_far_the_scale_is_zoomed, ())
 RC_GTEST_PROP(Layout, every_claim_is_whole_inside_its_row_and_wide_enough, ()) {
   const vlan_map::Map map = one_port(any_claims());
   const Row row = lay_out(map, map.ports[0]);
-  std::size_t marks = 0;
-  for (const Claim &claim : map.ports[0].claims) marks += claim.formerly ? 2u : 1u;
-  RC_ASSERT(row.marks.size() == marks);
-  for (const Mark &mark : row.marks) {
-    RC_ASSERT(mark.x >= 0.0);
-    RC_ASSERT(mark.right() <= vlan_map::plot_width() + kTolerance);
-    RC_ASSERT(mark.width >= vlan_map::mark_width(mark.signs) - kTolerance);
+  std::size_t bars = 0;
+  for (const Claim &claim : map.ports[0].claims) bars += claim.previous_vlans ? 2u : 1u;
+  RC_ASSERT(row.bars.size() == bars);
+  for (const Bar &bar : row.bars) {
+    RC_ASSERT(bar.x >= 0.0);
+    RC_ASSERT(bar.right() <= vlan_map::plot_width() + kTolerance);
+    RC_ASSERT(bar.width >= vlan_map::bar_width(bar.badge) - kTolerance);
     const double bottom =
-        vlan_map::kRowPadding + static_cast<double>(mark.lane) * vlan_map::kLanePitch + vlan_map::kMarkHeight;
+        vlan_map::kRowPadding + static_cast<double>(bar.lane) * vlan_map::kLanePitch + vlan_map::kBarHeight;
     RC_ASSERT(bottom <= row.height);
   }
 }
@@ -102,7 +102,7 @@ TEST(Layout, claims_that_meet_lie_in_lanes_below_one_another) {
       {claim_of({0, kLastVlan}), claim_of({10, 10}), claim_of({10, 500}), claim_of({2000, 2000}), claim_of({0, 0})});
   std::vector<std::size_t> lanes(5);
   const Row row = lay_out(map, map.ports[0]);
-  for (const Mark &mark : row.marks) lanes[mark.claim] = mark.lane;
+  for (const Bar &bar : row.bars) lanes[bar.claim] = bar.lane;
   EXPECT_EQ(lanes, (std::vector<std::size_t>{0, 2, 1, 1, 1}));
   EXPECT_EQ(row.height, 3 * vlan_map::kLanePitch + 2 * vlan_map::kRowPadding);
 }

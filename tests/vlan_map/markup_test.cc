@@ -1,10 +1,10 @@
-#include "vlan_map/markup.h"
+#include "report/escape/markup.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using vlan_map::to_markup;
+using report::to_markup;
 
 const std::string replacement = "\xef\xbf\xbd";
 

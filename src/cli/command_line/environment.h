@@ -1,7 +1,9 @@
 #ifndef CLI_COMMAND_LINE_ENVIRONMENT_H
 #define CLI_COMMAND_LINE_ENVIRONMENT_H
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <ostream>
 #include <string>
 
@@ -16,6 +18,9 @@ struct Environment {
   bool out_is_terminal = false;   ///< one that obeys escape sequences
   bool err_is_terminal = false;
   bool no_colour = false;  ///< NO_COLOR is set
+
+  /// The time by which progress is shown.
+  std::function<std::chrono::steady_clock::time_point()> clock = std::chrono::steady_clock::now;
 };
 
 }  // namespace cli

@@ -2,7 +2,7 @@
 
 namespace cli {
 
-const std::array<ExitStatusMeaning, 9> exit_status_table{{
+const std::array<ExitStatusMeaning, 10> exit_status_table{{
     {ExitStatus::accepted, "the commit is accepted, also with warnings"},
     {ExitStatus::rejected, "the commit is rejected"},
     {ExitStatus::accepted_with_warnings, "the commit is accepted with warnings, under --fail-on-warn"},
@@ -11,6 +11,7 @@ const std::array<ExitStatusMeaning, 9> exit_status_table{{
     {ExitStatus::unreadable_file, "a file cannot be read"},
     {ExitStatus::no_plugin, "the validation library cannot be loaded"},
     {ExitStatus::internal, "internal error, or the library broke its contract"},
+    {ExitStatus::out_of_memory, "memory ran out"},
     {ExitStatus::unwritable_file, "a result file cannot be written"},
 }};
 

@@ -17,6 +17,7 @@ enum class ExitStatus : int {
   unreadable_file = 66,
   no_plugin = 69,
   internal = 70,
+  out_of_memory = 71,
   unwritable_file = 73
 };
 
@@ -29,7 +30,7 @@ struct ExitStatusMeaning {
 int severity(ExitStatus status);
 
 /// All of them, ascending, in the words of the help.
-extern const std::array<ExitStatusMeaning, 9> exit_status_table;
+extern const std::array<ExitStatusMeaning, 10> exit_status_table;
 
 }  // namespace cli
 

@@ -62,7 +62,7 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
   report.commit.unused_suppressions = suppressions.unused();
   report::write_findings(human, report.commit.findings, report.commit.search, style);
   for (const std::string &line : report.commit.unused_suppressions) {
-    environment.err << "vpnval: suppresses nothing: " << report::printable(line) << '\n';
+    environment.err << "vpnval: unused suppression: " << report::printable(line) << '\n';
   }
   write_document(environment.out, arguments.format, report);
   return status_of(report, arguments.fail_on_warn);

@@ -52,7 +52,7 @@ class Series {
         environment_(environment),
         output_(make_series_output(arguments.format, environment.out,
                                    report::TextStyle(wants_colour(arguments, environment)))),
-        progress_(environment.err, environment.err_is_terminal),
+        progress_(environment.err, environment.err_is_terminal, environment.clock),
         waiting_(names_.size()) {}
 
   void take(std::size_t index, const process::Result &process_result) {
@@ -81,7 +81,7 @@ class Series {
     output_->finish(decided_, static_cast<int>(worst_));
     if (!is_text) report::write_summary(environment_.err, decided_);
     for (const std::string &line : decided_.unused_suppressions) {
-      environment_.err << "vpnval: suppresses nothing: " << report::printable(line) << '\n';
+      environment_.err << "vpnval: unused suppression: " << report::printable(line) << '\n';
     }
     return worst_;
   }

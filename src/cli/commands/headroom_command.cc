@@ -33,7 +33,7 @@ report::HeadroomReport measure_here(const HeadroomInputs &inputs, const fs::path
   const headroom::Commit commit{element::read_configuration(schema, inputs.running),
                                 element::read_configuration(schema, inputs.candidate), element::read_profile(file)};
   const host::Plugin plugin = load(plugin_file, commit.profile);
-  Progress progress(environment.err, environment.err_is_terminal);
+  Progress progress(environment.err, environment.err_is_terminal, environment.clock);
   const auto tell = [&progress](std::size_t done, std::size_t total) {
     progress.update([=] { return fmt::format("{} of {} limits measured", done, total); });
   };

@@ -13,8 +13,8 @@
 #include "vlan_map/claims.h"
 #include "vlan_map/conflicts.h"
 #include "vlan_map/html.h"
+#include "vlan_map/labels.h"
 #include "vlan_map/svg.h"
-#include "vlan_map/words.h"
 
 namespace cli {
 namespace {
@@ -59,7 +59,7 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   file.write(to_picture(drawn));
   file.publish();
   if (!diagnosis.contract_violation.empty()) {
-    environment.err << "vpnval: the search ended early: " << report::printable(diagnosis.contract_violation) << '\n';
+    environment.err << "vpnval: search stopped: " << report::printable(diagnosis.contract_violation) << '\n';
   }
   environment.out << fmt::format("{}: {}. {}\n", report::printable(arguments.output), count_text(drawn),
                                  verdict_text(drawn));

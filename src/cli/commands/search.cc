@@ -42,7 +42,7 @@ diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Enviro
   diagnosis.end = diagnosis::SearchEnd::calls;
   if (is_nothing(options.budget)) return diagnosis;
 
-  Progress progress(environment.err, environment.err_is_terminal);
+  Progress progress(environment.err, environment.err_is_terminal, environment.clock);
   diagnosis::Options told = options;
   told.progress = [&progress](std::uint64_t calls, std::size_t faults) {
     progress.update([=] { return fmt::format("searching: {} calls of the library, faults found: {}", calls, faults); });

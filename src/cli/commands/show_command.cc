@@ -81,7 +81,7 @@ ExitStatus show(const ShowArguments &arguments, const Environment &environment) 
   try {
     const bool printed =
         arguments.path.empty() ? print_derived(printer, tree) : print_at(printer, tree, arguments.path);
-    if (!printed) environment.err << "nothing stands there\n";
+    if (!printed) environment.err << "no such node\n";
   } catch (const element::PathError &error) {
     throw UsageError(error.what());
   }

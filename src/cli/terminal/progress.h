@@ -14,7 +14,7 @@ class Progress {
  public:
   using Clock = std::chrono::steady_clock;
 
-  Progress(std::ostream &out, bool is_terminal, std::function<Clock::time_point()> now = Clock::now);
+  Progress(std::ostream &out, bool is_terminal, std::function<Clock::time_point()> now);
   ~Progress();
   Progress(const Progress &) = delete;
   Progress &operator=(const Progress &) = delete;

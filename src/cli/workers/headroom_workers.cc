@@ -51,7 +51,7 @@ process::Batch make_batch(const HeadroomInputs &inputs, const fs::path &plugin_f
 std::vector<process::Result> run(const process::Batch &batch, const Environment &environment) {
   std::vector<process::Result> results(batch.arguments.size());
   std::size_t done = 0;
-  Progress progress(environment.err, environment.err_is_terminal);
+  Progress progress(environment.err, environment.err_is_terminal, environment.clock);
   const auto finished = [&](std::size_t index, process::Result result) {
     results[index] = std::move(result);
     ++done;

@@ -64,6 +64,8 @@ std::int32_t ask(const Plugin &plugin, TriggeredPoint &triggered, confd_trans_ct
   confd_value_t value = borrowed_value(triggered.value, *triggered.path.back().schema);
   try {
     return plugin.validate(&context, &path, &value);
+  } catch (const std::bad_alloc &) {
+    throw;  // no fault of the library: its caller has run out of memory
   } catch (const std::exception &error) {
     contract_violation(triggered.point, fmt::format("an exception left the call: {}", error.what()));
   }

@@ -39,6 +39,7 @@ void write_command(std::ostream &out, std::string_view command, const FilePlace 
 
 void write_finding(std::ostream &out, const Finding &finding) {
   std::ostringstream message;
+  message.exceptions(std::ios::badbit);  // else a text would be cut where memory runs out
   message << printable(finding.message) << '\n';
   write_explanation(message, finding, TextStyle(false));
   std::string text = message.str();

@@ -45,6 +45,7 @@ std::string attribute(std::string_view text) { return xml(printable(text)); }
 
 std::string finding_text(const Finding &finding) {
   std::ostringstream text;
+  text.exceptions(std::ios::badbit);  // else a text would be cut where memory runs out
   write_headline(text, finding, TextStyle(false));
   if (!finding.suppressed) write_explanation(text, finding, TextStyle(false));
   return text.str();

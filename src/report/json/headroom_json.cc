@@ -15,9 +15,9 @@ namespace {
 
 using headroom::Answer;
 using headroom::Limit;
+using headroom::LimitState;
+using headroom::LimitUsage;
 using headroom::Measurement;
-using headroom::Remainder;
-using headroom::Standing;
 using host::Decision;
 using nlohmann::ordered_json;
 
@@ -34,11 +34,11 @@ constexpr Names<Limit, 7> limits{{{Limit::vpns, "vpns"},
                                   {Limit::encapsulation_ranges, "encapsulation-ranges"},
                                   {Limit::interface_ranges, "interface-ranges"},
                                   {Limit::bridge_mtu, "bridge-mtu"}}};
-constexpr Names<Standing, 5> standings{{{Standing::measured, "measured"},
-                                        {Standing::exceeded, "exceeded"},
-                                        {Standing::stopped, "stopped"},
-                                        {Standing::no_room, "no-room"},
-                                        {Standing::no_limit, "no-limit"}}};
+constexpr Names<LimitState, 5> states{{{LimitState::measured, "measured"},
+                                       {LimitState::exceeded, "exceeded"},
+                                       {LimitState::stopped, "stopped"},
+                                       {LimitState::no_room, "no-room"},
+                                       {LimitState::no_limit, "no-limit"}}};
 
 template <typename Value, std::size_t count>
 std::string_view name_of(Value value, const Names<Value, count> &names) {
@@ -74,15 +74,15 @@ Answer answer_from(const ordered_json &json) {
   return {json.value("rule", ""), json.at("point").get<std::string>(), json.at("message").get<std::string>()};
 }
 
-ordered_json remainder_json(const Remainder &remainder) {
-  ordered_json json{{"limit", name_of(remainder.limit, limits)}};
-  if (!remainder.vpn.empty()) json["vpn"] = remainder.vpn;
-  if (!remainder.interface.empty()) json["interface"] = remainder.interface;
-  json["standing"] = name_of(remainder.standing, standings);
-  if (remainder.used) json["used"] = *remainder.used;
-  if (remainder.allowed) json["allowed"] = *remainder.allowed;
-  if (remainder.left) json["left"] = *remainder.left;
-  if (remainder.stop) json["stop"] = answer_json(*remainder.stop);
+ordered_json usage_json(const LimitUsage &usage) {
+  ordered_json json{{"limit", name_of(usage.limit, limits)}};
+  if (!usage.vpn.empty()) json["vpn"] = usage.vpn;
+  if (!usage.interface.empty()) json["interface"] = usage.interface;
+  json["standing"] = name_of(usage.state, states);
+  if (usage.used) json["used"] = *usage.used;
+  if (usage.allowed) json["allowed"] = *usage.allowed;
+  if (usage.left) json["left"] = *usage.left;
+  if (usage.stop) json["stop"] = answer_json(*usage.stop);
   return json;
 }
 
@@ -91,17 +91,17 @@ std::optional<std::int64_t> number_from(const ordered_json &json, const char *fi
   return json.at(field).get<std::int64_t>();
 }
 
-Remainder remainder_from(const ordered_json &json) {
-  Remainder remainder;
-  remainder.limit = value_of(json.at("limit"), limits);
-  remainder.vpn = json.value("vpn", "");
-  remainder.interface = json.value("interface", "");
-  remainder.standing = value_of(json.at("standing"), standings);
-  remainder.used = number_from(json, "used");
-  remainder.allowed = number_from(json, "allowed");
-  remainder.left = number_from(json, "left");
-  if (json.contains("stop")) remainder.stop = answer_from(json.at("stop"));
-  return remainder;
+LimitUsage usage_from(const ordered_json &json) {
+  LimitUsage usage;
+  usage.limit = value_of(json.at("limit"), limits);
+  usage.vpn = json.value("vpn", "");
+  usage.interface = json.value("interface", "");
+  usage.state = value_of(json.at("standing"), states);
+  usage.used = number_from(json, "used");
+  usage.allowed = number_from(json, "allowed");
+  usage.left = number_from(json, "left");
+  if (json.contains("stop")) usage.stop = answer_from(json.at("stop"));
+  return usage;
 }
 
 ordered_json element_json(const ElementHeadroom &element) {
@@ -110,7 +110,7 @@ ordered_json element_json(const ElementHeadroom &element) {
   json["answers"] = ordered_json::array();
   for (const Answer &answer : measurement.answers) json["answers"].push_back(answer_json(answer));
   json["limits"] = ordered_json::array();
-  for (const Remainder &remainder : measurement.remainders) json["limits"].push_back(remainder_json(remainder));
+  for (const LimitUsage &usage : measurement.usages) json["limits"].push_back(usage_json(usage));
   return json;
 }
 
@@ -118,7 +118,7 @@ ElementHeadroom element_from(const ordered_json &json) {
   ElementHeadroom element{json.at("file").get<std::string>(), {}};
   element.measurement.decision = decision_from(json.at("decision"));
   for (const auto &answer : json.at("answers")) element.measurement.answers.push_back(answer_from(answer));
-  for (const auto &limit : json.at("limits")) element.measurement.remainders.push_back(remainder_from(limit));
+  for (const auto &limit : json.at("limits")) element.measurement.usages.push_back(usage_from(limit));
   return element;
 }
 

@@ -162,14 +162,14 @@ std::string search_end_text(const SearchReport &search) {
   if (search.end == SearchEnd::complete || !is_wanted(search)) return {};
   if (search.end == SearchEnd::contract_violation) {
     return fmt::format(
-        "the search ended early, for the library broke its contract on a smaller commit: {}; there may be "
+        "search stopped: the library broke its contract on a smaller commit: {}; there may be "
         "further faults",
         printable(search.contract_violation));
   }
   const std::string bound = search.end == SearchEnd::call_budget
-                                ? fmt::format("{} calls of the library are made", grouped(search.budget_calls))
-                                : fmt::format("{} s are over", search.budget_seconds);
-  return fmt::format("the search ended early, for its {}: {}; --budget sets the bound", bound,
+                                ? fmt::format("{} library calls", grouped(search.budget_calls))
+                                : fmt::format("{} s", search.budget_seconds);
+  return fmt::format("search stopped: budget of {} used; {}; --budget sets the bound", bound,
                      search.all_faults ? "there may be further faults, and less than is listed may draw a message"
                                        : "less than is listed may draw the message");
 }

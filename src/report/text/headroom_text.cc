@@ -14,8 +14,8 @@ namespace {
 
 using headroom::Answer;
 using headroom::Limit;
-using headroom::Remainder;
-using headroom::Standing;
+using headroom::LimitState;
+using headroom::LimitUsage;
 
 std::string_view title(Limit limit) {
   switch (limit) {
@@ -57,18 +57,18 @@ class Notes {
   std::vector<std::string> texts_;
 };
 
-std::string cell(const Remainder &remainder, Notes &notes) {
-  const std::string left = remainder.left ? fmt::to_string(*remainder.left) : "?";
-  const std::string of = remainder.allowed ? fmt::format(" of {}", *remainder.allowed) : "";
-  switch (remainder.standing) {
-    case Standing::measured:
-    case Standing::exceeded:
+std::string cell(const LimitUsage &usage, Notes &notes) {
+  const std::string left = usage.left ? fmt::to_string(*usage.left) : "?";
+  const std::string of = usage.allowed ? fmt::format(" of {}", *usage.allowed) : "";
+  switch (usage.state) {
+    case LimitState::measured:
+    case LimitState::exceeded:
       return left + of;
-    case Standing::stopped:
-      return left + of + ' ' + notes.refer_to("stopped by " + rejection_text(remainder.stop.value_or(Answer{})));
-    case Standing::no_room:
+    case LimitState::stopped:
+      return left + of + ' ' + notes.refer_to("stopped by " + rejection_text(usage.stop.value_or(Answer{})));
+    case LimitState::no_room:
       return left + ' ' + notes.refer_to("no VLANs of the interface are free for another range");
-    case Standing::no_limit:
+    case LimitState::no_limit:
       return left + "+ " + notes.refer_to("no limit met: the search went no further");
   }
   return "?";
@@ -102,13 +102,13 @@ class Table {
 
 std::string used_text(const HeadroomReport &report, std::size_t row) {
   for (const ElementHeadroom &element : report.elements) {
-    if (const auto used = element.measurement.remainders[row].used) return fmt::to_string(*used);
+    if (const auto used = element.measurement.usages[row].used) return fmt::to_string(*used);
   }
   return "?";
 }
 
 void add_limits(Table &table, const HeadroomReport &report, Notes &notes) {
-  const std::vector<Remainder> &rows = report.elements.front().measurement.remainders;
+  const std::vector<LimitUsage> &rows = report.elements.front().measurement.usages;
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const std::string owner = printable(rows[i].vpn + rows[i].interface);
     const bool is_first = i == 0 || rows[i - 1].limit != rows[i].limit;
@@ -116,7 +116,7 @@ void add_limits(Table &table, const HeadroomReport &report, Notes &notes) {
     std::vector<std::string> row{owner.empty() ? std::string(title(rows[i].limit)) : "  " + owner,
                                  used_text(report, i)};
     for (const ElementHeadroom &element : report.elements) {
-      row.push_back(cell(element.measurement.remainders[i], notes));
+      row.push_back(cell(element.measurement.usages[i], notes));
     }
     table.add(std::move(row));
   }
