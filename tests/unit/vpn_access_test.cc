@@ -1,5 +1,6 @@
 #include <new>
 
+#include "build_paths.h"
 #include "config_validate_vpn/handlers.h"
 #include "config_validate_vpn/shared/platform_limits.h"
 #include "tests/support/golden_lines.h"
