@@ -35,13 +35,14 @@ AdviceSearch::AdviceSearch(const SearchContext &context, const FoundConflicts &c
 
 const std::vector<Corrections> &AdviceSearch::for_each() {
   for (std::size_t group = corrections_.size(); group < groups_.size(); ++group) {
-    corrections_.push_back(for_groups({group}));
+    corrections_.push_back(context_.oracle.has_ended() ? Corrections{} : for_groups({group}));
   }
   return corrections_;
 }
 
 Corrections AdviceSearch::for_all() {
   for_each();
+  if (context_.oracle.has_ended()) return {};
   if (groups_.size() == 1) return corrections_.front();
   if (context_.changes.size() > kFewParts) return together();
   const NumberSet all = context_.entries.all();

@@ -103,6 +103,7 @@ NumberSet without_bystanders(const SearchContext &context, NumberSet set, std::u
 }  // namespace
 
 void drop_mended(const SearchContext &context, FoundConflicts &conflicts) {
+  if (context.oracle.has_ended()) return;
   std::vector<Cluster> clusters = clusters_of(context, conflicts);
   for (bool is_stable = false; !is_stable;) {
     const std::vector<std::uint32_t> counts = count_parties(context.entries, clusters);

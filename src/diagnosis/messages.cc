@@ -10,10 +10,11 @@ namespace {
 
 /// A limit's text up to its first number.
 std::string_view without_numbers(const rules::Rule &rule, std::string_view text) {
-  const std::size_t number = std::min(rule.message.find("%d"), rule.message.size());
-  const std::size_t name = rule.message.rfind("%s", number);
+  const std::string_view message = rule.message;
+  const std::size_t number = std::min(message.find("%d"), message.size());
+  const std::size_t name = message.rfind("%s", number);
   const std::size_t begin = name == std::string_view::npos ? 0 : name + 2;
-  const std::string_view words = rule.message.substr(begin, number - begin);
+  const std::string_view words = message.substr(begin, number - begin);
   const std::size_t found = text.rfind(words);
   return found == std::string_view::npos ? text : text.substr(0, found + words.size());
 }
