@@ -90,7 +90,7 @@ class VlanMembershipTest : public ::testing::Test {
   scripted::Platform &platform = commit.platform;
 };
 
-TEST_F(VlanMembershipTest, WithoutAnyAccessInterfaceTheMembersAreNotRead) {
+TEST_F(VlanMembershipTest, without_any_access_interface_the_members_are_not_read) {
   commit.add_member(100, 5);
   commit.configure_uplink("100");
   expect(0, {}, {});
@@ -101,25 +101,25 @@ TEST_F(VlanMembershipTest, WithoutAnyAccessInterfaceTheMembersAreNotRead) {
              "maapi_get_next /internal/int-vpws-intf-app", "maapi_destroy_cursor /internal/int-vpws-intf-app"}));
 }
 
-TEST_F(VlanMembershipTest, APortOfAPortBasedVplsVpnTakesNoMember) {
+TEST_F(VlanMembershipTest, a_port_of_a_port_based_vpls_vpn_takes_no_member) {
   commit.attach_vpls("eth-1-1");
   commit.add_member(100, 5);
   expect_rejected("vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V");
 }
 
-TEST_F(VlanMembershipTest, APortOfAPortBasedVpwsVpnTakesNoMember) {
+TEST_F(VlanMembershipTest, a_port_of_a_port_based_vpws_vpn_takes_no_member) {
   commit.attach_vpws("eth-1-2");
   commit.add_member(4094, 6);
   expect_rejected("vlan 4094 interface eth-1-2 is already assigned to mpls l2vpn vpws-group H vpn W");
 }
 
-TEST_F(VlanMembershipTest, AnotherPortTakesAMember) {
+TEST_F(VlanMembershipTest, another_port_takes_a_member) {
   commit.attach_vpls("eth-1-1");
   commit.add_member(100, 6);
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, APortTakesNoMemberOfAVlanThatItsVpnUses) {
+TEST_F(VlanMembershipTest, a_port_takes_no_member_of_a_vlan_that_its_vpn_uses) {
   commit.attach_vpls("eth-1-1", 100);
   commit.add_member(100, 5);
   expect_rejected(
@@ -127,7 +127,7 @@ TEST_F(VlanMembershipTest, APortTakesNoMemberOfAVlanThatItsVpnUses) {
       "dot1q. It must be configured to another dot1q vlan");
 }
 
-TEST_F(VlanMembershipTest, APortTakesMembersOfOtherVlansThanItsVpns) {
+TEST_F(VlanMembershipTest, a_port_takes_members_of_other_vlans_than_its_vpns) {
   commit.attach_vpls("eth-1-1", 100);
   commit.add_member(99, 5);
   commit.add_member(101, 5);
@@ -140,7 +140,7 @@ struct RangeCase {
   bool is_accepted;
 };
 
-TEST(VlanMembershipRangeTest, BothEndsOfAVpnsDot1qRangeAreItsVlans) {
+TEST(VlanMembershipRangeTest, both_ends_of_a_vpns_dot1q_range_are_its_vlans) {
   for (const RangeCase &row :
        std::vector<RangeCase>{{89, true}, {90, false}, {100, false}, {110, false}, {111, true}}) {
     SCOPED_TRACE(row.vlan);
@@ -156,7 +156,7 @@ TEST(VlanMembershipRangeTest, BothEndsOfAVpnsDot1qRangeAreItsVlans) {
   }
 }
 
-TEST_F(VlanMembershipTest, AnUntaggedVpnUsesNoVlanAndIsNotPortBased) {
+TEST_F(VlanMembershipTest, an_untagged_vpn_uses_no_vlan_and_is_not_port_based) {
   commit.attach_vpws("eth-1-1");
   commit.untag_vpws("eth-1-1");
   commit.add_member(100, 5);
@@ -164,14 +164,14 @@ TEST_F(VlanMembershipTest, AnUntaggedVpnUsesNoVlanAndIsNotPortBased) {
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, APortBasedVpnIsNamedBeforeAVlanBasedOne) {
+TEST_F(VlanMembershipTest, a_port_based_vpn_is_named_before_a_vlan_based_one) {
   commit.attach_vpls("eth-1-1", 100);
   commit.attach_vpws("eth-1-1");
   commit.add_member(100, 5);
   expect_rejected("vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpws-group H vpn W");
 }
 
-TEST_F(VlanMembershipTest, OfSeveralVpnsTheFirstInOrderIsNamed) {
+TEST_F(VlanMembershipTest, of_several_vpns_the_first_in_order_is_named) {
   commit.attach_vpls("eth-1-1", 100, "B");
   commit.attach_vpls("eth-1-1", 100, "A");
   commit.add_member(100, 5);
@@ -180,7 +180,7 @@ TEST_F(VlanMembershipTest, OfSeveralVpnsTheFirstInOrderIsNamed) {
       "dot1q. It must be configured to another dot1q vlan");
 }
 
-TEST(VlanMembershipChangeTest, OnlyMembersThatTheTransactionCreatesAreExamined) {
+TEST(VlanMembershipChangeTest, only_members_that_the_transaction_creates_are_examined) {
   for (const confd_iter_op op :
        {MOP_CREATED, MOP_DELETED, MOP_MODIFIED, MOP_VALUE_SET, MOP_MOVED_AFTER, MOP_ATTR_SET}) {
     SCOPED_TRACE(op);
@@ -192,7 +192,7 @@ TEST(VlanMembershipChangeTest, OnlyMembersThatTheTransactionCreatesAreExamined) 
   }
 }
 
-TEST_F(VlanMembershipTest, AMemberThatTheTransactionDoesNotTouchIsNotExamined) {
+TEST_F(VlanMembershipTest, a_member_that_the_transaction_does_not_touch_is_not_examined) {
   commit.attach_vpls("eth-1-1");
   commit.configure_member(100, 5);
   commit.add_member(100, 6);
@@ -200,7 +200,7 @@ TEST_F(VlanMembershipTest, AMemberThatTheTransactionDoesNotTouchIsNotExamined) {
   EXPECT_EQ(platform.count("limid_from_ifindex"), 1U) << "its name is not even asked for";
 }
 
-TEST_F(VlanMembershipTest, TheFirstRejectedMemberInTableOrderEndsTheWalk) {
+TEST_F(VlanMembershipTest, the_first_rejected_member_in_table_order_ends_the_walk) {
   commit.attach_vpls("eth-1-1", 300);
   commit.attach_vpws("eth-1-2");
   commit.add_member(300, 5);
@@ -209,14 +209,14 @@ TEST_F(VlanMembershipTest, TheFirstRejectedMemberInTableOrderEndsTheWalk) {
   EXPECT_EQ(platform.count("maapi_keypath_diff_iterate"), 1U);
 }
 
-TEST_F(VlanMembershipTest, APortThatTheElementDoesNotKnowCarriesNoVpn) {
+TEST_F(VlanMembershipTest, a_port_that_the_element_does_not_know_carries_no_vpn) {
   commit.attach_vpls("eth-1-1");
   commit.add_member(100, 7);
   expect_accepted();
   EXPECT_EQ(platform.calls()[platform.calls().size() - 2], "limid_to_intfname 0");
 }
 
-TEST_F(VlanMembershipTest, APortsNameIsAtMost63CharactersLong) {
+TEST_F(VlanMembershipTest, a_ports_name_is_at_most_63_characters_long) {
   const std::string longest(63, 'n');
   platform.interface(longest + "x", 1007, 7);
   commit.attach_vpls(longest);
@@ -224,41 +224,41 @@ TEST_F(VlanMembershipTest, APortsNameIsAtMost63CharactersLong) {
   expect_rejected("vlan 100 interface " + longest + " is already assigned to mpls l2vpn vpls-group G vpn V");
 }
 
-TEST_F(VlanMembershipTest, AnUplinkVlanOnAPortWithAVlanBasedVpnDrawsTheWarning) {
+TEST_F(VlanMembershipTest, an_uplink_vlan_on_a_port_with_a_vlan_based_vpn_draws_the_warning) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.add_member(300, 5);
   expect_warned();
 }
 
-TEST_F(VlanMembershipTest, AnotherVlanDrawsNone) {
+TEST_F(VlanMembershipTest, another_vlan_draws_none) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.add_member(301, 5);
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, AnUplinkVlanOnAPortWithoutAVpnDrawsNone) {
+TEST_F(VlanMembershipTest, an_uplink_vlan_on_a_port_without_a_vpn_draws_none) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.add_member(300, 6);
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, AnUplinkVlanOnAPortOfAPortBasedVpnIsRejectedAndNotWarnedOf) {
+TEST_F(VlanMembershipTest, an_uplink_vlan_on_a_port_of_a_port_based_vpn_is_rejected_and_not_warned_of) {
   commit.attach_vpls("eth-1-1");
   commit.configure_uplink("300");
   commit.add_member(300, 5);
   expect_rejected("vlan 300 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V");
 }
 
-TEST_F(VlanMembershipTest, WithoutUplinksThereIsNoWarning) {
+TEST_F(VlanMembershipTest, without_uplinks_there_is_no_warning) {
   commit.attach_vpls("eth-1-1", 100);
   commit.add_member(300, 5);
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, OneWarningIsSetForSeveralMembers) {
+TEST_F(VlanMembershipTest, one_warning_is_set_for_several_members) {
   commit.attach_vpls("eth-1-1", 100);
   commit.attach_vpws("eth-1-2", 100);
   commit.configure_uplink("300");
@@ -269,7 +269,7 @@ TEST_F(VlanMembershipTest, OneWarningIsSetForSeveralMembers) {
   expect_warned();
 }
 
-TEST_F(VlanMembershipTest, AWarningStaysWhenLaterMembersDrawNone) {
+TEST_F(VlanMembershipTest, a_warning_stays_when_later_members_draw_none) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.add_member(300, 5);
@@ -278,7 +278,7 @@ TEST_F(VlanMembershipTest, AWarningStaysWhenLaterMembersDrawNone) {
   expect_warned();
 }
 
-TEST_F(VlanMembershipTest, AMemberIsRejectedAfterAWarningAndItsMessageStands) {
+TEST_F(VlanMembershipTest, a_member_is_rejected_after_a_warning_and_its_message_stands) {
   commit.attach_vpls("eth-1-1", 100);
   commit.attach_vpws("eth-1-2");
   commit.configure_uplink("300");
@@ -287,7 +287,7 @@ TEST_F(VlanMembershipTest, AMemberIsRejectedAfterAWarningAndItsMessageStands) {
   expect(-1, {kWarning, "vlan 301 interface eth-1-2 is already assigned to mpls l2vpn vpws-group H vpn W"}, {});
 }
 
-TEST_F(VlanMembershipTest, AsksInThisOrder) {
+TEST_F(VlanMembershipTest, asks_in_this_order) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.configure_member(100, 5);
@@ -323,7 +323,7 @@ TEST_F(VlanMembershipTest, AsksInThisOrder) {
                                      "maapi_get_next " + members}));
 }
 
-TEST_F(VlanMembershipTest, ARejectionDestroysTheCursorAfterItsMessage) {
+TEST_F(VlanMembershipTest, a_rejection_destroys_the_cursor_after_its_message) {
   commit.attach_vpls("eth-1-1");
   commit.add_member(100, 5);
   const std::string message = "vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V";
@@ -334,7 +334,7 @@ TEST_F(VlanMembershipTest, ARejectionDestroysTheCursorAfterItsMessage) {
             "maapi_destroy_cursor /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry");
 }
 
-TEST_F(VlanMembershipTest, AKeyOfAnotherTypeStopsTheProcessAlsoInAMemberThatDidNotChange) {
+TEST_F(VlanMembershipTest, a_key_of_another_type_stops_the_process_also_in_a_member_that_did_not_change) {
   commit.attach_vpls("eth-1-1");
   platform.list(kMembers, 3, {{u32(1), u32(100), u32(5)}});
   EXPECT_BROKEN_MODEL(commit.verdict(), "config_validate_vpn", "(&mc.keys[1])->type == C_INT32");
@@ -390,7 +390,7 @@ void configure_for_failures(Commit &commit) {
   commit.configure_uplink("300");
 }
 
-TEST(VlanMembershipFailureTest, AFailedCallLeavesAConflictThatCanStillBeSeen) {
+TEST(VlanMembershipFailureTest, a_failed_call_leaves_a_conflict_that_can_still_be_seen) {
   for (const FailureCase &row : failure_cases) {
     SCOPED_TRACE(std::string(row.function) + " " + std::to_string(row.nth));
     Commit commit;
@@ -408,7 +408,7 @@ TEST(VlanMembershipFailureTest, AFailedCallLeavesAConflictThatCanStillBeSeen) {
   }
 }
 
-TEST(VlanMembershipFailureTest, AFailedCallMayCostTheWarning) {
+TEST(VlanMembershipFailureTest, a_failed_call_may_cost_the_warning) {
   for (const FailureCase &row : failure_cases) {
     if (row.conflict_text == kVplsWholePort) continue;  // the member is then in a port-based VPN's port
     SCOPED_TRACE(std::string(row.function) + " " + std::to_string(row.nth));
@@ -422,7 +422,7 @@ TEST(VlanMembershipFailureTest, AFailedCallMayCostTheWarning) {
   }
 }
 
-TEST(VlanMembershipFailureTest, AnUplinkVlanThatIsNoNumberLeavesNothingOpen) {
+TEST(VlanMembershipFailureTest, an_uplink_vlan_that_is_no_number_leaves_nothing_open) {
   Commit commit;
   configure_for_failures(commit);
   commit.configure_uplink("none");
