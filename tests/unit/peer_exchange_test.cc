@@ -3,6 +3,7 @@
 #include "config_validate_vpn/drivers/vpn_peer.h"
 #include "tests/support/printers.h"
 #include "tests/support/pseudowires.h"
+#include "tests/support/rule_message.h"
 
 namespace {
 
@@ -37,27 +38,24 @@ class PeerExchangeTest : public scripted::PlatformTest {
   }
 };
 
-TEST_F(PeerExchangeTest, RejectsAPwIdThatTheRunningConfigurationHasInEitherFamily) {
+TEST_F(PeerExchangeTest, rejects_a_pw_id_that_the_running_configuration_has_in_either_family) {
   const Pw east{"north", "east", "10.0.0.1", 20};
   set_vpws_pw_id(east, 20);
   run_vpls({"south", "west", "10.0.0.1", 20});
   EXPECT_EQ(verdict({east}), -1);
-  EXPECT_EQ(platform.errors(), Texts{"The PW ID 20 was formerly assigned to VPN west from Group south. Delete VPN "
-                                     "west, its neighbor or backup-neighbor before applying changes"});
+  EXPECT_EQ(platform.errors(), Texts{message_of("pw-id-moved", {"20", "west", "south", "west"})});
 }
 
-TEST_F(PeerExchangeTest, OfTwoRunningPseudowiresWithOneKeyTheVpwsOneIsNamed) {
+TEST_F(PeerExchangeTest, of_two_running_pseudowires_with_one_key_the_vpws_one_is_named) {
   const Pw east{"north", "east", "10.0.0.1", 20};
   set_vpls_pw_id(east, 20);
   run_vpls({"south", "vpls", "10.0.0.1", 20});
   run_vpws({"south", "vpws", "10.0.0.1", 20});
   EXPECT_EQ(verdict({east}), -1);
-  EXPECT_EQ(platform.error(),
-            "The PW ID 20 was formerly assigned to VPN vpws from Group south. Delete VPN vpws, its "
-            "neighbor or backup-neighbor before applying changes");
+  EXPECT_EQ(platform.error(), message_of("pw-id-moved", {"20", "vpws", "south", "vpws"}));
 }
 
-TEST_F(PeerExchangeTest, AcceptsAPwIdThatTheRunningConfigurationHasTowardsAnotherNeighbor) {
+TEST_F(PeerExchangeTest, accepts_a_pw_id_that_the_running_configuration_has_towards_another_neighbor) {
   const Pw east{"north", "east", "10.0.0.1", 20};
   set_vpws_pw_id(east, 20);
   run_vpls({"south", "west", "10.0.0.2", 20});
@@ -65,7 +63,7 @@ TEST_F(PeerExchangeTest, AcceptsAPwIdThatTheRunningConfigurationHasTowardsAnothe
   EXPECT_EQ(platform.errors(), Texts{});
 }
 
-TEST_F(PeerExchangeTest, TheFirstPseudowireInMapOrderIsReported) {
+TEST_F(PeerExchangeTest, the_first_pseudowire_in_map_order_is_reported) {
   const Pw first{"north", "first", "10.0.0.1", 10};
   const Pw second{"north", "second", "10.0.0.1", 20};
   set_vpls_pw_id(second, 20);
@@ -73,12 +71,10 @@ TEST_F(PeerExchangeTest, TheFirstPseudowireInMapOrderIsReported) {
   run_vpws({"G", "A", "10.0.0.1", 10});
   run_vpws({"G", "B", "10.0.0.1", 20});
   EXPECT_EQ(verdict({second, first}), -1);
-  EXPECT_EQ(platform.error(),
-            "The PW ID 10 was formerly assigned to VPN A from Group G. Delete VPN A, its neighbor or "
-            "backup-neighbor before applying changes");
+  EXPECT_EQ(platform.error(), message_of("pw-id-moved", {"10", "A", "G", "A"}));
 }
 
-TEST_F(PeerExchangeTest, AsksBothFamiliesAboutEveryPseudowireAndTracesLast) {
+TEST_F(PeerExchangeTest, asks_both_families_about_every_pseudowire_and_traces_last) {
   EXPECT_EQ(verdict({{"north", "east", "10.0.0.1", 10}, {"south", "west", "10.0.0.1", 20}}), 0);
   const std::string ask = "maapi_keypath_diff_iterate ";
   const Pw east{"north", "east", "10.0.0.1", 10};
@@ -94,7 +90,7 @@ TEST_F(PeerExchangeTest, AsksBothFamiliesAboutEveryPseudowireAndTracesLast) {
              "qnmw_trace_register_category vpn-validation-debug", "zlog"}));
 }
 
-TEST_F(PeerExchangeTest, ARejectionIsNotTraced) {
+TEST_F(PeerExchangeTest, a_rejection_is_not_traced) {
   const Pw east{"north", "east", "10.0.0.1", 20};
   set_vpws_pw_id(east, 20);
   run_vpws(east);
@@ -104,7 +100,7 @@ TEST_F(PeerExchangeTest, ARejectionIsNotTraced) {
   EXPECT_EQ(platform.count("maapi_keypath_diff_iterate"), 1U) << "nothing is asked after a rejection";
 }
 
-TEST_F(PeerExchangeTest, TracesBothConfigurationsWithAFixedOrigin) {
+TEST_F(PeerExchangeTest, traces_both_configurations_with_a_fixed_origin) {
   run_vpws({"north", "east", "10.0.0.2", 100});
   EXPECT_EQ(verdict({{"north", "east", "10.0.0.2", 101}, {"south", "west", "192.168.255.1", 4294967295}}), 0);
   const scripted::TraceCall expected{"vpn-validation-debug",
@@ -125,7 +121,7 @@ TEST_F(PeerExchangeTest, TracesBothConfigurationsWithAFixedOrigin) {
   EXPECT_EQ(platform.trace(), std::vector<scripted::TraceCall>{expected});
 }
 
-TEST_F(PeerExchangeTest, TracesEmptyConfigurations) {
+TEST_F(PeerExchangeTest, traces_empty_configurations) {
   EXPECT_EQ(traced({}),
             "\n"
             ". Running mpls l2vpn PWs config:\n"
@@ -135,7 +131,7 @@ TEST_F(PeerExchangeTest, TracesEmptyConfigurations) {
 }
 
 // The order is that of the numbers in memory, not that of the dotted addresses.
-TEST_F(PeerExchangeTest, TracesNeighborsByTheirAddressInMemoryThenByPwId) {
+TEST_F(PeerExchangeTest, traces_neighbors_by_their_address_in_memory_then_by_pw_id) {
   ASSERT_LT(scripted::address_word("11.0.0.1"), scripted::address_word("10.0.0.2")) << "on a little-endian machine";
   EXPECT_EQ(traced({{"G", "V", "10.0.0.2", 1}, {"G", "V", "11.0.0.1", 10}, {"G", "V", "11.0.0.1", 9}}),
             "\n"
@@ -148,7 +144,7 @@ TEST_F(PeerExchangeTest, TracesNeighborsByTheirAddressInMemoryThenByPwId) {
             ". end.\n");
 }
 
-TEST_F(PeerExchangeTest, TracesNamesThatLookLikeFormats) {
+TEST_F(PeerExchangeTest, traces_names_that_look_like_formats) {
   EXPECT_EQ(traced({{"%s%n", "100%", "10.0.0.2", 1}}),
             "\n"
             ". Running mpls l2vpn PWs config:\n"
@@ -158,7 +154,7 @@ TEST_F(PeerExchangeTest, TracesNamesThatLookLikeFormats) {
             ". end.\n");
 }
 
-TEST_F(PeerExchangeTest, TracesWithoutACategoryWhenItCannotBeRegistered) {
+TEST_F(PeerExchangeTest, traces_without_a_category_when_it_cannot_be_registered) {
   platform.fail("qnmw_trace_register_category", 1);
   EXPECT_EQ(verdict({}), 0);
   ASSERT_EQ(platform.trace().size(), 1U);

@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "config_validate_vpn/handlers.h"
 #include "tests/support/broken_model.h"
-#include "tests/support/printers.h"
+#include "tests/unit/membership_commit.h"
 
 namespace {
 
@@ -13,65 +12,9 @@ using scripted::Values;
 using Calls = std::vector<std::string>;
 using Texts = std::vector<std::string>;
 
-constexpr const char *kMembers =
-    "/KZ-VLAN-MANAGER-MIB:KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry";
-constexpr const char *kUplinks = "/internal/int-ldp-intf-l3";
 constexpr const char *kWarning =
     "Some MPLS VPN's have access and uplink interfaces in common. In this way those access interfaces will not be able "
     "to encapsulate MPLS traffic";
-
-/// What the walk of the members leaves open when it comes to their end.
-const Texts kMemberCursor{"cursor on /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry"};
-
-/// An element with the ports eth-1-1 (ifindex 5) and eth-1-2 (ifindex 6), and one commit on it.
-class Commit {
- public:
-  Commit() {
-    platform.interface("eth-1-1", 1005, 5);
-    platform.interface("eth-1-2", 1006, 6);
-  }
-
-  /// VPN V of group G; without a VLAN it takes the whole port.
-  void attach_vpls(const std::string &interface, std::uint32_t vlan = 0, const std::string &vpn = "V") {
-    platform.entry("/internal/int-sub-vpls-vpn-ac", {text("G"), text(vpn), u32(1), text(interface)}, 4);
-    platform.leaf("/internal/int-sub-vpls-vpn-bd{G " + vpn + " 1}/int-vpls-bd-vlan", u32(vlan));
-  }
-
-  /// VPN W of group H.
-  void attach_vpws(const std::string &interface, std::uint32_t vlan = 0) {
-    platform.entry("/internal/int-vpws-intf-app", {text("H"), text("W"), u32(1), text(interface), u32(vlan)}, 5);
-  }
-
-  void encapsulate_vpws(const std::string &interface, std::uint32_t first, std::uint32_t last) {
-    platform.entry("/internal/int-vpws-intf-encap{H W 1 " + interface + "}/int-vpws-encap-dot1q-range",
-                   {u32(first), u32(last)}, 2);
-  }
-
-  void untag_vpws(const std::string &interface) {
-    platform.leaf("/internal/int-vpws-intf-encap{H W 1 " + interface + "}/int-vpws-encap-untagged",
-                  scripted::enum_value(1));
-  }
-
-  void configure_uplink(const std::string &vlan) {
-    platform.entry(kUplinks, {text("l3-" + vlan), u32(1), text(vlan)}, 3);
-  }
-
-  /// A member that the transaction does not touch.
-  void configure_member(std::int32_t vlan, std::int32_t ifindex) {
-    platform.entry(kMembers, {u32(1), i32(vlan), i32(ifindex)}, 3);
-  }
-
-  void change_member(std::int32_t vlan, std::int32_t ifindex, confd_iter_op op) {
-    configure_member(vlan, ifindex);
-    platform.change_entry(kMembers, {u32(1), i32(vlan), i32(ifindex)}, op);
-  }
-
-  void add_member(std::int32_t vlan, std::int32_t ifindex) { change_member(vlan, ifindex, MOP_CREATED); }
-
-  std::int32_t verdict() { return config_validate_vlm(platform.socket(), &platform.context(), nullptr, nullptr); }
-
-  scripted::Platform platform;
-};
 
 class VlanMembershipTest : public ::testing::Test {
  protected:
@@ -86,11 +29,11 @@ class VlanMembershipTest : public ::testing::Test {
     EXPECT_EQ(platform.misuses(), Texts{});
   }
 
-  Commit commit;
+  MembershipCommit commit;
   scripted::Platform &platform = commit.platform;
 };
 
-TEST_F(VlanMembershipTest, WithoutAnyAccessInterfaceTheMembersAreNotRead) {
+TEST_F(VlanMembershipTest, without_any_access_interface_the_members_are_not_read) {
   commit.add_member(100, 5);
   commit.configure_uplink("100");
   expect(0, {}, {});
@@ -101,25 +44,25 @@ TEST_F(VlanMembershipTest, WithoutAnyAccessInterfaceTheMembersAreNotRead) {
              "maapi_get_next /internal/int-vpws-intf-app", "maapi_destroy_cursor /internal/int-vpws-intf-app"}));
 }
 
-TEST_F(VlanMembershipTest, APortOfAPortBasedVplsVpnTakesNoMember) {
+TEST_F(VlanMembershipTest, a_port_of_a_port_based_vpls_vpn_takes_no_member) {
   commit.attach_vpls("eth-1-1");
   commit.add_member(100, 5);
   expect_rejected("vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V");
 }
 
-TEST_F(VlanMembershipTest, APortOfAPortBasedVpwsVpnTakesNoMember) {
+TEST_F(VlanMembershipTest, a_port_of_a_port_based_vpws_vpn_takes_no_member) {
   commit.attach_vpws("eth-1-2");
   commit.add_member(4094, 6);
   expect_rejected("vlan 4094 interface eth-1-2 is already assigned to mpls l2vpn vpws-group H vpn W");
 }
 
-TEST_F(VlanMembershipTest, AnotherPortTakesAMember) {
+TEST_F(VlanMembershipTest, another_port_takes_a_member) {
   commit.attach_vpls("eth-1-1");
   commit.add_member(100, 6);
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, APortTakesNoMemberOfAVlanThatItsVpnUses) {
+TEST_F(VlanMembershipTest, a_port_takes_no_member_of_a_vlan_that_its_vpn_uses) {
   commit.attach_vpls("eth-1-1", 100);
   commit.add_member(100, 5);
   expect_rejected(
@@ -127,7 +70,7 @@ TEST_F(VlanMembershipTest, APortTakesNoMemberOfAVlanThatItsVpnUses) {
       "dot1q. It must be configured to another dot1q vlan");
 }
 
-TEST_F(VlanMembershipTest, APortTakesMembersOfOtherVlansThanItsVpns) {
+TEST_F(VlanMembershipTest, a_port_takes_members_of_other_vlans_than_its_vpns) {
   commit.attach_vpls("eth-1-1", 100);
   commit.add_member(99, 5);
   commit.add_member(101, 5);
@@ -140,11 +83,11 @@ struct RangeCase {
   bool is_accepted;
 };
 
-TEST(VlanMembershipRangeTest, BothEndsOfAVpnsDot1qRangeAreItsVlans) {
+TEST(VlanMembershipRangeTest, both_ends_of_a_vpns_dot1q_range_are_its_vlans) {
   for (const RangeCase &row :
        std::vector<RangeCase>{{89, true}, {90, false}, {100, false}, {110, false}, {111, true}}) {
     SCOPED_TRACE(row.vlan);
-    Commit commit;
+    MembershipCommit commit;
     commit.attach_vpws("eth-1-1");
     commit.encapsulate_vpws("eth-1-1", 90, 110);
     commit.add_member(row.vlan, 5);
@@ -156,7 +99,7 @@ TEST(VlanMembershipRangeTest, BothEndsOfAVpnsDot1qRangeAreItsVlans) {
   }
 }
 
-TEST_F(VlanMembershipTest, AnUntaggedVpnUsesNoVlanAndIsNotPortBased) {
+TEST_F(VlanMembershipTest, an_untagged_vpn_uses_no_vlan_and_is_not_port_based) {
   commit.attach_vpws("eth-1-1");
   commit.untag_vpws("eth-1-1");
   commit.add_member(100, 5);
@@ -164,14 +107,14 @@ TEST_F(VlanMembershipTest, AnUntaggedVpnUsesNoVlanAndIsNotPortBased) {
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, APortBasedVpnIsNamedBeforeAVlanBasedOne) {
+TEST_F(VlanMembershipTest, a_port_based_vpn_is_named_before_a_vlan_based_one) {
   commit.attach_vpls("eth-1-1", 100);
   commit.attach_vpws("eth-1-1");
   commit.add_member(100, 5);
   expect_rejected("vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpws-group H vpn W");
 }
 
-TEST_F(VlanMembershipTest, OfSeveralVpnsTheFirstInOrderIsNamed) {
+TEST_F(VlanMembershipTest, of_several_vpns_the_first_in_order_is_named) {
   commit.attach_vpls("eth-1-1", 100, "B");
   commit.attach_vpls("eth-1-1", 100, "A");
   commit.add_member(100, 5);
@@ -180,11 +123,11 @@ TEST_F(VlanMembershipTest, OfSeveralVpnsTheFirstInOrderIsNamed) {
       "dot1q. It must be configured to another dot1q vlan");
 }
 
-TEST(VlanMembershipChangeTest, OnlyMembersThatTheTransactionCreatesAreExamined) {
+TEST(VlanMembershipChangeTest, only_members_that_the_transaction_creates_are_examined) {
   for (const confd_iter_op op :
        {MOP_CREATED, MOP_DELETED, MOP_MODIFIED, MOP_VALUE_SET, MOP_MOVED_AFTER, MOP_ATTR_SET}) {
     SCOPED_TRACE(op);
-    Commit commit;
+    MembershipCommit commit;
     commit.attach_vpls("eth-1-1");
     commit.change_member(100, 5, op);
     EXPECT_EQ(commit.verdict(), op == MOP_CREATED ? -1 : 0);
@@ -192,7 +135,7 @@ TEST(VlanMembershipChangeTest, OnlyMembersThatTheTransactionCreatesAreExamined) 
   }
 }
 
-TEST_F(VlanMembershipTest, AMemberThatTheTransactionDoesNotTouchIsNotExamined) {
+TEST_F(VlanMembershipTest, a_member_that_the_transaction_does_not_touch_is_not_examined) {
   commit.attach_vpls("eth-1-1");
   commit.configure_member(100, 5);
   commit.add_member(100, 6);
@@ -200,7 +143,7 @@ TEST_F(VlanMembershipTest, AMemberThatTheTransactionDoesNotTouchIsNotExamined) {
   EXPECT_EQ(platform.count("limid_from_ifindex"), 1U) << "its name is not even asked for";
 }
 
-TEST_F(VlanMembershipTest, TheFirstRejectedMemberInTableOrderEndsTheWalk) {
+TEST_F(VlanMembershipTest, the_first_rejected_member_in_table_order_ends_the_walk) {
   commit.attach_vpls("eth-1-1", 300);
   commit.attach_vpws("eth-1-2");
   commit.add_member(300, 5);
@@ -209,14 +152,14 @@ TEST_F(VlanMembershipTest, TheFirstRejectedMemberInTableOrderEndsTheWalk) {
   EXPECT_EQ(platform.count("maapi_keypath_diff_iterate"), 1U);
 }
 
-TEST_F(VlanMembershipTest, APortThatTheElementDoesNotKnowCarriesNoVpn) {
+TEST_F(VlanMembershipTest, a_port_that_the_element_does_not_know_carries_no_vpn) {
   commit.attach_vpls("eth-1-1");
   commit.add_member(100, 7);
   expect_accepted();
   EXPECT_EQ(platform.calls()[platform.calls().size() - 2], "limid_to_intfname 0");
 }
 
-TEST_F(VlanMembershipTest, APortsNameIsAtMost63CharactersLong) {
+TEST_F(VlanMembershipTest, a_ports_name_is_at_most_63_characters_long) {
   const std::string longest(63, 'n');
   platform.interface(longest + "x", 1007, 7);
   commit.attach_vpls(longest);
@@ -224,41 +167,41 @@ TEST_F(VlanMembershipTest, APortsNameIsAtMost63CharactersLong) {
   expect_rejected("vlan 100 interface " + longest + " is already assigned to mpls l2vpn vpls-group G vpn V");
 }
 
-TEST_F(VlanMembershipTest, AnUplinkVlanOnAPortWithAVlanBasedVpnDrawsTheWarning) {
+TEST_F(VlanMembershipTest, an_uplink_vlan_on_a_port_with_a_vlan_based_vpn_draws_the_warning) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.add_member(300, 5);
   expect_warned();
 }
 
-TEST_F(VlanMembershipTest, AnotherVlanDrawsNone) {
+TEST_F(VlanMembershipTest, another_vlan_draws_none) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.add_member(301, 5);
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, AnUplinkVlanOnAPortWithoutAVpnDrawsNone) {
+TEST_F(VlanMembershipTest, an_uplink_vlan_on_a_port_without_a_vpn_draws_none) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.add_member(300, 6);
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, AnUplinkVlanOnAPortOfAPortBasedVpnIsRejectedAndNotWarnedOf) {
+TEST_F(VlanMembershipTest, an_uplink_vlan_on_a_port_of_a_port_based_vpn_is_rejected_and_not_warned_of) {
   commit.attach_vpls("eth-1-1");
   commit.configure_uplink("300");
   commit.add_member(300, 5);
   expect_rejected("vlan 300 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V");
 }
 
-TEST_F(VlanMembershipTest, WithoutUplinksThereIsNoWarning) {
+TEST_F(VlanMembershipTest, without_uplinks_there_is_no_warning) {
   commit.attach_vpls("eth-1-1", 100);
   commit.add_member(300, 5);
   expect_accepted();
 }
 
-TEST_F(VlanMembershipTest, OneWarningIsSetForSeveralMembers) {
+TEST_F(VlanMembershipTest, one_warning_is_set_for_several_members) {
   commit.attach_vpls("eth-1-1", 100);
   commit.attach_vpws("eth-1-2", 100);
   commit.configure_uplink("300");
@@ -269,7 +212,7 @@ TEST_F(VlanMembershipTest, OneWarningIsSetForSeveralMembers) {
   expect_warned();
 }
 
-TEST_F(VlanMembershipTest, AWarningStaysWhenLaterMembersDrawNone) {
+TEST_F(VlanMembershipTest, a_warning_stays_when_later_members_draw_none) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.add_member(300, 5);
@@ -278,7 +221,7 @@ TEST_F(VlanMembershipTest, AWarningStaysWhenLaterMembersDrawNone) {
   expect_warned();
 }
 
-TEST_F(VlanMembershipTest, AMemberIsRejectedAfterAWarningAndItsMessageStands) {
+TEST_F(VlanMembershipTest, a_member_is_rejected_after_a_warning_and_its_message_stands) {
   commit.attach_vpls("eth-1-1", 100);
   commit.attach_vpws("eth-1-2");
   commit.configure_uplink("300");
@@ -287,7 +230,7 @@ TEST_F(VlanMembershipTest, AMemberIsRejectedAfterAWarningAndItsMessageStands) {
   expect(-1, {kWarning, "vlan 301 interface eth-1-2 is already assigned to mpls l2vpn vpws-group H vpn W"}, {});
 }
 
-TEST_F(VlanMembershipTest, AsksInThisOrder) {
+TEST_F(VlanMembershipTest, asks_in_this_order) {
   commit.attach_vpls("eth-1-1", 100);
   commit.configure_uplink("300");
   commit.configure_member(100, 5);
@@ -312,18 +255,18 @@ TEST_F(VlanMembershipTest, AsksInThisOrder) {
                                      "maapi_get_next /internal/int-ldp-intf-l3",
                                      "maapi_get_next /internal/int-ldp-intf-l3",
                                      "maapi_destroy_cursor /internal/int-ldp-intf-l3",
-                                     std::string("maapi_init_cursor ") + kMembers,
+                                     std::string("maapi_init_cursor ") + kStaticMembers,
                                      "maapi_get_next " + members,
-                                     std::string("maapi_keypath_diff_iterate ") + kMembers + "{1 100 5}",
+                                     std::string("maapi_keypath_diff_iterate ") + kStaticMembers + "{1 100 5}",
                                      "maapi_get_next " + members,
-                                     std::string("maapi_keypath_diff_iterate ") + kMembers + "{1 300 5}",
+                                     std::string("maapi_keypath_diff_iterate ") + kStaticMembers + "{1 300 5}",
                                      "limid_from_ifindex 5",
                                      "limid_to_intfname 1005",
                                      std::string("confd_trans_seterr ") + kWarning,
                                      "maapi_get_next " + members}));
 }
 
-TEST_F(VlanMembershipTest, ARejectionDestroysTheCursorAfterItsMessage) {
+TEST_F(VlanMembershipTest, a_rejection_destroys_the_cursor_after_its_message) {
   commit.attach_vpls("eth-1-1");
   commit.add_member(100, 5);
   const std::string message = "vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V";
@@ -334,100 +277,12 @@ TEST_F(VlanMembershipTest, ARejectionDestroysTheCursorAfterItsMessage) {
             "maapi_destroy_cursor /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry");
 }
 
-TEST_F(VlanMembershipTest, AKeyOfAnotherTypeStopsTheProcessAlsoInAMemberThatDidNotChange) {
+TEST_F(VlanMembershipTest, a_key_of_another_type_stops_the_process_also_in_a_member_that_did_not_change) {
   commit.attach_vpls("eth-1-1");
-  platform.list(kMembers, 3, {{u32(1), u32(100), u32(5)}});
+  platform.list(kStaticMembers, 3, {{u32(1), u32(100), u32(5)}});
   EXPECT_BROKEN_MODEL(commit.verdict(), "config_validate_vpn", "(&mc.keys[1])->type == C_INT32");
-  platform.list(kMembers, 3, {{u32(1), i32(100), u32(5)}});
+  platform.list(kStaticMembers, 3, {{u32(1), i32(100), u32(5)}});
   EXPECT_BROKEN_MODEL(commit.verdict(), "config_validate_vpn", "(&mc.keys[2])->type == C_INT32");
-}
-
-constexpr const char *kVpls100 =
-    "vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V with the same dot1q. It must be "
-    "configured to another dot1q vlan";
-constexpr const char *kVplsWholePort =
-    "vlan 100 interface eth-1-1 is already assigned to mpls l2vpn vpls-group G vpn V";
-constexpr const char *kVpws200 =
-    "vlan 200 interface eth-1-2 is already assigned to mpls l2vpn vpws-group H vpn W with the same dot1q. It must be "
-    "configured to another dot1q vlan";
-
-/// What comes of a commit when the n-th call of a function fails: of one that adds a member in a VPLS VPN's VLAN and
-/// another in a VPWS VPN's, and of one that adds a member in an uplink's VLAN.
-struct FailureCase {
-  const char *function;
-  std::size_t nth;
-  const char *conflict_text;
-  bool is_warned;
-};
-
-const std::vector<FailureCase> failure_cases{
-    {"", 1, kVpls100, true},
-    {"maapi_init_cursor", 1, kVpws200, false},
-    {"maapi_init_cursor", 2, kVpls100, true},
-    {"maapi_init_cursor", 3, kVpls100, false},
-    {"maapi_init_cursor", 4, "", false},
-    {"maapi_get_next", 1, kVpws200, false},
-    {"maapi_get_next", 2, kVpls100, true},
-    {"maapi_get_next", 3, kVpls100, true},
-    {"maapi_get_next", 4, kVpls100, true},
-    {"maapi_get_next", 5, kVpls100, false},
-    {"maapi_get_next", 6, kVpls100, true},
-    {"maapi_get_next", 7, "", false},
-    {"maapi_get_u_int32_elem", 1, kVplsWholePort, false},
-    {"maapi_exists", 1, kVpls100, true},
-    {"maapi_exists", 2, kVpls100, true},
-    {"maapi_num_instances", 1, kVpls100, true},
-    {"maapi_num_instances", 2, kVpls100, true},
-    {"maapi_num_instances", 3, kVpls100, false},
-    {"maapi_keypath_diff_iterate", 1, kVpws200, false},
-    {"limid_from_ifindex", 1, kVpws200, false},
-    {"limid_to_intfname", 1, kVpws200, false},
-};
-
-void configure_for_failures(Commit &commit) {
-  commit.attach_vpls("eth-1-1", 100);
-  commit.attach_vpws("eth-1-2", 200);
-  commit.configure_uplink("300");
-}
-
-TEST(VlanMembershipFailureTest, AFailedCallLeavesAConflictThatCanStillBeSeen) {
-  for (const FailureCase &row : failure_cases) {
-    SCOPED_TRACE(std::string(row.function) + " " + std::to_string(row.nth));
-    Commit commit;
-    configure_for_failures(commit);
-    commit.add_member(100, 5);
-    commit.add_member(200, 6);
-    commit.platform.fail(row.function, row.nth);
-    const bool is_rejected = *row.conflict_text != '\0';
-    EXPECT_EQ(commit.verdict(), is_rejected ? -1 : 0);
-    EXPECT_EQ(commit.platform.errors(), is_rejected ? Texts{row.conflict_text} : Texts{});
-    EXPECT_EQ(commit.platform.misuses(), Texts{});
-    if (is_rejected) {
-      EXPECT_EQ(commit.platform.leaks(), Texts{});
-    }
-  }
-}
-
-TEST(VlanMembershipFailureTest, AFailedCallMayCostTheWarning) {
-  for (const FailureCase &row : failure_cases) {
-    if (row.conflict_text == kVplsWholePort) continue;  // the member is then in a port-based VPN's port
-    SCOPED_TRACE(std::string(row.function) + " " + std::to_string(row.nth));
-    Commit commit;
-    configure_for_failures(commit);
-    commit.add_member(300, 5);
-    commit.platform.fail(row.function, row.nth);
-    EXPECT_EQ(commit.verdict(), row.is_warned ? -3 : 0);
-    EXPECT_EQ(commit.platform.errors(), row.is_warned ? Texts{kWarning} : Texts{});
-    EXPECT_EQ(commit.platform.misuses(), Texts{});
-  }
-}
-
-TEST(VlanMembershipFailureTest, AnUplinkVlanThatIsNoNumberLeavesNothingOpen) {
-  Commit commit;
-  configure_for_failures(commit);
-  commit.configure_uplink("none");
-  EXPECT_THROW(commit.verdict(), std::invalid_argument);
-  EXPECT_EQ(commit.platform.leaks(), Texts{});
 }
 
 }  // namespace

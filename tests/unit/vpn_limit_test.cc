@@ -4,6 +4,7 @@
 #include "config_validate_vpn/handlers.h"
 #include "config_validate_vpn/shared/platform_limits.h"
 #include "tests/support/printers.h"
+#include "tests/support/rule_message.h"
 
 namespace {
 
@@ -60,7 +61,7 @@ const std::vector<OverflowCase> overflow_cases{
      "Maximum number of VPNs has been exceeded. Attempt to configure 1 of -1 allowed"},
 };
 
-TEST_F(VpnOverflowTest, ComparesTheSumOfBothFamiliesWithTheLimit) {
+TEST_F(VpnOverflowTest, compares_the_sum_of_both_families_with_the_limit) {
   for (const OverflowCase &row : overflow_cases) {
     SCOPED_TRACE(row.name);
     configure(row.vpls, row.vpws);
@@ -76,7 +77,7 @@ TEST_F(VpnOverflowTest, ComparesTheSumOfBothFamiliesWithTheLimit) {
   }
 }
 
-TEST_F(VpnOverflowTest, CountsVplsThenVpwsAndNothingElse) {
+TEST_F(VpnOverflowTest, counts_vpls_then_vpws_and_nothing_else) {
   configure(1, 1);
   platform_limits.vpn_max = 2;
   EXPECT_EQ(verdict(), 0);
@@ -84,7 +85,7 @@ TEST_F(VpnOverflowTest, CountsVplsThenVpwsAndNothingElse) {
                                      std::string("maapi_num_instances ") + kVpwsTable}));
 }
 
-TEST_F(VpnOverflowTest, AFailedCountIsAddedAsMinusOne) {
+TEST_F(VpnOverflowTest, a_failed_count_is_added_as_minus_one) {
   configure(5, 3);
   platform_limits.vpn_max = 2;
   platform.fail("maapi_num_instances", 1);
@@ -93,10 +94,10 @@ TEST_F(VpnOverflowTest, AFailedCountIsAddedAsMinusOne) {
   platform.forget_calls();
   platform.fail("maapi_num_instances", 2);
   EXPECT_EQ(verdict(), -1) << "5 + -1 is above 2";
-  EXPECT_EQ(platform.error(), "Maximum number of VPNs has been exceeded. Attempt to configure 4 of 2 allowed");
+  EXPECT_EQ(platform.error(), message_of("vpn-limit", {"4", "2"}));
 }
 
-TEST_F(VpnOverflowTest, OneFailedCountIsNotAboveAnUnreadLimitAndNoneIs) {
+TEST_F(VpnOverflowTest, one_failed_count_is_not_above_an_unread_limit_and_none_is) {
   configure(0, 0);
   platform.fail("maapi_num_instances", 1);
   EXPECT_EQ(verdict(), 0) << "-1 + 0 is not above -1";
@@ -107,7 +108,7 @@ TEST_F(VpnOverflowTest, OneFailedCountIsNotAboveAnUnreadLimitAndNoneIs) {
   EXPECT_EQ(platform.errors(), std::vector<std::string>{});
 }
 
-TEST_F(VpnOverflowTest, CountsOneFamilyByItsTable) {
+TEST_F(VpnOverflowTest, counts_one_family_by_its_table) {
   configure(7, 4);
   EXPECT_EQ(get_vpn_num_instances(platform.socket(), &platform.context(), vpn_app::Vpls), 7);
   EXPECT_EQ(get_vpn_num_instances(platform.socket(), &platform.context(), vpn_app::Vpws), 4);
@@ -116,7 +117,7 @@ TEST_F(VpnOverflowTest, CountsOneFamilyByItsTable) {
   EXPECT_EQ(get_vpn_num_instances(platform.socket(), &platform.context(), vpn_app::Vpls), -1);
 }
 
-TEST_F(VpnOverflowTest, ATypeThatIsNoFamilyCountsNothingAndReadsNothing) {
+TEST_F(VpnOverflowTest, a_type_that_is_no_family_counts_nothing_and_reads_nothing) {
   configure(7, 4);
   for (const int type : {0, 3}) {
     EXPECT_EQ(get_vpn_num_instances(platform.socket(), &platform.context(), static_cast<vpn_app::VpnType>(type)), 0);

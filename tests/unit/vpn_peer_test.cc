@@ -6,6 +6,7 @@
 #include "tests/support/broken_model.h"
 #include "tests/support/printers.h"
 #include "tests/support/pseudowires.h"
+#include "tests/support/rule_message.h"
 
 namespace {
 
@@ -77,7 +78,7 @@ Calls joined(const std::vector<Calls> &parts) {
   return all;
 }
 
-TEST_F(VpnPeerTest, AnAcceptedCommitReadsVpwsBeforeVplsInEveryStep) {
+TEST_F(VpnPeerTest, an_accepted_commit_reads_vpws_before_vpls_in_every_step) {
   const Pw east{"north", "east", "10.0.0.1", 100};
   const Pw west{"south", "west", "10.0.0.1", 200};
   commit.configure_vpls(east);
@@ -98,19 +99,18 @@ TEST_F(VpnPeerTest, AnAcceptedCommitReadsVpwsBeforeVplsInEveryStep) {
   EXPECT_EQ(platform.count("confd_free_value"), 8U);
 }
 
-TEST_F(VpnPeerTest, TooManyPseudowiresEndTheCommitBeforeAnythingIsRead) {
+TEST_F(VpnPeerTest, too_many_pseudowires_end_the_commit_before_anything_is_read) {
   commit.fill_pseudowire_table(1025);
   EXPECT_EQ(commit.verdict(), -1);
-  EXPECT_EQ(platform.errors(),
-            Texts{"Maximum number of neighbors has been exceeded. Attempt to configure 1025 of 1024 allowed"});
+  EXPECT_EQ(platform.errors(), Texts{message_of("pseudowire-limit", {"1025", "1024"})});
   EXPECT_EQ(platform.count("maapi_init_cursor"), 0U);
 }
 
-TEST_F(VpnPeerTest, ARepeatedVpwsPwIdEndsTheCommitBeforeVplsIsRead) {
+TEST_F(VpnPeerTest, a_repeated_vpws_pw_id_ends_the_commit_before_vpls_is_read) {
   commit.configure_vpws({"north", "east", "10.0.0.1", 7, 1});
   commit.configure_vpws({"north", "west", "10.0.0.1", 7, 2});
   EXPECT_EQ(commit.verdict(), -1);
-  EXPECT_EQ(platform.errors(), Texts{"The PW ID 7 must be unique per neighbor"});
+  EXPECT_EQ(platform.errors(), Texts{message_of("pw-id-twice", {"7"})});
   EXPECT_EQ(platform.calls(), joined({{kCountTable},
                                       {"maapi_init_cursor /internal/int-vpws-tunnel-idx",
                                        "maapi_get_objects /internal/int-vpws-tunnel-idx 64x6",
@@ -118,22 +118,22 @@ TEST_F(VpnPeerTest, ARepeatedVpwsPwIdEndsTheCommitBeforeVplsIsRead) {
                                        "maapi_destroy_cursor /internal/int-vpws-tunnel-idx"}}));
 }
 
-TEST_F(VpnPeerTest, APwIdThatVpwsAndVplsUseTowardsOneNeighborIsReportedByVpls) {
+TEST_F(VpnPeerTest, a_pw_id_that_vpws_and_vpls_use_towards_one_neighbor_is_reported_by_vpls) {
   commit.configure_vpws({"north", "east", "10.0.0.1", 100});
   commit.configure_vpls({"south", "west", "10.0.0.1", 100});
   EXPECT_EQ(commit.verdict(), -1);
-  EXPECT_EQ(platform.errors(), Texts{"The PW ID 100 must be unique per neighbor"});
+  EXPECT_EQ(platform.errors(), Texts{message_of("pw-id-twice", {"100"})});
   EXPECT_EQ(platform.calls().back(), "maapi_destroy_cursor /internal/int-sub-vpls-vpn-nbr");
   EXPECT_EQ(platform.count("cdb_session_start"), 0U);
 }
 
-TEST_F(VpnPeerTest, TheSamePwIdTowardsTwoNeighborsIsAccepted) {
+TEST_F(VpnPeerTest, the_same_pw_id_towards_two_neighbors_is_accepted) {
   commit.configure_vpws({"north", "east", "10.0.0.1", 100});
   commit.configure_vpls({"south", "west", "10.0.0.2", 100});
   EXPECT_EQ(commit.verdict(), 0);
 }
 
-TEST_F(VpnPeerTest, ASwapOfTwoPwIdsIsRejectedAtTheFirstInMapOrder) {
+TEST_F(VpnPeerTest, a_swap_of_two_pw_ids_is_rejected_at_the_first_in_map_order) {
   commit.run_vpws({"G", "A", "10.0.0.1", 10, 1});
   commit.run_vpws({"G", "B", "10.0.0.1", 20, 2});
   for (const Pw &pw : {Pw{"G", "A", "10.0.0.1", 20, 1}, Pw{"G", "B", "10.0.0.1", 10, 2}}) {
@@ -141,21 +141,19 @@ TEST_F(VpnPeerTest, ASwapOfTwoPwIdsIsRejectedAtTheFirstInMapOrder) {
     commit.set_vpws_pw_id(pw);
   }
   EXPECT_EQ(commit.verdict(), -1);
-  EXPECT_EQ(platform.errors(), Texts{"The PW ID 10 was formerly assigned to VPN A from Group G. Delete VPN A, its "
-                                     "neighbor or backup-neighbor before applying changes"});
+  EXPECT_EQ(platform.errors(), Texts{message_of("pw-id-moved", {"10", "A", "G", "A"})});
 }
 
-TEST_F(VpnPeerTest, APwIdThatMovesToAnotherVpnIsRejectedThoughItsOwnerIsDeleted) {
+TEST_F(VpnPeerTest, a_pw_id_that_moves_to_another_vpn_is_rejected_though_its_owner_is_deleted) {
   commit.run_vpws({"G", "B", "10.0.0.1", 20});
   const Pw moved{"H", "A", "10.0.0.1", 20};
   commit.configure_vpls(moved);
   commit.set_vpls_pw_id(moved);
   EXPECT_EQ(commit.verdict(), -1);
-  EXPECT_EQ(platform.errors(), Texts{"The PW ID 20 was formerly assigned to VPN B from Group G. Delete VPN B, its "
-                                     "neighbor or backup-neighbor before applying changes"});
+  EXPECT_EQ(platform.errors(), Texts{message_of("pw-id-moved", {"20", "B", "G", "B"})});
 }
 
-TEST_F(VpnPeerTest, NothingSurvivesACommit) {
+TEST_F(VpnPeerTest, nothing_survives_a_commit) {
   const Pw east{"north", "east", "10.0.0.1", 100};
   commit.configure_vpls(east);
   commit.run_vpls(east);
@@ -164,7 +162,7 @@ TEST_F(VpnPeerTest, NothingSurvivesACommit) {
   EXPECT_EQ(platform.trace().size(), 2U);
 }
 
-TEST_F(VpnPeerTest, TheKeyPathAndTheValueAreNotUsed) {
+TEST_F(VpnPeerTest, the_key_path_and_the_value_are_not_used) {
   scripted::KeyPath key_path({});
   confd_value_t value = scripted::borrowed(u32(1));
   EXPECT_EQ(config_validate_vpn_peer(platform.socket(), &platform.context(), key_path.get(), &value), 0);
@@ -172,12 +170,8 @@ TEST_F(VpnPeerTest, TheKeyPathAndTheValueAreNotUsed) {
 
 // What a failed call makes of a commit.
 
-constexpr const char *kFormerlyA =
-    "The PW ID 10 was formerly assigned to VPN A from Group H. Delete VPN A, its neighbor or backup-neighbor before "
-    "applying changes";
-constexpr const char *kFormerlyB =
-    "The PW ID 500 was formerly assigned to VPN B from Group H. Delete VPN B, its neighbor or backup-neighbor before "
-    "applying changes";
+const std::string kFormerlyA = message_of("pw-id-moved", {"10", "A", "H", "A"});
+const std::string kFormerlyB = message_of("pw-id-moved", {"500", "B", "H", "B"});
 
 /// Pseudowires that stay as they are, so many of either family.
 void configure_bystanders(Commit &commit, std::uint32_t count) {
@@ -213,7 +207,7 @@ void expect_nothing_left(const scripted::Platform &platform) {
 struct FailureCase {
   const char *function;
   std::size_t nth;
-  const char *message;
+  std::string message;
 };
 
 /// VPWS not read, in either configuration: B is reported instead of A. VPLS not read: A as without a failure.
@@ -227,7 +221,7 @@ const std::vector<FailureCase> failure_cases{
     {"cdb_num_instances", 2, kFormerlyA},    {"maapi_keypath_diff_iterate", 1, kFormerlyB},
 };
 
-TEST(VpnPeerFailures, AFailedReadOfOneFamilyLeavesTheOthersVerdict) {
+TEST(VpnPeerFailures, a_failed_read_of_one_family_leaves_the_others_verdict) {
   for (const FailureCase &row : failure_cases) {
     SCOPED_TRACE(std::string(row.function) + " " + std::to_string(row.nth));
     Commit commit;
@@ -239,7 +233,7 @@ TEST(VpnPeerFailures, AFailedReadOfOneFamilyLeavesTheOthersVerdict) {
   }
 }
 
-TEST(VpnPeerFailures, ReadsThatFailThroughoutAccept) {
+TEST(VpnPeerFailures, reads_that_fail_throughout_accept) {
   for (const char *function : {"maapi_init_cursor", "maapi_get_objects", "qnconfd_instance_get", "cdb_session_start",
                                "cdb_num_instances", "maapi_keypath_diff_iterate"}) {
     SCOPED_TRACE(function);
@@ -252,7 +246,7 @@ TEST(VpnPeerFailures, ReadsThatFailThroughoutAccept) {
   }
 }
 
-TEST(VpnPeerFailures, ARunningBatchThatCannotBeReadStopsTheProcess) {
+TEST(VpnPeerFailures, a_running_batch_that_cannot_be_read_stops_the_process) {
   Commit commit;
   configure_two_take_overs(commit);
   for (const std::size_t nth : {1U, 2U}) {
@@ -275,7 +269,7 @@ std::map<std::string, std::size_t> uses_of_functions() {
   return uses;
 }
 
-TEST(VpnPeerFailures, NoSingleFailureRejectsWhatIsAcceptedOrLeavesAnythingOpen) {
+TEST(VpnPeerFailures, no_single_failure_rejects_what_is_accepted_or_leaves_anything_open) {
   std::map<std::string, std::size_t> uses = uses_of_functions();
   ASSERT_EQ(uses.erase("cdb_get_objects"), 1U) << "its failure stops the process";
 
