@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kMostAlternatives = 64;
 
 // So many sets of candidates are put in order; larger sets are left to their unions.
-constexpr std::size_t kMostSets = 20'000;
+constexpr std::size_t kMostCorrectionSets = 20'000;
 
 struct Rank {
   std::size_t size = 0;
@@ -42,7 +42,7 @@ class Sets {
  public:
   Sets(const RevertibleChanges &changes, const NumberSet &candidates) : changes_(changes), candidates_(candidates) {
     std::vector<NumberSet> level{{}};
-    while (!level.empty() && sets_.size() < kMostSets) level = next_level(level);
+    while (!level.empty() && sets_.size() < kMostCorrectionSets) level = next_level(level);
     is_complete_ = level.empty();
     std::stable_sort(sets_.begin(), sets_.end(), [](const Candidate &a, const Candidate &b) {
       return std::tie(a.rank, a.parts) < std::tie(b.rank, b.parts);
@@ -61,7 +61,7 @@ class Sets {
     for (const NumberSet &chosen : level) {
       for (const std::uint32_t part : candidates_) {
         if (!chosen.empty() && part < changes_[chosen.back()].end) continue;
-        if (sets_.size() >= kMostSets) return next;
+        if (sets_.size() >= kMostCorrectionSets) return next;
         NumberSet more = chosen;
         more.push_back(part);
         NumberSet closed = changes_.closure(more);
