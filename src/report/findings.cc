@@ -48,7 +48,8 @@ std::vector<diagnosis::ChangePart> outermost(const std::vector<diagnosis::Change
 
 class Source {
  public:
-  explicit Source(const std::filesystem::path &file) : file_(file.string()), lines_(file) {}
+  Source(const std::filesystem::path &file, const element::ConfigurationText &text)
+      : file_(file.string()), lines_(text) {}
 
   FilePlace place_of(const element::Path &path) const { return {file_, lines_.line_of(path).value_or(0)}; }
 
@@ -59,8 +60,8 @@ class Source {
 
 class FindingMaker {
  public:
-  FindingMaker(const element::Schema &schema, const InputFiles &files)
-      : schema_(schema), running_(files.running), candidate_(files.candidate) {}
+  FindingMaker(const element::Schema &schema, const InputFiles &files, const InputTexts &texts)
+      : schema_(schema), running_(files.running, texts.running), candidate_(files.candidate, texts.candidate) {}
 
   Finding make(const diagnosis::Finding &fault, bool from_device) const {
     Finding finding = make_bare(fault.verdict, from_device);
@@ -153,11 +154,11 @@ std::vector<host::PointVerdict> messages_of(const host::Verdict &verdict) {
 }  // namespace
 
 std::vector<Finding> make_findings(const diagnosis::Diagnosis &diagnosis, const host::Verdict &verdict,
-                                   const element::Schema &schema, const InputFiles &files) {
+                                   const element::Schema &schema, const InputFiles &files, const InputTexts &texts) {
   const std::vector<host::PointVerdict> messages = messages_of(verdict);
   if (messages.empty()) return {};
 
-  const FindingMaker maker(schema, files);
+  const FindingMaker maker(schema, files, texts);
   std::vector<Finding> findings;
   // The same message may be drawn a second time behind the first: only the first is the device's.
   std::vector<const diagnosis::Finding *> left;

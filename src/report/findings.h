@@ -12,10 +12,10 @@
 namespace report {
 
 /// The findings of a commit: what the device says of it (its verdict, with one rejection at most), the rejection before
-/// the warnings, whether or not a search has explained it; then what the search found behind it. Reads the
-/// configuration files once more where there is anything to find. Throws element::InputError where that fails.
+/// the warnings, whether or not a search has explained it; then what the search found behind it. `texts` are what was
+/// read from `files`; they are parsed for lines only where there is a finding.
 std::vector<Finding> make_findings(const diagnosis::Diagnosis &diagnosis, const host::Verdict &verdict,
-                                   const element::Schema &schema, const InputFiles &files);
+                                   const element::Schema &schema, const InputFiles &files, const InputTexts &texts);
 
 }  // namespace report
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <regex>
 
 #include "build_paths.h"
 #include "tests/cli/commit_folder.h"
@@ -199,6 +200,18 @@ TEST_F(CheckFindings, a_commit_that_cannot_be_decided_prints_no_document) {
     const Outcome outcome = check("/nowhere", {"--format", format});
     EXPECT_EQ(outcome.status, 66) << format;
     EXPECT_EQ(outcome.out, "") << format;
+  }
+}
+
+// The text that comes through a pipe is there only once.
+TEST_F(CheckFindings, a_configuration_from_a_pipe_has_the_lines_that_it_has_in_a_file) {
+  for (const std::string which : {"running", "candidate"}) {
+    const std::string file = rejected + "/" + which + ".xml";
+    const std::string command = VPNVAL_FILE " check " + rejected + " --" + which + " ";
+    const std::string from_file = run_process(command + file).output;
+    const std::string from_pipe = run_process("cat " + file + " | " + command + "/dev/stdin").output;
+    EXPECT_NE(from_pipe.find("(/dev/stdin:"), std::string::npos) << from_pipe;
+    EXPECT_EQ(std::regex_replace(from_pipe, std::regex("/dev/stdin"), file), from_file);
   }
 }
 

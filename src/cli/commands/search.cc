@@ -66,7 +66,7 @@ void search(const CheckArguments &arguments, const Environment &environment, con
   report.commit.search.calls = diagnosis.calls;
   report.commit.search.contract_violation = diagnosis.contract_violation;
   if (!is_complete(diagnosis)) report.commit.search.end = end_of(diagnosis, budget);
-  report.commit.findings = report::make_findings(diagnosis, verdict, input.schema(), input.files());
+  report.commit.findings = report::make_findings(diagnosis, verdict, input.schema(), input.files(), input.texts());
 }
 
 }  // namespace cli

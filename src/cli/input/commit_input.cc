@@ -7,9 +7,10 @@
 namespace cli {
 
 CommitInput::CommitInput(InputFiles files) : files_(std::move(files)), profile_(element::read_profile(files_.element)) {
-  element::Tree running = element::read_configuration(schema_, files_.running);
-  element::Tree candidate = element::read_configuration(schema_, files_.candidate);
-  transaction_ = element::make_transaction(std::move(running), std::move(candidate), profile_);
+  element::ConfigurationWithText running = element::read_configuration_with_text(schema_, files_.running);
+  element::ConfigurationWithText candidate = element::read_configuration_with_text(schema_, files_.candidate);
+  transaction_ = element::make_transaction(std::move(running.tree), std::move(candidate.tree), profile_);
+  texts_ = {std::move(running.text), std::move(candidate.text)};
 }
 
 }  // namespace cli

@@ -10,19 +10,22 @@
 
 namespace cli {
 
-/// A commit read from its files, with everything that it stands on.
+/// A commit with its element's profile and schema. Each file is read only once, so any of them may be a pipe; the texts
+/// are kept, because findings need their lines.
 class CommitInput {
  public:
-  /// Throws element::InputError.
+  /// Throws element::InputError, or element::FileError for a file that cannot be read.
   explicit CommitInput(InputFiles files);
 
   const InputFiles &files() const { return files_; }
+  const report::InputTexts &texts() const { return texts_; }
   const element::Profile &profile() const { return profile_; }
   const element::Schema &schema() const { return schema_; }
   const element::Transaction &transaction() const { return *transaction_; }
 
  private:
   InputFiles files_;
+  report::InputTexts texts_;
   element::Profile profile_;
   element::Schema schema_;
   std::unique_ptr<const element::Transaction> transaction_;

@@ -31,7 +31,7 @@ using Data = std::unique_ptr<lyd_node, FreeData>;
 struct Source {
   const Schema &schema;
   const std::string &origin;
-  std::string text;
+  const std::string &text;
   std::size_t begin;  ///< of what is not blank
   InputFormat format;
 
@@ -78,20 +78,25 @@ Tree to_tree(const Source &source) {
   return operators_tree(source.schema, parsed.data.get(), source.origin);
 }
 
-Tree parse_text(const Schema &schema, std::string text, const std::string &origin) {
+ConfigurationWithText parse_text(const Schema &schema, std::string text, const std::string &origin) {
   ConfigurationText prepared = prepare_configuration(std::move(text), origin);
   const std::size_t begin = std::min(prepared.text.find_first_not_of(kBlank), prepared.text.size());
-  return to_tree({schema, origin, std::move(prepared.text), begin, prepared.format});
+  Tree tree = to_tree({schema, origin, prepared.text, begin, prepared.format});
+  return {std::move(tree), std::move(prepared)};
 }
 
 }  // namespace
 
 Tree read_configuration(const Schema &schema, const std::filesystem::path &file) {
+  return read_configuration_with_text(schema, file).tree;
+}
+
+ConfigurationWithText read_configuration_with_text(const Schema &schema, const std::filesystem::path &file) {
   return parse_text(schema, read_input(file), file.string());
 }
 
 Tree parse_configuration(const Schema &schema, std::string_view text, const std::string &origin) {
-  return parse_text(schema, std::string(text), origin);
+  return parse_text(schema, std::string(text), origin).tree;
 }
 
 }  // namespace element

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "element/datastore/tree.h"
+#include "element/input/configuration_text.h"
 
 namespace element {
 
@@ -26,7 +27,17 @@ namespace element {
 /// Time grows with the file (100 MB of entries, a million of them: some 7 s), memory to ten times its size at worst.
 Tree read_configuration(const Schema &schema, const std::filesystem::path &file);
 
-/// The same from text; `origin` stands for the file's name in errors.
+/// A configuration and the text that it was read from, which SourceLines finds its lines in.
+struct ConfigurationWithText {
+  Tree tree;
+  ConfigurationText text;
+};
+
+/// The same for a caller that may need lines later: the file is read only once, so it may be a pipe. The text takes as
+/// much memory as the file is large.
+ConfigurationWithText read_configuration_with_text(const Schema &schema, const std::filesystem::path &file);
+
+/// The tree of a text; `origin` stands for the file's name in errors.
 Tree parse_configuration(const Schema &schema, std::string_view text, const std::string &origin);
 
 }  // namespace element

@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
-#include <system_error>
 
-#include "element/input/configuration_text.h"
-#include "element/input/input_text.h"
 #include "element/input/source_tree.h"
 
 namespace element {
@@ -52,18 +49,15 @@ std::optional<NodeId> find_below(const SourceTree &tree, NodeId parent, const Pa
   return node == end ? std::nullopt : std::optional(node);
 }
 
-// What came through a pipe is gone once it was read.
-SourceTree read_source(const std::filesystem::path &file) {
-  std::error_code unknown;
-  if (!std::filesystem::is_regular_file(file, unknown)) return {};
-  const ConfigurationText prepared = prepare_configuration(read_input(file), file.string());
-  return prepared.format == InputFormat::xml ? read_xml_source(prepared.text) : read_json_source(prepared.text);
+SourceTree read_source(const ConfigurationText &configuration) {
+  return configuration.format == InputFormat::xml ? read_xml_source(configuration.text)
+                                                  : read_json_source(configuration.text);
 }
 
 }  // namespace
 
-SourceLines::SourceLines(const std::filesystem::path &file)
-    : tree_(std::make_unique<const SourceTree>(read_source(file))) {}
+SourceLines::SourceLines(const ConfigurationText &configuration)
+    : tree_(std::make_unique<const SourceTree>(read_source(configuration))) {}
 
 SourceLines::~SourceLines() = default;
 
