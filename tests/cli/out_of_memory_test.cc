@@ -1,31 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
-#include <new>
 #include <streambuf>
 
 #include "cli/run.h"
 #include "tests/cli/commit_folder.h"
-
-namespace {
-
-/// Allocations that succeed before one fails; below 0: none fails.
-thread_local long allocations_left = -1;
-
-}  // namespace
-
-void *operator new(std::size_t size) {
-  if (allocations_left == 0) {
-    allocations_left = -1;
-    throw std::bad_alloc();
-  }
-  if (allocations_left > 0) --allocations_left;
-  if (void *memory = std::malloc(size == 0 ? 1 : size)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void *memory) noexcept { std::free(memory); }
-void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
+#include "tests/cli/failing_allocation.h"
 
 namespace {
 
