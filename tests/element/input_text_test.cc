@@ -74,32 +74,6 @@ TEST(InputText, PositionCountsFromOne) {
   }
 }
 
-TEST(InputText, FindsWhatIsNotUtf8) {
-  const std::vector<std::pair<std::string, std::optional<std::size_t>>> rows{
-      {"", std::nullopt},
-      {"a\x7f\n", std::nullopt},
-      {"\xc2\x80\xdf\xbf", std::nullopt},
-      {"\xe0\xa0\x80\xed\x9f\xbf\xee\x80\x80\xef\xbf\xbf", std::nullopt},
-      {"\xf0\x90\x80\x80\xf3\xbf\xbf\xbf\xf4\x8f\xbf\xbf", std::nullopt},
-      {"a\x80", 1U},             // continues nothing
-      {"a\xc1\xbf", 1U},         // longer than need be
-      {"\xe0\x9f\xbf", 0U},      // the same
-      {"\xf0\x8f\xbf\xbf", 0U},  // the same
-      {"\xed\xa0\x80", 0U},      // surrogate
-      {"\xf4\x90\x80\x80", 0U},  // beyond the last character
-      {"\xf5\x80\x80\x80", 0U},  // the same
-      {"ab\xc3", 2U},            // cut off
-      {"ab\xe2\x82", 2U},        // the same
-      {"ab\xe2\x82"
-       "c",
-       2U},  // broken off
-      {"ab\xf0\x9f\x98"
-       "c",
-       2U},  // the same
-  };
-  for (const auto &[text, place] : rows) EXPECT_EQ(element::find_not_utf8(text), place) << testing::PrintToString(text);
-}
-
 TEST(InputText, QuoteIsOnePrintableLine) {
   EXPECT_EQ(element::one_line("a \"b\"\n\x1b[31m\xff"), R"(a "b"\x0a\x1b[31m\xff)");
   EXPECT_EQ(element::one_line(std::string(400, 'y')), std::string(400, 'y'));

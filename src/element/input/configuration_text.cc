@@ -10,6 +10,7 @@
 #include "element/input/input_text.h"
 #include "element/input/json_text.h"
 #include "element/input/netconf_wrapper.h"
+#include "element/input/utf8.h"
 
 namespace element {
 namespace {
@@ -26,7 +27,7 @@ constexpr std::string_view kSpace = " \t\r\n";
 void require_text(std::string_view text, const std::string &origin) {
   const std::size_t zero = text.find('\0');
   if (zero != std::string_view::npos) throw_at(origin, text, zero, "zero byte; expected text in UTF-8");
-  const std::optional<std::size_t> wrong = find_not_utf8(text);
+  const std::optional<std::size_t> wrong = find_invalid_utf8(text);
   if (wrong) throw_at(origin, text, *wrong, "byte " + one_line(text.substr(*wrong, 1)) + "; expected text in UTF-8");
 }
 

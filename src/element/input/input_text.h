@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -39,9 +38,6 @@ class LineCounter {
   std::size_t counted_ = 0;
   std::size_t line_ = 1;
 };
-
-/// Where the first byte stands that is not UTF-8, or nothing.
-std::optional<std::size_t> find_not_utf8(std::string_view text);
 
 /// A piece of input as one line of a message may hold it: control characters as \xNN, long text cut short.
 std::string one_line(std::string_view text);

@@ -10,23 +10,13 @@
 
 #include "element/input/input_text.h"
 #include "element/input/source_tree.h"
+#include "element/input/utf8.h"
 
 namespace element {
 namespace {
 
 constexpr std::array<std::pair<std::string_view, char>, 5> kEntities{
     {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}}};
-
-char byte(std::uint32_t bits) { return static_cast<char>(static_cast<unsigned char>(bits)); }
-
-std::string utf8(std::uint32_t code) {
-  if (code < 0x80) return {byte(code)};
-  const char last = byte(0x80 | (code & 0x3f));
-  if (code < 0x800) return {byte(0xc0 | code >> 6), last};
-  const char third = byte(0x80 | (code >> 6 & 0x3f));
-  if (code < 0x10000) return {byte(0xe0 | code >> 12), third, last};
-  return {byte(0xf0 | code >> 18), byte(0x80 | (code >> 12 & 0x3f)), third, last};
-}
 
 /// What a reference without its '&' and ';' stands for.
 std::string referenced(std::string_view reference) {
@@ -37,7 +27,7 @@ std::string referenced(std::string_view reference) {
   reference.remove_prefix(std::min<std::size_t>(is_hexadecimal ? 2 : 1, reference.size()));
   std::uint32_t code = 0;
   std::from_chars(reference.data(), reference.data() + reference.size(), code, is_hexadecimal ? 16 : 10);
-  return utf8(code);
+  return to_utf8(code);
 }
 
 class XmlLineReader {

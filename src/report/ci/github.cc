@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "element/input/utf8.h"
 #include "report/escape/printable.h"
-#include "report/escape/utf8.h"
 #include "report/text/findings_text.h"
 
 namespace report {
@@ -16,7 +16,7 @@ namespace {
 /// A command is one line: its message ends where the line does, its properties also at a comma or colon.
 std::string escaped(std::string_view text, std::string_view with_meaning) {
   std::string result;
-  for (const char c : valid_utf8(text)) {
+  for (const char c : element::replace_invalid_utf8(text)) {
     if (with_meaning.find(c) == std::string_view::npos) {
       result += c;
     } else {

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "element/input/utf8.h"
 #include "report/escape/printable.h"
-#include "report/escape/utf8.h"
 #include "report/text/findings_text.h"
 
 namespace report {
@@ -27,7 +27,7 @@ Outcome outcome_of(const CommitReport &commit) {
 /// Text for an element's content. Control characters, which XML cannot hold, are written as printable() writes them.
 std::string xml(std::string_view text) {
   std::string result;
-  std::istringstream lines{valid_utf8(text)};
+  std::istringstream lines{element::replace_invalid_utf8(text)};
   for (std::string line; std::getline(lines, line);) {
     if (!result.empty()) result += '\n';
     result += printable(line);

@@ -1,0 +1,50 @@
+#include "element/input/utf8.h"
+
+#include <utf8.h>
+
+#include <iterator>
+
+namespace element {
+namespace {
+
+constexpr std::size_t kLongestCharacter = 4;
+
+}  // namespace
+
+std::optional<std::size_t> find_invalid_utf8(std::string_view text) {
+  const auto invalid = utf8::find_invalid(text.begin(), text.end());
+  if (invalid == text.end()) return std::nullopt;
+  return static_cast<std::size_t>(invalid - text.begin());
+}
+
+std::string replace_invalid_utf8(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  while (const auto invalid = find_invalid_utf8(text)) {
+    result += text.substr(0, *invalid);
+    result += to_utf8(kReplacementCharacter);
+    text.remove_prefix(*invalid + 1);
+  }
+  return result.append(text);
+}
+
+char32_t take_character(std::string_view &text) {
+  const std::string_view front = text.substr(0, kLongestCharacter);
+  char32_t code = kReplacementCharacter;
+  std::size_t size = 1;
+  if (utf8::find_invalid(front.begin(), front.end()) != front.begin()) {
+    auto end = front.begin();
+    code = utf8::next(end, front.end());
+    size = static_cast<std::size_t>(end - front.begin());
+  }
+  text.remove_prefix(size);
+  return code;
+}
+
+std::string to_utf8(char32_t code) {
+  std::string text;
+  if (utf8::internal::is_code_point_valid(code)) utf8::append(code, std::back_inserter(text));
+  return text;
+}
+
+}  // namespace element
