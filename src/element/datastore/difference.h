@@ -16,8 +16,8 @@ enum class ChangeKind {
   value_set  ///< leaf: new or other value
 };
 
-/// A changed node. A list's entries are children of one `below` node for the list. Below a created entry stand the
-/// leafs it sets and the entries and containers it holds, its keys excepted; below a deleted one nothing.
+/// A changed node. The changed entries of a list are the children of one change of kind `below` for the list. A created
+/// entry has all its leafs, containers and entries as children, but not its keys; a deleted entry has no children.
 struct Change {
   const SchemaNode *schema = nullptr;
   ChangeKind kind = ChangeKind::below;
@@ -29,11 +29,11 @@ struct Change {
   const std::vector<Value> &keys() const;
 };
 
-/// What leads from one tree to the other, in schema order; linear in the size of both. Both trees must be sorted,
-/// share a schema and outlive the result.
+/// The changes that turn `before` into `after`, as a tree below the root, in schema order. Preconditions: both trees
+/// are sorted, have the same schema and outlive the result. Time is linear in their size.
 Change difference(const Tree &before, const Tree &after);
 
-/// The change at a path, or null where nothing at or below it changed.
+/// The change at a path, or null if neither that node nor one below it changed.
 const Change *find_change(const Change &root, const Path &path);
 
 }  // namespace element

@@ -11,25 +11,26 @@
 
 namespace element {
 
-/// Reading and writing by name relative to a node, for code that walks the entries of a list.
+/// The names of nodes on the way down from some node, for code that reads or writes below each entry of a list.
 using Names = std::initializer_list<std::string_view>;
 
-/// The node that the names lead to, or null where one of them, or `from` itself, is missing.
+/// The node reached from `from` by these names, or null if one of them is missing or `from` is null.
 const Node *find_below(const Node *from, Names names);
 
-/// The entries of the list that the names lead to; none where it is missing.
+/// The entries of the list reached by these names; empty if the list is missing.
 const Nodes &entries_below(const Node *from, Names names);
 
-/// The number in the leaf that the names lead to; nothing where it is missing, negative or no number.
+/// The number in the leaf reached by these names; nothing if the leaf is missing or its value is negative, above 32
+/// bits or no number.
 std::optional<std::uint32_t> number_below(const Node *from, Names names);
 
-/// The same of a value.
+/// The value as a number, under the same conditions.
 std::optional<std::uint32_t> number(const Value &value);
 
-/// The child of this name, created when missing. The name must be one of the data model: std::logic_error otherwise.
+/// The child of this name, created if it is missing. Throws std::logic_error if the data model has no such child.
 Node &child_named(Node &parent, std::string_view name);
 
-/// Sets the leaf of this name below `parent`, under the same condition.
+/// Sets the leaf of this name below `parent`. Throws std::logic_error if the data model has no such child.
 void set_named(Node &parent, std::string_view name, Value value);
 
 }  // namespace element

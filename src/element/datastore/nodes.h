@@ -14,9 +14,9 @@ namespace element {
 
 struct Node;
 
-/// The children of a node, in order. Copies share the nodes (copy on write): a copy costs one pointer a child, and what
-/// is read through a const Nodes is never copied. Access that may write makes the child this row's own first, so that
-/// no other tree sees the change. Not for several threads.
+/// The children of a node, in order. Copies share the nodes (copy on write), so a copy costs one pointer per child.
+/// Access through a non-const Nodes first copies the accessed child if another Nodes shares it; access through a const
+/// Nodes copies nothing. Not thread-safe.
 class Nodes {
   using Row = std::vector<std::shared_ptr<Node>>;
 
@@ -62,7 +62,7 @@ class Nodes {
 
  public:
   using const_iterator = Iterator<const Node>;
-  using iterator = Iterator<Node>;  ///< what it is dereferenced to becomes the row's own
+  using iterator = Iterator<Node>;  ///< dereferencing copies the child if it is shared
 
   bool empty() const { return row_.empty(); }
   std::size_t size() const { return row_.size(); }
@@ -86,15 +86,15 @@ class Nodes {
   void erase(const_iterator first, const_iterator last) { row_.erase(first.base(), last.base()); }
   void pop_back() { row_.pop_back(); }
 
-  /// Adds another row's child, which both have in common from then on.
+  /// Appends child `i` of `others`; both share it.
   void push_back_shared(const Nodes &others, std::size_t i) { row_.push_back(others.row_[i]); }
 
   void append_shared(const Nodes &others) { row_.insert(row_.end(), others.row_.begin(), others.row_.end()); }
 
-  /// Takes another row's child in place of this row's.
+  /// Replaces child `i` by child `other` of `others`; both share it.
   void replace_shared(std::size_t i, const Nodes &others, std::size_t other) { row_[i] = others.row_[other]; }
 
-  /// Puts the children in order; none of them is copied, equal ones keep their order. Linear for what is in order.
+  /// Sorts the children without copying any; equal ones keep their order. Time is linear if they are sorted already.
   template <typename Before>
   void sort(Before before) {
     const auto in_order = [&before](const auto &a, const auto &b) {

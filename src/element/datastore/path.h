@@ -17,7 +17,7 @@ class PathError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// One name of a path and, for a list, the keys that stood in braces after it (none: the list itself).
+/// One step of a path. For a list with keys it means that entry, without keys the list itself.
 struct PathStep {
   const SchemaNode *schema = nullptr;
   std::vector<Value> keys;
@@ -25,15 +25,15 @@ struct PathStep {
 
 using Path = std::vector<PathStep>;
 
-/// Reads "/a/prefix:b{key1 key2}/c". Keys are separated by blanks; a key or a part of one may stand in double quotes,
-/// where a backslash keeps the next character. Keys are typed by the schema; all of a list's keys or none are given.
-/// Throws PathError.
+/// Parses "/a/prefix:b{key1 key2}/c"; prefixes are optional. Keys are separated by blanks. A key or a part of it may be
+/// quoted with double quotes, in which a backslash escapes the next character. A list has all its keys or none; each is
+/// converted to the type that the schema gives it. Throws PathError.
 Path parse_path(const Schema &schema, std::string_view text);
 
 /// The path as text that parse_path reads back, without prefixes; keys are quoted where they need it.
 std::string to_text(const Path &path);
 
-/// A key as it stands in a path, quoted when it is empty or holds a blank, a brace, a quote or a backslash.
+/// A key as written in a path: quoted if it is empty or contains a blank, a brace, a quote or a backslash.
 std::string quoted_key(std::string_view key);
 
 }  // namespace element

@@ -10,8 +10,8 @@
 
 namespace element {
 
-/// A commit under validation: the configuration in force, the one proposed, and what leads from one to the other.
-/// Immovable, for the changes point into the trees.
+/// A commit under validation: the running configuration, the candidate and their difference, all with derived tables.
+/// It cannot be moved, because the changes point into the trees.
 struct Transaction {
   Transaction(Tree running_tree, Tree candidate_tree);
   Transaction(const Transaction &) = delete;
@@ -22,11 +22,13 @@ struct Transaction {
   const Change changes;
 };
 
-/// From two operator's configurations: derives both, then compares them.
+/// Adds the derived tables to two operator's configurations, then compares them. Throws InputError for an interface of
+/// a VLAN member or of snooping that the profile does not have.
 std::unique_ptr<Transaction> make_transaction(Tree running, Tree candidate, const Profile &profile);
 
-/// The same for one of many commits to one element, whose VPNs keep the identifiers that they had in those before. Both
-/// trees must be sorted. What they share with each other, and VPNs that the projector keeps, cost next to nothing.
+/// As above, for one of many commits to the same element: a VPN has the same identifier in all transactions that are
+/// made with one projector. Precondition: both trees are sorted. Subtrees that the trees share are not compared, and
+/// VPNs that the projector keeps are not derived again.
 std::unique_ptr<Transaction> make_transaction(Tree running, Tree candidate, Projector &projector);
 
 }  // namespace element

@@ -11,8 +11,8 @@
 
 namespace element {
 
-/// An instance of a schema node. A list is one node without keys whose children are its entries; an entry has the
-/// list's schema node and its keys. Key leafs stand in `keys` only, never among the children.
+/// An instance of a schema node. A list is one node without keys whose children are its entries. An entry has the
+/// schema node of its list, and keys. Key leafs are in `keys` only, never among the children.
 struct Node {
   const SchemaNode *schema = nullptr;
   std::vector<Value> keys;  ///< entries
@@ -31,8 +31,8 @@ struct Node {
 /// Orders two lists of keys: first key first, fewer keys before more.
 int compare_keys(const std::vector<Value> &a, const std::vector<Value> &b);
 
-/// A datastore's content. Built in any order, then put in order once with sort(); read-only from then on, so that
-/// pointers to its nodes stay valid as long as the tree lives unmoved. Copies share their nodes.
+/// The content of a datastore. Nodes are added in any order, then sorted once with sort(). Pointers to nodes are valid
+/// until the tree is changed, moved or destroyed. Copies share their nodes. The schema must outlive the tree.
 class Tree {
  public:
   explicit Tree(const Schema &schema);
@@ -41,24 +41,25 @@ class Tree {
   const Node &root() const { return root_; }
   Node &root() { return root_; }
 
-  /// Finds or creates what a path of names with keys leads to, and all above it; sets the value when it is a leaf (a
-  /// leaf of type empty needs none). Keys in braces, typed by the schema; see parse_path for the form. A hand-written
-  /// tree is a row of these. Throws PathError.
+  /// Finds or creates the node at a path (see parse_path) and its ancestors. Sets the value if the node is a leaf; a
+  /// leaf of type empty needs no value. Throws PathError.
   Node &put(std::string_view path, Value value = {});
 
-  /// As put for a list's entry, with keys of any type and number, past the schema.
+  /// Finds or creates an entry of the list at a path. Type and number of the keys are not checked against the schema,
+  /// so that tests can write a broken data model. Throws PathError.
   Node &put_entry(std::string_view list_path, std::vector<Value> keys);
 
-  /// Removes what the path leads to; does nothing when it is not there.
+  /// Removes the node at a path with all below it; does nothing if there is none. Throws PathError.
   void erase(std::string_view path);
 
-  /// The node at a path, or null; also null for a key leaf, which stands with its entry. Throws PathError.
+  /// The node at a path, or null. Always null for a key leaf, because keys are no nodes. Throws PathError.
   const Node *find(std::string_view path) const;
 
-  /// Puts every list in key order and every container's children in schema order. Linear for what is in order.
+  /// Sorts every list by its keys and the children of every container in schema order. Time is linear if the tree is
+  /// sorted already.
   void sort();
 
-  /// Puts the entries of one list in key order. Throws PathError.
+  /// Sorts the entries of one list by their keys. Throws PathError.
   void sort_list(std::string_view path);
 
  private:
@@ -66,18 +67,20 @@ class Tree {
   Node root_;
 };
 
-/// The child of `parent` for `child_schema`, created at its place when missing. Returned references are valid until the
+/// The child of `parent` for `child_schema`, created in schema order if it is missing. The reference is valid until the
 /// child is removed or the tree is copied.
 Node &child(Node &parent, const SchemaNode &child_schema);
 
-/// The entry of a sorted list with these keys, created at its place when missing. Valid as the above.
+/// The entry of a sorted list with these keys, created in key order if it is missing. The reference is valid as long as
+/// that of child().
 Node &put_entry(Node &list, std::vector<Value> keys);
 
-/// Appends an entry without looking for its place or for a twin: for builders that sort once at the end.
+/// Appends an entry without searching for its position or for an entry with the same keys. For code that sorts the list
+/// once at the end.
 Node &append_entry(Node &list, std::vector<Value> keys);
 
-/// Has `tree` share with `other` every subtree that is the same in both, so that comparing the two is quick. Both must
-/// be sorted and have the same schema; neither changes its content.
+/// Makes `tree` share with `other` every subtree that is equal in both, so that comparing the two trees is quick. The
+/// content of neither changes. Preconditions: both are sorted and have the same schema.
 void share_equal_subtrees(Tree &tree, const Tree &other);
 
 /// Sets a leaf below `parent`.

@@ -10,34 +10,33 @@
 
 namespace element {
 
-/// Reads an operator's configuration into a tree of the operator's nodes alone, type-checked by the modules.
+/// Reads an operator's configuration. The returned tree is sorted, checked against the YANG modules and holds no
+/// derived node and no empty container.
 ///
-/// The first character that is not blank tells the format: '<' XML, '{' JSON (as YANG defines both), in UTF-8, with or
-/// without byte order mark. XML is a row of top-level elements, or one <config> or <data> element of NETCONF's base
-/// namespace around them; what it declares in its start tag beside its own name is not seen inside. An empty
-/// configuration is {} in JSON and an element without content in XML; a file that holds nothing at all is an error, for
-/// it is more often a slip than a wish.
+/// The first character that is not blank decides the format: '<' XML, '{' JSON (as YANG defines both), in UTF-8, with
+/// or without byte order mark. XML is a sequence of top-level elements, which one <config> or <data> element of
+/// NETCONF's base namespace may enclose; namespace prefixes declared by that element are not known inside it. An empty
+/// configuration is {} in JSON and an element without content in XML. A file without content is an error, because it is
+/// probably a mistake.
 ///
-/// Containers that hold nothing are left out: they mean nothing. Every name, key and value stands once.
+/// Throws FileError if the file cannot be read, and InputError if its content is wrong. The message is
+/// "FILE:LINE: PATH: what is wrong; expected ..."; line and path are left out where they are not known. The line is the
+/// one that the parser had reached.
 ///
-/// Throws FileError where the file cannot be read, else InputError: "FILE:LINE: PATH: what is wrong; expected ...".
-/// The line is the one up to which the parser had read. A fault that stands at a place of the file has its line, its
-/// path or both.
-///
-/// Time grows with the file (100 MB of entries, a million of them: some 7 s), memory to ten times its size at worst.
+/// Time is linear in the file's size (100 MB with a million entries: about 7 s). Memory is at most ten times that size.
 Tree read_configuration(const Schema &schema, const std::filesystem::path &file);
 
-/// A configuration and the text that it was read from, which SourceLines finds its lines in.
+/// A configuration and the text that it was read from. SourceLines finds the lines of nodes in that text.
 struct ConfigurationWithText {
   Tree tree;
   ConfigurationText text;
 };
 
-/// The same for a caller that may need lines later: the file is read only once, so it may be a pipe. The text takes as
-/// much memory as the file is large.
+/// As read_configuration, for a caller that may need line numbers later. The file is read only once, so it may be a
+/// pipe. The text takes as much memory as the file is large.
 ConfigurationWithText read_configuration_with_text(const Schema &schema, const std::filesystem::path &file);
 
-/// The tree of a text; `origin` stands for the file's name in errors.
+/// As read_configuration, from a text. Errors name `origin` as the file.
 Tree parse_configuration(const Schema &schema, std::string_view text, const std::string &origin);
 
 }  // namespace element

@@ -7,15 +7,15 @@ namespace element {
 
 enum class InputFormat { xml, json };
 
-/// An operator's configuration, ready for a parser.
+/// The text of an operator's configuration, checked and ready for a parser.
 struct ConfigurationText {
-  std::string text;  ///< without byte order mark and NETCONF's wrapper; blanks stand for them
+  std::string text;  ///< byte order mark and NETCONF's <config> or <data> tags replaced by blanks
   InputFormat format = InputFormat::xml;
 };
 
-/// Tells the format and makes out of the text what a parser can be given, every line with its number. Throws
-/// InputError, with `origin` for the file's name, where the text is not UTF-8, neither XML nor JSON, XML without an
-/// element, or JSON that is not well-formed. XML that is not well-formed is left to its parser.
+/// Detects the format and prepares the text for a parser; every line keeps its number. Throws InputError, which names
+/// `origin` as the file, if the text is not UTF-8, is neither XML nor JSON, is XML without an element, or is JSON that
+/// is not well-formed. Whether XML is well-formed is checked by its parser.
 ConfigurationText prepare_configuration(std::string text, const std::string &origin);
 
 }  // namespace element

@@ -9,11 +9,11 @@
 
 namespace element {
 
-/// The tree for data that libyang has parsed and validated, sorted, without containers that hold nothing. Throws
-/// InputError, with `origin` for the file's name, where a node carries an attribute: none has a meaning here.
+/// Converts data that libyang has parsed and validated into a sorted tree; empty containers are left out. Throws
+/// InputError, which names `origin` as the file, if a node has an attribute, because no attribute has a meaning here.
 Tree operators_tree(const Schema &schema, const lyd_node *data, const std::string &origin);
 
-/// The data path of the first instance of the node above `wanted` that has no instance of `wanted`, or empty.
+/// The data path of the first instance of the parent of `wanted` that lacks a child `wanted`; empty if none lacks it.
 std::string path_of_instance_without(const lyd_node *data, const lysc_node &wanted);
 
 }  // namespace element

@@ -11,7 +11,7 @@
 
 namespace element {
 
-/// A message of libyang's parser. libyang says what is wrong, seldom what would be right.
+/// A message of libyang's parser.
 struct ParserMessage {
   LY_VECODE kind;
   std::string_view text;
@@ -19,13 +19,14 @@ struct ParserMessage {
   bool is_rule = false;   ///< the text is a rule of the data model that the configuration breaks
 };
 
-/// What an operator should have written there: a value's type and range, the names that a node may hold, a rule.
+/// What an operator should have written instead, for the "expected ..." part of an error: the type and range of a
+/// value, the names of the children that a node may have, or a rule. libyang's own messages seldom say it.
 std::string expected_instead(const Schema &schema, InputFormat format, const ParserMessage &message);
 
 /// "well-formed XML" or "well-formed JSON".
 std::string well_formed(InputFormat format);
 
-/// The message says that a mandatory node has no instance.
+/// Whether libyang's message says that a mandatory node is missing.
 bool is_about_missing_node(std::string_view message);
 
 }  // namespace element

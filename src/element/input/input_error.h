@@ -11,7 +11,7 @@ class InputError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// An input file that cannot be opened or read, whatever its content.
+/// An input file that cannot be opened or read. Errors in its content are plain InputErrors.
 class FileError : public InputError {
  public:
   using InputError::InputError;

@@ -6,9 +6,9 @@
 
 namespace element {
 
-/// Throws InputError, with `origin` for the file's name, where the text is not one well-formed JSON value, nests deeper
-/// than any input of the element does, or has an object with two members of one name. Names are compared without
-/// their module: "base:vlan" is "vlan". Memory stays small whatever the text.
+/// Throws InputError, which names `origin` as the file, if the text is not exactly one well-formed JSON value, is
+/// nested more than 100 levels deep, or has an object with two members of the same name. Module prefixes are ignored in
+/// that comparison: "base:vlan" equals "vlan". No document is built in memory.
 void require_json(std::string_view text, const std::string &origin);
 
 }  // namespace element

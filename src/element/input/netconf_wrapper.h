@@ -7,13 +7,13 @@
 
 namespace element {
 
-/// Where the first XML element begins: past blanks, comments and processing instructions; the text's size when none.
+/// The offset of the first XML element, after blanks, comments and processing instructions; the text's size if there is
+/// no element.
 std::size_t first_element(std::string_view xml);
 
-/// Blanks out the tags of a <config> or <data> element of NETCONF's base namespace around the whole text, as a dump of
-/// a configuration has it, so that every line keeps its number. Leaves any other text alone, also what is not
-/// well-formed: the parser says why. Throws InputError, with `origin` for the file's name, where the element is not
-/// the last one.
+/// Overwrites with blanks the start and end tag of a <config> or <data> element of NETCONF's base namespace that
+/// encloses the whole configuration; every line keeps its number. Other texts, also those that are not well-formed,
+/// stay as they are. Throws InputError, which names `origin` as the file, if another element follows the enclosing one.
 void blank_netconf_wrapper(std::string &xml, const std::string &origin);
 
 }  // namespace element

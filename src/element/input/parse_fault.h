@@ -11,7 +11,7 @@
 
 namespace element {
 
-/// Keeps libyang's messages of this thread in its error records and off standard error while the object lives.
+/// While the object lives, libyang stores this thread's messages in its error records and prints none of them.
 class CollectedMessages {
  public:
   explicit CollectedMessages(const Schema &schema);
@@ -33,11 +33,11 @@ struct ParseFault {
   std::string missing_node;  ///< schema path of a mandatory node that some instance lacks, or empty
 };
 
-/// What libyang's first error record says; it was given the text after the first `lines_above` lines. Throws
-/// std::bad_alloc where it says that memory ran out.
+/// The fault described by libyang's first error record. `lines_above` is the number of lines before the text that
+/// libyang parsed; it is added to the fault's line. Throws std::bad_alloc if the record says that memory ran out.
 ParseFault first_fault(const Schema &schema, InputFormat format, std::size_t lines_above);
 
-/// "ORIGIN:LINE: PATH: message; expected ...", line and path where they are known.
+/// An error with the message "ORIGIN:LINE: PATH: message; expected ...", without line or path if that is not known.
 InputError to_input_error(const std::string &origin, const ParseFault &fault);
 
 }  // namespace element

@@ -25,8 +25,8 @@ class SourceLines {
 
   /// The line, from 1, on which the node begins: an element's start tag; in JSON the name of a leaf, container or list,
   /// and the brace of a list entry. A list without keys begins with its first entry, in JSON with its name. Nothing
-  /// where the text does not hold the node, as it never holds a derived one. Time grows with the length of the lists
-  /// on the way.
+  /// if the text does not contain the node; it never contains a derived one. Time is linear in the length of the lists
+  /// along the path.
   std::optional<std::size_t> line_of(const Path &path) const;
 
  private:

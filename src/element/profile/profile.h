@@ -12,7 +12,7 @@
 
 namespace element {
 
-/// What the line card's feature model answers; a limit that is absent makes its read fail.
+/// The limits in the feature model of the line card. When the plug-in reads a limit that is absent, the read fails.
 struct CardLimits {
   std::optional<std::uint32_t> vpn_max;
   std::optional<std::uint32_t> access_ports;
@@ -20,19 +20,19 @@ struct CardLimits {
   std::optional<std::uint32_t> selective_encapsulation_vlan_ranges;
 };
 
-/// An interface as the identifier manager knows it.
+/// An interface in the identifier manager.
 struct Interface {
   std::string name;              ///< 1 to 63 bytes
-  std::uint32_t logical_id = 0;  ///< any
-  std::int32_t ifindex = 0;      ///< from 1
+  std::uint32_t logical_id = 0;  ///< any value
+  std::int32_t ifindex = 0;      ///< at least 1
 };
 
-/// The element that a commit is checked against. Its interfaces are fixed when it is made, its card's limits are not.
+/// The element that a commit is checked against. The interfaces cannot be changed after construction; the limits can.
 class Profile {
  public:
   Profile() = default;
 
-  /// Throws InputError, which names the field, where two interfaces share a name, a logical identifier or an ifindex.
+  /// Throws InputError, which names the field, if two interfaces have the same name, logical identifier or ifindex.
   Profile(const CardLimits &card_limits, std::vector<Interface> interfaces);
 
   CardLimits card;
@@ -53,11 +53,12 @@ class Profile {
 
 /// Reads a profile file (JSON): {"card": {"vpn-max", "access-ports", "selective-encapsulation-vlan-entries",
 /// "selective-encapsulation-vlan-ranges"}, "interfaces": [{"name", "logical-id", "ifindex"}]}. The card and each of its
-/// limits may be absent, all else is required and nothing else is known. Throws FileError, or InputError, which names
-/// the file, the field or the line and column, and what was expected.
+/// limits may be absent, every other field is required, and unknown fields are errors. Throws FileError if the file
+/// cannot be read. Throws InputError if its content is wrong; the message names the file, the field or the line and
+/// column, and what was expected.
 Profile read_profile(const std::filesystem::path &file);
 
-/// The same from text; `origin` stands for the file's name in errors.
+/// As read_profile, from a text. Errors name `origin` as the file.
 Profile parse_profile(std::string_view text, const std::string &origin);
 
 }  // namespace element

@@ -8,11 +8,13 @@
 
 namespace element {
 
-/// Numeric identifiers of one kind of thing, handed out from 1 when the thing is first met and kept from then on.
+/// Assigns numeric identifiers to names: 1 to the first name it is asked for, then 2, and so on. A name keeps its
+/// identifier.
 class IdentifierSpace {
  public:
-  using Name = std::pair<std::string, std::string>;  ///< group and VPN; for layer-3 interfaces the name and ""
+  using Name = std::pair<std::string, std::string>;  ///< group and VPN; for a layer-3 interface its name and ""
 
+  /// The identifier of `name`; assigns the next free one to a new name.
   std::uint32_t of(Name name) {
     const auto next = static_cast<std::uint32_t>(known_.size() + 1);
     return known_.try_emplace(std::move(name), next).first->second;
@@ -22,7 +24,7 @@ class IdentifierSpace {
   std::map<Name, std::uint32_t> known_;
 };
 
-/// The identifiers of all applications.
+/// The identifiers that the element's applications assign; each application counts on its own.
 class Identifiers {
  public:
   IdentifierSpace vpls;

@@ -8,23 +8,23 @@
 
 namespace element {
 
-/// The derived entries of one VPN: its entry below its group, and one row for each table of its family.
+/// The derived entries of one VPN: its entry in the table of groups, and its entries in each table of its family.
 struct VpnRows {
   Nodes below_group;
   std::array<Nodes, std::tuple_size_v<decltype(VpnFamily::tables)>> tables;
 };
 
-/// Derived entries by the VPN's entry in the configuration. The entries are kept alive, so that none of their addresses
-/// ever stands for another entry.
+/// A cache of derived entries. The key is the address of a VPN's entry in the configuration; the cache owns a share of
+/// that entry, so its address is not reused while the cache lives.
 class KeptVpns {
  public:
-  /// What was derived for this entry of an operator's tree, or null.
+  /// The entries derived for this VPN's entry of an operator's tree, or null if they are not cached.
   const VpnRows *find(const Node &vpn) const {
     const auto found = rows_.find(&vpn);
     return found == rows_.end() ? nullptr : &found->second;
   }
 
-  /// `vpns` is the list in which the entry stands at `place`.
+  /// Caches the derived entries of the VPN whose entry is `vpns[place]`.
   void add(const Nodes &vpns, std::size_t place, VpnRows rows) {
     entries_.push_back_shared(vpns, place);
     rows_.emplace(&vpns[place], std::move(rows));

@@ -11,9 +11,9 @@ namespace element {
 class Identifiers;
 class KeptVpns;
 
-/// Derives what the element's applications make of an operator's configuration. Identifiers that the applications hand
-/// out stay the same from one configuration to the next: the same VPN has the same one in the running and the candidate
-/// configuration. They start at 1, in the order in which the things are met.
+/// Adds to an operator's configuration the tables that the element's applications derive from it. A VPN or layer-3
+/// interface has the same identifier in every configuration that goes through one projector. Identifiers start at 1 and
+/// are assigned in the order in which names first appear.
 class Projector {
  public:
   /// The profile must outlive the projector.
@@ -22,12 +22,13 @@ class Projector {
   Projector(const Projector &) = delete;
   Projector &operator=(const Projector &) = delete;
 
-  /// Adds the derived tables to a sorted tree of operator's nodes. Throws InputError for an interface of a VLAN
-  /// member or of snooping that the profile does not have.
+  /// Adds the derived tables to a sorted tree of the operator's nodes. Throws InputError if a VLAN member or multicast
+  /// snooping names an interface that the profile does not have.
   void project(Tree &configuration);
 
-  /// Derives for every VPN of a sorted tree, so that trees which share a VPN's entry with it are projected without
-  /// deriving for that VPN again. Memory: about what the derived tables take, for as long as the projector lives.
+  /// Derives and caches the entries of every VPN of a sorted tree. project() then takes the cached entries for VPNs
+  /// whose node a tree shares with this one. The cache takes about as much memory as the derived tables and lives as
+  /// long as the projector.
   void keep(const Tree &configuration);
 
  private:

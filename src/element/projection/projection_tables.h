@@ -11,7 +11,8 @@
 
 namespace element {
 
-/// A VPN as its operator wrote it, with the identifier that its application gave it. Valid as long as the tree is.
+/// A VPN of the operator's configuration and the identifier that its application assigned. The pointers lead into the
+/// operator's tree and are valid as long as that tree.
 struct Vpn {
   const Value *group = nullptr;
   const Value *name = nullptr;
@@ -19,13 +20,13 @@ struct Vpn {
   const Node *entry = nullptr;
 };
 
-/// A derived list and how its entries for one VPN are appended to it, in any order.
+/// A derived list, and the function that appends the entries of one VPN to it, in any order.
 struct VpnTable {
   std::string_view path;
   void (*derive)(Node &list, const Vpn &vpn);
 };
 
-/// What is derived for the VPNs of one family.
+/// A family of VPNs (VPLS or VPWS) and the tables derived for it.
 struct VpnFamily {
   std::string_view groups;       ///< path of the operator's list of groups
   std::string_view group_table;  ///< path of the derived list of groups
@@ -42,21 +43,23 @@ inline constexpr const char *static_member_table =
     "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry";
 inline constexpr const char *snooping_table = "/KZ-MGMD-ROUTER-MIB/mgmdRouterInterfaceTable/mgmdRouterInterfaceEntry";
 
-/// The LDP interfaces that are layer-3 interfaces.
+/// Derives the table of LDP interfaces: those interfaces of LDP that are layer-3 interfaces.
 void derive_ldp_interfaces(Tree &derived, const Tree &configuration, IdentifierSpace &identifiers);
-/// The static members of VLANs, by ifindex. Throws InputError for an interface that the profile does not have.
+/// Derives the table of static VLAN members, keyed by ifindex. Throws InputError for an interface that the profile does
+/// not have.
 void derive_static_member_table(Tree &derived, const Tree &configuration, const Profile &profile);
-/// The interfaces of multicast snooping, by ifindex. Throws InputError as the above.
+/// Derives the table of multicast snooping interfaces, keyed by ifindex. Throws InputError for an interface that the
+/// profile does not have.
 void derive_snooping_table(Tree &derived, const Tree &configuration, const Profile &profile);
 
-/// Which of a VPN's pseudowires an entry of the pseudowire table is.
+/// The kind of neighbour that an entry of the pseudowire table belongs to; part of its key.
 enum class PseudowireRole : std::uint32_t { vpls_neighbor = 1, vpws_neighbor = 2, vpws_backup_neighbor = 3 };
 
 /// Appends an entry of the pseudowire table for each of the VPN's neighbours.
 void append_pseudowires(Node &table, PseudowireRole role, const Vpn &vpn, const Nodes &neighbors);
 
-/// What an attachment's encapsulation says, into the nodes of these names below `parent`: the untagged leaf and the
-/// list of ranges, each only when configured.
+/// Copies an attachment's encapsulation into children of `parent`: the untagged flag into the leaf `untagged_leaf`, the
+/// VLAN ranges into the list `range_list`. What is not configured is not created.
 void derive_encapsulation(Node &parent, const Node &encapsulation, std::string_view untagged_leaf,
                           std::string_view range_list);
 

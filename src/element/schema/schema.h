@@ -35,10 +35,10 @@ enum class ValueType {
   enumeration
 };
 
-/// A validation point that stands on a node.
+/// A validation point that the data model attaches to a node.
 struct ValidationPoint {
   std::string name;
-  bool each_node = false;  ///< a commit fires it for each node it changes, otherwise for the first one only
+  bool each_node = false;  ///< fired for every changed node; if false, only for the first one of a commit
 };
 
 /// One node of the data model, read once from the compiled modules.
@@ -46,33 +46,34 @@ struct SchemaNode {
   std::string name;
   std::string module;
   NodeKind kind = NodeKind::container;
-  bool presence = false;               ///< containers: existence has a meaning of its own
-  bool derived = false;                ///< kept by the element's applications, never written by an operator
-  bool mandatory = false;              ///< leafs: every instance of the parent has it
-  std::size_t choice = 0;              ///< from 1 among the parent's choices; 0: in none
-  std::size_t choice_case = 0;         ///< from 1 among the choice's cases: nodes of two cases never stand together
+  bool presence = false;               ///< containers: the container itself is configuration
+  bool derived = false;                ///< written by the element's applications, never by an operator
+  bool mandatory = false;              ///< leafs: every instance of the parent must have it
+  std::size_t choice = 0;              ///< number of the YANG choice within the parent, from 1; 0: not in a choice
+  std::size_t choice_case = 0;         ///< number of the case within the choice, from 1; cases exclude each other
   ValueType type = ValueType::none;    ///< leafs
-  std::uint32_t tag = 0;               ///< hash of the name, the same wherever the name stands
-  std::uint32_t module_tag = 0;        ///< hash of the module's name
-  std::size_t position = 0;            ///< among the parent's children, schema order
+  std::uint32_t tag = 0;               ///< node_tag of the name
+  std::uint32_t module_tag = 0;        ///< node_tag of the module's name
+  std::size_t position = 0;            ///< index among the parent's children
   std::size_t key_count = 0;           ///< lists: the first key_count children are the keys, in key order
   const SchemaNode *parent = nullptr;  ///< null for the root
   std::vector<std::pair<std::string, std::int32_t>> enumerators;  ///< enumeration leafs: name and number
-  std::vector<ValidationPoint> validation_points;                 ///< those that stand on this node
+  std::vector<ValidationPoint> validation_points;                 ///< attached to this node
   std::vector<std::unique_ptr<SchemaNode>> children;              ///< schema order
 
-  /// The child of this name, or null. A module prefix ("base:config") must be the child's module when it is given.
+  /// The child of this name, or null. If the name has a prefix ("base:config"), it must be the child's module.
   const SchemaNode *child(std::string_view name_with_optional_prefix) const;
 };
 
-/// The hash of a node's or module's name. Four names have fixed tags, which others compare or pass.
+/// The hash of a node's or module's name, by which the platform identifies it. Four names have fixed tags instead,
+/// because the plug-in knows these by number.
 std::uint32_t node_tag(std::string_view name);
 
-/// The value that `text` stands for in a leaf of this node's type, or nothing where it is not a value of that type.
+/// Converts text to a value of the leaf's type; nothing if it is not one.
 std::optional<Value> value_from_text(const SchemaNode &leaf, std::string_view text);
 
-/// The data model of the element: its own shipped modules, compiled. Modules come with the program; a user's never
-/// load.
+/// The data model of the element: the YANG modules that are embedded in the program, compiled. No other module is
+/// loaded.
 class Schema {
  public:
   /// Compiles the shipped modules. Throws std::runtime_error when they do not compile.

@@ -6,13 +6,13 @@
 
 namespace element {
 
-/// A YANG module that is part of the program.
+/// A YANG module that is embedded in the program.
 struct ShippedModule {
   std::string_view name;
   std::string_view text;
 };
 
-/// All of them, by name. They are compiled into the program, so that it needs no search path and takes no other.
+/// All embedded modules, sorted by name. The program needs no search path for modules.
 const std::vector<ShippedModule> &shipped_modules();
 
 }  // namespace element
