@@ -15,7 +15,7 @@ const std::string same_vlan =
     "interface ge-1";
 
 host::Verdict verdict_of(const std::vector<host::PointVerdict> &points) {
-  return {host::Decision::rejected, points, points.size(), {}};
+  return {host::Decision::rejected, points, points.size(), {}, {}};
 }
 
 diagnosis::Diagnosis diagnosis_of(std::vector<diagnosis::Fault> faults) {
