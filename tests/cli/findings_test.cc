@@ -10,7 +10,7 @@
 
 namespace {
 
-using diagnosis::Standing;
+using diagnosis::ChangeStatus;
 using report::Finding;
 
 const std::string l2vpn = "/mpls/l2vpn-config/l2vpn/";
@@ -53,7 +53,9 @@ class Findings : public testing::Test {
 
   void find(const host::PointVerdict &verdict, std::vector<diagnosis::Party> parties,
             std::vector<diagnosis::ChangePart> change = {}) {
-    diagnosis.faults.push_back({verdict, std::move(change), {}, std::move(parties), {tree, tree}, 0, true});
+    diagnosis::Finding finding{verdict, false, std::move(parties), {}, false, {}, 0, true, {tree, tree}, {}, {}};
+    finding.advice.alternatives = {std::move(change)};
+    diagnosis.findings.push_back(std::move(finding));
   }
 
   std::vector<Finding> make(std::vector<host::PointVerdict> said) const {
@@ -86,15 +88,15 @@ TEST_F(Findings, a_commit_without_a_message_has_none) {
 
 TEST_F(Findings, nodes_have_their_lines_in_the_files_that_hold_them) {
   find(rejection("no"),
-       {{Standing::changed,
+       {{ChangeStatus::changed,
          path(east + "/access-interface{ge-1}"),
          "vpws-group metro",
          "east",
          "ge-1",
          "",
-         {{Standing::changed, path(east + "/access-interface{ge-1}/dot1q"), "100", "200"}}},
-        {Standing::unchanged, path(l2vpn + "vpws-group{metro}"), "vpws-group metro", "", "", "", {}}},
-       {{Standing::added, path(west), {}, {}}, {Standing::removed, path(east), {}, {}}});
+         {{ChangeStatus::changed, path(east + "/access-interface{ge-1}/dot1q"), "100", "200"}}},
+        {ChangeStatus::unchanged, path(l2vpn + "vpws-group{metro}"), "vpws-group metro", "", "", "", {}}},
+       {{ChangeStatus::added, path(west), {}, {}, {}}, {ChangeStatus::removed, path(east), {}, {}, {}}});
   const Finding finding = make({rejection("no")}).at(0);
   const report::PartyReport &party = finding.parties.at(0);
   EXPECT_EQ(party.group, "vpws-group metro");
@@ -120,14 +122,14 @@ TEST_F(Findings, nodes_have_their_lines_in_the_files_that_hold_them) {
 }
 
 TEST_F(Findings, the_place_to_look_first_is_what_the_commit_does_to_the_first_party_that_the_candidate_holds) {
-  const diagnosis::Party left{Standing::unchanged, path(l2vpn + "vpws-group{metro}"), "", "", "", "", {}};
-  const diagnosis::Party added{Standing::added, path(west), "", "", "", "", {}};
-  const diagnosis::Party removed{Standing::removed, path(east + "/access-interface{ge-1}"), "", "", "", "", {}};
-  diagnosis::Party changed{Standing::changed, path(east), "", "", "", "", {}};
-  changed.details = {{Standing::changed, path(east + "/access-interface{ge-1}/dot1q"), "100", "200"}};
+  const diagnosis::Party left{ChangeStatus::unchanged, path(l2vpn + "vpws-group{metro}"), "", "", "", "", {}};
+  const diagnosis::Party added{ChangeStatus::added, path(west), "", "", "", "", {}};
+  const diagnosis::Party removed{ChangeStatus::removed, path(east + "/access-interface{ge-1}"), "", "", "", "", {}};
+  diagnosis::Party changed{ChangeStatus::changed, path(east), "", "", "", "", {}};
+  changed.details = {{ChangeStatus::changed, path(east + "/access-interface{ge-1}/dot1q"), "100", "200"}};
   diagnosis::Party shrunk = changed;
-  shrunk.details[0].standing = Standing::removed;
-  const diagnosis::ChangePart part{Standing::added, path(west), {}, {}};
+  shrunk.details[0].status = ChangeStatus::removed;
+  const diagnosis::ChangePart part{ChangeStatus::added, path(west), {}, {}, {}};
   struct Row {
     std::vector<diagnosis::Party> parties;
     std::vector<diagnosis::ChangePart> change;
@@ -140,7 +142,7 @@ TEST_F(Findings, the_place_to_look_first_is_what_the_commit_does_to_the_first_pa
                                          {{removed, left}, {part}, "candidate.json:11"},
                                          {{left}, {part}, "candidate.json:11"},
                                          {{left}, {}, "candidate.json:2"}}) {
-    diagnosis.faults.clear();
+    diagnosis.findings.clear();
     find(rejection("no", l2vpn + "vpws-group{metro}"), row.parties, row.change);
     EXPECT_EQ(place(make({rejection("no", l2vpn + "vpws-group{metro}")}).at(0).place), row.place);
   }
@@ -195,13 +197,11 @@ TEST_F(Findings, messages_have_the_rules_that_the_table_knows) {
 
 TEST_F(Findings, a_limit_keeps_its_number_and_an_unfinished_search_its_mark) {
   find(rejection("no"), {});
-  diagnosis.faults[0].enough = 3;
-  diagnosis.faults[0].complete = false;
-  diagnosis.faults[0].scaffold = {{Standing::added, path(west), {}, {}}};
+  diagnosis.findings[0].advice.enough = 3;
+  diagnosis.findings[0].is_minimal = false;
   const Finding finding = make({rejection("no")}).at(0);
   EXPECT_EQ(finding.enough, 3u);
   EXPECT_FALSE(finding.complete);
-  EXPECT_EQ(finding.prerequisites.at(0).path, west);
 }
 
 }  // namespace

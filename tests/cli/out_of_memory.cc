@@ -3,6 +3,7 @@
 #include <array>
 #include <streambuf>
 
+#include "build_paths.h"
 #include "cli/run.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/failing_allocation.h"

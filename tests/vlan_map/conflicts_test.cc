@@ -18,9 +18,9 @@ host::Verdict verdict_of(const std::vector<host::PointVerdict> &points) {
   return {host::Decision::rejected, points, points.size(), {}, {}};
 }
 
-diagnosis::Diagnosis diagnosis_of(std::vector<diagnosis::Fault> faults) {
+diagnosis::Diagnosis diagnosis_of(std::vector<diagnosis::Finding> findings) {
   diagnosis::Diagnosis diagnosis;
-  diagnosis.faults = std::move(faults);
+  diagnosis.findings = std::move(findings);
   return diagnosis;
 }
 
@@ -85,7 +85,7 @@ TEST(Conflicts, have_the_claims_of_their_parties) {
   };
   for (const Row &row : rows) {
     Map map = map_of({}, row.configuration);
-    map.conflicts = find_conflicts({}, diagnosis_of({fault(says("no"), row.parties)}), map.ports);
+    map.conflicts = find_conflicts({}, diagnosis_of({finding(says("no"), row.parties)}), map.ports);
     ASSERT_EQ(map.conflicts.size(), 1u) << row.what;
     EXPECT_EQ(claims_of(map, map.conflicts[0]), row.claims) << row.what;
     EXPECT_EQ(overlaps_of(map, map.conflicts[0]), row.overlaps) << row.what;
@@ -95,24 +95,24 @@ TEST(Conflicts, have_the_claims_of_their_parties) {
 TEST(Conflicts, what_is_removed_is_no_part_unless_the_party_is_removed) {
   const std::string range = on_vpws("ge-1") + "/encapsulation/dot1q-range";
   Map map = map_of({range + "{10 19}"}, {range + "{10 29}"});
-  map.conflicts = find_conflicts({}, diagnosis_of({fault(says("no"), {on_vpws("ge-1")})}), map.ports);
+  map.conflicts = find_conflicts({}, diagnosis_of({finding(says("no"), {on_vpws("ge-1")})}), map.ports);
   EXPECT_EQ(claims_of(map, map.conflicts[0]), (Lines{"ge-1 VLANs 10-29 of vpn south"}));
 
   Map gone = map_of({on_vpws("ge-1")}, {});
-  diagnosis::Fault about_removed = fault(says("no"), {on_vpws("ge-1")});
-  about_removed.parties[0].standing = diagnosis::Standing::removed;
-  std::vector<diagnosis::Fault> faults;
-  faults.push_back(std::move(about_removed));
-  gone.conflicts = find_conflicts({}, diagnosis_of(std::move(faults)), gone.ports);
+  diagnosis::Finding about_removed = finding(says("no"), {on_vpws("ge-1")});
+  about_removed.parties[0].status = diagnosis::ChangeStatus::removed;
+  std::vector<diagnosis::Finding> findings;
+  findings.push_back(std::move(about_removed));
+  gone.conflicts = find_conflicts({}, diagnosis_of(std::move(findings)), gone.ports);
   EXPECT_EQ(claims_of(gone, gone.conflicts[0]), (Lines{"ge-1 whole port of vpn south"}));
 }
 
 TEST(Conflicts, are_marked_on_their_claims_and_ports) {
   Map map = map_of({}, {on_vpws("ge-2") + "/dot1q = 5"});
-  std::vector<diagnosis::Fault> faults;
-  faults.push_back(fault(says("first"), {on_vpws("ge-2")}));
-  faults.push_back(fault(says("second", host::Answer::warned), {on_vpws("ge-2")}));
-  map.conflicts = find_conflicts({}, diagnosis_of(std::move(faults)), map.ports);
+  std::vector<diagnosis::Finding> findings;
+  findings.push_back(finding(says("first"), {on_vpws("ge-2")}));
+  findings.push_back(finding(says("second", host::Answer::warned), {on_vpws("ge-2")}));
+  map.conflicts = find_conflicts({}, diagnosis_of(std::move(findings)), map.ports);
   EXPECT_EQ(map.ports[0].conflicts, (std::vector<std::size_t>{}));
   EXPECT_EQ(map.ports[1].conflicts, (std::vector<std::size_t>{0, 1}));
   EXPECT_EQ(sentence_of(map, map.ports[1], map.ports[1].claims[0]),
@@ -122,10 +122,10 @@ TEST(Conflicts, are_marked_on_their_claims_and_ports) {
 
 TEST(Conflicts, tell_whether_the_element_itself_says_them_and_by_which_rule) {
   Map map = map_of({}, {on_vpws("ge-1") + "/dot1q = 5"});
-  std::vector<diagnosis::Fault> faults;
-  faults.push_back(fault(says(same_vlan), {on_vpws("ge-1")}));
-  faults.push_back(fault(says("behind it"), {on_vpws("ge-1")}));
-  map.conflicts = find_conflicts(verdict_of({says(same_vlan)}), diagnosis_of(std::move(faults)), map.ports);
+  std::vector<diagnosis::Finding> findings;
+  findings.push_back(finding(says(same_vlan), {on_vpws("ge-1")}));
+  findings.push_back(finding(says("behind it"), {on_vpws("ge-1")}));
+  map.conflicts = find_conflicts(verdict_of({says(same_vlan)}), diagnosis_of(std::move(findings)), map.ports);
   ASSERT_EQ(map.conflicts.size(), 2u);
   EXPECT_TRUE(map.conflicts[0].from_device);
   EXPECT_EQ(map.conflicts[0].rule, "access-same-dot1q");

@@ -32,8 +32,9 @@ host::PointVerdict says(const std::string &message, host::Answer answer) {
   return {"vpn_access_valp", "/mpls", answer, message};
 }
 
-diagnosis::Fault fault(const host::PointVerdict &verdict, const Lines &parties) {
-  diagnosis::Fault made{verdict, {}, {}, {}, {element::Tree(test_schema()), element::Tree(test_schema())}, 0, true};
+diagnosis::Finding finding(const host::PointVerdict &verdict, const Lines &parties) {
+  const element::Tree nothing(test_schema());
+  diagnosis::Finding made{verdict, false, {}, {}, false, {}, 0, true, {nothing, nothing}, {}, {}};
   for (const std::string &line : parties) {
     const std::size_t blank = line.find(" with ");
     diagnosis::Party party;

@@ -34,7 +34,7 @@ Lines claims_in(const vlan_map::Map &map);
 /// A verdict of a point, a rejection unless it is told.
 host::PointVerdict says(const std::string &message, host::Answer answer = host::Answer::rejected);
 
-/// A fault with a party a line: its path, and " with " a detail's path where it has one.
-diagnosis::Fault fault(const host::PointVerdict &verdict, const Lines &parties);
+/// A finding with a party a line: its path, and " with " a detail's path where it has one.
+diagnosis::Finding finding(const host::PointVerdict &verdict, const Lines &parties);
 
 #endif
