@@ -5,9 +5,14 @@
 #include "build_paths.h"
 
 JudgedElement::JudgedElement()
-    : profile_(
-          {16, 16, 16, 16},
-          {{"eth0", 1, 1000}, {"eth1", 2, 1001}, {"eth2", 3, 1002}, {"eth3", 4, 1003}, {"service-port-1", 5, 1004}}),
+    : profile_({kVpnLimit, kAccessInterfaceLimit, kEncapsulationVlanLimit, kEncapsulationRangeLimit},
+               {{"eth1", 1, 1003},
+                {"eth2", 2, 1001},
+                {"eth3", 3, 1002},
+                {"eth%%", 4, 1000},
+                {"service-port-1", 5, 1005},
+                {"service-port-2", 6, 1004},
+                {"service-port-x", 7, 1006}}),
       session_(profile_),
       plugin_(PLUGIN_FILE) {}
 
@@ -16,15 +21,22 @@ JudgedElement &JudgedElement::instance() {
   return element;
 }
 
-std::unique_ptr<element::Transaction> JudgedElement::transaction(element::Tree running, element::Tree candidate) const {
-  return element::make_transaction(std::move(running), std::move(candidate), profile_);
+std::unique_ptr<element::Transaction> JudgedElement::transaction(const brute_force::Configurations &commit) const {
+  return element::make_transaction(commit.running, commit.candidate, profile_);
 }
 
-host::Verdict JudgedElement::judge(const element::Transaction &transaction) {
-  return host::validate_commit(plugin_, session_, transaction);
+host::Verdict JudgedElement::judge(const brute_force::Configurations &commit) {
+  ++questions_;
+  return host::validate_commit(plugin_, session_, *transaction(commit));
 }
 
-diagnosis::Diagnosis JudgedElement::diagnose(const element::Transaction &transaction,
+std::vector<host::PointVerdict> JudgedElement::ask_all_points(const brute_force::Configurations &commit) {
+  ++questions_;
+  return host::validate_commit(plugin_, session_, *transaction(commit), {.all_points = true}).points;
+}
+
+diagnosis::Diagnosis JudgedElement::diagnose(const brute_force::Configurations &commit,
                                              const diagnosis::Options &options) {
-  return diagnosis::diagnose(plugin_, session_, transaction, judge(transaction), options);
+  const auto whole = transaction(commit);
+  return diagnosis::diagnose(plugin_, session_, *whole, host::validate_commit(plugin_, session_, *whole), options);
 }

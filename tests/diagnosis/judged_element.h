@@ -2,20 +2,38 @@
 #define TESTS_DIAGNOSIS_JUDGED_ELEMENT_H
 
 #include <memory>
+#include <vector>
 
 #include "diagnosis/diagnose.h"
 #include "element/datastore/transaction.h"
-#include "tests/element/print.h"
+#include "tests/diagnosis/merged_entries.h"
 
-/// The interfaces "eth0" to "eth3" and "service-port-1", and room for 16 of everything, with the library that ships;
-/// one in a process, for the library reads the card's limits once.
+/// An element with few ports and small limits, with the library that ships; one in a process, for the library reads
+/// the card's limits once.
 class JudgedElement {
  public:
+  static constexpr std::uint32_t kVpnLimit = 4;
+  static constexpr std::uint32_t kAccessInterfaceLimit = 3;
+  static constexpr std::uint32_t kEncapsulationVlanLimit = 4;
+  static constexpr std::uint32_t kEncapsulationRangeLimit = 3;
+
   static JudgedElement &instance();
 
-  std::unique_ptr<element::Transaction> transaction(element::Tree running, element::Tree candidate) const;
-  host::Verdict judge(const element::Transaction &transaction);
-  diagnosis::Diagnosis diagnose(const element::Transaction &transaction, const diagnosis::Options &options);
+  const element::Profile &profile() const { return profile_; }
+
+  /// What the element's applications derive is added.
+  std::unique_ptr<element::Transaction> transaction(const brute_force::Configurations &commit) const;
+
+  /// As the device asks: a rejection ends the commit.
+  host::Verdict judge(const brute_force::Configurations &commit);
+
+  /// What every point answers.
+  std::vector<host::PointVerdict> ask_all_points(const brute_force::Configurations &commit);
+
+  diagnosis::Diagnosis diagnose(const brute_force::Configurations &commit, const diagnosis::Options &options);
+
+  /// How often the library was asked, by whomever.
+  std::uint64_t questions() const { return questions_; }
 
  private:
   JudgedElement();
@@ -23,6 +41,7 @@ class JudgedElement {
   const element::Profile profile_;
   host::HostSession session_;
   const host::Plugin plugin_;
+  std::uint64_t questions_ = 0;
 };
 
 #endif

@@ -38,13 +38,17 @@ class Writer {
     written_.lines.emplace(to_text(path), static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
   }
 
-  /// The children of a container or entry and the key leafs, shuffled.
-  std::vector<Node> children_of(const Node &node) {
-    std::vector<Node> children(node.children.begin(), node.children.end());
+  /// The key leafs and the children of a container or entry, shuffled. In XML the keys come first, in their order.
+  std::vector<Node> children_of(const Node &node, bool has_keys_first) {
+    std::vector<Node> children;
     for (std::size_t i = 0; i < node.keys.size(); ++i) {
-      children.push_back(Node{node.schema->children[i].get(), {}, node.keys[i], {}});
+      children.emplace_back();
+      children.back().schema = node.schema->children[i].get();
+      children.back().value = node.keys[i];
     }
-    std::shuffle(children.begin(), children.end(), random_);
+    children.insert(children.end(), node.children.begin(), node.children.end());
+    const std::size_t kept = has_keys_first ? node.keys.size() : 0;
+    std::shuffle(children.begin() + static_cast<std::ptrdiff_t>(kept), children.end(), random_);
     return children;
   }
 
@@ -96,7 +100,7 @@ class XmlWriter : public Writer {
     if (is_of_other_module(path)) put(" xmlns=\"urn:element:" + node.schema->module + "\"");
     put(">");
     if (node.schema->kind == NodeKind::leaf) put(escaped_for_xml(element::to_text(node.value)));
-    for (const Node &child : children_of(node)) write_below(child, path);
+    for (const Node &child : children_of(node, true)) write_below(child, path);
     if (node.schema->kind != NodeKind::leaf) put_gap();
     put("</" + name + ">");
   }
@@ -120,7 +124,7 @@ class JsonWriter : public Writer {
   void write_members(const Node &node, const Path &path) {
     put("{");
     std::string_view separator;
-    for (const Node &child : children_of(node)) {
+    for (const Node &child : children_of(node, false)) {
       put(separator);
       put_gap();
       Path below = path;

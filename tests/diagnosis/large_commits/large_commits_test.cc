@@ -1,0 +1,70 @@
+// Faults seeded among hundreds of VPNs: all are found, and how many questions that takes does not grow with the commit
+// as its number of parts does.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/diagnosis/seeded_faults/background.h"
+#include "tests/diagnosis/seeded_faults/explained_seeds.h"
+#include "tests/diagnosis/seeds.h"
+
+namespace seeded {
+namespace {
+
+class LargeCommits : public testing::TestWithParam<std::string> {};
+
+TEST_P(LargeCommits, have_all_faults_found) {
+  for (const std::size_t vpns : {300U, 900U}) {
+    SCOPED_TRACE("DIAGNOSIS_SEED=" + std::to_string(first_seed()));
+    ExplainedSeeds(draw_commit(GetParam(), first_seed(), vpns)).expect_right();
+  }
+}
+
+std::string test_name(const testing::TestParamInfo<std::string> &info) {
+  std::string name = info.param;
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(DISABLED_Rules, LargeCommits,
+                         testing::Values("access-same-dot1q", "pw-id-moved", "access-static-member"), test_name);
+
+/// `conflicts` pairs of new VPNs on one VLAN each, among `vpns` clean ones.
+brute_force::Configurations commit_with(std::size_t vpns, std::size_t conflicts) {
+  NamePool names(7);
+  Draft draft;
+  put_clean_vpns(draft, names, vpns);
+  const std::string port = names.port();
+  for (std::size_t i = 0; i < conflicts; ++i) {
+    const auto vlan = static_cast<std::uint16_t>(2000 + i);
+    for (int twin = 0; twin < 2; ++twin) attach(draft, names, draw_vpn(names), port, vlan_claim(vlan), Arrival::added);
+  }
+  return {tree_of(draft.running), tree_of(draft.candidate)};
+}
+
+std::uint64_t calls_for(std::size_t vpns, std::size_t conflicts) {
+  const diagnosis::Diagnosis found = JudgedElement::instance().diagnose(
+      commit_with(vpns, conflicts),
+      {.with_repairs = false, .budget = {.calls = 1'000'000, .time = std::chrono::hours(24)}});
+  EXPECT_EQ(found.findings.size(), conflicts);
+  EXPECT_EQ(found.end, diagnosis::SearchEnd::complete);
+  return found.calls;
+}
+
+TEST(Calls, of_one_conflict_grow_with_the_logarithm_of_the_commit) {
+  const std::uint64_t few = calls_for(50, 1);
+  const std::uint64_t many = calls_for(800, 1);
+  EXPECT_LT(many, 200U);
+  EXPECT_LT(many, few + 100);
+}
+
+TEST(Calls, grow_no_faster_than_the_conflicts) {
+  const std::uint64_t five = calls_for(300, 5);
+  const std::uint64_t twenty = calls_for(300, 20);
+  EXPECT_LT(five / 5, 120U);
+  EXPECT_LT(twenty / 20, 2 * five / 5);
+}
+
+}  // namespace
+}  // namespace seeded
