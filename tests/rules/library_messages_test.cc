@@ -91,6 +91,7 @@ const Texts kOtherTexts{
     "%s:%u: %s: Assertion `%s' failed.\n",
     "basic_string: construction from null is not valid",
     "%s: __pos (which is %zu) > this->size() (which is %zu)",
+    "%s: __pos (which is %zu) > __size (which is %zu)",
     "cannot create std::vector larger than max_size()",
 };
 

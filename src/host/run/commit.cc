@@ -64,8 +64,11 @@ std::int32_t ask(const Plugin &plugin, TriggeredPoint &triggered, confd_trans_ct
   confd_value_t value = borrowed_value(triggered.value, *triggered.path.back().schema);
   try {
     return plugin.validate(&context, &path, &value);
+  } catch (const std::bad_array_new_length &error) {
+    // A length that no memory would be enough for is the library's own fault, though it is a kind of bad_alloc.
+    contract_violation(triggered.point, fmt::format("an exception left the call: {}", error.what()));
   } catch (const std::bad_alloc &) {
-    throw;  // no fault of the library: its caller has run out of memory
+    throw;  // the library has no part in a lack of memory
   } catch (const std::exception &error) {
     contract_violation(triggered.point, fmt::format("an exception left the call: {}", error.what()));
   }
