@@ -14,9 +14,10 @@ namespace {
 
 constexpr std::array<std::string_view, 4> kRulesOfVlans{"access-same-dot1q", "access-static-member",
                                                         "access-untagged-twice", "member-same-dot1q"};
-constexpr std::array<std::string_view, 6> kRulesOfPorts{
+constexpr std::array<std::string_view, 7> kRulesOfPorts{
     "access-port-based-twice",  "service-port-mixed-use", "access-port-based-static-member",
-    "member-on-port-based-vpn", "access-igmp-snooping",   "tls-beside-vpws"};
+    "member-on-port-based-vpn", "access-igmp-snooping",   "tls-beside-vpws",
+    "access-on-uplink"};
 constexpr std::array<std::string_view, 2> kRulesOfPseudowires{"pw-id-twice", "pw-id-moved"};
 
 template <typename Rules>

@@ -19,7 +19,7 @@ const std::set<std::string> kVlanRules{"access-same-dot1q", "access-static-membe
 const std::set<std::string> kPortRules{"access-port-based-twice",  "access-port-based-static-member",
                                        "member-on-port-based-vpn", "access-untagged-twice",
                                        "service-port-mixed-use",   "tls-beside-vpws",
-                                       "access-igmp-snooping"};
+                                       "access-igmp-snooping",     "access-on-uplink"};
 const std::set<std::string> kPseudowireRules{"pw-id-twice", "pw-id-moved"};
 
 const Node &node_of(const Entry &entry) { return entry.after != nullptr ? *entry.after : *entry.before; }
