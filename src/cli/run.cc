@@ -11,6 +11,7 @@
 #include "cli/commands/explain_command.h"
 #include "cli/commands/headroom_command.h"
 #include "cli/commands/map_command.h"
+#include "cli/commands/plan_command.h"
 #include "cli/commands/show_command.h"
 #include "element/input/input_error.h"
 #include "host/run/commit.h"
@@ -31,6 +32,7 @@ struct CarryOut {
   ExitStatus operator()(const ExplainArguments &arguments) const { return explain(arguments, environment); }
   ExitStatus operator()(const HeadroomArguments &arguments) const { return headroom(arguments, environment); }
   ExitStatus operator()(const MapArguments &arguments) const { return map(arguments, environment); }
+  ExitStatus operator()(const PlanArguments &arguments) const { return plan(arguments, environment); }
 };
 
 ExitStatus run_command(const std::vector<std::string> &arguments, const Environment &environment) {

@@ -161,6 +161,18 @@ CLI::App *add_map(CLI::App &program, MapArguments &map) {
   return command;
 }
 
+CLI::App *add_plan(CLI::App &program, PlanArguments &plan) {
+  CLI::App *command = program.add_subcommand("plan", "Split a commit whose order alone is wrong into accepted steps");
+  command->add_option("DIR", plan.input.directory, "Folder as for check")->type_name("");
+  add_files(*command, plan.input);
+  command->add_option("-o,--output", plan.output, "Folder for the steps, empty or not there: 1, 2 ... as for check")
+      ->required()
+      ->option_text("DIR");
+  command->add_option("--plugin", plan.plugin, "Validation library to ask")->type_name("FILE");
+  add_budget(*command, plan.budget);
+  return command;
+}
+
 }  // namespace
 
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment) {
@@ -173,11 +185,13 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   ExplainArguments explain;
   HeadroomArguments headroom;
   MapArguments map;
+  PlanArguments plan;
   const CLI::App *check_command = add_check(program, check);
   const CLI::App *show_command = add_show(program, show);
   const CLI::App *explain_command = add_explain(program, explain);
   const CLI::App *headroom_command = add_headroom(program, headroom);
-  add_map(program, map);
+  const CLI::App *map_command = add_map(program, map);
+  add_plan(program, plan);
 
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
@@ -195,7 +209,8 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   if (show_command->parsed()) return show;
   if (explain_command->parsed()) return explain;
   if (headroom_command->parsed()) return headroom;
-  return map;
+  if (map_command->parsed()) return map;
+  return plan;
 }
 
 }  // namespace cli

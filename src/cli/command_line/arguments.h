@@ -72,9 +72,16 @@ struct MapArguments {
   diagnosis::Budget budget;
 };
 
+struct PlanArguments {
+  InputArguments input;
+  std::string output;  ///< a folder
+  std::string plugin;
+  diagnosis::Budget budget;
+};
+
 /// A command to carry out, or the status to end with because help or the version was all that was asked for.
-using ParsedArguments =
-    std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, HeadroomArguments, MapArguments>;
+using ParsedArguments = std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, HeadroomArguments,
+                                     MapArguments, PlanArguments>;
 
 /// Reads a command line without the program's name; prints help and version itself. Throws UsageError.
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment);

@@ -1,0 +1,20 @@
+#ifndef CLI_COMMANDS_STEP_FOLDERS_H
+#define CLI_COMMANDS_STEP_FOLDERS_H
+
+#include <filesystem>
+#include <vector>
+
+#include "cli/input/commit_input.h"
+
+namespace cli {
+
+/// Writes the steps from a commit's running configuration to its candidate as the folders 1, 2 ... of a folder that is
+/// there, and returns their names. `stages` is what each step leaves. The commit's own files are copied as they are;
+/// what stands between them has the format of the candidate. Throws OutputFileError, and InputError where a file of the
+/// commit is gone.
+std::vector<std::filesystem::path> write_step_folders(const std::filesystem::path &folder, const CommitInput &commit,
+                                                      const std::vector<element::Tree> &stages);
+
+}  // namespace cli
+
+#endif
