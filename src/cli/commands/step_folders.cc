@@ -7,6 +7,7 @@
 #include "cli/command_line/errors.h"
 #include "cli/terminal/output_file.h"
 #include "element/input/configuration_text.h"
+#include "element/input/input_error.h"
 #include "element/input/input_text.h"
 #include "element/output/configuration_writer.h"
 
@@ -21,10 +22,16 @@ struct ConfigurationFile {
   InputFormat format = InputFormat::xml;
 };
 
-ConfigurationFile read(const fs::path &file) {
-  std::string text = element::read_input(file);
-  const InputFormat format = element::prepare_configuration(text, file.string()).format;
-  return {std::move(text), format};
+/// As it was read; anew where only a wrapper stood around nothing.
+ConfigurationFile copy_of(const element::ConfigurationText &read, const element::Tree &tree) {
+  const bool is_blank = read.text.find_first_not_of(" \t\r\n") == std::string::npos;
+  return {is_blank ? element::write_configuration(tree, read.format) : read.text, read.format};
+}
+
+std::string read_profile(const fs::path &file) {
+  std::error_code unknown;
+  if (fs::is_regular_file(file, unknown)) return element::read_input(file);
+  throw element::InputError(fmt::format("{}: cannot be copied for each step; expected a regular file", file.string()));
 }
 
 void write(const fs::path &file, const std::string &text) {
@@ -47,9 +54,9 @@ void make(const fs::path &folder) {
 
 std::vector<fs::path> write_step_folders(const fs::path &folder, const CommitInput &commit,
                                          const std::vector<element::Tree> &stages) {
-  const std::string profile = element::read_input(commit.files().element);
-  const ConfigurationFile wanted = read(commit.files().candidate);
-  ConfigurationFile running = read(commit.files().running);
+  const std::string profile = read_profile(commit.files().element);
+  const ConfigurationFile wanted = copy_of(commit.texts().candidate, commit.transaction().candidate);
+  ConfigurationFile running = copy_of(commit.texts().running, commit.transaction().running);
   std::vector<fs::path> steps;
   for (std::size_t i = 0; i < stages.size(); ++i) {
     const bool is_last = i + 1 == stages.size();
