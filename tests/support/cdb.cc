@@ -16,8 +16,8 @@ QnConfdInterface *qnconfd_instance_get(void *middleware) {
   return static_cast<QnConfdInterface *>(middleware);
 }
 
-QnConfdCdbSessionBase::QnConfdCdbSessionBase(QnConfdInterface *instance, cdb_db_type db, bool)
-    : socket_(Platform::active().start_session(instance, db)) {}
+QnConfdCdbSessionBase::QnConfdCdbSessionBase(QnConfdInterface *instance, cdb_db_type db, bool option)
+    : socket_(Platform::active().start_session(instance, db, option)) {}
 
 QnConfdCdbSessionBase::~QnConfdCdbSessionBase() { Platform::active().end_session(socket_); }
 

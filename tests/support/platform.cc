@@ -199,8 +199,8 @@ void Platform::take_back(confd_value_t *value) {
   std::free(value->val.buf.ptr);
 }
 
-int Platform::start_session(const void *instance, int database) {
-  const bool failed = enter("cdb_session_start", std::to_string(database));
+int Platform::start_session(const void *instance, int database, bool option) {
+  const bool failed = enter("cdb_session_start", std::to_string(database) + (option ? " true" : " false"));
   if (failed || instance != middleware() || database != CDB_RUNNING) return -1;
   open_sessions_.insert(next_session_);
   return next_session_++;

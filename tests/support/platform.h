@@ -133,7 +133,8 @@ class Platform {
   const std::vector<TraceCall> &trace() const { return trace_; }
 
   /// The calls in order, "maapi_exists /base:config/service-port{7}/match/vlan/vlan-id/any"; a CDB session counts as
-  /// cdb_session_start and cdb_session_end. confd_free_value is counted, but not listed.
+  /// cdb_session_start, with its datastore and the constructor's third argument, "cdb_session_start 1 true", and
+  /// cdb_session_end. confd_free_value is counted, but not listed.
   const std::vector<std::string> &calls() const { return calls_; }
   std::size_t count(std::string_view function) const;
   void forget_calls();
@@ -166,7 +167,7 @@ class Platform {
   void misuse(std::string_view what) { misuses_.emplace_back(what); }
   void hand_out(const Value &value, confd_value_t *out);
   void take_back(confd_value_t *value);
-  int start_session(const void *instance, int database);
+  int start_session(const void *instance, int database, bool option);
   void end_session(int sock);
   void add_error(std::string text) { errors_.push_back(std::move(text)); }
   void add_timeout(int seconds) { timeouts_.push_back(seconds); }

@@ -114,7 +114,7 @@ TEST_P(PseudowireListTest, ReadsTheRunningConfigurationInBatchesAndNeverPastItsE
 
     EXPECT_EQ(collect_running(), 0);
     EXPECT_EQ(running, pw_map(numbered(row.entries)));
-    Calls expected{"qnconfd_instance_get", "cdb_session_start 1", "cdb_num_instances " + list};
+    Calls expected{"qnconfd_instance_get", "cdb_session_start 1 true", "cdb_num_instances " + list};
     for (const std::string &read : row.reads) expected.push_back("cdb_get_objects " + list + " " + read);
     expected.push_back("cdb_session_end");
     EXPECT_EQ(platform.calls(), expected);

@@ -22,7 +22,7 @@ TEST_F(QnConfdCdbSessionTest, LastsAsLongAsTheObject) {
     EXPECT_EQ(platform.leaks().size(), 1U) << "a session is open";
     EXPECT_EQ(cdb_num_instances(session.Socket(), "/internal/int-vpws-tunnel-idx"), 0) << "and can be read through";
   }
-  EXPECT_EQ(platform.calls(), (Calls{"qnconfd_instance_get", "cdb_session_start 1",
+  EXPECT_EQ(platform.calls(), (Calls{"qnconfd_instance_get", "cdb_session_start 1 true",
                                      "cdb_num_instances /internal/int-vpws-tunnel-idx", "cdb_session_end"}));
 }
 

@@ -62,7 +62,7 @@ Calls reading_of(const std::string &list) {
 }
 
 Calls running_of(const std::string &list) {
-  return {"qnconfd_instance_get", "cdb_session_start 1", "cdb_num_instances " + list,
+  return {"qnconfd_instance_get", "cdb_session_start 1 true", "cdb_num_instances " + list,
           "cdb_get_objects " + list + " 1x6 from 0", "cdb_session_end"};
 }
 
