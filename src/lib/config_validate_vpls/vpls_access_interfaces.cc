@@ -34,24 +34,45 @@ bridge_domain_t read_bridge_domain(std::int32_t sock, confd_trans_ctx *tctx, con
   return bridge_domain;
 }
 
-/// Records what the transaction does to the VPN's bridge domain as the attachment's change, and returns it.
-std::int32_t record_change(std::int32_t sock, confd_trans_ctx *tctx, const std::string &group, const std::string &vpn,
-                           const std::string &interface, st_val_acc_dot1q_vpn_t &snapshot) {
+/// The names of an entry's VPN. The entries of a VPN stand together in the list, so that one is kept from entry to
+/// entry.
+struct vpn_texts_t {
+  std::string group_key;
+  std::string vpn_key;
+  std::string group;               ///< with its prefix
+  std::string vpn;                 ///< with its prefix
+  std::string bridge_domain_path;  ///< in the operator's tree; the same for every interface
+};
+
+void name_vpn_of(const maapi_cursor &mc, vpn_texts_t &names) {
+  const std::string_view group_key = GET_BUF_VIEW(&mc.keys[0]);
+  const std::string_view vpn_key = GET_BUF_VIEW(&mc.keys[1]);
+  if (!names.bridge_domain_path.empty() && names.vpn_key == vpn_key && names.group_key == group_key) return;
+
   constexpr auto tag = static_cast<std::int32_t>(model_tag::bridge_domain);
-  const std::int32_t mop = get_vpn_mop(sock, tctx, build_vpn_access_config_path(tag, group, vpn, interface));
-  if (mop != 0) set_vpn_mop(group, vpn, interface, mop, snapshot);
-  return mop;
+  names.group_key = group_key;
+  names.vpn_key = vpn_key;
+  names.group = kVplsGroupPrefix + names.group_key;
+  names.vpn = kVpnPrefix + names.vpn_key;
+  names.bridge_domain_path = build_vpn_access_config_path(tag, names.group, names.vpn, {});
 }
 
 /// One entry of the walked list and what else was read for it.
 struct attachment_t {
-  std::string group;
-  std::string vpn;
+  vpn_texts_t &names;
   std::string interface;
   std::uint32_t vpn_id = 0;
-  bridge_domain_t bridge_domain;
+  bridge_domain_t bridge_domain{};
   std::int32_t mop = 0;
 };
+
+/// Records what the transaction does to the VPN's bridge domain as the attachment's change, and returns it.
+std::int32_t record_change(std::int32_t sock, confd_trans_ctx *tctx, const attachment_t &a,
+                           st_val_acc_dot1q_vpn_t &snapshot) {
+  const std::int32_t mop = get_vpn_mop(sock, tctx, a.names.bridge_domain_path);
+  if (mop != 0) set_vpn_mop(a.names.group, a.names.vpn, a.interface, mop, snapshot);
+  return mop;
+}
 
 // The agreement of the VPN's interfaces records only whether this one has an encapsulation; its VLANs are recorded by
 // the encapsulation check, after the rules that compare them with what is recorded already.
@@ -61,23 +82,23 @@ std::int32_t check_claims(std::int32_t sock, confd_trans_ctx *tctx, const maapi_
   const bool has_dot1q = vpls_has_encapsulation_dot1q(sock, tctx, mc);
   const bool has_encap = has_untagged || has_dot1q;
   const std::uint32_t vlan = a.bridge_domain.vlan;
+  std::string &group = a.names.group;
+  std::string &vpn = a.names.vpn;
   const bool is_port_based = is_interface_vpn_port_based_through_basic_info(vlan, has_encap);
   const en_vpn_match_type_t match = is_port_based ? VPN_MATCH_PORT_BASED : VPN_MATCH_DOT1Q;
   st_acc_dot1q_range_t range{vlan, vlan};
 
-  if (config_validate_vpn_access_encapsulation(sock, tctx, a.interface, a.group, a.vpn, has_encap, snapshot) !=
-      CONFD_OK) {
+  if (config_validate_vpn_access_encapsulation(sock, tctx, a.interface, group, vpn, has_encap, snapshot) != CONFD_OK) {
     return CONFD_ERR;
   }
-  if (config_validate_vpls_access_vlm(sock, tctx, a.group, a.vpn, a.interface, range, a.mop, match, true) ==
-      CONFD_ERR) {
+  if (config_validate_vpls_access_vlm(sock, tctx, group, vpn, a.interface, range, a.mop, match, true) == CONFD_ERR) {
     return CONFD_ERR;
   }
-  if (config_validate_vpn_access_dot1q(sock, tctx, a.group, a.vpn, a.interface, range, snapshot, match) == CONFD_ERR) {
+  if (config_validate_vpn_access_dot1q(sock, tctx, group, vpn, a.interface, range, snapshot, match) == CONFD_ERR) {
     return CONFD_ERR;
   }
-  if (config_validate_vpls_access_encap(sock, tctx, a.group, a.vpn, a.vpn_id, a.interface, vlan, has_untagged,
-                                        has_dot1q, snapshot) == CONFD_ERR) {
+  if (config_validate_vpls_access_encap(sock, tctx, group, vpn, a.vpn_id, a.interface, vlan, has_untagged, has_dot1q,
+                                        snapshot) == CONFD_ERR) {
     return CONFD_ERR;
   }
   return check_service_port_usage(tctx, a.interface, service_ports, match);
@@ -85,23 +106,20 @@ std::int32_t check_claims(std::int32_t sock, confd_trans_ctx *tctx, const maapi_
 
 std::int32_t check_access_interface(std::int32_t sock, confd_trans_ctx *tctx, const maapi_cursor &mc,
                                     st_val_acc_dot1q_vpn_t &snapshot, std::int32_t maximum,
-                                    std::unordered_map<std::string, bool> &service_ports) {
-  const std::string group = GET_BUF(&mc.keys[0]);
-  const std::string vpn = GET_BUF(&mc.keys[1]);
-  attachment_t a;
-  a.group = kVplsGroupPrefix + group;
-  a.vpn = kVpnPrefix + vpn;
-  a.interface = GET_BUF(&mc.keys[3]);
-  if (check_interface_name(tctx, a.group, a.vpn, a.interface) != CONFD_OK) return CONFD_ERR;
+                                    std::unordered_map<std::string, bool> &service_ports, vpn_texts_t &names) {
+  name_vpn_of(mc, names);
+  attachment_t a{names, GET_BUF(&mc.keys[3])};
+  if (check_interface_name(tctx, names.group, names.vpn, a.interface) != CONFD_OK) return CONFD_ERR;
 
   a.vpn_id = GET_UINT32(&mc.keys[2]);
-  if (config_validate_vpls_max_access_interfaces(sock, tctx, group.c_str(), vpn.c_str(), a.vpn_id, maximum)) {
+  if (config_validate_vpls_max_access_interfaces(sock, tctx, names.group_key.c_str(), names.vpn_key.c_str(), a.vpn_id,
+                                                 maximum)) {
     return CONFD_ERR;
   }
 
-  a.bridge_domain = read_bridge_domain(sock, tctx, group, vpn, a.vpn_id);
-  if (a.bridge_domain.tls != kVplsTlsOff) set_vpls_tls(a.group, a.vpn, a.bridge_domain.tls, snapshot);
-  a.mop = record_change(sock, tctx, a.group, a.vpn, a.interface, snapshot);
+  a.bridge_domain = read_bridge_domain(sock, tctx, names.group_key, names.vpn_key, a.vpn_id);
+  if (a.bridge_domain.tls != kVplsTlsOff) set_vpls_tls(names.group, names.vpn, a.bridge_domain.tls, snapshot);
+  a.mop = record_change(sock, tctx, a, snapshot);
   return check_claims(sock, tctx, mc, a, snapshot, service_ports);
 }
 
@@ -117,10 +135,11 @@ std::int32_t check_access_interface(std::int32_t sock, confd_trans_ctx *tctx, co
 std::int32_t config_validate_vpls_access_dot1q(std::int32_t sock, confd_trans_ctx *tctx,
                                                st_val_acc_dot1q_vpn_t &snapshot, std::int32_t maximum,
                                                std::unordered_map<std::string, bool> &service_ports) {
+  vpn_texts_t names;
   scoped_cursor mc;
   maapi_init_cursor(sock, tctx->thandle, &mc, "/internal/int-sub-vpls-vpn-ac");
   for (maapi_get_next(&mc); mc.n != 0; maapi_get_next(&mc)) {
-    if (check_access_interface(sock, tctx, mc, snapshot, maximum, service_ports) != CONFD_OK) return CONFD_ERR;
+    if (check_access_interface(sock, tctx, mc, snapshot, maximum, service_ports, names) != CONFD_OK) return CONFD_ERR;
   }
   return CONFD_OK;
 }

@@ -5,11 +5,23 @@
 #include <charconv>
 #include <cstdarg>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
 constexpr std::size_t kMaxPathLength = 511;
+
+using path_text_t = std::array<char, kMaxPathLength>;
+
+std::string_view whole(std::string_view piece) { return piece; }
+
+std::string_view up_to_zero(std::string_view piece) { return piece.substr(0, piece.find('\0')); }
+
+std::string_view join(std::initializer_list<std::string_view> pieces, std::string_view (&part)(std::string_view),
+                      path_text_t &path) {
+  std::size_t size = 0;
+  for (std::string_view piece : pieces) size += part(piece).copy(path.data() + size, path.size() - size);
+  return {path.data(), size};
+}
 
 }  // namespace
 
@@ -24,17 +36,12 @@ std::string format_path(const char *format, ...) {
   return path.data();
 }
 
+// Hardly a name holds a zero byte: one look at the whole is cheaper than one at each piece.
 std::string join_path(std::initializer_list<std::string_view> pieces) {
-  std::array<char, kMaxPathLength> path;
-  std::size_t size = 0;
-  for (std::string_view piece : pieces) {
-    piece = piece.substr(0, path.size() - size);
-    const void *zero = piece.empty() ? nullptr : std::memchr(piece.data(), '\0', piece.size());
-    if (zero != nullptr) piece = piece.substr(0, piece.find('\0'));
-    piece.copy(path.data() + size, piece.size());
-    size += piece.size();
-  }
-  return {path.data(), size};
+  path_text_t text;
+  const std::string_view path = join(pieces, whole, text);
+  if (path.find('\0') == std::string_view::npos) return std::string(path);
+  return std::string(join(pieces, up_to_zero, text));
 }
 
 decimal_t::decimal_t(std::uint32_t number) {

@@ -15,7 +15,10 @@ namespace {
 
 constexpr std::uint32_t kMaxBridgeMtu = 2000;
 
-bool begins_with_vpls_group(const std::string &group) { return group.rfind("vpls-group", 0) == 0; }
+bool begins_with_vpls_group(const std::string &group) {
+  constexpr std::string_view kVplsGroup = "vpls-group";
+  return std::string_view(group).substr(0, kVplsGroup.size()) == kVplsGroup;
+}
 
 // A bridge domain without an MTU is refused as one with too large an MTU: nothing keeps it within the limit. Any other
 // failed read lets the VPN pass.

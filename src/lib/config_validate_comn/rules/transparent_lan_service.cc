@@ -3,8 +3,8 @@
 #include "config_validate_comn/daemon/value_assert.h"
 #include "config_validate_comn/daemon/vpls_application_tables.h"
 #include "config_validate_comn/rules/service_port_names.h"
+#include "config_validate_comn/snapshot/record_kinds.h"
 #include "config_validate_comn/snapshot/snapshot_loading.h"
-#include "config_validate_comn/snapshot/snapshot_queries.h"
 #include "config_validate_comn/snapshot/vpn_names.h"
 
 namespace {
@@ -131,10 +131,10 @@ std::int32_t config_validate_vpn_access_tls(int sock, confd_trans_ctx *tctx, st_
   for (const auto &[interface, vpns] : snapshot.intf_map) {
     port_sharing_t sharing;
     for (const auto &[id, record] : vpns) {
-      const bool is_port_based = is_interface_vpn_port_based(record);
+      const bool takes_port = is_port_based(record);
       const bool is_modified = get_vpn_mop(id.group_name, id.vpn_name, interface, snapshot) != 0;
-      note_vpn(sharing, id, is_port_based, is_modified);
-      if (is_modified && is_port_based && id.vpn_type == VPN_TYPE_VPLS &&
+      note_vpn(sharing, id, takes_port, is_modified);
+      if (is_modified && takes_port && id.vpn_type == VPN_TYPE_VPLS &&
           get_vpls_tls(id.group_name, id.vpn_name, snapshot)) {
         return set_vpn_tls_warning_msg(sock, tctx, snapshot, id.group_name, id.vpn_name, interface);
       }

@@ -33,6 +33,18 @@ access_names_t names_of(const mop_map_t::key_type &attachment) {
   return {group, vpn, interface};
 }
 
+bool is_of_vpn(const intf_vpns_t::value_type *record, const std::string &group, const std::string &vpn) {
+  return record != nullptr && record->first.vpn_name == vpn && record->first.group_name == group;
+}
+
+/// `last` is asked first: what is asked about is mostly the interface that was written last. Null when there is none.
+template <typename Port, typename Ports>
+Port *find_by_name(const std::string &interface, Port *last, Ports &ports) {
+  if (last != nullptr && last->entry->first == interface) return last;
+  const auto found = ports.find(interface);
+  return found == ports.end() ? nullptr : &found->second;
+}
+
 void sum_up(port_index_t &port) {
   port.records = port.entry->second.size();
   for (const auto &record : port.entry->second) {
@@ -57,19 +69,22 @@ access_index_t::port_t access_index_t::find_port(const std::string &interface, c
     const auto entry = intf_map.find(interface);
     return {entry == intf_map.end() ? nullptr : &entry->second, nullptr};
   }
-  const auto found = contents_.ports.find(interface);
-  if (found == contents_.ports.end()) return {nullptr, nullptr};
-  const port_index_t &port = found->second;
-  const intf_vpns_t &records = port.entry->second;
-  return {&records, port.records == records.size() ? &port : nullptr};
+  const auto *port = find_by_name<const port_index_t>(interface, contents_.written.port, contents_.ports);
+  if (port == nullptr) return {nullptr, nullptr};
+  const intf_vpns_t &records = port->entry->second;
+  return {&records, port->records == records.size() ? port : nullptr};
 }
 
 bool access_index_t::agrees_on_encapsulation(const std::string &group, const std::string &vpn, bool encap_cfg,
                                              const intf_map_t &intf_map) const {
   if (contents_.ports.size() != intf_map.size()) return false;
-  const auto found = contents_.vpns.find({group, vpn, {}});
-  if (found == contents_.vpns.end()) return false;
-  return (encap_cfg ? found->second.without_encapsulation : found->second.with_encapsulation) == 0;
+  const vpn_index_t *sums = contents_.written.vpn;
+  if (!is_of_vpn(contents_.written.record, group, vpn)) {
+    const auto found = contents_.vpns.find({group, vpn, {}});
+    if (found == contents_.vpns.end()) return false;
+    sums = &found->second;
+  }
+  return (encap_cfg ? sums->without_encapsulation : sums->with_encapsulation) == 0;
 }
 
 std::int32_t access_index_t::find_mop(const access_names_t &attachment, const mop_map_t &mop_map) const {
@@ -98,20 +113,18 @@ void access_index_t::write(const std::string &group, const std::string &vpn, con
 void access_index_t::write_mop(const std::string &group, const std::string &vpn, const std::string &interface,
                                std::int32_t mop, mop_map_t &mop_map) {
   if (contents_.mops.size() != mop_map.size()) rebuild_mops(mop_map);
-  if (contents_.mops.count({group, vpn, interface}) != 0) return;
 
   // The lists that are walked are sorted as the map is: an entry mostly comes right behind the last one.
   const auto hint = contents_.mops.empty() ? mop_map.end() : std::next(contents_.last_mop);
   contents_.last_mop = mop_map.try_emplace(hint, {group, vpn, interface}, mop);
-  contents_.mops.emplace(names_of(contents_.last_mop->first), contents_.last_mop);
+  const bool is_new = mop_map.size() != contents_.mops.size();
+  if (is_new) contents_.mops.emplace(names_of(contents_.last_mop->first), contents_.last_mop);
 }
 
 port_index_t &access_index_t::port_of(const std::string &interface, intf_map_t &intf_map) {
   if (contents_.ports.size() != intf_map.size()) rebuild(intf_map);
-  const auto found = contents_.ports.find(interface);
-  if (found != contents_.ports.end()) {
-    port_index_t &port = found->second;
-    if (port.records == port.entry->second.size()) return port;
+  if (auto *port = find_by_name(interface, contents_.written.port, contents_.ports)) {
+    if (port->records == port->entry->second.size()) return *port;
     rebuild(intf_map);
     return contents_.ports.find(interface)->second;
   }
@@ -126,14 +139,14 @@ access_index_t::written_t access_index_t::record_of(const std::string &group, co
                                                     const std::string &interface, intf_map_t &intf_map) {
   port_index_t &port = port_of(interface, intf_map);
   written_t &written = contents_.written;
-  const bool is_same =
-      written.port == &port && written.record->first.vpn_name == vpn && written.record->first.group_name == group;
-  if (is_same) return written;
+  const bool is_same_vpn = is_of_vpn(written.record, group, vpn);
+  if (is_same_vpn && written.port == &port) return written;
 
   intf_vpns_t &records = port.entry->second;
   const auto hint = port.last == records.end() ? port.last : std::next(port.last);
-  port.last = records.try_emplace(hint, make_group_vpn_id(group, vpn));
-  vpn_index_t &sums = contents_.vpns[names_of(port.last->first)];
+  port.last = is_same_vpn ? records.try_emplace(hint, written.record->first)
+                          : records.try_emplace(hint, make_group_vpn_id(group, vpn));
+  vpn_index_t &sums = is_same_vpn ? *written.vpn : contents_.vpns[names_of(port.last->first)];
   if (records.size() != port.records) {
     port.records = records.size();
     ++count_of(sums, port.last->second.encap_cfg);

@@ -69,7 +69,8 @@ struct access_names_hash_t {
 /// place. It knows how many entries each map has. When that is no longer how many there are, somebody filled the map
 /// without the setters; questions are then answered from the map itself, and the next recording builds the index again.
 /// What goes unseen is what is written by hand inside a record, or inside an interface for the sums of VPNs. A copy
-/// begins empty, for it would point into the original's maps.
+/// begins empty, for it would point into the original's maps. Rules neither copy nor move a snapshot; callers outside
+/// may.
 class access_index_t {
  public:
   access_index_t() = default;

@@ -35,7 +35,7 @@ struct group_vpn_id_t {
   vpn_type_t vpn_type = VPN_TYPE_VPWS;
 };
 
-/// Lexicographic in the order of the fields.
+/// Lexicographic in the order of the fields. The maps need this order only; equality is kept for callers outside.
 bool operator<(const group_vpn_id_t &a, const group_vpn_id_t &b);
 bool operator==(const group_vpn_id_t &a, const group_vpn_id_t &b);
 bool operator!=(const group_vpn_id_t &a, const group_vpn_id_t &b);

@@ -25,7 +25,7 @@ bool has_interface_with_encapsulation(const intf_map_t &intf_map);
 /// The interface has a record that is not port-based.
 bool has_vlan_based_vpn_in_interface(const intf_map_t &intf_map, const std::string &interface);
 
-/// The record is port-based.
+/// The record is port-based. Kept for callers outside the library: the rules ask record_kinds.h.
 bool is_interface_vpn_port_based(acc_intf_vpn_info_t record);
 
 /// The interface has a port-based record whose attachment changed.
@@ -39,7 +39,7 @@ bool has_modified_port_based_vpn(const st_val_acc_dot1q_vpn_t &snapshot);
 bool has_port_based_vpn_in_interface(const st_val_acc_dot1q_vpn_t &snapshot, const std::string &interface,
                                      group_vpn_id_t &other);
 
-/// The record is untagged.
+/// The record is untagged. Kept for callers outside the library: the rules ask record_kinds.h.
 bool has_encapsulation_untagged(const acc_intf_vpn_info_t &record);
 
 /// The interface has an untagged record.

@@ -2,7 +2,10 @@
 
 namespace {
 
-bool contains(const std::string &text, const char *part) { return text.find(part) != std::string::npos; }
+// It mostly stands at the beginning.
+bool contains(std::string_view text, std::string_view part) {
+  return text.substr(0, part.size()) == part || text.find(part) != std::string_view::npos;
+}
 
 std::string_view without_first(std::string_view text, std::size_t count) {
   return text.substr(text.size() > count ? count : text.size());
@@ -10,9 +13,9 @@ std::string_view without_first(std::string_view text, std::size_t count) {
 
 }  // namespace
 
-bool is_vpls_group(const std::string &group) { return contains(group, static_cast<const char *>(kVplsGroupPrefix)); }
+bool is_vpls_group(const std::string &group) { return contains(group, kVplsGroupPrefix); }
 
-bool is_vpws_group(const std::string &group) { return contains(group, static_cast<const char *>(kVpwsGroupPrefix)); }
+bool is_vpws_group(const std::string &group) { return contains(group, kVpwsGroupPrefix); }
 
 std::string_view bare_group_view(const std::string &group) { return without_first(group, sizeof kVplsGroupPrefix - 1); }
 
