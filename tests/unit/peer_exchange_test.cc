@@ -83,11 +83,11 @@ TEST_F(PeerExchangeTest, asks_both_families_about_every_pseudowire_and_traces_la
       platform.calls(),
       (Calls{"qnconfd_instance_get", "cdb_session_start 1 true",
              std::string("cdb_num_instances ") + scripted::kVpwsTunnelList, "cdb_session_end", "qnconfd_instance_get",
-             "cdb_session_start 1 true", std::string("cdb_num_instances ") + scripted::kVplsNeighborList, "cdb_session_end",
-             ask + scripted::vpws_pw_id_path(east), ask + scripted::vpws_pw_id_path(east, "backup-neighbor"),
-             ask + scripted::vpls_pw_id_path(east), ask + scripted::vpws_pw_id_path(west),
-             ask + scripted::vpws_pw_id_path(west, "backup-neighbor"), ask + scripted::vpls_pw_id_path(west),
-             "qnmw_trace_register_category vpn-validation-debug", "zlog"}));
+             "cdb_session_start 1 true", std::string("cdb_num_instances ") + scripted::kVplsNeighborList,
+             "cdb_session_end", ask + scripted::vpws_pw_id_path(east),
+             ask + scripted::vpws_pw_id_path(east, "backup-neighbor"), ask + scripted::vpls_pw_id_path(east),
+             ask + scripted::vpws_pw_id_path(west), ask + scripted::vpws_pw_id_path(west, "backup-neighbor"),
+             ask + scripted::vpls_pw_id_path(west), "qnmw_trace_register_category vpn-validation-debug", "zlog"}));
 }
 
 TEST_F(PeerExchangeTest, a_rejection_is_not_traced) {
