@@ -4,6 +4,10 @@
 
 namespace report {
 
+bool is_proven_complete(const SearchReport &search) {
+  return search.all_faults && search.end == SearchEnd::complete && search.unproven_rules.empty();
+}
+
 std::size_t count_open(const std::vector<Finding> &findings, bool warnings) {
   const auto is_open = [warnings](const Finding &finding) {
     return finding.is_warning == warnings && !finding.suppressed;

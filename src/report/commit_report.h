@@ -17,6 +17,7 @@ enum class SearchEnd {
   complete,           ///< everything was looked at
   call_budget,        ///< all calls of the library that the budget allows were made
   time_budget,        ///< the time that the budget allows was over
+  interrupted,        ///< a signal asked for the end
   contract_violation  ///< the library broke its contract when it was asked about a smaller commit
 };
 
@@ -27,7 +28,8 @@ struct SearchReport {
   std::uint64_t budget_calls = 0;
   double budget_seconds = 0;
   SearchEnd end = SearchEnd::complete;
-  std::string contract_violation;  ///< what the library did against its contract; empty for the other ends
+  std::vector<std::string> unproven_rules;  ///< ids of rules of which there may be further findings
+  std::string contract_violation;           ///< what the library did against its contract; empty for the other ends
 };
 
 /// A commit that was decided, or could not be, as the formats for many commits show it.
@@ -36,9 +38,13 @@ struct CommitReport {
   std::optional<host::Decision> decision;  ///< nothing: there is an error instead
   std::string error;                       ///< why it could not be decided, one line
   std::vector<Finding> findings;
+  AdviceReport advice;  ///< for all findings together
   SearchReport search;
   std::vector<std::string> unused_suppressions;  ///< "FILE:LINE: RULE PATH" of those that fit no finding
 };
+
+/// Whether it is proven that there are no findings but those that are told.
+bool is_proven_complete(const SearchReport &search);
 
 /// How many rejections, or warnings, are not suppressed.
 std::size_t count_open(const std::vector<Finding> &findings, bool warnings);

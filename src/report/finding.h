@@ -29,13 +29,49 @@ struct NodeReport {
   std::optional<FilePlace> candidate;
 };
 
+/// A list entry that takes part in a conflict.
 struct PartyReport {
   NodeReport node;
   std::string group;  ///< with its family; empty as the next three where it does not apply
   std::string vpn;
   std::string interface;
   std::string neighbor;
-  std::vector<NodeReport> details;
+  std::vector<NodeReport> details;  ///< its leafs and ranges
+};
+
+/// A part of the change that can be taken back by itself.
+struct PartReport {
+  NodeReport node;                  ///< the entry, or the leaf
+  std::vector<NodeReport> details;  ///< an entry that is changed in place: the leafs and ranges that change
+};
+
+/// What to take back.
+struct AdviceReport {
+  std::vector<std::vector<PartReport>> alternatives;  ///< any one is enough; none: nothing was found
+  std::uint64_t enough = 0;                           ///< a limit: so many of `choices` are enough, whichever
+  std::vector<PartReport> choices;
+  bool is_minimal = false;           ///< no smaller set helps
+  bool has_all_alternatives = true;  ///< false: there may be more of the same size
+};
+
+enum class RepairKind { free_vlans, free_pw_ids, interface_name, two_commits };
+
+/// What can be changed in the candidate instead of taking something back.
+struct RepairReport {
+  RepairKind kind = RepairKind::free_vlans;
+  std::string path;  ///< of the leaf, range or entry; empty for two commits
+  std::optional<FilePlace> place;
+  std::vector<std::string> values;  ///< any one of them
+  bool on_all_ports = false;        ///< VLANs: free on every port of the VPN
+};
+
+/// A smallest set of entries that draws a message.
+struct ConflictReport {
+  std::string point;
+  std::string path;  ///< of the node under validation
+  std::string message;
+  std::vector<std::size_t> parties;   ///< indexes into the finding's
+  std::vector<std::size_t> triggers;  ///< likewise
 };
 
 /// A line of a suppression file, with the reason that it gives.
@@ -48,17 +84,19 @@ struct Suppressed {
 struct Finding {
   std::string rule;  ///< id; empty for a message that the rule table does not know
   bool is_warning = false;
-  bool from_device = false;  ///< the device itself says it on this commit; else it hides behind what the device says
+  bool from_device = false;  ///< the device itself says it on this commit; else it would say it next
   std::string point;
   std::string path;  ///< of the node under validation
   std::string message;
-  std::vector<NodeReport> change;         ///< the smallest part of the change that draws it
-  std::vector<NodeReport> prerequisites;  ///< added above that part, and needed by other parts, too
-  std::vector<PartyReport> parties;
-  std::uint64_t enough = 0;  ///< a limit: so many parts of `change` are enough to take back; 0: all
-  bool in_running = false;   ///< the running configuration has the fault: the change only makes the library look
-  bool complete = true;      ///< false: the budget ended the search, or there was none
   FilePlace place;  ///< where to look first: what the commit does to the first party, else the candidate's file
+  std::vector<PartyReport> parties;       ///< what the commit touches first
+  std::vector<PartyReport> triggers;      ///< they only make the library look at what is in force
+  std::vector<ConflictReport> conflicts;  ///< empty: the message was not looked into
+  bool is_preexisting = false;            ///< the running configuration has the fault
+  bool is_minimal = false;                ///< without any one of the parties the message is gone
+  std::uint64_t enough = 0;               ///< a limit: so many of the parties are too many
+  AdviceReport advice;
+  std::vector<RepairReport> repairs;
   std::optional<Suppressed> suppressed;
 };
 

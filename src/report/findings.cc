@@ -23,10 +23,18 @@ ChangeStatus status_of(diagnosis::ChangeStatus standing) {
   return ChangeStatus::unchanged;
 }
 
-/// The parts to choose from where so many are enough, else the first alternative.
-std::vector<diagnosis::ChangePart> advised(const diagnosis::Advice &advice) {
-  if (advice.enough != 0) return advice.choices;
-  return advice.alternatives.empty() ? std::vector<diagnosis::ChangePart>{} : advice.alternatives.front();
+RepairKind kind_of(diagnosis::RepairKind kind) {
+  switch (kind) {
+    case diagnosis::RepairKind::free_vlans:
+      return RepairKind::free_vlans;
+    case diagnosis::RepairKind::free_pw_ids:
+      return RepairKind::free_pw_ids;
+    case diagnosis::RepairKind::interface_name:
+      return RepairKind::interface_name;
+    case diagnosis::RepairKind::two_commits:
+      return RepairKind::two_commits;
+  }
+  return RepairKind::two_commits;
 }
 
 bool is_below(const element::Path &inner, const element::Path &outer) {
@@ -63,15 +71,30 @@ class FindingMaker {
   FindingMaker(const element::Schema &schema, const InputFiles &files, const InputTexts &texts)
       : schema_(schema), running_(files.running, texts.running), candidate_(files.candidate, texts.candidate) {}
 
-  Finding make(const diagnosis::Finding &fault, bool from_device) const {
-    Finding finding = make_bare(fault.verdict, from_device);
-    for (const auto &part : outermost(advised(fault.advice))) finding.change.push_back(node(part));
-    for (const auto &party : fault.parties) finding.parties.push_back(this->party(party));
-    finding.enough = fault.advice.enough;
-    finding.in_running = fault.is_preexisting;
-    finding.complete = fault.is_minimal;
+  Finding make(const diagnosis::Finding &found, bool from_device) const {
+    Finding finding = make_bare(found.verdict, from_device);
+    for (const auto &party : found.parties) finding.parties.push_back(this->party(party));
+    for (const auto &trigger : found.triggers) finding.triggers.push_back(party(trigger));
+    for (const auto &[verdict, parties, triggers] : found.conflicts) {
+      finding.conflicts.push_back({verdict.point, verdict.path, verdict.text, parties, triggers});
+    }
+    finding.is_preexisting = found.is_preexisting;
+    finding.is_minimal = found.is_minimal;
+    finding.enough = found.enough;
+    finding.advice = advice(found.advice);
+    for (const auto &repair : found.repairs) finding.repairs.push_back(this->repair(repair));
     if (const FilePlace *place = touched_place(finding)) finding.place = *place;
     return finding;
+  }
+
+  AdviceReport advice(const diagnosis::Advice &found) const {
+    AdviceReport advice;
+    for (const diagnosis::CorrectionSet &set : found.alternatives) advice.alternatives.push_back(parts(set));
+    advice.enough = found.enough;
+    advice.choices = parts(found.choices);
+    advice.is_minimal = found.is_minimal;
+    advice.has_all_alternatives = found.has_all_alternatives;
+    return advice;
   }
 
   /// What the verdict alone tells.
@@ -84,7 +107,6 @@ class FindingMaker {
     finding.point = verdict.point;
     finding.path = verdict.path;
     finding.message = verdict.text;
-    finding.complete = false;
     finding.place = candidate_.place_of(element::parse_path(schema_, verdict.path));
     return finding;
   }
@@ -113,22 +135,37 @@ class FindingMaker {
     return found;
   }
 
-  /// In the candidate: the first detail that the commit changes of the first party, or that party; else the first part
-  /// of the change.
+  std::vector<PartReport> parts(const std::vector<diagnosis::ChangePart> &found) const {
+    std::vector<PartReport> parts;
+    for (const diagnosis::ChangePart &part : outermost(found)) {
+      parts.push_back({node(part), {}});
+      for (const diagnosis::Detail &detail : part.details) parts.back().details.push_back(node(detail));
+    }
+    return parts;
+  }
+
+  RepairReport repair(const diagnosis::Repair &found) const {
+    RepairReport repair{kind_of(found.kind), "", std::nullopt, found.values, found.on_all_ports};
+    if (found.path.empty()) return repair;
+    repair.path = element::to_text(found.path);
+    repair.place = candidate_.place_of(found.path);
+    return repair;
+  }
+
+  /// In the candidate: the first detail that the commit changes of the first party, or that party; else of a trigger.
   static const FilePlace *touched_place(const Finding &finding) {
     const auto is_in_candidate = [](const NodeReport &node) {
       return node.status != ChangeStatus::unchanged && node.candidate;
     };
-    const auto first = [&](const std::vector<NodeReport> &nodes) {
-      const auto found = std::find_if(nodes.begin(), nodes.end(), is_in_candidate);
-      return found == nodes.end() ? nullptr : &*found->candidate;
-    };
-    for (const PartyReport &party : finding.parties) {
-      if (!is_in_candidate(party.node)) continue;
-      const FilePlace *detail = party.node.status == ChangeStatus::changed ? first(party.details) : nullptr;
-      return detail != nullptr ? detail : &*party.node.candidate;
+    for (const std::vector<PartyReport> *entries : {&finding.parties, &finding.triggers}) {
+      for (const PartyReport &entry : *entries) {
+        if (!is_in_candidate(entry.node)) continue;
+        const auto detail = std::find_if(entry.details.begin(), entry.details.end(), is_in_candidate);
+        const bool is_within = entry.node.status == ChangeStatus::changed && detail != entry.details.end();
+        return is_within ? &*detail->candidate : &*entry.node.candidate;
+      }
     }
-    return first(finding.change);
+    return nullptr;
   }
 
   const element::Schema &schema_;
@@ -139,6 +176,12 @@ class FindingMaker {
 // A point that validates the whole configuration names the first node that fired it, which a reduced commit may lack.
 bool is_same(const host::PointVerdict &a, const host::PointVerdict &b) {
   return a.answer == b.answer && a.point == b.point && a.text == b.text;
+}
+
+/// Conflicts of one finding may each have a message.
+bool says(const diagnosis::Finding &finding, const host::PointVerdict &message) {
+  return std::any_of(finding.conflicts.begin(), finding.conflicts.end(),
+                     [&message](const diagnosis::Conflict &conflict) { return is_same(conflict.verdict, message); });
 }
 
 /// The rejection comes first here, whatever was said before it.
@@ -153,29 +196,30 @@ std::vector<host::PointVerdict> messages_of(const host::Verdict &verdict) {
 
 }  // namespace
 
-std::vector<Finding> make_findings(const diagnosis::Diagnosis &diagnosis, const host::Verdict &verdict,
-                                   const element::Schema &schema, const InputFiles &files, const InputTexts &texts) {
+void add_findings(CommitReport &commit, const diagnosis::Diagnosis &diagnosis, const host::Verdict &verdict,
+                  const element::Schema &schema, const InputFiles &files,
+                  const InputTexts &texts) {
   const std::vector<host::PointVerdict> messages = messages_of(verdict);
-  if (messages.empty()) return {};
+  if (messages.empty()) return;
 
   const FindingMaker maker(schema, files, texts);
-  std::vector<Finding> findings;
   // The same message may be drawn a second time behind the first: only the first is the device's.
   std::vector<const diagnosis::Finding *> left;
-  for (const diagnosis::Finding &fault : diagnosis.findings) left.push_back(&fault);
+  for (const diagnosis::Finding &found : diagnosis.findings) left.push_back(&found);
   for (const host::PointVerdict &message : messages) {
-    const auto fault =
+    const auto found =
         std::find_if(left.begin(), left.end(), [&message](const auto *f) { return is_same(f->verdict, message); });
-    if (fault == left.end()) {
-      findings.push_back(maker.make_bare(message, true));
-    } else {
-      findings.push_back(maker.make(**fault, true));
-      findings.back().path = message.path;
-      left.erase(fault);
+    if (found != left.end()) {
+      commit.findings.push_back(maker.make(**found, true));
+      commit.findings.back().path = message.path;
+      left.erase(found);
+    } else if (std::none_of(diagnosis.findings.begin(), diagnosis.findings.end(),
+                            [&message](const diagnosis::Finding &finding) { return says(finding, message); })) {
+      commit.findings.push_back(maker.make_bare(message, true));
     }
   }
-  for (const diagnosis::Finding *fault : left) findings.push_back(maker.make(*fault, false));
-  return findings;
+  for (const diagnosis::Finding *found : left) commit.findings.push_back(maker.make(*found, false));
+  commit.advice = maker.advice(diagnosis.advice);
 }
 
 }  // namespace report

@@ -61,9 +61,9 @@ TEST(CommitResult, of_any_other_process_is_an_error) {
       {ended(127, "", "vpnval: error while loading shared libraries\n"), ExitStatus::internal,
        "error while loading shared libraries"},
       {ended(0, "", ""), ExitStatus::internal,
-       "no verdict of schema version 1: [json.exception.parse_error.101] parse error at line 1, column 1: syntax error "
+       "no verdict of schema version 2: [json.exception.parse_error.101] parse error at line 1, column 1: syntax error "
        "while parsing value - unexpected end of input; expected '[', '{', or a literal"},
-      {ended(1, "{\"schema-version\": 2}", ""), ExitStatus::internal, "schema-version 2; expected 1"},
+      {ended(1, "{\"schema-version\": 1}", ""), ExitStatus::internal, "schema-version 1; expected 2"},
       {stopped(SIGABRT, "changes: 1\n\n" + assertion + "\n"), ExitStatus::internal,
        "stopped by signal SIGABRT: " + assertion},
       {stopped(SIGKILL, "changes: 1\n"), ExitStatus::internal, "stopped by signal SIGKILL"},

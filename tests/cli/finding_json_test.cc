@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "build_paths.h"
+#include "report/json/advice_json.h"
 #include "report/json/verdict_json.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
@@ -22,12 +23,22 @@ report::CheckReport full_report() {
   report.verdict.decision = host::Decision::rejected;
   report.commit.findings = {same_dot1q(), uplink_warning(), too_many_vpns(6)};
   report.commit.findings[1].suppressed = report::Suppressed{{"known.txt", 3}, "the uplink moves next week"};
-  report.commit.findings[2].complete = false;
+  report.commit.findings[2].is_minimal = false;
+  report.commit.findings.push_back(in_force(same_dot1q()));
+  report::Finding &last = report.commit.findings[3];
+  last.advice.alternatives[0][0].details = {last.parties[0].details[0], last.parties[1].details[0]};
+  last.advice.has_all_alternatives = false;
+  last.repairs = {{report::RepairKind::free_vlans, last.path + "/dot1q", last.place, {"211-4094"}, true},
+                  {report::RepairKind::free_pw_ids, last.path, std::nullopt, {"7", "8"}, false},
+                  {report::RepairKind::interface_name, last.path, last.place, {"ge-1"}, false},
+                  {report::RepairKind::two_commits, "", std::nullopt, {}, false}};
+  report.commit.advice.alternatives = {{{last.parties[0].node, {}}, {last.triggers[0].node, {}}}};
   report.commit.search = {.all_faults = true,
                           .calls = 500,
                           .budget_calls = 500,
                           .budget_seconds = 2.5,
                           .end = report::SearchEnd::call_budget,
+                          .unproven_rules = {"vpn-limit"},
                           .contract_violation = ""};
   report.commit.unused_suppressions = {"known.txt:4: vpn-limit /mpls"};
   return report;
@@ -45,8 +56,9 @@ TEST(FindingJson, what_is_read_back_is_what_was_written) {
   EXPECT_EQ(commit.name, "night/42");
   EXPECT_EQ(commit.decision, host::Decision::rejected);
   EXPECT_EQ(commit.error, "");
-  ASSERT_EQ(commit.findings.size(), 3u);
+  ASSERT_EQ(commit.findings.size(), 4u);
   EXPECT_EQ(report::findings_json(commit.findings), report::findings_json(report.commit.findings));
+  EXPECT_EQ(report::advice_json(commit.advice), report::advice_json(report.commit.advice));
   EXPECT_EQ(report::search_json(commit.search), report::search_json(report.commit.search));
   EXPECT_EQ(commit.unused_suppressions, report.commit.unused_suppressions);
 }
@@ -57,21 +69,34 @@ TEST(FindingJson, a_finding_shows_rule_message_parties_and_places) {
     "point": "vlm_memb_valp", "path": "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable",
     "message": "Some MPLS VPN's have access and uplink interfaces in common.",
     "place": {"file": "night/42/candidate.xml", "line": 40},
-    "change": [{"standing": "added", "path": "/config/vlan{100}/interface{gigabit-ethernet-1/1/2}",
-                "candidate": {"file": "night/42/candidate.xml", "line": 40}}],
-    "scaffold": [],
-    "parties": [{"standing": "added", "path": "/config/vlan{100}/interface{gigabit-ethernet-1/1/2}",
+    "parties": [{"status": "added", "path": "/config/vlan{100}/interface{gigabit-ethernet-1/1/2}",
                  "candidate": {"file": "night/42/candidate.xml", "line": 40},
                  "interface": "gigabit-ethernet-1/1/2", "details": []}],
-    "enough": 0, "in-running": false, "complete": true,
+    "triggers": [],
+    "conflicts": [{"point": "vlm_memb_valp", "path": "/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable",
+                   "message": "Some MPLS VPN's have access and uplink interfaces in common.",
+                   "parties": [0], "triggers": []}],
+    "preexisting": false, "minimal": true, "enough": 0,
+    "advice": {"alternatives": [[{"status": "added", "path": "/config/vlan{100}/interface{gigabit-ethernet-1/1/2}",
+                                  "candidate": {"file": "night/42/candidate.xml", "line": 40}}]],
+               "enough": 0, "choices": [], "minimal": true, "all-alternatives": true},
+    "repairs": [],
     "suppressed": {"file": "known.txt", "line": 3, "reason": "the uplink moves next week"}})");
   EXPECT_EQ(nlohmann::ordered_json::parse(written(full_report())).at("findings").at(1), expected);
+}
+
+TEST(FindingJson, a_repair_names_what_to_change_and_its_values) {
+  const auto repairs = nlohmann::ordered_json::parse(written(full_report())).at("findings").at(3).at("repairs");
+  EXPECT_EQ(repairs.at(0), nlohmann::ordered_json::parse(R"({"kind": "free-vlans", "path": ")" + same_dot1q().path +
+                                                         R"(/dot1q", "place": {"file": "night/42/candidate.xml",
+                           "line": 11}, "values": ["211-4094"], "on-all-ports": true})"));
+  EXPECT_EQ(repairs.at(3), nlohmann::ordered_json::parse(R"({"kind": "two-commits", "values": []})"));
 }
 
 TEST(FindingJson, a_bound_that_ended_the_search_is_named) {
   const auto expected = nlohmann::ordered_json::parse(
       R"({"all-faults": true, "calls": 500, "budget": {"calls": 500, "seconds": 2.5}, "complete": false,
-          "ended-by": "calls"})");
+          "ended-by": "calls", "unproven-rules": ["vpn-limit"]})");
   EXPECT_EQ(nlohmann::ordered_json::parse(written(full_report())).at("search"), expected);
 }
 
@@ -112,9 +137,10 @@ TEST(FindingJson, what_is_no_verdict_is_refused) {
     return copy.dump();
   };
   for (const std::string &text :
-       {std::string(), std::string("commit rejected"), std::string("[]"), changed("/schema-version", 2),
+       {std::string(), std::string("commit rejected"), std::string("[]"), changed("/schema-version", 1),
         changed("/decision", "maybe"), changed("/findings", nlohmann::ordered_json::object({{"rule", 1}})),
-        changed("/findings/0/message", 7), changed("/search", nullptr)}) {
+        changed("/findings/0/conflicts/0/parties/1", 2), changed("/findings/0/parties/0/status", "moved"),
+        changed("/findings/3/repairs/0/kind", "prayer"), changed("/findings/0/message", 7), changed("/search", nullptr)}) {
     EXPECT_THROW(report::read_json_report(text, ""), report::DocumentError) << text;
   }
 }

@@ -6,6 +6,7 @@ using report::CommitReport;
 using report::FilePlace;
 using report::Finding;
 using report::NodeReport;
+using report::PartReport;
 using report::PartyReport;
 
 const std::string hostile_text =
@@ -59,7 +60,35 @@ PartyReport campus_data() {
   return party;
 }
 
+/// One conflict of all parties.
+void explain(Finding &finding) {
+  finding.is_minimal = true;
+  finding.conflicts = {{finding.point, finding.path, finding.message, {}, {}}};
+  for (std::size_t i = 0; i < finding.parties.size(); ++i) finding.conflicts[0].parties.push_back(i);
+  finding.advice.is_minimal = true;
+}
+
 }  // namespace
+
+Finding bare(Finding finding) {
+  finding.parties.clear();
+  finding.conflicts.clear();
+  finding.advice = {};
+  finding.is_minimal = false;
+  return finding;
+}
+
+Finding in_force(Finding finding) {
+  PartyReport trigger;
+  trigger.node = added(l2vpn + "vpws-group{branches}/vpn{new}", 30);
+  trigger.group = "vpws-group branches";
+  trigger.vpn = "new";
+  finding.is_preexisting = true;
+  finding.triggers = {trigger};
+  finding.conflicts[0].triggers = {0};
+  finding.advice.alternatives = {{{trigger.node, {}}}};
+  return finding;
+}
 
 Finding same_dot1q() {
   Finding finding;
@@ -71,8 +100,8 @@ Finding same_dot1q() {
       "vpls-group campus vpn data and vpws-group branches vpn south must not be configured with the same dot1q on "
       "interface gigabit-ethernet-1/1/1";
   finding.parties = {branches_south(), campus_data()};
-  finding.change = {with_value(added(finding.path + "/dot1q", 13), "210")};
-  finding.prerequisites = {added(l2vpn + "vpws-group{branches}", 4)};
+  explain(finding);
+  finding.advice.alternatives = {{{finding.parties[0].node, {}}}};
   finding.place = {"night/42/candidate.xml", 11};
   return finding;
 }
@@ -88,7 +117,8 @@ Finding uplink_warning() {
   member.node = added("/config/vlan{100}/interface{gigabit-ethernet-1/1/2}", 40);
   member.interface = "gigabit-ethernet-1/1/2";
   finding.parties = {member};
-  finding.change = {member.node};
+  explain(finding);
+  finding.advice.alternatives = {{{member.node, {}}}};
   finding.place = {"night/42/candidate.xml", 40};
   return finding;
 }
@@ -107,9 +137,11 @@ Finding too_many_vpns(std::size_t vpns) {
     party.group = "vpls-group campus";
     party.vpn = "v" + std::to_string(i);
     finding.parties.push_back(party);
-    finding.change.push_back(party.node);
+    finding.advice.choices.push_back({party.node, {}});
   }
+  explain(finding);
   finding.enough = vpns - 4;
+  finding.advice.enough = vpns - 4;
   finding.place = {"night/42/candidate.xml", 10};
   return finding;
 }
@@ -124,7 +156,13 @@ Finding hostile() {
   }
   finding.parties[0].node.candidate->file = hostile_text;
   finding.parties[0].details[0].new_value = hostile_text;
-  finding.change[0].new_value = hostile_text;
+  finding.conflicts[0].message = hostile_text;
+  finding.conflicts[0].path += hostile_text;
+  PartReport &part = finding.advice.alternatives[0][0];
+  part.node.path += hostile_text;
+  part.details = {finding.parties[0].details[0], finding.parties[1].details[0]};
+  finding.triggers = {finding.parties[1]};
+  finding.repairs = {{report::RepairKind::interface_name, "/" + hostile_text, finding.place, {hostile_text}, false}};
   finding.place.file = hostile_text;
   return finding;
 }
@@ -145,6 +183,7 @@ CommitReport decided(std::vector<Finding> findings) {
                    .budget_calls = 20000,
                    .budget_seconds = 60,
                    .end = report::SearchEnd::complete,
+                   .unproven_rules = {},
                    .contract_violation = ""};
   return commit;
 }

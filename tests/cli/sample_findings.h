@@ -20,6 +20,12 @@ report::Finding too_many_vpns(std::size_t vpns);
 report::Finding hostile();
 extern const std::string hostile_text;
 
+/// The same finding where no search looked into it.
+report::Finding bare(report::Finding finding);
+
+/// The same finding where the running configuration has the fault, and a VPN that is added makes the library look.
+report::Finding in_force(report::Finding finding);
+
 /// A commit "night/42" with these findings, rejected where one of them rejects.
 report::CommitReport decided(std::vector<report::Finding> findings);
 

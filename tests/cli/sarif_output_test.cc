@@ -96,7 +96,7 @@ TEST(SarifOutput, a_result_names_its_rule_its_message_and_its_parties) {
       "logicalLocations": [{"fullyQualifiedName":
         "/mpls/l2vpn-config/l2vpn/vpls-group{campus}/vpn{data}/bridge-domain/access-interface{gigabit-ethernet-1/1/1}"}],
       "message": {"text": "vpls-group campus, vpn data, interface gigabit-ethernet-1/1/1: in the running configuration"}}],
-    "properties": {"commit": "night/42", "from-device": true, "complete": true}})");
+    "properties": {"commit": "night/42", "from-device": true, "preexisting": false, "minimal": true}})");
   json result = results_of({decided({same_dot1q()})}).at(0);
   const json rules = json::parse(written({})).at("runs").at(0).at("tool").at("driver").at("rules");
   EXPECT_EQ(rules.at(result.at("ruleIndex").get<std::size_t>()).at("id"), "access-same-dot1q");

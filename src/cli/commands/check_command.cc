@@ -18,8 +18,7 @@ namespace {
 
 /// A warning that is not suppressed, or may not be: behind those that a search left unseen.
 bool has_open_warning(const report::CheckReport &report) {
-  return report::count_open(report.commit.findings, true) != 0 ||
-         report.commit.search.end != report::SearchEnd::complete;
+  return report::count_open(report.commit.findings, true) != 0 || !report::is_proven_complete(report.commit.search);
 }
 
 ExitStatus status_of(const report::CheckReport &report, bool fail_on_warn) {
@@ -60,7 +59,7 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
   search(arguments, environment, input, plugin, session, report);
   suppressions.apply(report.commit.findings);
   report.commit.unused_suppressions = suppressions.unused();
-  report::write_findings(human, report.commit.findings, report.commit.search, style);
+  report::write_findings(human, report.commit, style);
   for (const std::string &line : report.commit.unused_suppressions) {
     environment.err << "vpnval: unused suppression: " << report::printable(line) << '\n';
   }

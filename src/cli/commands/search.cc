@@ -21,15 +21,20 @@ host::Verdict device_verdict(host::Verdict verdict) {
   return verdict;
 }
 
-bool is_complete(const diagnosis::Diagnosis &diagnosis) {
-  return diagnosis.end == diagnosis::SearchEnd::complete && diagnosis.unproven_rules.empty() &&
-         std::all_of(diagnosis.findings.begin(), diagnosis.findings.end(),
-                     [](const diagnosis::Finding &finding) { return finding.is_minimal; });
-}
-
-report::SearchEnd end_of(const diagnosis::Diagnosis &diagnosis, const diagnosis::Budget &budget) {
-  if (!diagnosis.contract_violation.empty()) return report::SearchEnd::contract_violation;
-  return diagnosis.calls >= budget.calls ? report::SearchEnd::call_budget : report::SearchEnd::time_budget;
+report::SearchEnd end_of(const diagnosis::Diagnosis &diagnosis) {
+  switch (diagnosis.end) {
+    case diagnosis::SearchEnd::complete:
+      return report::SearchEnd::complete;
+    case diagnosis::SearchEnd::calls:
+      return report::SearchEnd::call_budget;
+    case diagnosis::SearchEnd::time:
+      return report::SearchEnd::time_budget;
+    case diagnosis::SearchEnd::interrupted:
+      return report::SearchEnd::interrupted;
+    case diagnosis::SearchEnd::contract_violation:
+      return report::SearchEnd::contract_violation;
+  }
+  return report::SearchEnd::contract_violation;
 }
 
 }  // namespace
@@ -64,9 +69,10 @@ void search(const CheckArguments &arguments, const Environment &environment, con
   const diagnosis::Diagnosis diagnosis =
       find_faults({.all_findings = all_faults, .budget = budget}, environment, input, plugin, session, verdict);
   report.commit.search.calls = diagnosis.calls;
+  report.commit.search.end = end_of(diagnosis);
+  report.commit.search.unproven_rules = diagnosis.unproven_rules;
   report.commit.search.contract_violation = diagnosis.contract_violation;
-  if (!is_complete(diagnosis)) report.commit.search.end = end_of(diagnosis, budget);
-  report.commit.findings = report::make_findings(diagnosis, verdict, input.schema(), input.files(), input.texts());
+  report::add_findings(report.commit, diagnosis, verdict, input.schema(), input.files(), input.texts());
 }
 
 }  // namespace cli

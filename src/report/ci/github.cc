@@ -8,6 +8,7 @@
 
 #include "element/input/utf8.h"
 #include "report/escape/printable.h"
+#include "report/text/explanation_text.h"
 #include "report/text/findings_text.h"
 
 namespace report {

@@ -75,8 +75,10 @@ class ResultWriter {
     add_locations(json, finding);
     json["partialFingerprints"] = {{"conflict/v1", fingerprint(identity(finding))}};
     if (finding.suppressed) json["suppressions"] = ordered_json::array({suppression_json(*finding.suppressed)});
-    json["properties"] = {
-        {"commit", commit.name}, {"from-device", finding.from_device}, {"complete", finding.complete}};
+    json["properties"] = {{"commit", commit.name},
+                          {"from-device", finding.from_device},
+                          {"preexisting", finding.is_preexisting},
+                          {"minimal", finding.is_minimal}};
     return json;
   }
 

@@ -1,88 +1,39 @@
 #include "report/json/finding_json.h"
 
+#include <fmt/format.h>
+
 #include <nlohmann/json.hpp>
 
+#include "report/json/advice_json.h"
 #include "report/json/array.h"
+#include "report/json/node_json.h"
 
 namespace report {
 namespace {
 
 using nlohmann::ordered_json;
 
-template <typename Item, typename Reader>
-std::vector<Item> items(const ordered_json &json, Reader reader) {
-  std::vector<Item> result;
-  for (const ordered_json &item : json) result.push_back(reader(item));
-  return result;
+ordered_json conflict_json(const ConflictReport &conflict) {
+  return {{"point", conflict.point},
+          {"path", conflict.path},
+          {"message", conflict.message},
+          {"parties", conflict.parties},
+          {"triggers", conflict.triggers}};
 }
 
-std::optional<std::string> optional_text(const ordered_json &json, const char *name) {
-  if (!json.contains(name)) return std::nullopt;
-  return json.at(name).get<std::string>();
-}
-
-ordered_json place_json(const FilePlace &place) {
-  ordered_json json{{"file", place.file}};
-  if (place.line != 0) json["line"] = place.line;
-  return json;
-}
-
-FilePlace read_place(const ordered_json &json) {
-  return {json.at("file").get<std::string>(), json.value("line", std::size_t{0})};
-}
-
-std::optional<FilePlace> optional_place(const ordered_json &json, const char *name) {
-  if (!json.contains(name)) return std::nullopt;
-  return read_place(json.at(name));
-}
-
-ordered_json node_json(const NodeReport &node) {
-  ordered_json json{{"standing", status_name(node.status)}, {"path", node.path}};
-  if (node.old_value) json["old"] = *node.old_value;
-  if (node.new_value) json["new"] = *node.new_value;
-  if (node.running) json["running"] = place_json(*node.running);
-  if (node.candidate) json["candidate"] = place_json(*node.candidate);
-  return json;
-}
-
-ChangeStatus read_status(const std::string &name) {
-  for (const auto status :
-       {ChangeStatus::unchanged, ChangeStatus::added, ChangeStatus::changed, ChangeStatus::removed}) {
-    if (status_name(status) == name) return status;
+/// The indexes in the field, each less than `size`.
+std::vector<std::size_t> read_indexes(const ordered_json &json, const char *name, std::size_t size) {
+  auto indexes = json.at(name).get<std::vector<std::size_t>>();
+  for (const std::size_t index : indexes) {
+    if (index >= size) throw UnknownNameError(fmt::format("{} has no item {}", name, index));
   }
-  throw UnknownNameError("standing \"" + name + "\" is none that is known");
+  return indexes;
 }
 
-NodeReport read_node(const ordered_json &json) {
-  NodeReport node;
-  node.status = read_status(json.at("standing").get<std::string>());
-  node.path = json.at("path").get<std::string>();
-  node.old_value = optional_text(json, "old");
-  node.new_value = optional_text(json, "new");
-  node.running = optional_place(json, "running");
-  node.candidate = optional_place(json, "candidate");
-  return node;
-}
-
-ordered_json party_json(const PartyReport &party) {
-  ordered_json json = node_json(party.node);
-  if (!party.group.empty()) json["group"] = party.group;
-  if (!party.vpn.empty()) json["vpn"] = party.vpn;
-  if (!party.interface.empty()) json["interface"] = party.interface;
-  if (!party.neighbor.empty()) json["neighbor"] = party.neighbor;
-  json["details"] = array(party.details, node_json);
-  return json;
-}
-
-PartyReport read_party(const ordered_json &json) {
-  PartyReport party;
-  party.node = read_node(json);
-  party.group = json.value("group", "");
-  party.vpn = json.value("vpn", "");
-  party.interface = json.value("interface", "");
-  party.neighbor = json.value("neighbor", "");
-  party.details = items<NodeReport>(json.at("details"), read_node);
-  return party;
+ConflictReport read_conflict(const ordered_json &json, const Finding &finding) {
+  return {json.at("point").get<std::string>(), json.at("path").get<std::string>(),
+          json.at("message").get<std::string>(), read_indexes(json, "parties", finding.parties.size()),
+          read_indexes(json, "triggers", finding.triggers.size())};
 }
 
 ordered_json suppressed_json(const Suppressed &suppressed) {
@@ -100,12 +51,14 @@ ordered_json finding_json(const Finding &finding) {
   json["path"] = finding.path;
   json["message"] = finding.message;
   json["place"] = place_json(finding.place);
-  json["change"] = array(finding.change, node_json);
-  json["scaffold"] = array(finding.prerequisites, node_json);
   json["parties"] = array(finding.parties, party_json);
+  json["triggers"] = array(finding.triggers, party_json);
+  json["conflicts"] = array(finding.conflicts, conflict_json);
+  json["preexisting"] = finding.is_preexisting;
+  json["minimal"] = finding.is_minimal;
   json["enough"] = finding.enough;
-  json["in-running"] = finding.in_running;
-  json["complete"] = finding.complete;
+  json["advice"] = advice_json(finding.advice);
+  json["repairs"] = array(finding.repairs, repair_json);
   if (finding.suppressed) json["suppressed"] = suppressed_json(*finding.suppressed);
   return json;
 }
@@ -119,12 +72,15 @@ Finding read_finding(const ordered_json &json) {
   finding.path = json.at("path").get<std::string>();
   finding.message = json.at("message").get<std::string>();
   finding.place = read_place(json.at("place"));
-  finding.change = items<NodeReport>(json.at("change"), read_node);
-  finding.prerequisites = items<NodeReport>(json.at("scaffold"), read_node);
   finding.parties = items<PartyReport>(json.at("parties"), read_party);
+  finding.triggers = items<PartyReport>(json.at("triggers"), read_party);
+  finding.conflicts = items<ConflictReport>(
+      json.at("conflicts"), [&finding](const ordered_json &conflict) { return read_conflict(conflict, finding); });
+  finding.is_preexisting = json.at("preexisting").get<bool>();
+  finding.is_minimal = json.at("minimal").get<bool>();
   finding.enough = json.at("enough").get<std::uint64_t>();
-  finding.in_running = json.at("in-running").get<bool>();
-  finding.complete = json.at("complete").get<bool>();
+  finding.advice = read_advice(json.at("advice"));
+  finding.repairs = items<RepairReport>(json.at("repairs"), read_repair);
   if (json.contains("suppressed")) {
     const ordered_json &suppressed = json.at("suppressed");
     finding.suppressed = Suppressed{read_place(suppressed), suppressed.at("reason").get<std::string>()};
@@ -140,14 +96,17 @@ std::string_view end_name(SearchEnd end) {
       return "calls";
     case SearchEnd::time_budget:
       return "time";
+    case SearchEnd::interrupted:
+      return "interrupted";
     case SearchEnd::contract_violation:
-      return "breach";
+      return "contract-violation";
   }
   return "?";
 }
 
 SearchEnd read_end(const std::string &name) {
-  for (const auto end : {SearchEnd::call_budget, SearchEnd::time_budget, SearchEnd::contract_violation}) {
+  for (const auto end :
+       {SearchEnd::call_budget, SearchEnd::time_budget, SearchEnd::interrupted, SearchEnd::contract_violation}) {
     if (end_name(end) == name) return end;
   }
   throw UnknownNameError("ended-by \"" + name + "\" is none that is known");
@@ -161,9 +120,10 @@ ordered_json search_json(const SearchReport &search) {
   ordered_json json{{"all-faults", search.all_faults},
                     {"calls", search.calls},
                     {"budget", {{"calls", search.budget_calls}, {"seconds", search.budget_seconds}}},
-                    {"complete", search.end == SearchEnd::complete}};
+                    {"complete", is_proven_complete(search)}};
   if (search.end != SearchEnd::complete) json["ended-by"] = end_name(search.end);
-  if (!search.contract_violation.empty()) json["breach"] = search.contract_violation;
+  json["unproven-rules"] = search.unproven_rules;
+  if (!search.contract_violation.empty()) json["contract-violation"] = search.contract_violation;
   return json;
 }
 
@@ -176,7 +136,8 @@ SearchReport read_search(const ordered_json &json) {
   search.budget_calls = json.at("budget").at("calls").get<std::uint64_t>();
   search.budget_seconds = json.at("budget").at("seconds").get<double>();
   if (json.contains("ended-by")) search.end = read_end(json.at("ended-by").get<std::string>());
-  search.contract_violation = json.value("breach", "");
+  search.unproven_rules = json.at("unproven-rules").get<std::vector<std::string>>();
+  search.contract_violation = json.value("contract-violation", "");
   return search;
 }
 

@@ -2,17 +2,10 @@
 #define REPORT_JSON_FINDING_JSON_H
 
 #include <nlohmann/json_fwd.hpp>
-#include <stdexcept>
 
 #include "report/commit_report.h"
 
 namespace report {
-
-/// A field holds a name that this program never writes there.
-class UnknownNameError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 nlohmann::ordered_json findings_json(const std::vector<Finding> &findings);
 nlohmann::ordered_json search_json(const SearchReport &search);

@@ -5,8 +5,10 @@
 #include <nlohmann/json.hpp>
 
 #include "report/decision_text.h"
+#include "report/json/advice_json.h"
 #include "report/json/array.h"
 #include "report/json/finding_json.h"
+#include "report/json/node_json.h"
 
 namespace report {
 namespace {
@@ -64,6 +66,7 @@ CommitReport read(const ordered_json &json, const std::string &name) {
   commit.name = name;
   commit.decision = read_decision(json.at("decision").get<std::string>());
   commit.findings = read_findings(json.at("findings"));
+  commit.advice = read_advice(json.at("advice"));
   commit.search = read_search(json.at("search"));
   commit.unused_suppressions = json.at("unused-suppressions").get<std::vector<std::string>>();
   return commit;
@@ -84,6 +87,7 @@ void write_json(std::ostream &out, const CheckReport &report) {
   json["points"] = array(report.verdict.points, point_json);
   json["changes"] = array(report.changes, change_json);
   json["findings"] = findings_json(report.commit.findings);
+  json["advice"] = advice_json(report.commit.advice);
   json["search"] = search_json(report.commit.search);
   json["unused-suppressions"] = report.commit.unused_suppressions;
   if (report.with_trace) json["trace"] = report.verdict.statistics.trace;

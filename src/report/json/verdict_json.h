@@ -12,7 +12,7 @@
 namespace report {
 
 /// Grows when a field goes or changes its meaning; a field that is added leaves it.
-inline constexpr int json_schema_version = 1;
+inline constexpr int json_schema_version = 2;
 
 /// The whole report as one JSON document; docs/verdict.schema.json describes it.
 void write_json(std::ostream &out, const CheckReport &report);

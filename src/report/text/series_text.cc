@@ -4,6 +4,7 @@
 
 #include "report/decision_text.h"
 #include "report/escape/printable.h"
+#include "report/text/explanation_text.h"
 #include "report/text/findings_text.h"
 #include "report/text/summary_text.h"
 

@@ -1,0 +1,100 @@
+#include "report/text/advice_text.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+
+#include "report/escape/printable.h"
+#include "report/text/node_text.h"
+
+namespace report {
+namespace {
+
+using Parts = std::vector<PartReport>;
+
+std::string node_text(const NodeReport &node, const std::string &what, const FilePlace *place,
+                      const TextStyle &style) {
+  return fmt::format("{} {}{}{}{}", mark(node, style), printable(node.path), what.empty() ? "" : ":", what,
+                     in_brackets(place));
+}
+
+/// One change in place is told as such, several with the entry in which they are.
+std::string part_text(const PartReport &part, const TextStyle &style) {
+  const std::vector<NodeReport> &details = part.details;
+  const NodeReport &node = details.size() == 1 ? details.front() : part.node;
+  if (details.size() < 2) return node_text(node, printable(values_of(node)), place_of(node), style);
+  return node_text(part.node, " " + nodes_text(details, part.node.path, true), place_of(details.front()), style);
+}
+
+void write_parts(std::ostream &out, const Parts &parts, const TextStyle &style) {
+  write_list(out, "     ", parts, [&](const PartReport &part) { out << "     " << part_text(part, style) << '\n'; });
+}
+
+/// Sets of several parts, each with its number.
+void write_sets(std::ostream &out, const std::vector<Parts> &sets, const TextStyle &style) {
+  std::size_t number = 0;
+  write_list(out, "     ", sets, [&](const Parts &parts) {
+    const std::string lead = fmt::format("     {}) ", ++number);
+    const std::string indent(lead.size(), ' ');
+    for (const PartReport &part : parts) {
+      out << (&part == &parts.front() ? lead : indent) << part_text(part, style) << '\n';
+    }
+  });
+}
+
+void write_alternatives(std::ostream &out, std::string_view lead, const std::vector<Parts> &sets,
+                        const TextStyle &style) {
+  const bool is_single = std::all_of(sets.begin(), sets.end(), [](const Parts &parts) { return parts.size() == 1; });
+  if (sets.size() == 1 && is_single) {
+    out << lead << " take back " << part_text(sets.front().front(), style) << '\n';
+  } else if (sets.size() == 1) {
+    out << lead << fmt::format(" take back these {}:\n", grouped(sets.front().size()));
+    write_parts(out, sets.front(), style);
+  } else if (is_single) {
+    Parts choices;
+    for (const Parts &parts : sets) choices.push_back(parts.front());
+    out << lead << fmt::format(" take back any one of these {}:\n", grouped(sets.size()));
+    write_parts(out, choices, style);
+  } else {
+    out << lead << fmt::format(" take back any one of these {} sets, the whole of it:\n", grouped(sets.size()));
+    write_sets(out, sets, style);
+  }
+}
+
+std::string repair_text(const RepairReport &repair) {
+  const std::string where = printable(repair.path) + in_brackets(repair.place ? &*repair.place : nullptr);
+  const std::string values = printable(fmt::format("{}", fmt::join(repair.values, ", ")));
+  switch (repair.kind) {
+    case RepairKind::free_vlans:
+      return fmt::format("change {} to VLANs that are free on {}: {}", where,
+                         repair.on_all_ports ? "every port of the VPN" : "this port", values);
+    case RepairKind::free_pw_ids:
+      return fmt::format("change {} to a pw-id that is free towards this neighbour: {}", where, values);
+    case RepairKind::interface_name:
+      return fmt::format("rename {}, the element has: {}", where, values);
+    case RepairKind::two_commits:
+      return "make two commits of it: vpnval plan";
+  }
+  return {};
+}
+
+}  // namespace
+
+bool has_advice(const AdviceReport &advice) { return advice.enough != 0 || !advice.alternatives.empty(); }
+
+void write_advice(std::ostream &out, std::string_view lead, const AdviceReport &advice, const TextStyle &style) {
+  if (advice.enough != 0) {
+    out << lead
+        << fmt::format(" take back any {} of these {}:\n", grouped(advice.enough), grouped(advice.choices.size()));
+    write_parts(out, advice.choices, style);
+  } else if (!advice.alternatives.empty()) {
+    write_alternatives(out, lead, advice.alternatives, style);
+  }
+}
+
+void write_repairs(std::ostream &out, const std::vector<RepairReport> &repairs) {
+  for (const RepairReport &repair : repairs) out << "      or: " << repair_text(repair) << '\n';
+}
+
+}  // namespace report

@@ -1,0 +1,24 @@
+#ifndef REPORT_TEXT_ADVICE_TEXT_H
+#define REPORT_TEXT_ADVICE_TEXT_H
+
+#include <ostream>
+#include <string_view>
+#include <vector>
+
+#include "report/finding.h"
+#include "report/text/text_style.h"
+
+namespace report {
+
+/// Whether there is anything to take back.
+bool has_advice(const AdviceReport &advice);
+
+/// "LEAD take back ...": in one line what is a single part, else a line a part, indented by five; long lists are cut.
+void write_advice(std::ostream &out, std::string_view lead, const AdviceReport &advice, const TextStyle &style);
+
+/// What can be changed instead, a line a repair.
+void write_repairs(std::ostream &out, const std::vector<RepairReport> &repairs);
+
+}  // namespace report
+
+#endif

@@ -1,0 +1,108 @@
+#include "report/text/explanation_text.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+
+#include "report/escape/printable.h"
+#include "report/text/advice_text.h"
+#include "report/text/node_text.h"
+
+namespace report {
+namespace {
+
+/// What the commit does within an entry that stays is to be looked at rather than the entry.
+const FilePlace *place_of(const PartyReport &party) {
+  const auto is_touched = [](const NodeReport &detail) { return detail.status != ChangeStatus::unchanged; };
+  const auto detail = std::find_if(party.details.begin(), party.details.end(), is_touched);
+  const bool is_within = party.node.status == ChangeStatus::changed && detail != party.details.end();
+  const FilePlace *place = is_within ? report::place_of(*detail) : nullptr;
+  return place != nullptr ? place : report::place_of(party.node);
+}
+
+void write_party(std::ostream &out, const PartyReport &party, const TextStyle &style) {
+  const std::string details = nodes_text(party.details, party.node.path, party.node.status == ChangeStatus::changed);
+  out << mark(party.node, style) << ' ' << printable(title_of(party)) << ": " << status_text(party.node)
+      << (details.empty() ? "" : ", ") << details << in_brackets(place_of(party)) << '\n';
+}
+
+/// Whether it is worth telling which of the parties are at odds: not of a limit, nor where each draws it alone.
+bool has_several_conflicts(const Finding &finding) {
+  return finding.enough == 0 && finding.conflicts.size() > 1 &&
+         std::any_of(finding.conflicts.begin(), finding.conflicts.end(),
+                     [](const ConflictReport &conflict) { return conflict.parties.size() > 1; });
+}
+
+void write_parties(std::ostream &out, const Finding &finding, const TextStyle &style) {
+  out << "   involved:\n";
+  std::size_t number = 0;
+  write_list(out, "     ", finding.parties, [&](const PartyReport &party) {
+    out << "     ";
+    if (has_several_conflicts(finding)) out << fmt::format("{}) ", ++number);
+    write_party(out, party, style);
+  });
+}
+
+void write_fault_in_force(std::ostream &out, const Finding &finding, const TextStyle &style) {
+  if (finding.is_preexisting) out << "   the running configuration has this fault\n";
+  if (finding.triggers.empty()) return;
+  out << "   makes the library look:\n";
+  write_list(out, "     ", finding.triggers, [&](const PartyReport &trigger) {
+    out << "     ";
+    write_party(out, trigger, style);
+  });
+}
+
+void write_to_do(std::ostream &out, const Finding &finding, const TextStyle &style) {
+  if (has_advice(finding.advice)) {
+    write_advice(out, finding.is_warning ? "   to be rid of it:" : "   to do:", finding.advice, style);
+    if (finding.is_preexisting) out << "      or: mend the fault in the running configuration first\n";
+  } else {
+    out << "   to do: no part of the change was found that helps when it is taken back\n";
+    if (finding.is_preexisting) out << "      but: mend the fault in the running configuration\n";
+  }
+  write_repairs(out, finding.repairs);
+}
+
+/// "1 and 2; 1 and 3".
+void write_conflicts(std::ostream &out, const Finding &finding) {
+  if (!has_several_conflicts(finding)) return;
+  std::vector<std::string> texts;
+  for (const ConflictReport &conflict : finding.conflicts) {
+    std::vector<std::size_t> numbers;
+    for (const std::size_t party : conflict.parties) numbers.push_back(party + 1);
+    std::sort(numbers.begin(), numbers.end());
+    texts.push_back(fmt::format("{}", fmt::join(numbers, " and ")));
+    if (texts.size() == kLongestList) break;
+  }
+  const std::size_t left = finding.conflicts.size() - texts.size();
+  const std::string rest = left == 0 ? "" : fmt::format("; and {} more", grouped(left));
+  out << fmt::format("   in conflict: {}{}\n", fmt::join(texts, "; "), rest);
+}
+
+}  // namespace
+
+void write_headline(std::ostream &out, const Finding &finding, const TextStyle &style) {
+  out << (finding.is_warning ? style(Accent::warning, "warning") : style(Accent::rejected, "rejected"));
+  if (!finding.rule.empty()) out << " [" << finding.rule << ']';
+  out << ": " << style(Accent::message, printable(finding.message)) << '\n';
+  if (!finding.suppressed) return;
+  out << "   suppressed by " << printable(to_text(finding.suppressed->by)) << ": "
+      << printable(finding.suppressed->reason) << '\n';
+  if (!finding.is_warning) out << "   the device rejects the commit all the same\n";
+}
+
+void write_explanation(std::ostream &out, const Finding &finding, const TextStyle &style) {
+  if (finding.conflicts.empty()) {
+    out << "   at " << printable(finding.path) << in_brackets(&finding.place) << '\n';
+    return;
+  }
+  write_parties(out, finding, style);
+  write_fault_in_force(out, finding, style);
+  write_to_do(out, finding, style);
+  write_conflicts(out, finding);
+  if (!finding.is_minimal) out << "   the search ended before it was sure that every party is needed\n";
+}
+
+}  // namespace report
