@@ -152,17 +152,24 @@ class FindingMaker {
     return repair;
   }
 
-  /// In the candidate: the first detail that the commit changes of the first party, or that party; else of a trigger.
+  static bool is_changed_in_candidate(const NodeReport &node) {
+    return node.status != ChangeStatus::unchanged && node.candidate;
+  }
+
+  /// In the candidate: the first detail that the commit changes of the first party, or that party; else of a trigger,
+  /// else what is advised to take back.
   static const FilePlace *touched_place(const Finding &finding) {
-    const auto is_in_candidate = [](const NodeReport &node) {
-      return node.status != ChangeStatus::unchanged && node.candidate;
-    };
     for (const std::vector<PartyReport> *entries : {&finding.parties, &finding.triggers}) {
       for (const PartyReport &entry : *entries) {
-        if (!is_in_candidate(entry.node)) continue;
-        const auto detail = std::find_if(entry.details.begin(), entry.details.end(), is_in_candidate);
+        if (!is_changed_in_candidate(entry.node)) continue;
+        const auto detail = std::find_if(entry.details.begin(), entry.details.end(), is_changed_in_candidate);
         const bool is_within = entry.node.status == ChangeStatus::changed && detail != entry.details.end();
         return is_within ? &*detail->candidate : &*entry.node.candidate;
+      }
+    }
+    for (const std::vector<PartReport> &parts : finding.advice.alternatives) {
+      for (const PartReport &part : parts) {
+        if (is_changed_in_candidate(part.node)) return &*part.node.candidate;
       }
     }
     return nullptr;
@@ -197,8 +204,7 @@ std::vector<host::PointVerdict> messages_of(const host::Verdict &verdict) {
 }  // namespace
 
 void add_findings(CommitReport &commit, const diagnosis::Diagnosis &diagnosis, const host::Verdict &verdict,
-                  const element::Schema &schema, const InputFiles &files,
-                  const InputTexts &texts) {
+                  const element::Schema &schema, const InputFiles &files, const InputTexts &texts) {
   const std::vector<host::PointVerdict> messages = messages_of(verdict);
   if (messages.empty()) return;
 

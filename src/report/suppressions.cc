@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "element/input/input_error.h"
 #include "element/input/input_text.h"
@@ -42,10 +43,12 @@ std::size_t end_of_path(std::string_view text) {
 
 /// Paths are compared as they are printed. The node under validation counts only where no parties are known: a point
 /// that validates the whole configuration names one node for every fault that it sees.
-bool leads_to(std::string_view pattern, const Finding &finding) {
-  if (finding.parties.empty()) return fits_pattern(printable(finding.path), pattern);
-  return std::any_of(finding.parties.begin(), finding.parties.end(),
-                     [pattern](const PartyReport &party) { return fits_pattern(printable(party.node.path), pattern); });
+bool leads_to(std::string_view pattern, const Finding &finding, std::size_t conflict) {
+  if (finding.conflicts.empty()) return fits_pattern(printable(finding.path), pattern);
+  const std::vector<std::size_t> &parties = finding.conflicts[conflict].parties;
+  return std::any_of(parties.begin(), parties.end(), [&](std::size_t party) {
+    return fits_pattern(printable(finding.parties[party].node.path), pattern);
+  });
 }
 
 }  // namespace
@@ -84,11 +87,20 @@ Suppressions Suppressions::read(const std::filesystem::path &file) {
 
 void Suppressions::apply(std::vector<Finding> &findings) {
   for (Finding &finding : findings) {
+    std::vector<bool> is_known(std::max<std::size_t>(finding.conflicts.size(), 1));
+    std::optional<Suppressed> first;
     for (Line &line : lines_) {
-      if (line.rule != finding.rule || !leads_to(line.path, finding)) continue;
-      if (!finding.suppressed) finding.suppressed = line.suppressed;
-      line.used = true;
+      if (line.rule != finding.rule) continue;
+      for (std::size_t conflict = 0; conflict < is_known.size(); ++conflict) {
+        if (!leads_to(line.path, finding, conflict)) continue;
+        is_known[conflict] = true;
+        line.used = true;
+        if (!first) first = line.suppressed;
+      }
     }
+    const bool is_all = std::find(is_known.begin(), is_known.end(), false) == is_known.end();
+    const bool is_any = finding.enough != 0 && first;
+    if (is_all || is_any) finding.suppressed = first;
   }
 }
 

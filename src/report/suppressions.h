@@ -11,8 +11,9 @@
 namespace report {
 
 /// Faults that are known and borne, as a file lists them, a line each: "RULE PATH # REASON". PATH is a path as it is
-/// printed, where "*" in a name or in keys stands for any text; it fits a finding one of whose parties it leads to, or
-/// the node under validation where the parties are not known. Blank lines and lines that begin with "#" say nothing.
+/// printed, where "*" in a name or in keys stands for any text; it fits a conflict one of whose parties it leads to, or
+/// a finding by the node under validation where the parties are not known. Blank lines and lines that begin with "#"
+/// say nothing.
 class Suppressions {
  public:
   Suppressions() = default;
@@ -24,7 +25,7 @@ class Suppressions {
   /// The same from text; `origin` stands for the file's name.
   static Suppressions parse(std::string_view text, const std::string &origin);
 
-  /// Marks each finding that a line fits with the first such line.
+  /// Marks with the first line that fits each finding every conflict of which a line fits; of a limit, any of them.
   void apply(std::vector<Finding> &findings);
 
   /// "FILE:LINE: RULE PATH" of every line that has fitted no finding yet.

@@ -146,7 +146,7 @@ TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_stand
   EXPECT_EQ(json.status, text.status);
   EXPECT_EQ(json.err, text.out);
   const auto expected = nlohmann::json::parse(R"({
-    "schema-version": 1,
+    "schema-version": 2,
     "program": {"name": "vpnval", "version": ")" VPNVAL_VERSION R"("},
     "decision": "rejected",
     "total": {"fired": 3, "asked": 3, "accepted": 1, "warnings": 1, "rejected": 1},
@@ -169,16 +169,19 @@ TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_stand
       {"severity": "rejection", "from-device": true, "point": "vpn_peer_valp",
        "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{west}/neighbor{192.0.2.1}",
        "message": "this neighbour is not wanted", "place": {"file": "CANDIDATE", "line": 1},
-       "change": [], "scaffold": [], "parties": [], "enough": 0, "in-running": false,
-       "complete": false},
+       "parties": [], "triggers": [], "conflicts": [], "preexisting": false, "minimal": false, "enough": 0,
+       "advice": {"alternatives": [], "enough": 0, "choices": [], "minimal": false, "all-alternatives": true},
+       "repairs": []},
       {"severity": "warning", "from-device": true, "point": "vpn_name_valp",
        "path": "/mpls/l2vpn-config/l2vpn/vpws-group{metro}",
        "message": "this name is hard to read", "place": {"file": "CANDIDATE", "line": 1},
-       "change": [], "scaffold": [], "parties": [], "enough": 0, "in-running": false,
-       "complete": false}
+       "parties": [], "triggers": [], "conflicts": [], "preexisting": false, "minimal": false, "enough": 0,
+       "advice": {"alternatives": [], "enough": 0, "choices": [], "minimal": false, "all-alternatives": true},
+       "repairs": []}
     ],
+    "advice": {"alternatives": [], "enough": 0, "choices": [], "minimal": false, "all-alternatives": true},
     "search": {"all-faults": false, "calls": 0, "budget": {"calls": 0, "seconds": 60.0}, "complete": false,
-               "ended-by": "calls"},
+               "ended-by": "calls", "unproven-rules": []},
     "unused-suppressions": []})");
   auto document = nlohmann::json::parse(json.out);
   EXPECT_EQ(document["library"]["file"], ANSWERING_PLUGIN_FILE);

@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include "build_paths.h"
+#include "report/json/verdict_json.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/support/process.h"
 
@@ -131,7 +132,7 @@ TEST_F(CheckSeries, json_holds_every_verdict_and_the_sum) {
   const std::vector<std::string> names{rejected(), missing(), stopped()};
   const Outcome outcome = check_series(names, {"--format=json"});
   const auto document = nlohmann::json::parse(outcome.out);
-  EXPECT_EQ(document["schema-version"], 1);
+  EXPECT_EQ(document["schema-version"], report::json_schema_version);
   EXPECT_EQ(document["program"], (nlohmann::json{{"name", "vpnval"}, {"version", VPNVAL_VERSION}}));
   ASSERT_EQ(document["commits"].size(), 3u);
   const auto alone = nlohmann::json::parse(run_with_answers({"check", "--format", "json", names[0]}).out);

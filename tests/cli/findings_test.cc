@@ -54,14 +54,18 @@ class Findings : public testing::Test {
   void find(const host::PointVerdict &verdict, std::vector<diagnosis::Party> parties,
             std::vector<diagnosis::ChangePart> change = {}) {
     diagnosis::Finding finding{verdict, false, std::move(parties), {}, false, {}, 0, true, {tree, tree}, {}, {}};
-    finding.advice.alternatives = {std::move(change)};
+    finding.conflicts = {{verdict, {}, {}}};
+    for (std::size_t i = 0; i < finding.parties.size(); ++i) finding.conflicts[0].parties.push_back(i);
+    if (!change.empty()) finding.advice.alternatives = {std::move(change)};
     diagnosis.findings.push_back(std::move(finding));
   }
 
   std::vector<Finding> make(std::vector<host::PointVerdict> said) const {
     host::Verdict verdict;
     verdict.points = std::move(said);
-    return report::make_findings(diagnosis, verdict, schema, files(), texts);
+    report::CommitReport commit;
+    report::add_findings(commit, diagnosis, verdict, schema, files(), texts);
+    return commit.findings;
   }
 
   report::InputFiles files() const {
@@ -113,12 +117,13 @@ TEST_F(Findings, nodes_have_their_lines_in_the_files_that_hold_them) {
   EXPECT_EQ(finding.parties.at(1).node.status, report::ChangeStatus::unchanged);
   EXPECT_EQ(place(finding.parties.at(1).node.running.value()), "running.json:2");
 
-  EXPECT_EQ(finding.change.at(0).status, report::ChangeStatus::added);
-  EXPECT_FALSE(finding.change.at(0).running);
-  EXPECT_EQ(place(finding.change.at(0).candidate.value()), "candidate.json:11");
-  EXPECT_EQ(finding.change.at(1).status, report::ChangeStatus::removed);
-  EXPECT_EQ(place(finding.change.at(1).running.value()), "running.json:5");
-  EXPECT_FALSE(finding.change.at(1).candidate);
+  const std::vector<report::PartReport> &parts = finding.advice.alternatives.at(0);
+  EXPECT_EQ(parts.at(0).node.status, report::ChangeStatus::added);
+  EXPECT_FALSE(parts.at(0).node.running);
+  EXPECT_EQ(place(parts.at(0).node.candidate.value()), "candidate.json:11");
+  EXPECT_EQ(parts.at(1).node.status, report::ChangeStatus::removed);
+  EXPECT_EQ(place(parts.at(1).node.running.value()), "running.json:5");
+  EXPECT_FALSE(parts.at(1).node.candidate);
 }
 
 TEST_F(Findings, the_place_to_look_first_is_what_the_commit_does_to_the_first_party_that_the_candidate_holds) {
@@ -169,11 +174,12 @@ TEST_F(Findings, the_rejection_of_the_device_comes_before_its_warnings_and_what_
   }
 }
 
-TEST_F(Findings, a_message_that_was_not_looked_into_is_there_but_not_complete) {
+TEST_F(Findings, a_message_that_was_not_looked_into_is_there_without_an_explanation) {
   const Finding finding = make({warning("one")}).at(0);
   EXPECT_EQ(finding.path, east);
   EXPECT_EQ(finding.point, "vpn_access_valp");
-  EXPECT_FALSE(finding.complete);
+  EXPECT_FALSE(finding.is_minimal);
+  EXPECT_TRUE(finding.conflicts.empty());
   EXPECT_EQ(place(finding.place), "candidate.json:6");
 }
 
@@ -198,10 +204,59 @@ TEST_F(Findings, messages_have_the_rules_that_the_table_knows) {
 TEST_F(Findings, a_limit_keeps_its_number_and_an_unfinished_search_its_mark) {
   find(rejection("no"), {});
   diagnosis.findings[0].advice.enough = 3;
+  diagnosis.findings[0].advice.choices = {{ChangeStatus::added, path(west), {}, {}, {}}};
+  diagnosis.findings[0].enough = 4;
   diagnosis.findings[0].is_minimal = false;
   const Finding finding = make({rejection("no")}).at(0);
-  EXPECT_EQ(finding.enough, 3u);
-  EXPECT_FALSE(finding.complete);
+  EXPECT_EQ(finding.enough, 4u);
+  EXPECT_EQ(finding.advice.enough, 3u);
+  EXPECT_EQ(finding.advice.choices.at(0).node.path, west);
+  EXPECT_FALSE(finding.is_minimal);
+}
+
+TEST_F(Findings, what_makes_the_library_look_is_apart_from_the_parties_and_says_where_to_look) {
+  find(rejection("no"), {{ChangeStatus::unchanged, path(east), "", "", "", "", {}}});
+  diagnosis.findings[0].triggers = {{ChangeStatus::added, path(west), "vpws-group metro", "west", "", "", {}}};
+  diagnosis.findings[0].is_preexisting = true;
+  diagnosis.findings[0].conflicts[0].triggers = {0};
+  const Finding finding = make({rejection("no")}).at(0);
+  EXPECT_TRUE(finding.is_preexisting);
+  EXPECT_EQ(finding.triggers.at(0).node.path, west);
+  EXPECT_EQ(finding.conflicts.at(0).triggers, std::vector<std::size_t>{0});
+  EXPECT_EQ(place(finding.place), "candidate.json:11");
+}
+
+TEST_F(Findings, a_message_of_the_device_that_belongs_to_a_finding_told_before_is_not_told_again) {
+  find(warning("one"), {});
+  diagnosis.findings[0].conflicts.push_back({warning("two"), {}, {}});
+  const std::vector<Finding> findings = make({warning("one"), warning("two")});
+  ASSERT_EQ(findings.size(), 1u);
+  EXPECT_EQ(findings[0].conflicts.at(1).message, "two");
+}
+
+TEST_F(Findings, with_an_entry_that_is_to_be_taken_back_goes_all_it_holds) {
+  find(rejection("no"), {},
+       {{ChangeStatus::added, path(east), {}, {}, {}},
+        {ChangeStatus::added, path(east + "/access-interface{ge-1}"), {}, {}, {}},
+        {ChangeStatus::added, path(west), {}, {}, {}}});
+  const auto parts = make({rejection("no")}).at(0).advice.alternatives.at(0);
+  ASSERT_EQ(parts.size(), 2u);
+  EXPECT_EQ(parts[0].node.path, east);
+  EXPECT_EQ(parts[1].node.path, west);
+}
+
+TEST_F(Findings, a_repair_has_the_line_of_what_it_changes) {
+  const std::string dot1q = east + "/access-interface{ge-1}/dot1q";
+  find(rejection("no"), {});
+  diagnosis.findings[0].repairs = {{diagnosis::RepairKind::free_vlans, path(dot1q), {"201-4094"}, true},
+                                   {diagnosis::RepairKind::two_commits, {}, {}, false}};
+  const auto repairs = make({rejection("no")}).at(0).repairs;
+  EXPECT_EQ(repairs.at(0).path, dot1q);
+  EXPECT_EQ(place(repairs.at(0).place.value()), "candidate.json:10");
+  EXPECT_EQ(repairs.at(0).values, std::vector<std::string>{"201-4094"});
+  EXPECT_TRUE(repairs.at(0).on_all_ports);
+  EXPECT_EQ(repairs.at(1).kind, report::RepairKind::two_commits);
+  EXPECT_FALSE(repairs.at(1).place);
 }
 
 }  // namespace

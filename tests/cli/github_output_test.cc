@@ -24,30 +24,30 @@ std::string read_back(const std::vector<report::CommitReport> &commits) {
 }
 
 TEST(GithubOutput, each_finding_is_an_annotation_at_its_place) {
-  EXPECT_EQ(read_back({decided({same_dot1q(), uplink_warning()})}),
-            "error\n"
-            "  file = 'night/42/candidate.xml'\n"
-            "  line = '11'\n"
-            "  title = 'access-same-dot1q'\n"
-            "  | 'vpls-group campus vpn data and vpws-group branches vpn south must not be configured with the same "
-            "dot1q on interface gigabit-ethernet-1/1/1'\n"
-            "  | '   involved:'\n"
-            "  | '     + vpws-group branches, vpn south, interface gigabit-ethernet-1/1/1: added by this commit, dot1q 210 "
-            "(night/42/candidate.xml:11)'\n"
-            "  | '       vpls-group campus, vpn data, interface gigabit-ethernet-1/1/1: in the running configuration, dot1q 210 "
-            "(night/42/running.xml:16)'\n"
-            "  | '   to do: take back + /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/"
-            "access-interface{gigabit-ethernet-1/1/1} (night/42/candidate.xml:11)'\n"
-            "warning\n"
-            "  file = 'night/42/candidate.xml'\n"
-            "  line = '40'\n"
-            "  title = 'member-on-uplink'\n"
-            "  | \"Some MPLS VPN's have access and uplink interfaces in common.\"\n"
-            "  | '   involved:'\n"
-            "  | '     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2}: added by this commit "
-            "(night/42/candidate.xml:40)'\n"
-            "  | '   to be rid of it, take back:'\n"
-            "  | '     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2} (night/42/candidate.xml:40)'\n");
+  EXPECT_EQ(
+      read_back({decided({same_dot1q(), uplink_warning()})}),
+      "error\n"
+      "  file = 'night/42/candidate.xml'\n"
+      "  line = '11'\n"
+      "  title = 'access-same-dot1q'\n"
+      "  | 'vpls-group campus vpn data and vpws-group branches vpn south must not be configured with the same "
+      "dot1q on interface gigabit-ethernet-1/1/1'\n"
+      "  | '   involved:'\n"
+      "  | '     + vpws-group branches, vpn south, interface gigabit-ethernet-1/1/1: added by this commit, dot1q 210 "
+      "(night/42/candidate.xml:11)'\n"
+      "  | '       vpls-group campus, vpn data, interface gigabit-ethernet-1/1/1: in the running configuration, dot1q 210 "
+      "(night/42/running.xml:16)'\n"
+      "  | '   to do: take back + /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/"
+      "access-interface{gigabit-ethernet-1/1/1} (night/42/candidate.xml:11)'\n"
+      "warning\n"
+      "  file = 'night/42/candidate.xml'\n"
+      "  line = '40'\n"
+      "  title = 'member-on-uplink'\n"
+      "  | \"Some MPLS VPN's have access and uplink interfaces in common.\"\n"
+      "  | '   involved:'\n"
+      "  | '     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2}: added by this commit "
+      "(night/42/candidate.xml:40)'\n"
+      "  | '   to be rid of it: take back + /config/vlan{100}/interface{gigabit-ethernet-1/1/2} (night/42/candidate.xml:40)'\n");
 }
 
 TEST(GithubOutput, a_command_is_one_line_and_escapes_what_ends_its_parts) {

@@ -34,8 +34,29 @@ TEST(Suppressions, the_node_under_validation_counts_where_no_party_is_known) {
   const std::string line = "member-on-uplink /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMember* # lab";
   report::Finding finding = uplink_warning();
   EXPECT_EQ(suppressed(finding, line), "");
-  finding.parties.clear();
+  finding = bare(finding);
   EXPECT_EQ(suppressed(finding, line), "known.txt:1: lab");
+}
+
+TEST(Suppressions, a_finding_stays_open_while_one_of_its_conflicts_is_not_known) {
+  report::Finding finding = same_dot1q();
+  finding.parties.push_back(finding.parties[0]);
+  finding.parties[2].node.path = "/third";
+  finding.conflicts.push_back(finding.conflicts[0]);
+  finding.conflicts[1].parties = {1, 2};
+  const std::string first = "access-same-dot1q " + south + " # moves tonight\n";
+  EXPECT_EQ(suppressed(finding, first), "");
+  EXPECT_EQ(suppressed(finding, first + "access-same-dot1q /third # too\n"), "known.txt:1: moves tonight");
+  EXPECT_EQ(suppressed(finding, "access-same-dot1q " + data + " # both\n"), "known.txt:1: both");
+}
+
+TEST(Suppressions, a_limit_is_known_by_anything_that_it_counts) {
+  report::Finding finding = too_many_vpns(6);
+  finding.conflicts.push_back(finding.conflicts[0]);
+  finding.conflicts[0].parties = {0, 1, 2, 3, 4};
+  finding.conflicts[1].parties = {1, 2, 3, 4, 5};
+  EXPECT_EQ(suppressed(finding, "vpn-limit " + finding.parties[0].node.path + " # bigger card ordered"),
+            "known.txt:1: bigger card ordered");
 }
 
 TEST(Suppressions, paths_fit_as_they_are_printed) {

@@ -65,7 +65,7 @@ void write_to_do(std::ostream &out, const Finding &finding, const TextStyle &sty
   write_repairs(out, finding.repairs);
 }
 
-/// "1 and 2; 1 and 3".
+/// "1, 2; 1, 3".
 void write_conflicts(std::ostream &out, const Finding &finding) {
   if (!has_several_conflicts(finding)) return;
   std::vector<std::string> texts;
@@ -73,7 +73,7 @@ void write_conflicts(std::ostream &out, const Finding &finding) {
     std::vector<std::size_t> numbers;
     for (const std::size_t party : conflict.parties) numbers.push_back(party + 1);
     std::sort(numbers.begin(), numbers.end());
-    texts.push_back(fmt::format("{}", fmt::join(numbers, " and ")));
+    texts.push_back(fmt::format("{}", fmt::join(numbers, ", ")));
     if (texts.size() == kLongestList) break;
   }
   const std::size_t left = finding.conflicts.size() - texts.size();
