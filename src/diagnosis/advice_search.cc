@@ -31,6 +31,8 @@ AdviceSearch::AdviceSearch(const SearchContext &context, const FoundConflicts &c
   for (std::size_t group = 0; group < groups.size(); ++group) {
     for (const std::size_t conflict : groups[group]) group_of_[conflict] = group;
   }
+  for (const FoundConflict &conflict : conflicts) messages_.push_back(conflict.message);
+  normalise(messages_);
 }
 
 const std::vector<Corrections> &AdviceSearch::for_each() {
@@ -88,16 +90,15 @@ Corrections AdviceSearch::for_groups(const std::vector<std::size_t> &groups) con
   const std::vector<NumberSet> around = surroundings(groups);
   const bool is_few = context_.changes.size() <= kFewParts;
   const FoundConflict &first = conflicts_[groups_[groups.front()].front()];
-  if (!is_few && groups.size() == 1 && context_.messages[first.message].counts()) return for_limit(first, around);
-  const auto helps = [&](const NumberSet &reverted) {
-    return std::all_of(around.begin(), around.end(),
-                       [&](const NumberSet &entries) { return is_silent(entries, reverted); });
-  };
-  return find_corrections(context_, candidates(entries_of(groups)), helps, is_few ? kMostAskedOfFew : kMostAsked);
+  if (!is_few && groups.size() == 1 && context_.messages[first.message].counts())
+    return for_limit(groups.front(), around);
+  const auto is_enough = [&](const NumberSet &reverted) { return helps(groups, around, reverted); };
+  return find_corrections(context_, candidates(entries_of(groups)), is_enough, is_few ? kMostAskedOfFew : kMostAsked);
 }
 
 /// The fewest additions, or changes in place, of what a limit counts.
-Corrections AdviceSearch::for_limit(const FoundConflict &conflict, const std::vector<NumberSet> &around) const {
+Corrections AdviceSearch::for_limit(std::size_t group, const std::vector<NumberSet> &around) const {
+  const FoundConflict &conflict = conflicts_[groups_[group].front()];
   NumberSet parts;
   for (const std::uint32_t party : conflict.parties) {
     const std::uint32_t part = own_part(context_, party);
@@ -111,9 +112,7 @@ Corrections AdviceSearch::for_limit(const FoundConflict &conflict, const std::ve
   for (std::size_t number = std::min(conflict.too_many, parts.size()); number > 0 && number <= parts.size(); ++number) {
     if (context_.oracle.has_ended() || number > conflict.too_many + kMostSurroundings) return result;
     const NumberSet reverted = first(number);
-    const bool helps = std::all_of(around.begin(), around.end(),
-                                   [&](const NumberSet &entries) { return is_silent(entries, reverted); });
-    if (!helps) continue;
+    if (!helps({group}, around, reverted)) continue;
     result.sets.push_back(reverted);
     result.enough = number < parts.size() ? number : 0;
     result.has_all = false;
@@ -158,6 +157,29 @@ std::vector<NumberSet> AdviceSearch::surroundings(const std::vector<std::size_t>
     result.push_back(context_.entries.closure(united(rest, own_entries)));
   }
   return result;
+}
+
+NumberSet AdviceSearch::messages_of(const std::vector<std::size_t> &groups) const {
+  NumberSet messages;
+  for (const std::size_t group : groups) {
+    for (const std::size_t conflict : groups_[group]) messages.push_back(conflicts_[conflict].message);
+  }
+  normalise(messages);
+  return messages;
+}
+
+// Beside what the findings need, others may be drawn: these are told by themselves and may stay. The whole commit shows
+// what would come new with parties of other findings.
+bool AdviceSearch::helps(const std::vector<std::size_t> &groups, const std::vector<NumberSet> &around,
+                         const NumberSet &reverted) const {
+  const NumberSet own = messages_of(groups);
+  const bool is_gone = std::all_of(around.begin(), around.end(), [&](const NumberSet &entries) {
+    const std::optional<NumberSet> answer = context_.oracle.ask({entries, reverted});
+    return answer && intersection(*answer, own).empty() && is_subset(*answer, messages_);
+  });
+  if (!is_gone || context_.locality != nullptr) return is_gone;
+  const std::optional<NumberSet> whole = context_.oracle.ask({context_.entries.all(), reverted});
+  return whole && is_subset(*whole, messages_);
 }
 
 bool AdviceSearch::is_silent(const NumberSet &entries, const NumberSet &reverted) const {

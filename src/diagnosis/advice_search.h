@@ -24,18 +24,22 @@ class AdviceSearch {
 
  private:
   Corrections for_groups(const std::vector<std::size_t> &groups) const;
-  Corrections for_limit(const FoundConflict &conflict, const std::vector<NumberSet> &around) const;
+  Corrections for_limit(std::size_t group, const std::vector<NumberSet> &around) const;
   Corrections together();
   std::vector<std::vector<std::size_t>> groups_that_share_parts() const;
   NumberSet entries_of(const std::vector<std::size_t> &groups) const;
   NumberSet candidates(const NumberSet &entries) const;
   std::vector<NumberSet> surroundings(const std::vector<std::size_t> &groups) const;
+  bool helps(const std::vector<std::size_t> &groups, const std::vector<NumberSet> &around,
+             const NumberSet &reverted) const;
+  NumberSet messages_of(const std::vector<std::size_t> &groups) const;
   bool is_silent(const NumberSet &entries, const NumberSet &reverted) const;
 
   const SearchContext &context_;
   const FoundConflicts &conflicts_;
   const std::vector<ConflictGroup> &groups_;
   std::vector<std::size_t> group_of_;  ///< by conflict
+  NumberSet messages_;                 ///< of all conflicts
   std::vector<Corrections> corrections_;
 };
 

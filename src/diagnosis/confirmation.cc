@@ -4,13 +4,26 @@
 #include <string_view>
 
 namespace diagnosis {
+
+bool is_in_force(const SearchContext &context, const NumberSet &entries, std::uint32_t message) {
+  const bool is_nothing = std::none_of(entries.begin(), entries.end(), [&](std::uint32_t entry) {
+    return context.entries.node(entry).before != nullptr;
+  });
+  if (is_nothing) return false;
+  const std::optional<NumberSet> answer = context.oracle.ask({entries, {}, true});
+  return answer && contains(*answer, message);
+}
+
 namespace {
 
-/// Conflicts that stay or go together: all of a limit that share parties, or a single one.
+/// Conflicts that stay or go together: all of a limit that share parties, all that differ in their triggers only, or a
+/// single one.
 struct Cluster {
   NumberSet entries;
   NumberSet parties;
   std::uint32_t message = 0;
+  bool is_preexisting = false;
+  NumberSet own_parties;  ///< without the triggers
   std::vector<std::size_t> conflicts;
 };
 
@@ -20,11 +33,15 @@ void join(Cluster &cluster, const Cluster &other) {
   cluster.conflicts.insert(cluster.conflicts.end(), other.conflicts.begin(), other.conflicts.end());
 }
 
-/// Moves the clusters of the same limit that share a party, or of the same list, into `own`.
+/// Moves the clusters that belong to `own` into it.
 void join_same(const SearchContext &context, std::vector<Cluster> &clusters, Cluster &own) {
-  const bool is_list = !context.messages[own.message].counts();
+  const Message &message = context.messages[own.message];
   const auto is_same = [&](const Cluster &other) {
-    return other.message == own.message && (is_list || !intersection(other.parties, own.parties).empty());
+    if (other.message != own.message) return false;
+    if (!message.is_cumulative()) {
+      return own.is_preexisting && other.is_preexisting && own.own_parties == other.own_parties;
+    }
+    return !message.counts() || !intersection(other.parties, own.parties).empty();
   };
   while (true) {
     const auto same = std::find_if(clusters.begin(), clusters.end(), is_same);
@@ -38,8 +55,9 @@ std::vector<Cluster> clusters_of(const SearchContext &context, const FoundConfli
   std::vector<Cluster> clusters;
   for (std::size_t i = 0; i < conflicts.size(); ++i) {
     const FoundConflict &conflict = conflicts[i];
-    Cluster own{conflict.entries, conflict.innermost(), conflict.message, {i}};
-    if (context.messages[conflict.message].is_cumulative()) join_same(context, clusters, own);
+    Cluster own{conflict.entries,        conflict.innermost(), conflict.message,
+                conflict.is_preexisting, conflict.parties,     {i}};
+    if (own.is_preexisting || context.messages[own.message].is_cumulative()) join_same(context, clusters, own);
     clusters.push_back(std::move(own));
   }
   return clusters;
@@ -65,15 +83,6 @@ std::vector<std::uint32_t> count_parties(const Entries &entries, const std::vect
   return counts;
 }
 
-bool runs_in_force(const SearchContext &context, const NumberSet &entries, std::uint32_t message) {
-  const bool is_nothing = std::none_of(entries.begin(), entries.end(), [&](std::uint32_t entry) {
-    return context.entries.node(entry).before != nullptr;
-  });
-  if (is_nothing) return false;
-  const std::optional<NumberSet> answer = context.oracle.ask({entries, {}, true});
-  return answer && contains(*answer, message);
-}
-
 /// What makes the library look: innermost entries that the commit touches, removed ones first, then added ones.
 NumberSet possible_triggers(const Entries &entries, const FoundConflict &conflict) {
   NumberSet order;
@@ -91,7 +100,7 @@ NumberSet without_bystanders(const SearchContext &context, NumberSet set, std::u
     is_stable = true;
     for (const std::uint32_t entry : context.entries.innermost(set)) {
       const NumberSet rest = minus(set, {entry});
-      if (!runs_in_force(context, rest, message)) continue;
+      if (!is_in_force(context, rest, message)) continue;
       set = rest;
       is_stable = false;
       break;
@@ -128,16 +137,18 @@ void drop_mended(const SearchContext &context, FoundConflicts &conflicts) {
 // Where the fault is in force without an entry, that entry only makes the library look. What stood around it alone goes
 // with it, unless the fault is its own.
 void find_triggers(const SearchContext &context, FoundConflict &conflict) {
+  const bool counts = context.messages[conflict.message].counts();
+  if (counts && !is_in_force(context, conflict.entries, conflict.message)) return;
   NumberSet core = conflict.entries;
   for (const std::uint32_t entry : possible_triggers(context.entries, conflict)) {
     const NumberSet rest = minus(core, {entry});
-    if (!runs_in_force(context, rest, conflict.message)) continue;
+    if (!is_in_force(context, rest, conflict.message)) continue;
     conflict.triggers.push_back(entry);
     core = rest;
   }
   normalise(conflict.triggers);
   if (conflict.triggers.empty()) {
-    conflict.is_preexisting = runs_in_force(context, conflict.entries, conflict.message);
+    conflict.is_preexisting = is_in_force(context, conflict.entries, conflict.message);
     return;
   }
   conflict.is_preexisting = true;

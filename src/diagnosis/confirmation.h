@@ -10,6 +10,9 @@ namespace diagnosis {
 /// does. The parties of a limit's conflict are all that it counts.
 void drop_mended(const SearchContext &context, FoundConflicts &conflicts);
 
+/// The message is drawn when the running configuration's part of the closed set is committed to an empty element.
+bool is_in_force(const SearchContext &context, const NumberSet &entries, std::uint32_t message);
+
 /// Tells the triggers of a conflict apart, and whether the running configuration has the fault.
 void find_triggers(const SearchContext &context, FoundConflict &conflict);
 

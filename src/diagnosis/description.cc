@@ -124,6 +124,7 @@ Finding describe_finding(const SearchContext &context, const FoundConflicts &con
                    candidate_tree(smallest, context.entries, context.changes)},
                   {},
                   {}};
+  if (context.messages[first.message].counts()) finding.enough = first.too_many;
   for (const std::size_t i : group) {
     const FoundConflict &conflict = conflicts[i];
     finding.is_preexisting = finding.is_preexisting || conflict.is_preexisting;

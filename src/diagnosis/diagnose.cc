@@ -9,6 +9,7 @@
 #include "diagnosis/description.h"
 #include "diagnosis/exhaustive_search.h"
 #include "diagnosis/grouping.h"
+#include "diagnosis/limit_search.h"
 
 namespace diagnosis {
 namespace {
@@ -43,6 +44,7 @@ class Diagnoser {
 
   Diagnosis run(const host::Verdict &verdict) {
     find_conflicts(verdict);
+    join_limits(context_, conflicts_);
     const std::vector<ConflictGroup> groups = group_conflicts(context_, conflicts_);
     AdviceSearch advice(context_, conflicts_, groups);
     advice.for_each();
@@ -66,8 +68,8 @@ class Diagnoser {
     const std::uint64_t sets = count_closed_sets(entries_, kMostEnumeratedSets + 1);
     if (sets <= std::min(kMostEnumeratedSets, options_.budget.calls) && entries_.size() < 32) {
       conflicts_ = find_all_by_enumeration(context_);
-      drop_mended(context_, conflicts_);
       for (FoundConflict &conflict : conflicts_) find_triggers(context_, conflict);
+      drop_mended(context_, conflicts_);
       return;
     }
     locality_.emplace(entries_);

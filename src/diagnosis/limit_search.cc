@@ -1,9 +1,11 @@
 #include "diagnosis/limit_search.h"
 
 #include <algorithm>
+#include <bit>
 #include <map>
 #include <string_view>
 
+#include "diagnosis/confirmation.h"
 #include "diagnosis/minimisation.h"
 #include "diagnosis/port_use.h"
 
@@ -104,7 +106,56 @@ class LimitSearch {
   std::string_view text_;
 };
 
+constexpr std::size_t kFewParties = 12;
+
+/// The smallest number of parties whose leaving out silences a limit of few parties: every choice is asked about.
+std::size_t count_too_many(const SearchContext &context, const FoundConflict &conflict) {
+  const std::size_t parties = conflict.parties.size();
+  std::size_t fewest = parties;
+  for (std::uint32_t choice = 1; choice < (1U << parties); ++choice) {
+    const auto number = static_cast<std::size_t>(std::popcount(choice));
+    if (number >= fewest) continue;
+    NumberSet gone;
+    for (std::size_t i = 0; i < parties; ++i) {
+      if ((choice >> i & 1U) != 0) gone.push_back(conflict.parties[i]);
+    }
+    const std::optional<NumberSet> answer =
+        context.oracle.ask({context.entries.without(conflict.entries, gone), {}, false});
+    if (!answer) break;
+    if (!contains(*answer, conflict.message)) fewest = number;
+  }
+  return fewest;
+}
+
+void take_in(FoundConflict &conflict, const FoundConflict &other) {
+  conflict.entries = united(conflict.entries, other.entries);
+  conflict.parties = united(conflict.parties, other.parties);
+  conflict.triggers = minus(united(conflict.triggers, other.triggers), conflict.parties);
+  conflict.too_many = std::max(conflict.too_many, other.too_many);
+  conflict.is_minimal = conflict.is_minimal && other.is_minimal;
+}
+
 }  // namespace
+
+void join_limits(const SearchContext &context, FoundConflicts &conflicts) {
+  FoundConflicts joined;
+  for (FoundConflict &conflict : conflicts) {
+    const bool counts = context.messages[conflict.message].counts();
+    for (auto other = joined.begin(); counts && other != joined.end();) {
+      const bool is_same =
+          other->message == conflict.message && !intersection(other->parties, conflict.parties).empty();
+      if (is_same) take_in(conflict, *other);
+      other = is_same ? joined.erase(other) : other + 1;
+    }
+    joined.push_back(std::move(conflict));
+  }
+  conflicts = std::move(joined);
+  for (FoundConflict &conflict : conflicts) {
+    if (!context.messages[conflict.message].counts() || conflict.parties.empty()) continue;
+    if (conflict.parties.size() <= kFewParties) conflict.too_many = count_too_many(context, conflict);
+    conflict.is_preexisting = is_in_force(context, context.entries.closure(conflict.parties), conflict.message);
+  }
+}
 
 FoundConflict find_exceeded_limit(const SearchContext &context, const NumberSet &entries, std::uint32_t message) {
   return LimitSearch(context, entries, message).run();

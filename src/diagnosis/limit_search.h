@@ -9,6 +9,9 @@ namespace diagnosis {
 /// fewest without which the message is gone, by bisection. Those that take most of the limit are left out first.
 FoundConflict find_exceeded_limit(const SearchContext &context, const NumberSet &entries, std::uint32_t message);
 
+/// Makes one conflict of those of one limit that share a party, with all that it counts.
+void join_limits(const SearchContext &context, FoundConflicts &conflicts);
+
 }  // namespace diagnosis
 
 #endif
