@@ -2,6 +2,7 @@
 #define REPORT_CHECK_REPORT_H
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,7 @@ struct CheckReport {
   std::string build_id;
   std::vector<ListedChange> changes;
   host::Verdict verdict;
+  std::optional<host::Verdict> rollback;  ///< on the way back, where it was asked for; see CommitReport::rollback
   bool with_trace = false;
 };
 

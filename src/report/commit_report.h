@@ -41,6 +41,8 @@ struct CommitReport {
   AdviceReport advice;  ///< for all findings together
   SearchReport search;
   std::vector<std::string> unused_suppressions;  ///< "FILE:LINE: RULE PATH" of those that fit no finding
+  bool is_rollback = false;                      ///< it leads from another commit's candidate back
+  std::vector<CommitReport> rollback;            ///< the way back where it was decided: one, else none
 };
 
 /// Whether it is proven that there are no findings but those that are told.

@@ -88,6 +88,7 @@ CLI::App *add_check(CLI::App &program, CheckArguments &check) {
   command->add_flag("--trace", check.trace, "Add what the library wrote to its trace");
   add_search_options(*command, check);
   command->add_flag("--fail-on-warn", check.fail_on_warn, "End with status 2 when a commit is accepted with warnings");
+  command->add_flag("--rollback", check.rollback, "Decide the way back, too: from the candidate to the running");
   return command;
 }
 

@@ -34,6 +34,7 @@ struct CheckArguments {
   bool derived = false;
   bool trace = false;
   bool fail_on_warn = false;
+  bool rollback = false;  ///< decide the way back, too
   bool all_faults = false;
   diagnosis::Budget budget;
   std::string suppressions;  ///< a file; empty: none

@@ -1,6 +1,9 @@
 #include "cli/commands/check_command.h"
 
+#include <utility>
+
 #include "cli/commands/output_format.h"
+#include "cli/commands/rollback.h"
 #include "cli/commands/search.h"
 #include "cli/input/commit_input.h"
 #include "cli/input/plugin_file.h"
@@ -11,6 +14,7 @@
 #include "report/escape/printable.h"
 #include "report/suppressions.h"
 #include "report/text/findings_text.h"
+#include "report/text/rollback_text.h"
 #include "report/text/verdict_text.h"
 
 namespace cli {
@@ -26,6 +30,8 @@ ExitStatus status_of(const report::CheckReport &report, bool fail_on_warn) {
   if (report.verdict.decision == host::Decision::rejected) return ExitStatus::rejected;
   return fail_on_warn && has_open_warning(report) ? ExitStatus::accepted_with_warnings : ExitStatus::accepted;
 }
+
+ExitStatus worse(ExitStatus a, ExitStatus b) { return severity(a) < severity(b) ? b : a; }
 
 std::string name_of(const InputArguments &input) { return input.directory.empty() ? input.candidate : input.directory; }
 
@@ -58,13 +64,24 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
 
   search(arguments, environment, input, plugin, session, report);
   suppressions.apply(report.commit.findings);
-  report.commit.unused_suppressions = suppressions.unused();
   report::write_findings(human, report.commit, style);
+  ExitStatus status = status_of(report, arguments.fail_on_warn);
+  if (arguments.rollback) {
+    human.flush();
+    report::CheckReport back = decide_rollback(arguments, environment, input, report.commit.name, plugin, session);
+    suppressions.apply(back.commit.findings);
+    report::write_rollback_verdict(human, back.verdict, style);
+    report::write_findings(human, back.commit, style);
+    status = worse(status, status_of(back, arguments.fail_on_warn));
+    report.rollback = std::move(back.verdict);
+    report.commit.rollback.push_back(std::move(back.commit));
+  }
+  report.commit.unused_suppressions = suppressions.unused();
   for (const std::string &line : report.commit.unused_suppressions) {
     environment.err << "vpnval: unused suppression: " << report::printable(line) << '\n';
   }
   write_document(environment.out, arguments.format, report);
-  return status_of(report, arguments.fail_on_warn);
+  return status;
 }
 
 }  // namespace cli

@@ -8,6 +8,7 @@
 #include "report/ci/sarif.h"
 #include "report/json/series_json.h"
 #include "report/json/verdict_json.h"
+#include "report/rollback.h"
 #include "report/text/series_text.h"
 
 namespace cli {
@@ -20,7 +21,7 @@ class DocumentAtEnd : public report::SeriesOutput {
   DocumentAtEnd(std::ostream &out, Writer writer) : out_(out), writer_(writer) {}
 
   void write(report::CommitResult result) override { commits_.push_back(std::move(result.commit)); }
-  void finish(const report::SeriesSummary &, int) override { writer_(out_, commits_); }
+  void finish(const report::SeriesSummary &, int) override { writer_(out_, report::with_rollbacks(commits_)); }
 
  private:
   std::ostream &out_;
@@ -37,11 +38,11 @@ void write_document(std::ostream &out, Format format, const report::CheckReport 
     case Format::json:
       return report::write_json(out, report);
     case Format::sarif:
-      return report::write_sarif(out, {report.commit});
+      return report::write_sarif(out, report::with_rollbacks({report.commit}));
     case Format::junit:
-      return report::write_junit(out, {report.commit});
+      return report::write_junit(out, report::with_rollbacks({report.commit}));
     case Format::github:
-      return report::write_github(out, {report.commit});
+      return report::write_github(out, report::with_rollbacks({report.commit}));
   }
 }
 

@@ -17,17 +17,22 @@ class CommitInput {
   /// Throws element::InputError, or element::FileError for a file that cannot be read.
   explicit CommitInput(InputFiles files);
 
+  /// The way back: from the candidate to the running configuration.
+  CommitInput reversed() const;
+
   const InputFiles &files() const { return files_; }
   const report::InputTexts &texts() const { return texts_; }
   const element::Profile &profile() const { return profile_; }
-  const element::Schema &schema() const { return schema_; }
+  const element::Schema &schema() const { return *schema_; }
   const element::Transaction &transaction() const { return *transaction_; }
 
  private:
+  CommitInput() = default;
+
   InputFiles files_;
   report::InputTexts texts_;
   element::Profile profile_;
-  element::Schema schema_;
+  std::shared_ptr<const element::Schema> schema_;
   std::unique_ptr<const element::Transaction> transaction_;
 };
 

@@ -38,15 +38,16 @@ void write_command(std::ostream &out, std::string_view command, const FilePlace 
   out << "title=" << property(title) << "::" << message_data(message) << '\n';
 }
 
-void write_finding(std::ostream &out, const Finding &finding) {
+void write_finding(std::ostream &out, const Finding &finding, bool is_rollback) {
   std::ostringstream message;
   message.exceptions(std::ios::badbit);  // else a text would be cut where memory runs out
   message << printable(finding.message) << '\n';
   write_explanation(message, finding, TextStyle(false));
   std::string text = message.str();
   text.pop_back();
+  const std::string &title = finding.rule.empty() ? finding.point : finding.rule;
   write_command(out, finding.is_warning ? "warning" : "error", finding.place,
-                finding.rule.empty() ? finding.point : finding.rule, text);
+                is_rollback ? title + " (the way back)" : title, text);
 }
 
 }  // namespace
@@ -55,7 +56,7 @@ void write_github(std::ostream &out, const std::vector<CommitReport> &commits) {
   for (const CommitReport &commit : commits) {
     if (!commit.decision) write_command(out, "error", {}, commit.name, printable(commit.error));
     for (const Finding &finding : commit.findings) {
-      if (!finding.suppressed) write_finding(out, finding);
+      if (!finding.suppressed) write_finding(out, finding, commit.is_rollback);
     }
     const std::string search_end = search_end_text(commit.search);
     if (!search_end.empty()) write_command(out, "notice", {}, commit.name, search_end);

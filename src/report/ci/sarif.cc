@@ -79,6 +79,7 @@ class ResultWriter {
                           {"from-device", finding.from_device},
                           {"preexisting", finding.is_preexisting},
                           {"minimal", finding.is_minimal}};
+    if (commit.is_rollback) json["properties"]["rollback"] = true;
     return json;
   }
 

@@ -9,6 +9,7 @@
 #include "report/json/array.h"
 #include "report/json/finding_json.h"
 #include "report/json/node_json.h"
+#include "report/rollback.h"
 
 namespace report {
 namespace {
@@ -57,6 +58,24 @@ host::Decision read_decision(const std::string &text) {
   throw DocumentError(fmt::format("decision \"{}\" is none that is known", text));
 }
 
+/// The way back, as far as it differs from the commit by more than its direction.
+ordered_json rollback_json(const CommitReport &rollback, const host::Verdict &verdict) {
+  return {{"decision", decision_name(verdict.decision)}, {"total", total_json(verdict)},
+          {"points", array(verdict.points, point_json)}, {"findings", findings_json(rollback.findings)},
+          {"advice", advice_json(rollback.advice)},      {"search", search_json(rollback.search)}};
+}
+
+CommitReport read_rollback(const ordered_json &json, const std::string &name) {
+  CommitReport rollback;
+  rollback.name = rollback_name(name);
+  rollback.is_rollback = true;
+  rollback.decision = read_decision(json.at("decision").get<std::string>());
+  rollback.findings = read_findings(json.at("findings"));
+  rollback.advice = read_advice(json.at("advice"));
+  rollback.search = read_search(json.at("search"));
+  return rollback;
+}
+
 CommitReport read(const ordered_json &json, const std::string &name) {
   const int version = json.at("schema-version").get<int>();
   if (version != json_schema_version) {
@@ -69,6 +88,7 @@ CommitReport read(const ordered_json &json, const std::string &name) {
   commit.advice = read_advice(json.at("advice"));
   commit.search = read_search(json.at("search"));
   commit.unused_suppressions = json.at("unused-suppressions").get<std::vector<std::string>>();
+  if (json.contains("rollback")) commit.rollback.push_back(read_rollback(json["rollback"], name));
   return commit;
 }
 
@@ -90,6 +110,7 @@ void write_json(std::ostream &out, const CheckReport &report) {
   json["advice"] = advice_json(report.commit.advice);
   json["search"] = search_json(report.commit.search);
   json["unused-suppressions"] = report.commit.unused_suppressions;
+  if (report.rollback) json["rollback"] = rollback_json(report.commit.rollback.front(), *report.rollback);
   if (report.with_trace) json["trace"] = report.verdict.statistics.trace;
   // A message may end within a character: the library cuts long names at a number of bytes.
   out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';

@@ -21,7 +21,11 @@ std::string outcome_text(const CommitReport &commit, const TextStyle &style) {
 }  // namespace
 
 void SeriesText::write(CommitResult result) {
-  const CommitReport &commit = result.commit;
+  write_commit(result.commit);
+  for (const CommitReport &rollback : result.commit.rollback) write_commit(rollback);
+}
+
+void SeriesText::write_commit(const CommitReport &commit) {
   out_ << printable(commit.name) << ": " << outcome_text(commit, style_) << '\n';
   std::size_t number = 0;
   for (const Finding &finding : commit.findings) {

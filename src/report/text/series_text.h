@@ -17,6 +17,8 @@ class SeriesText : public SeriesOutput {
   void finish(const SeriesSummary &summary, int exit_status) override;
 
  private:
+  void write_commit(const CommitReport &commit);
+
   std::ostream &out_;
   TextStyle style_;
   bool has_gap_ = false;  ///< what was written last is a blank line
