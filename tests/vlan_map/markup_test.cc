@@ -22,6 +22,11 @@ TEST(Markup, text_is_content_and_attribute_value) {
   for (const auto &[text, markup] : rows) EXPECT_EQ(to_markup(text), markup);
 }
 
+TEST(Markup, only_the_named_characters_become_references) {
+  EXPECT_EQ(to_markup("VPN's <a> & \"b\"", "&<>\""), "VPN's &lt;a&gt; &amp; &quot;b&quot;");
+  EXPECT_EQ(to_markup("'\x01\xff", ""), "'\\x01" + replacement);
+}
+
 TEST(Markup, what_would_not_show_is_written_as_an_escape) {
   const std::vector<std::pair<std::string, std::string>> rows{
       {std::string("a\0b", 3), "a\\x00b"}, {"\n\t\r", "\\n\\x09\\x0d"},

@@ -47,12 +47,13 @@ std::string_view reference_for(char32_t code) {
 
 }  // namespace
 
-std::string to_markup(std::string_view text) {
+std::string to_markup(std::string_view text, std::string_view marked) {
   std::string markup;
   markup.reserve(text.size());
   while (!text.empty()) {
     const char32_t code = element::take_character(text);
-    const std::string_view reference = reference_for(code);
+    const bool is_marked = code < 0x80 && marked.find(static_cast<char>(code)) != std::string_view::npos;
+    const std::string_view reference = is_marked ? reference_for(code) : std::string_view();
     if (reference.empty()) {
       append(markup, code);
     } else {
