@@ -16,7 +16,7 @@ namespace report {
 
 /// What `check` found out, for every output format.
 struct CheckReport {
-  CommitReport commit;  ///< its decision is set with the verdict
+  CommitReport commit;  ///< decision and unreadable names are set with the verdict
   InputFiles inputs;
   std::string plugin_file;  ///< the file that decided
   std::string build_id;

@@ -59,6 +59,7 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
   human.flush();
   report.verdict = host::validate_commit(plugin, session, input.transaction(), {.all_points = arguments.all_points});
   report.commit.decision = report.verdict.decision;
+  report.commit.unreadable = report::unreadable_names(report.verdict.unreadable);
   report::write_verdict(human, report, style);
   human.flush();
 

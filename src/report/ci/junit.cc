@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "element/input/utf8.h"
+#include "report/escape/markup.h"
 #include "report/escape/printable.h"
 #include "report/text/explanation_text.h"
 #include "report/text/findings_text.h"
@@ -25,24 +25,20 @@ Outcome outcome_of(const CommitReport &commit) {
   return count_open(commit.findings, false) != 0 ? Outcome::failed : Outcome::skipped;
 }
 
-/// Text for an element's content. Control characters, which XML cannot hold, are written as printable() writes them.
-std::string xml(std::string_view text) {
+/// A value for an attribute, which stands in double quotes: an apostrophe needs no reference. Line breaks, which would
+/// be lost, and control characters, which XML cannot hold, are escapes.
+std::string attribute(std::string_view text) { return to_markup(text, "&<>\""); }
+
+/// An element's content: the same, but lines stay lines.
+std::string content(const std::string &text) {
   std::string result;
-  std::istringstream lines{element::replace_invalid_utf8(text)};
+  std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) {
     if (!result.empty()) result += '\n';
-    result += printable(line);
-  }
-  for (const auto &[character, reference] : {std::pair{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}}) {
-    for (std::size_t at = 0; (at = result.find(character, at)) != std::string::npos; ++at) {
-      result.replace(at, 1, reference);
-    }
+    result += attribute(line);
   }
   return result;
 }
-
-/// The same for an attribute, where a line break would be lost.
-std::string attribute(std::string_view text) { return xml(printable(text)); }
 
 std::string finding_text(const Finding &finding) {
   std::ostringstream text;
@@ -57,7 +53,7 @@ void write_failure(std::ostream &out, const std::vector<Finding> &findings) {
   out << fmt::format("      <failure message=\"{}\" type=\"{}\">", attribute(first->message),
                      attribute(first->rule.empty() ? first->point : first->rule));
   for (const Finding &finding : findings) {
-    if (is_open_rejection(finding)) out << xml(finding_text(finding)) << '\n';
+    if (is_open_rejection(finding)) out << content(finding_text(finding)) << '\n';
   }
   out << "</failure>\n";
 }
@@ -80,11 +76,12 @@ void write_case(std::ostream &out, const CommitReport &commit) {
   out << fmt::format("    <testcase classname=\"vpnval.check\" name=\"{}\" time=\"0\">\n", attribute(commit.name));
   write_outcome(out, commit);
   std::string output;
+  for (const UnreadableName &name : commit.unreadable) output += content(to_text(name)) + "\n";
   for (const Finding &finding : commit.findings) {
-    if (!is_open_rejection(finding)) output += xml(finding_text(finding)) + "\n";
+    if (!is_open_rejection(finding)) output += content(finding_text(finding)) + "\n";
   }
   const std::string search_end = search_end_text(commit.search);
-  if (!search_end.empty()) output += search_end + '\n';
+  if (!search_end.empty()) output += content(search_end) + '\n';
   if (!output.empty()) out << "      <system-out>" << output << "</system-out>\n";
   out << "    </testcase>\n";
 }

@@ -116,6 +116,9 @@ ordered_json invocation_json(const std::vector<CommitReport> &commits) {
   ordered_json notifications = ordered_json::array();
   for (const CommitReport &commit : commits) {
     all_decided = all_decided && commit.decision;
+    for (const UnreadableName &name : commit.unreadable) {
+      notifications.push_back(notification_json("warning", commit.name, to_text(name)));
+    }
     const std::string search_end = search_end_text(commit.search);
     if (!commit.decision) notifications.push_back(notification_json("error", commit.name, commit.error));
     if (!search_end.empty()) notifications.push_back(notification_json("warning", commit.name, search_end));

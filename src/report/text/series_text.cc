@@ -27,6 +27,7 @@ void SeriesText::write(CommitResult result) {
 
 void SeriesText::write_commit(const CommitReport &commit) {
   out_ << printable(commit.name) << ": " << outcome_text(commit, style_) << '\n';
+  for (const UnreadableName &name : commit.unreadable) out_ << style_(Accent::warning, to_text(name)) << '\n';
   std::size_t number = 0;
   for (const Finding &finding : commit.findings) {
     out_ << fmt::format("{}. ", ++number);

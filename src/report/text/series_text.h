@@ -8,7 +8,7 @@
 
 namespace report {
 
-/// A line a commit, below it its findings with their explanations; at the end the summary.
+/// A line a commit, below it what could not be read, its findings with their explanations; at the end the summary.
 class SeriesText : public SeriesOutput {
  public:
   SeriesText(std::ostream &out, const TextStyle &style) : out_(out), style_(style) {}

@@ -88,6 +88,7 @@ void write_verdict(std::ostream &out, const CheckReport &report, const TextStyle
   out << fmt::format("\ncommit {}: {} of {} points asked, {} accepted, {} with a warning, {} rejected\n",
                      decision(report.verdict.decision, style), report.verdict.points.size(),
                      report.verdict.points_fired, counts.accepted, counts.warned, counts.rejected);
+  for (const UnreadableName &name : report.commit.unreadable) out << style(Accent::warning, to_text(name)) << '\n';
   out << fmt::format("decided by {}, build id {}\n", printable(report.plugin_file), report.build_id);
 }
 

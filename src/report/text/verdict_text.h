@@ -12,7 +12,8 @@ namespace report {
 /// A line a change, "+" added, "-" removed, "~" changed; what belongs to one outermost list entry stands below it.
 void write_changes(std::ostream &out, const std::vector<ListedChange> &changes, const TextStyle &style);
 
-/// A line a validation point that was asked, the trace if it was wanted, the total, and the library that decided.
+/// A line a validation point that was asked, the trace if it was wanted, the total, a line a name because of
+/// which questions could not be read, and the library that decided.
 void write_verdict(std::ostream &out, const CheckReport &report, const TextStyle &style);
 
 }  // namespace report
