@@ -33,4 +33,22 @@ void Interrupts::throw_if_any() const {
   if (caught_signal != 0) throw Interrupted{caught_signal};
 }
 
+StopRequest::StopRequest() {
+  caught_signal = 0;
+  for (std::size_t i = 0; i < kSignals.size(); ++i) {
+    sigaction(kSignals[i], nullptr, &before_[i]);
+    if (before_[i].sa_handler == SIG_IGN) continue;
+    struct sigaction action {};
+    action.sa_handler = note;
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
+    sigaction(kSignals[i], &action, nullptr);
+  }
+}
+
+StopRequest::~StopRequest() {
+  for (std::size_t i = 0; i < kSignals.size(); ++i) sigaction(kSignals[i], &before_[i], nullptr);
+}
+
+bool StopRequest::has_come() const { return caught_signal != 0; }
+
 }  // namespace process

@@ -34,6 +34,23 @@ class Interrupts {
   std::array<struct sigaction, kSignals.size()> before_{};
 };
 
+/// While it lives, the first SIGINT or SIGTERM asks this process to come to its end, which it does by itself; a second
+/// one ends it as usual. A signal that is ignored stays so. One object at a time.
+class StopRequest {
+ public:
+  StopRequest();
+  ~StopRequest();
+  StopRequest(const StopRequest &) = delete;
+  StopRequest &operator=(const StopRequest &) = delete;
+
+  bool has_come() const;
+
+ private:
+  static constexpr std::array<int, 2> kSignals{SIGINT, SIGTERM};
+
+  std::array<struct sigaction, kSignals.size()> before_{};
+};
+
 }  // namespace process
 
 #endif

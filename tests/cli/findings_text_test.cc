@@ -246,11 +246,19 @@ TEST(FindingsText, a_fault_of_the_running_configuration_is_told_as_such) {
       text_of(commit).find("\n   the running configuration has this fault\n"
                            "   makes the library look:\n"
                            "     + vpws-group branches, vpn new: added by this commit (night/42/candidate.xml:30)\n"
-                           "   to do: take back + /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{new} "
-                           "(night/42/candidate.xml:30)\n"
-                           "      or: mend the fault in the running configuration first\n"),
+                           "   to do: mend the fault in the running configuration first\n"
+                           "      or: take back + /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{new} "
+                           "(night/42/candidate.xml:30)\n"),
       std::string::npos)
       << text_of(commit);
+}
+
+TEST(FindingsText, conflicts_that_differ_in_their_triggers_alone_are_told_once) {
+  report::Finding finding = in_force(same_dot1q());
+  finding.triggers.push_back(finding.triggers[0]);
+  finding.conflicts.push_back(finding.conflicts[0]);
+  finding.conflicts[1].triggers = {1};
+  EXPECT_EQ(text_of(decided({finding})).find("in conflict"), std::string::npos);
 }
 
 TEST(FindingsText, a_message_that_the_search_did_not_come_to_has_its_node_alone) {

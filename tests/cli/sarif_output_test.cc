@@ -126,6 +126,16 @@ TEST(SarifOutput, a_party_that_the_commit_leaves_alone_is_related_even_where_it_
   EXPECT_EQ(result.at("locations").at(0).at("logicalLocations").at(0).at("fullyQualifiedName"), finding.path);
 }
 
+TEST(SarifOutput, what_makes_the_library_look_is_related_and_said_to_be_that) {
+  const json result = results_of({decided({in_force(same_dot1q())})}).at(0);
+  const json &related = result.at("relatedLocations");
+  ASSERT_EQ(related.size(), 2u);
+  EXPECT_EQ(related.at(1).at("id"), 2);
+  EXPECT_EQ(related.at(1).at("message").at("text"),
+            "makes the library look: vpws-group branches, vpn new: added by this commit");
+  EXPECT_EQ(result.at("properties").at("preexisting"), true);
+}
+
 TEST(SarifOutput, fingerprints_stay_while_lines_move_and_tell_faults_apart) {
   report::Finding moved = same_dot1q();
   moved.place.line = 500;

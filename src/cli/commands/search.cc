@@ -7,6 +7,7 @@
 #include "cli/command_line/budget.h"
 #include "cli/terminal/progress.h"
 #include "diagnosis/diagnose.h"
+#include "process/interrupts.h"
 #include "report/findings.h"
 
 namespace cli {
@@ -47,11 +48,13 @@ diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Enviro
   diagnosis.end = diagnosis::SearchEnd::calls;
   if (is_nothing(options.budget)) return diagnosis;
 
+  const process::StopRequest stop;
   Progress progress(environment.err, environment.err_is_terminal, environment.clock);
   diagnosis::Options told = options;
   told.progress = [&progress](std::uint64_t calls, std::size_t faults) {
     progress.update([=] { return fmt::format("searching: {} calls of the library, faults found: {}", calls, faults); });
   };
+  told.is_interrupted = [&stop] { return stop.has_come(); };
   return diagnosis::diagnose(plugin, session, input.transaction(), verdict, told);
 }
 

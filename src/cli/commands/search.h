@@ -12,7 +12,8 @@
 namespace cli {
 
 /// Has what draws each message of the device's verdict looked for, within the budget, and shows on `err` how far that
-/// is. Nothing is looked for on an accepted commit, nor with a budget that allows no search.
+/// is. Nothing is looked for on an accepted commit, nor with a budget that allows no search. SIGINT and SIGTERM end
+/// the search, and what was found by then is returned.
 diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Environment &environment,
                                  const CommitInput &input, const host::Plugin &plugin, host::HostSession &session,
                                  const host::Verdict &verdict);

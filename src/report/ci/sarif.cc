@@ -33,9 +33,9 @@ ordered_json node_location(const FilePlace *place, std::string_view path) {
   return json;
 }
 
-ordered_json party_location(const PartyReport &party) {
+ordered_json party_location(const PartyReport &party, std::string_view lead = "") {
   ordered_json json = node_location(place_of(party.node), party.node.path);
-  json["message"] = message_json(fmt::format("{}: {}", title_of(party), status_text(party.node)));
+  json["message"] = message_json(fmt::format("{}{}: {}", lead, title_of(party), status_text(party.node)));
   return json;
 }
 
@@ -99,6 +99,10 @@ class ResultWriter {
     ordered_json related = ordered_json::array();
     for (std::size_t i = is_party ? 1 : 0; i < finding.parties.size(); ++i) {
       related.push_back(party_location(finding.parties[i]));
+      related.back()["id"] = related.size();
+    }
+    for (const PartyReport &trigger : finding.triggers) {
+      related.push_back(party_location(trigger, "makes the library look: "));
       related.back()["id"] = related.size();
     }
     if (!related.empty()) json["relatedLocations"] = std::move(related);

@@ -4,6 +4,9 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <set>
+#include <string_view>
+#include <vector>
 
 #include "report/escape/printable.h"
 #include "report/text/advice_text.h"
@@ -27,19 +30,26 @@ void write_party(std::ostream &out, const PartyReport &party, const TextStyle &s
       << (details.empty() ? "" : ", ") << details << in_brackets(place_of(party)) << '\n';
 }
 
-/// Whether it is worth telling which of the parties are at odds: not of a limit, nor where each draws it alone.
-bool has_several_conflicts(const Finding &finding) {
-  return finding.enough == 0 && finding.conflicts.size() > 1 &&
-         std::any_of(finding.conflicts.begin(), finding.conflicts.end(),
-                     [](const ConflictReport &conflict) { return conflict.parties.size() > 1; });
+/// The parties that are at odds, of conflicts that do not differ in their triggers alone. Empty where that says
+/// nothing: of one conflict, of a limit, or where each party draws the message alone.
+std::set<std::vector<std::size_t>> several_conflicts(const Finding &finding) {
+  std::set<std::vector<std::size_t>> conflicts;
+  for (const ConflictReport &conflict : finding.conflicts) {
+    conflicts.insert(conflict.parties);
+  }
+  const bool is_any_of_several =
+      std::any_of(conflicts.begin(), conflicts.end(), [](const auto &parties) { return parties.size() > 1; });
+  if (finding.enough != 0 || conflicts.size() < 2 || !is_any_of_several) return {};
+  return conflicts;
 }
 
 void write_parties(std::ostream &out, const Finding &finding, const TextStyle &style) {
   out << "   involved:\n";
+  const bool is_numbered = !several_conflicts(finding).empty();
   std::size_t number = 0;
   write_list(out, "     ", finding.parties, [&](const PartyReport &party) {
     out << "     ";
-    if (has_several_conflicts(finding)) out << fmt::format("{}) ", ++number);
+    if (is_numbered) out << fmt::format("{}) ", ++number);
     write_party(out, party, style);
   });
 }
@@ -55,28 +65,28 @@ void write_fault_in_force(std::ostream &out, const Finding &finding, const TextS
 }
 
 void write_to_do(std::ostream &out, const Finding &finding, const TextStyle &style) {
+  const std::string_view lead = finding.is_warning ? "   to be rid of it:" : "   to do:";
+  if (finding.is_preexisting) out << lead << " mend the fault in the running configuration first\n";
   if (has_advice(finding.advice)) {
-    write_advice(out, finding.is_warning ? "   to be rid of it:" : "   to do:", finding.advice, style);
-    if (finding.is_preexisting) out << "      or: mend the fault in the running configuration first\n";
-  } else {
-    out << "   to do: no part of the change was found that helps when it is taken back\n";
-    if (finding.is_preexisting) out << "      but: mend the fault in the running configuration\n";
+    write_advice(out, finding.is_preexisting ? "      or:" : lead, finding.advice, style);
+  } else if (!finding.is_preexisting) {
+    out << lead << " no part of the change was found that helps when it is taken back\n";
   }
   write_repairs(out, finding.repairs);
 }
 
 /// "1, 2; 1, 3".
 void write_conflicts(std::ostream &out, const Finding &finding) {
-  if (!has_several_conflicts(finding)) return;
+  const std::set<std::vector<std::size_t>> conflicts = several_conflicts(finding);
   std::vector<std::string> texts;
-  for (const ConflictReport &conflict : finding.conflicts) {
-    std::vector<std::size_t> numbers;
-    for (const std::size_t party : conflict.parties) numbers.push_back(party + 1);
-    std::sort(numbers.begin(), numbers.end());
-    texts.push_back(fmt::format("{}", fmt::join(numbers, ", ")));
+  for (const std::vector<std::size_t> &parties : conflicts) {
     if (texts.size() == kLongestList) break;
+    std::set<std::size_t> numbers;
+    for (const std::size_t party : parties) numbers.insert(party + 1);
+    texts.push_back(fmt::format("{}", fmt::join(numbers, ", ")));
   }
-  const std::size_t left = finding.conflicts.size() - texts.size();
+  if (texts.empty()) return;
+  const std::size_t left = conflicts.size() - texts.size();
   const std::string rest = left == 0 ? "" : fmt::format("; and {} more", grouped(left));
   out << fmt::format("   in conflict: {}{}\n", fmt::join(texts, "; "), rest);
 }

@@ -29,7 +29,10 @@ void SeriesText::write_commit(const CommitReport &commit) {
   out_ << printable(commit.name) << ": " << outcome_text(commit, style_) << '\n';
   for (const UnreadableName &name : commit.unreadable) out_ << style_(Accent::warning, to_text(name)) << '\n';
   std::size_t number = 0;
+  bool is_device_over = false;
   for (const Finding &finding : commit.findings) {
+    if (!finding.from_device && !is_device_over) out_ << "what it would say next:\n";
+    is_device_over = !finding.from_device;
     out_ << fmt::format("{}. ", ++number);
     write_headline(out_, finding, style_);
     if (!finding.suppressed) write_explanation(out_, finding, style_);
