@@ -140,7 +140,8 @@ TEST(FindingJson, what_is_no_verdict_is_refused) {
        {std::string(), std::string("commit rejected"), std::string("[]"), changed("/schema-version", 1),
         changed("/decision", "maybe"), changed("/findings", nlohmann::ordered_json::object({{"rule", 1}})),
         changed("/findings/0/conflicts/0/parties/1", 2), changed("/findings/0/parties/0/status", "moved"),
-        changed("/findings/3/repairs/0/kind", "prayer"), changed("/findings/0/message", 7), changed("/search", nullptr)}) {
+        changed("/findings/3/repairs/0/kind", "prayer"), changed("/findings/0/message", 7),
+        changed("/search", nullptr)}) {
     EXPECT_THROW(report::read_json_report(text, ""), report::DocumentError) << text;
   }
 }

@@ -49,6 +49,6 @@ std::string case_name(const testing::TestParamInfo<ExplainedCommit> &info) { ret
 
 INSTANTIATE_TEST_SUITE_P(Removals, ExplainedCommits, testing::ValuesIn(commits_with_removals()), case_name);
 INSTANTIATE_TEST_SUITE_P(SharedParties, ExplainedCommits, testing::ValuesIn(commits_with_shared_parties()), case_name);
-INSTANTIATE_TEST_SUITE_P(DISABLED_Limits, ExplainedCommits, testing::ValuesIn(commits_at_limits()), case_name);
+INSTANTIATE_TEST_SUITE_P(Limits, ExplainedCommits, testing::ValuesIn(commits_at_limits()), case_name);
 
 }  // namespace

@@ -63,8 +63,6 @@ void expect_findings_of_brute_force(const Configurations &commit) {
   expect_same_standing(told_ones, expected_ones);
 }
 
-TEST(FindingsProperty, DISABLED_findings_are_those_of_brute_force) {
-  for_each_commit(150, expect_findings_of_brute_force);
-}
+TEST(FindingsProperty, findings_are_those_of_brute_force) { for_each_commit(150, expect_findings_of_brute_force); }
 
 }  // namespace

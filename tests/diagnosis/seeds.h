@@ -3,16 +3,16 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <random>
 
-/// DIAGNOSIS_SEED=N in the environment begins with that seed, DIAGNOSIS_COMMITS=N draws so many commits a test.
+/// DIAGNOSIS_SEED=N in the environment begins with that seed, DIAGNOSIS_COMMITS=N draws so many commits a test. Without
+/// it every run draws the same commits, so that it judges the change and not the draw.
 inline std::uint32_t number_from_environment(const char *name, std::uint32_t otherwise) {
   const char *text = std::getenv(name);
   return text == nullptr ? otherwise : static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10));
 }
 
 inline std::uint32_t first_seed() {
-  static const std::uint32_t seed = number_from_environment("DIAGNOSIS_SEED", std::random_device()());
+  static const std::uint32_t seed = number_from_environment("DIAGNOSIS_SEED", 1);
   return seed;
 }
 

@@ -13,8 +13,7 @@ namespace {
 
 using Parts = std::vector<PartReport>;
 
-std::string node_text(const NodeReport &node, const std::string &what, const FilePlace *place,
-                      const TextStyle &style) {
+std::string node_text(const NodeReport &node, const std::string &what, const FilePlace *place, const TextStyle &style) {
   return fmt::format("{} {}{}{}{}", mark(node, style), printable(node.path), what.empty() ? "" : ":", what,
                      in_brackets(place));
 }
