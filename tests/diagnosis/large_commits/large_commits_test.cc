@@ -12,12 +12,19 @@
 namespace seeded {
 namespace {
 
+// A sanitizer makes each question many times slower.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+const std::vector<std::size_t> kSizes{100};
+#else
+const std::vector<std::size_t> kSizes{300, 900};
+#endif
+
 class LargeCommits : public testing::TestWithParam<std::string> {};
 
 TEST_P(LargeCommits, have_all_faults_found) {
-  for (const std::size_t vpns : {300U, 900U}) {
+  for (const std::size_t vpns : kSizes) {
     SCOPED_TRACE("DIAGNOSIS_SEED=" + std::to_string(first_seed()));
-    ExplainedSeeds(draw_commit(GetParam(), first_seed(), vpns)).expect_right();
+    ExplainedSeeds(draw_commit(GetParam(), first_seed(), vpns)).expect_findings();
   }
 }
 
@@ -27,8 +34,8 @@ std::string test_name(const testing::TestParamInfo<std::string> &info) {
   return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(DISABLED_Rules, LargeCommits,
-                         testing::Values("access-same-dot1q", "pw-id-moved", "access-static-member"), test_name);
+INSTANTIATE_TEST_SUITE_P(Rules, LargeCommits, testing::Values("access-same-dot1q", "pw-id-moved"), test_name);
+INSTANTIATE_TEST_SUITE_P(DISABLED_Rules, LargeCommits, testing::Values("access-static-member"), test_name);
 
 /// `conflicts` pairs of new VPNs on one VLAN each, among `vpns` clean ones.
 brute_force::Configurations commit_with(std::size_t vpns, std::size_t conflicts) {

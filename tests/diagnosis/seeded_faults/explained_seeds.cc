@@ -66,13 +66,12 @@ ExplainedSeeds::ExplainedSeeds(SeededCommit commit)
           element_.diagnose(commit_.configurations,
                             {.with_repairs = false, .budget = {.calls = 1'000'000, .time = std::chrono::hours(24)}})) {}
 
-void ExplainedSeeds::expect_right() {
+void ExplainedSeeds::expect_findings() {
   expect_each_fault_once();
   if (testing::Test::HasFailure()) return;
   expect_what_the_device_says_first();
   expect_parties();
   expect_parties_to_draw();
-  expect_advice_to_help();
   expect_smallest_commits_to_draw();
 }
 
@@ -155,7 +154,7 @@ void ExplainedSeeds::expect_parties_to_draw() {
       return holds_or_is_around(own, path) || of_others.count(path) == 0;
     };
     EXPECT_EQ(answers(restricted(commit_.configurations, beside)).count(message), 1U) << "beside the others";
-    if (finding.conflicts.size() != 1 || finding.parties.size() > 20) continue;
+    if (finding.conflicts.size() != 1 || finding.parties.size() > 20 || finding.enough > 1) continue;
     for (const std::string &party : own) {
       Paths rest = own;
       rest.erase(party);

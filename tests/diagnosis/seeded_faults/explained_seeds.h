@@ -17,7 +17,10 @@ class ExplainedSeeds {
  public:
   explicit ExplainedSeeds(SeededCommit commit);
 
-  void expect_right();
+  void expect_findings();
+
+  /// What to take back, for each finding and for all, makes the library accept it.
+  void expect_advice_to_help();
 
  private:
   using Paths = std::set<std::string>;
@@ -26,7 +29,6 @@ class ExplainedSeeds {
   void expect_what_the_device_says_first() const;
   void expect_parties() const;
   void expect_parties_to_draw();
-  void expect_advice_to_help();
   void expect_smallest_commits_to_draw();
 
   const SeededFault &seeded_as(const diagnosis::Finding &finding) const;
