@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "tests/diagnosis/seeded_faults/background.h"
 #include "tests/diagnosis/seeded_faults/explained_seeds.h"
