@@ -62,7 +62,7 @@ TEST(SarifOutput, a_validating_reader_finds_every_result_and_place) {
             "error vpn-limit night/42/candidate.xml:10 related: night/42/candidate.xml:20 night/42/candidate.xml:30 "
             "night/42/candidate.xml:40 night/42/candidate.xml:50 suppressed: \n"
             "notification warning night/42: search stopped: budget of 20,000 library calls used; there "
-            "may be further faults, and less than is listed may draw a message; --budget sets the bound\n"
+            "may be further findings; --budget sets the bound\n"
             "notification error night/43: night/43/candidate.xml:7: /mpls: what is wrong\n");
   EXPECT_EQ(result.status, 0);
 }
