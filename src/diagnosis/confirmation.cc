@@ -1,7 +1,6 @@
 #include "diagnosis/confirmation.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace diagnosis {
 
@@ -63,13 +62,10 @@ std::vector<Cluster> clusters_of(const SearchContext &context, const FoundConfli
   return clusters;
 }
 
-// It looks at the first VPN alone, wherever that is.
-constexpr std::string_view kLooksAtFirstVpn = "vpls-service-port-mixed";
-
 /// The entries of the cluster and all that are party of no other.
 NumberSet surroundings(const SearchContext &context, const Cluster &cluster, const std::vector<std::uint32_t> &counts) {
   const rules::Rule *rule = context.messages[cluster.message].rule;
-  const bool is_everywhere = rule != nullptr && rule->id == kLooksAtFirstVpn;
+  const bool is_everywhere = rule != nullptr && rule->scope == rules::Scope::configuration;
   NumberSet set = is_everywhere ? context.entries.all() : context.scope(cluster.entries);
   std::erase_if(set, [&counts](std::uint32_t entry) { return counts[entry] != 0; });
   return context.entries.closure(united(united(set, cluster.entries), cluster.parties));

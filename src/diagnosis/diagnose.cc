@@ -14,9 +14,6 @@
 namespace diagnosis {
 namespace {
 
-// Twelve entries in no order have as many sets.
-constexpr std::uint64_t kMostEnumeratedSets = 4096;
-
 // What a conflict is confirmed with is the whole of so small a commit, of a larger one what is near.
 constexpr std::uint32_t kFewEntries = 200;
 
@@ -65,8 +62,8 @@ class Diagnoser {
  private:
   // Every set of a few entries can be asked about; of many entries what is near each other, and then the whole.
   void find_conflicts(const host::Verdict &verdict) {
-    const std::uint64_t sets = count_closed_sets(entries_, kMostEnumeratedSets + 1);
-    if (sets <= std::min(kMostEnumeratedSets, options_.budget.calls) && entries_.size() < 32) {
+    const std::uint64_t most = std::min(options_.enumerated_sets, options_.budget.calls);
+    if (entries_.size() < 32 && count_closed_sets(entries_, most + 1) <= most) {
       conflicts_ = find_all_by_enumeration(context_);
       for (FoundConflict &conflict : conflicts_) find_triggers(context_, conflict);
       drop_mended(context_, conflicts_);

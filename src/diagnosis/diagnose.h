@@ -24,6 +24,7 @@ struct Options {
   bool all_findings = true;  ///< false: only what the device itself says
   bool with_repairs = true;  ///< look for what can be changed instead of taken back
   Budget budget;
+  std::uint64_t enumerated_sets = 4096;  ///< a commit of at most so many closed sets of entries is enumerated
   std::function<std::chrono::steady_clock::time_point()> now{};  ///< asked before each call; empty: the steady clock
   std::function<void(std::uint64_t calls, std::size_t findings)>
       progress{};                          ///< called before each call of the library

@@ -1,29 +1,15 @@
 #include "diagnosis/grouping.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <numeric>
 #include <set>
-#include <string_view>
 
+#include "diagnosis/name_hints.h"
 #include "diagnosis/port_use.h"
 
 namespace diagnosis {
 namespace {
-
-constexpr std::array<std::string_view, 4> kRulesOfVlans{"access-same-dot1q", "access-static-member",
-                                                        "access-untagged-twice", "member-same-dot1q"};
-constexpr std::array<std::string_view, 7> kRulesOfPorts{
-    "access-port-based-twice",  "service-port-mixed-use", "access-port-based-static-member",
-    "member-on-port-based-vpn", "access-igmp-snooping",   "tls-beside-vpws",
-    "access-on-uplink"};
-constexpr std::array<std::string_view, 2> kRulesOfPseudowires{"pw-id-twice", "pw-id-moved"};
-
-template <typename Rules>
-bool is_one_of(const Rules &rules, const Message &message) {
-  return message.rule != nullptr && std::find(rules.begin(), rules.end(), message.rule->id) != rules.end();
-}
 
 /// What a conflict is about.
 struct Resource {
@@ -42,17 +28,37 @@ void add_vlans(const Entries &entries, const FoundConflict &conflict, Resource &
   std::erase_if(resource.vlans, [](const auto &port) { return port.second.empty(); });
 }
 
+/// Ports that the parties take something of.
+void add_ports(const Entries &entries, const FoundConflict &conflict, Resource &resource) {
+  for (const std::uint32_t party : conflict.parties) {
+    if (const std::optional<PortUse> use = port_use(entries, party)) resource.names.insert(use->port);
+  }
+}
+
+/// A party may give up one pw-id and take another: what counts is the one that the message names.
+void add_pseudowires(const Entries &entries, const FoundConflict &conflict, std::string_view text, Resource &resource) {
+  for (const std::uint32_t party : conflict.parties) {
+    for (const auto &wire : {pseudowire(entries, party), former_pseudowire(entries, party)}) {
+      if (wire && holds_name(text, std::string_view(*wire).substr(wire->find(' ') + 1))) resource.names.insert(*wire);
+    }
+  }
+}
+
 Resource resource_of(const SearchContext &context, const FoundConflict &conflict) {
   const Message &message = context.messages[conflict.message];
   Resource resource;
-  if (is_one_of(kRulesOfVlans, message)) add_vlans(context.entries, conflict, resource);
-  for (const std::uint32_t party : conflict.parties) {
-    if (is_one_of(kRulesOfPorts, message)) {
-      if (const std::optional<PortUse> use = port_use(context.entries, party)) resource.names.insert(use->port);
-    } else if (is_one_of(kRulesOfPseudowires, message)) {
-      if (const auto wire = pseudowire(context.entries, party)) resource.names.insert(*wire);
-      if (const auto wire = former_pseudowire(context.entries, party)) resource.names.insert(*wire);
-    }
+  switch (message.rule == nullptr ? rules::Resource::named : message.rule->resource) {
+    case rules::Resource::vlan:
+      add_vlans(context.entries, conflict, resource);
+      break;
+    case rules::Resource::port:
+      add_ports(context.entries, conflict, resource);
+      break;
+    case rules::Resource::pseudowire:
+      add_pseudowires(context.entries, conflict, message.verdict.text, resource);
+      break;
+    case rules::Resource::named:
+      break;
   }
   resource.is_message = resource.vlans.empty() && resource.names.empty();
   return resource;

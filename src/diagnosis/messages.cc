@@ -19,20 +19,23 @@ std::string_view without_numbers(const rules::Rule &rule, std::string_view text)
   return found == std::string_view::npos ? text : text.substr(0, found + words.size());
 }
 
-// It lists all interfaces of the VPN that makes them so.
-constexpr std::string_view kListsInterfaces = "tls-port-based-vpls";
-constexpr std::string_view kBehindList = " since vpls-group ";
+/// A text behind its list.
+std::string_view without_list(const rules::Rule &rule, std::string_view text) {
+  const std::string_view message = rule.message;
+  const std::string_view behind = message.substr(std::min(message.find("%s") + 2, message.size()));
+  const std::size_t found = text.find(behind.substr(0, behind.find('%')));
+  return found == std::string_view::npos ? text : text.substr(found);
+}
 
 std::string_view identity(const rules::Rule *rule, std::string_view text) {
   if (rule == nullptr) return text;
   if (rule->counts) return without_numbers(*rule, text);
-  const std::size_t end_of_list = rule->id == kListsInterfaces ? text.find(kBehindList) : std::string_view::npos;
-  return end_of_list == std::string_view::npos ? text : text.substr(end_of_list);
+  return rule->lists ? without_list(*rule, text) : text;
 }
 
 }  // namespace
 
-bool Message::is_cumulative() const { return rule != nullptr && (rule->counts || rule->id == kListsInterfaces); }
+bool Message::is_cumulative() const { return rule != nullptr && (rule->counts || rule->lists); }
 
 std::uint32_t Messages::number_of(const host::PointVerdict &answer) {
   const rules::Rule *rule = rules::rule_of_message(answer.point, answer.text);

@@ -9,18 +9,6 @@
 namespace diagnosis {
 namespace {
 
-/// The text holds the name, and not as a part of a longer one.
-bool holds_name(std::string_view text, std::string_view name) {
-  const auto is_inside_name = [&text](std::size_t at) {
-    return at < text.size() && (std::isalnum(static_cast<unsigned char>(text[at])) != 0 || text[at] == '_');
-  };
-  for (std::size_t at = text.find(name); at != std::string_view::npos; at = text.find(name, at + 1)) {
-    const bool is_cut = (at > 0 && is_inside_name(at - 1)) || is_inside_name(at + name.size());
-    if (!is_cut) return true;
-  }
-  return false;
-}
-
 struct Match {
   bool has_port = false;
   bool port = false;  ///< the text holds it
@@ -61,6 +49,17 @@ class Matcher {
 };
 
 }  // namespace
+
+bool holds_name(std::string_view text, std::string_view name) {
+  const auto is_inside_name = [&text](std::size_t at) {
+    return at < text.size() && (std::isalnum(static_cast<unsigned char>(text[at])) != 0 || text[at] == '_');
+  };
+  for (std::size_t at = text.find(name); at != std::string_view::npos; at = text.find(name, at + 1)) {
+    const bool is_cut = (at > 0 && is_inside_name(at - 1)) || is_inside_name(at + name.size());
+    if (!is_cut) return true;
+  }
+  return false;
+}
 
 std::vector<NumberSet> guess_parties(const Entries &entries, const NumberSet &set, const Message &message) {
   const Matcher matcher(entries, message);

@@ -123,10 +123,25 @@ std::string take_message(Header &header) {
   return std::string(message);
 }
 
-bool take_counts(Header &header) {
-  if (!header.has("counts")) return false;
-  if (header.take("counts") != "true") header.fail("'true', or no such field");
+bool take_flag(Header &header, std::string_view name) {
+  if (!header.has(name)) return false;
+  if (header.take(name) != "true") header.fail("'true', or no such field");
   return true;
+}
+
+Resource take_resource(Header &header) {
+  if (!header.has("resource")) return Resource::named;
+  const std::string_view text = header.take("resource");
+  if (text == "vlan") return Resource::vlan;
+  if (text == "port") return Resource::port;
+  if (text == "pseudowire") return Resource::pseudowire;
+  header.fail("'vlan', 'port' or 'pseudowire', or no such field");
+}
+
+Scope take_scope(Header &header) {
+  if (!header.has("scope")) return Scope::neighbors;
+  if (header.take("scope") != "configuration") header.fail("'configuration', or no such field");
+  return Scope::configuration;
 }
 
 std::vector<std::string> take_examples(Header &header) {
@@ -169,7 +184,10 @@ Rule read_page(std::string_view id, std::string_view text) {
   rule.point = take_word(header, "point");
   rule.severity = take_severity(header);
   rule.message = take_message(header);
-  rule.counts = take_counts(header);
+  rule.counts = take_flag(header, "counts");
+  rule.lists = take_flag(header, "lists");
+  rule.resource = take_resource(header);
+  rule.scope = take_scope(header);
   rule.source = take_word(header, "source");
   rule.examples = take_examples(header);
   header.expect_empty();

@@ -9,14 +9,31 @@ namespace rules {
 
 enum class Severity { rejection, warning };
 
+/// What the parties of a fault want of each other.
+enum class Resource {
+  named,      ///< what the message names
+  vlan,       ///< a VLAN of a port
+  port,       ///< a port
+  pseudowire  ///< a pw-id towards a neighbour
+};
+
+/// Which entries decide whether there is a fault.
+enum class Scope {
+  neighbors,     ///< those that share a port, a VLAN, a VPN or a pseudowire
+  configuration  ///< any
+};
+
 /// What the page docs/rules/ID.md says about one message of the plug-in.
 struct Rule {
   std::string id;     ///< stable: lower case and hyphens, never given to another message
   int order = 0;      ///< its place among all rules: by validation point as they fire, then by rule as they run
   std::string point;  ///< the validation point that sets the message
   Severity severity = Severity::rejection;
-  std::string message;                ///< the format: %s stands for a name, %d and %u for a number
-  bool counts = false;                ///< a limit: the message says how many were configured and how many are allowed
+  std::string message;  ///< the format: %s stands for a name, %d and %u for a number
+  bool counts = false;  ///< a limit: the message says how many were configured and how many are allowed
+  bool lists = false;   ///< the first %s is a list that grows with the faults
+  Resource resource = Resource::named;
+  Scope scope = Scope::neighbors;
   std::string source;                 ///< the file below src/lib that holds the message
   std::vector<std::string> examples;  ///< folders below examples/ whose commit draws the message
   std::string provokes;               ///< which commits draw the message; prose on one line, as are the next two

@@ -70,6 +70,20 @@ TEST(PageReader, a_page_may_have_no_example_and_no_count) {
   EXPECT_FALSE(rules::read_page("id", page_with("counts: true\n", "")).counts);
 }
 
+TEST(PageReader, what_a_fault_is_about_may_be_said) {
+  const Rule plain = rules::read_page("id", kLimitPage);
+  EXPECT_FALSE(plain.lists);
+  EXPECT_EQ(plain.resource, rules::Resource::named);
+  EXPECT_EQ(plain.scope, rules::Scope::neighbors);
+  EXPECT_TRUE(rules::read_page("id", page_with("counts", "lists")).lists);
+  EXPECT_EQ(rules::read_page("id", page_with("counts: true", "resource: vlan")).resource, rules::Resource::vlan);
+  EXPECT_EQ(rules::read_page("id", page_with("counts: true", "resource: port")).resource, rules::Resource::port);
+  EXPECT_EQ(rules::read_page("id", page_with("counts: true", "resource: pseudowire")).resource,
+            rules::Resource::pseudowire);
+  EXPECT_EQ(rules::read_page("id", page_with("counts: true", "scope: configuration")).scope,
+            rules::Scope::configuration);
+}
+
 TEST(PageReader, a_warning_has_a_meaning_in_place_of_a_refusal) {
   std::string page = page_with("rejection", "warning");
   EXPECT_EQ(error_of(page), "docs/rules/some-id.md:16: expected '## What it means'");
@@ -128,6 +142,9 @@ TEST(PageReader, a_field_without_the_form_of_its_values_is_an_error_with_its_lin
       {message, R"("VPNs "all"")", quoted},
       {message, R"("VPNs\n")", quoted},
       {"counts: true", "counts: false", "6: expected 'true', or no such field"},
+      {"counts: true", "lists: all", "6: expected 'true', or no such field"},
+      {"counts: true", "resource: vpn", "6: expected 'vlan', 'port' or 'pseudowire', or no such field"},
+      {"counts: true", "scope: vpn", "6: expected 'configuration', or no such field"},
       {"area/file.cc", "[a, b]", "7: expected a word without blanks or quotes"},
       {"[first-example, second-example]", "first-example", folders},
       {"[first-example, second-example]", "[", folders},

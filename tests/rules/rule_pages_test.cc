@@ -81,6 +81,12 @@ TEST(RulePages, a_limit_is_a_message_that_counts) {
   }
 }
 
+TEST(RulePages, a_list_is_the_first_name_of_its_message) {
+  for (const Rule &rule : all_rules()) {
+    EXPECT_TRUE(!rule.lists || rule.message.find("%s") == rule.message.find('%')) << rule.id;
+  }
+}
+
 TEST(RulePages, the_parts_of_a_page_are_whole_sentences_without_markdown) {
   for (const Rule &rule : all_rules()) {
     for (const std::string_view prose : {rule.provokes, rule.why, rule.remedy}) {
