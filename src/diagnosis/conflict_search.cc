@@ -28,8 +28,7 @@ Bound bound_of(const FoundConflict &conflict) {
 }
 
 void ConflictSearch::find(std::uint32_t message) {
-  const NumberSet all = context_.entries.all();
-  if (context_.oracle.reproduces(all, message)) explain(all, message);
+  if (!context_.oracle.has_ended()) explain(context_.entries.all(), message);
 }
 
 void ConflictSearch::find_all() {
@@ -42,13 +41,10 @@ void ConflictSearch::find_all() {
   is_proven_ = is_proven_ && !context_.oracle.has_ended();
 }
 
-// What is beside all known conflicts first, for it takes one question each; then what two of their parties may have
-// with each other. A set that brings something new changes what is to be asked.
+// All that is no party of a known conflict, with parties that have none with each other. A set that brings something
+// new changes what is to be asked.
 void ConflictSearch::find_in(const NumberSet &set) {
   std::size_t known = conflicts_.size();
-  if (!parties_.empty() && context_.entries.without(set, parties_).size() != set.size()) {
-    find_among(context_.entries.without(set, parties_));
-  }
   do {
     known = conflicts_.size();
     const IndependentSets independent = sets_within(set);
@@ -57,6 +53,7 @@ void ConflictSearch::find_in(const NumberSet &set) {
     for (const NumberSet &beside : independent.sets) {
       if (context_.oracle.has_ended()) return;
       find_among(context_.entries.without(set, minus(parties, beside)));
+      if (conflicts_.size() != known) break;
     }
   } while (conflicts_.size() != known);
 }

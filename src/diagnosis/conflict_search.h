@@ -20,7 +20,7 @@ class ConflictSearch {
   /// Finds what is to be found within the budget.
   void find_all();
 
-  /// Finds what draws a message on the whole commit.
+  /// Finds what draws a message. Precondition: the whole commit draws it.
   void find(std::uint32_t message);
 
   const FoundConflicts &conflicts() const { return conflicts_; }

@@ -1,11 +1,71 @@
 #include "diagnosis/independent_sets.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <numeric>
+#include <random>
 
 namespace diagnosis {
 namespace {
 
 using Index = std::size_t;
+
+// More drawn sets to choose from make fewer sets, each of which is a question, and take longer.
+constexpr int kDrawnSets = 16;
+
+class Bits {
+ public:
+  Bits(std::size_t size, bool value) : words_((size + 63) / 64, value ? ~std::uint64_t{0} : 0) {}
+
+  bool test(Index bit) const { return (words_[bit / 64] >> bit % 64 & 1U) != 0; }
+  void set(Index bit) { words_[bit / 64] |= std::uint64_t{1} << bit % 64; }
+
+  std::size_t count_common(const Bits &other) const {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < words_.size(); ++i) {
+      count += static_cast<std::size_t>(std::popcount(words_[i] & other.words_[i]));
+    }
+    return count;
+  }
+
+  void remove(const Bits &other) {
+    for (std::size_t i = 0; i < words_.size(); ++i) words_[i] &= ~other.words_[i];
+  }
+
+ private:
+  std::vector<std::uint64_t> words_;
+};
+
+std::size_t choose(std::size_t of, std::size_t number) {
+  std::size_t choices = 1;
+  for (std::size_t i = 0; i < number; ++i) choices = choices * (of - i) / (i + 1);
+  return choices;
+}
+
+/// A word for each of `number` conflicts, such that any two of them show all four pairs of bits at one place or
+/// another, with one place more where all bits are 0: words of equal weight, so that none holds another (Katona 1973,
+/// Kleitman and Spencer 1973: no shorter ones do).
+class Words {
+ public:
+  explicit Words(std::size_t number) {
+    while (choose(places_ - 1, (places_ + 1) / 2) < number) ++places_;
+    std::uint64_t word = (std::uint64_t{1} << (places_ + 1) / 2) - 1;
+    for (std::size_t i = 0; i < number; ++i) {
+      words_.push_back(word);
+      const std::uint64_t lowest = word & (~word + 1);
+      const std::uint64_t carried = word + lowest;
+      word = carried | ((word ^ carried) / lowest >> 2U);  // the next number with as many bits
+    }
+  }
+
+  std::size_t places() const { return places_; }
+  bool bit(std::size_t conflict, std::size_t place) const { return (words_[conflict] >> place & 1U) != 0; }
+
+ private:
+  std::size_t places_ = 2;
+  std::vector<std::uint64_t> words_;
+};
 
 /// The parties by their places in ascending order.
 class Covering {
@@ -18,23 +78,23 @@ class Covering {
     parties_ = minus(parties_, kept);
     bounds_of_.resize(parties_.size());
     for (const Bound &bound : bounds) add_bound(bound, kept);
-    uncovered_.assign(parties_.size(), std::vector<bool>(parties_.size(), true));
+    uncovered_.assign(parties_.size(), Bits(parties_.size(), true));
+    order_.resize(parties_.size());
+    std::iota(order_.begin(), order_.end(), Index{0});
   }
 
   IndependentSets run(std::size_t most_sets) {
-    IndependentSets result;
     if (parties_.empty()) return {{{}}, true};
+    IndependentSets result;
+    add_sets_of_words(result, most_sets);
     for (Index seed = 0; seed < parties_.size(); ++seed) {
       for (Index partner = seed; partner < parties_.size(); ++partner) {
-        if (!uncovered_[seed][partner]) continue;
+        if (!uncovered_[seed].test(partner) || !may_be_together(seed, partner)) continue;
         if (result.sets.size() == most_sets) return {std::move(result.sets), false};
-        begin_set();
-        if (!add(seed) || (partner != seed && !add(partner))) {
-          cover(seed, partner);
-          continue;
-        }
-        fill();
-        result.sets.push_back(take());
+        Chosen begin{Bits(parties_.size(), false), room_};
+        add(begin, seed);
+        if (partner != seed) add(begin, partner);
+        result.sets.push_back(take(best_of_drawn(begin)));
       }
     }
     if (result.sets.empty()) result.sets.emplace_back();
@@ -42,76 +102,139 @@ class Covering {
   }
 
  private:
+  /// A set that is being filled.
+  struct Chosen {
+    Bits members;
+    std::vector<std::size_t> left;  ///< by bound, how many more it allows
+  };
+
   void add_bound(const Bound &bound, const NumberSet &kept) {
     const NumberSet free = minus(bound.parties, kept);
     const std::size_t taken = bound.parties.size() - free.size();
     if (free.empty()) return;
+    members_of_.emplace_back();
     room_.push_back(bound.most > taken ? bound.most - taken : 0);
     for (const std::uint32_t party : free) {
       const auto place = std::lower_bound(parties_.begin(), parties_.end(), party);
-      bounds_of_[static_cast<Index>(place - parties_.begin())].push_back(room_.size() - 1);
+      members_of_.back().push_back(static_cast<Index>(place - parties_.begin()));
+      bounds_of_[members_of_.back().back()].push_back(room_.size() - 1);
     }
   }
 
-  void begin_set() {
-    left_ = room_;
-    is_in_.assign(parties_.size(), false);
-    gain_.assign(parties_.size(), 0);
-    members_.clear();
+  // Conflicts of two parties each that share none are covered by no fewer sets; others to a large part.
+  void add_sets_of_words(IndependentSets &result, std::size_t most_sets) {
+    const Words words(room_.size());
+    for (std::size_t place = 0; place < words.places() && result.sets.size() < most_sets; ++place) {
+      const Chosen chosen = filled_by(words, place);
+      if (new_pairs(chosen) != 0) result.sets.push_back(take(chosen));
+    }
   }
 
-  bool fits(Index party) const {
-    return !is_in_[party] && std::all_of(bounds_of_[party].begin(), bounds_of_[party].end(),
-                                         [this](std::size_t bound) { return left_[bound] > 0; });
+  /// The first party of a conflict whose bit is 0, the second of one whose bit is 1, and what else fits.
+  Chosen filled_by(const Words &words, std::size_t place) const {
+    Chosen chosen{Bits(parties_.size(), false), room_};
+    for (std::size_t bound = 0; bound < members_of_.size(); ++bound) {
+      const Index party = members_of_[bound][words.bit(bound, place) ? members_of_[bound].size() - 1 : 0];
+      if (fits(chosen, party)) add(chosen, party);
+    }
+    for (Index party = 0; party < parties_.size(); ++party) {
+      if (fits(chosen, party)) add(chosen, party);
+    }
+    return chosen;
   }
 
-  bool add(Index party) {
-    if (!fits(party)) return false;
-    for (const std::size_t bound : bounds_of_[party]) --left_[bound];
-    is_in_[party] = true;
-    members_.push_back(party);
-    for (Index other = 0; other < parties_.size(); ++other) gain_[other] += uncovered_[party][other] ? 1U : 0U;
-    return true;
+  bool may_be_together(Index one, Index other) const {
+    const auto has_room = [this](std::size_t bound) { return room_[bound] > 0; };
+    const auto fits_alone = [&](Index party) {
+      return std::all_of(bounds_of_[party].begin(), bounds_of_[party].end(), has_room);
+    };
+    if (one == other || !fits_alone(one)) return fits_alone(one);
+    const auto has_room_for_both = [&](std::size_t bound) {
+      const bool is_shared = std::find(bounds_of_[one].begin(), bounds_of_[one].end(), bound) != bounds_of_[one].end();
+      return room_[bound] > (is_shared ? 1U : 0U);
+    };
+    return std::all_of(bounds_of_[other].begin(), bounds_of_[other].end(), has_room_for_both);
   }
 
-  // The party with the most new pairs comes next; where none brings one, any that fits.
-  void fill() {
-    while (true) {
-      Index best = parties_.size();
-      for (Index party = 0; party < parties_.size(); ++party) {
-        if (!fits(party)) continue;
-        if (best == parties_.size() || value(party) > value(best)) best = party;
+  bool fits(const Chosen &chosen, Index party) const {
+    return !chosen.members.test(party) && std::all_of(bounds_of_[party].begin(), bounds_of_[party].end(),
+                                                      [&chosen](std::size_t bound) { return chosen.left[bound] > 0; });
+  }
+
+  void add(Chosen &chosen, Index party) const {
+    for (const std::size_t bound : bounds_of_[party]) --chosen.left[bound];
+    chosen.members.set(party);
+  }
+
+  // A set drawn in random order, the best of some: to go by the number of new pairs alone makes sets that differ in
+  // little.
+  Chosen best_of_drawn(const Chosen &begin) {
+    Chosen best = filled(begin);
+    std::size_t most = new_pairs(best);
+    for (int drawn = 1; drawn < kDrawnSets; ++drawn) {
+      Chosen next = filled(begin);
+      const std::size_t pairs = new_pairs(next);
+      if (pairs <= most) continue;
+      best = std::move(next);
+      most = pairs;
+    }
+    return best;
+  }
+
+  Chosen filled(Chosen chosen) {
+    for (Index last = order_.size(); last > 1; --last) std::swap(order_[last - 1], order_[random_() % last]);
+    for (const Index party : order_) {
+      if (fits(chosen, party)) add(chosen, best_rival(chosen, party));
+    }
+    return chosen;
+  }
+
+  /// The party, or one that it would exclude: that which makes most new pairs.
+  Index best_rival(const Chosen &chosen, Index party) const {
+    Index best = party;
+    std::size_t most = gain(chosen, party);
+    for (const std::size_t bound : bounds_of_[party]) {
+      if (chosen.left[bound] != 1) continue;
+      for (const Index rival : members_of_[bound]) {
+        if (rival == party || !fits(chosen, rival)) continue;
+        const std::size_t pairs = gain(chosen, rival);
+        if (pairs <= most) continue;
+        best = rival;
+        most = pairs;
       }
-      if (best == parties_.size()) return;
-      add(best);
     }
+    return best;
   }
 
-  std::size_t value(Index party) const { return 2 * gain_[party] + (uncovered_[party][party] ? 1U : 0U); }
-
-  void cover(Index one, Index other) {
-    uncovered_[one][other] = false;
-    uncovered_[other][one] = false;
+  std::size_t gain(const Chosen &chosen, Index party) const {
+    return 2 * uncovered_[party].count_common(chosen.members) + (uncovered_[party].test(party) ? 1 : 0);
   }
 
-  NumberSet take() {
+  std::size_t new_pairs(const Chosen &chosen) const {
+    std::size_t pairs = 0;
+    for (Index party = 0; party < parties_.size(); ++party) {
+      if (chosen.members.test(party)) pairs += uncovered_[party].count_common(chosen.members);
+    }
+    return pairs;
+  }
+
+  NumberSet take(const Chosen &chosen) {
     NumberSet set;
-    for (const Index one : members_) {
-      set.push_back(parties_[one]);
-      for (const Index other : members_) cover(one, other);
+    for (Index party = 0; party < parties_.size(); ++party) {
+      if (!chosen.members.test(party)) continue;
+      set.push_back(parties_[party]);
+      uncovered_[party].remove(chosen.members);
     }
-    normalise(set);
     return set;
   }
 
   NumberSet parties_;
   std::vector<std::vector<std::size_t>> bounds_of_;  ///< by party
+  std::vector<std::vector<Index>> members_of_;       ///< by bound
   std::vector<std::size_t> room_;                    ///< by bound, for an empty set
-  std::vector<std::vector<bool>> uncovered_;
-  std::vector<std::size_t> left_;  ///< by bound
-  std::vector<bool> is_in_;
-  std::vector<std::size_t> gain_;
-  std::vector<Index> members_;
+  std::vector<Bits> uncovered_;                      ///< by party: those it is not yet together with
+  std::vector<Index> order_;
+  std::minstd_rand random_;  ///< the same sets in every run
 };
 
 }  // namespace
