@@ -4,27 +4,16 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstdio>
-#include <memory>
 #include <system_error>
 
 #include "element/input/input_error.h"
+#include "element/input/input_file.h"
 
 namespace element {
 namespace {
 
 constexpr std::size_t kChunk = std::size_t{1} << 16;
 constexpr std::size_t kLongestQuote = 400;
-
-struct CloseFile {
-  void operator()(std::FILE *file) const { std::fclose(file); }
-};
-
-[[noreturn]] void throw_file_error(const std::filesystem::path &file) {
-  const std::string reason = std::generic_category().message(errno);
-  throw FileError(fmt::format("{}: cannot be read: {}; expected a readable file", file.string(), reason));
-}
 
 void require_size(const std::filesystem::path &file, std::uintmax_t size) {
   if (size <= kMaxInputSize) return;
@@ -42,19 +31,17 @@ std::uintmax_t size_if_known(const std::filesystem::path &file) {
 }  // namespace
 
 std::string read_input(const std::filesystem::path &file) {
-  const std::unique_ptr<std::FILE, CloseFile> stream(std::fopen(file.c_str(), "rb"));
-  if (!stream) throw_file_error(file);
+  InputFile input(file);
   const std::uintmax_t size = size_if_known(file);
   require_size(file, size);
 
   std::string text;
   text.reserve(static_cast<std::size_t>(size) + 1);
   std::array<char, kChunk> chunk{};
-  while (const std::size_t count = std::fread(chunk.data(), 1, chunk.size(), stream.get())) {
+  while (const std::size_t count = input.read(chunk.data(), chunk.size())) {
     text.append(chunk.data(), count);
     require_size(file, text.size());
   }
-  if (std::ferror(stream.get()) != 0) throw_file_error(file);
   return text;
 }
 

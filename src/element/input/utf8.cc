@@ -2,6 +2,8 @@
 
 #include <utf8.h>
 
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 
 namespace element {
@@ -9,12 +11,30 @@ namespace {
 
 constexpr std::size_t kLongestCharacter = 4;
 
+constexpr std::size_t kWord = sizeof(std::uint64_t);
+constexpr std::uint64_t kNotAscii = 0x8080808080808080U;
+
+/// The offset, from `begin`, of a byte close before the first one that is not ASCII.
+std::size_t skip_ascii(std::string_view text, std::size_t begin) {
+  std::uint64_t word = 0;
+  while (begin + kWord <= text.size()) {
+    std::memcpy(&word, text.data() + begin, kWord);
+    if ((word & kNotAscii) != 0) break;
+    begin += kWord;
+  }
+  return begin;
+}
+
 }  // namespace
 
 std::optional<std::size_t> find_invalid_utf8(std::string_view text) {
-  const auto invalid = utf8::find_invalid(text.begin(), text.end());
-  if (invalid == text.end()) return std::nullopt;
-  return static_cast<std::size_t>(invalid - text.begin());
+  std::size_t begin = 0;
+  while ((begin = skip_ascii(text, begin)) < text.size()) {
+    const char *end = text.data() + begin;
+    if (utf8::internal::validate_next(end, text.data() + text.size()) != utf8::internal::UTF8_OK) return begin;
+    begin = static_cast<std::size_t>(end - text.data());
+  }
+  return std::nullopt;
 }
 
 std::string replace_invalid_utf8(std::string_view text) {
