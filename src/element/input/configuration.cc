@@ -17,8 +17,6 @@
 namespace element {
 namespace {
 
-constexpr std::string_view kBlank = " \t\r\n";
-
 struct FreeData {
   void operator()(lyd_node *tree) const { lyd_free_all(tree); }
 };

@@ -15,8 +15,6 @@
 namespace element {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
-constexpr std::string_view kSpace = " \t\r\n";
 
 [[noreturn]] void throw_at(const std::string &origin, std::string_view text, std::size_t offset,
                            const std::string &fault) {
@@ -32,7 +30,7 @@ void require_text(std::string_view text, const std::string &origin) {
 }
 
 InputFormat format_of(std::string_view text, const std::string &origin) {
-  const std::size_t begin = text.find_first_not_of(kSpace);
+  const std::size_t begin = text.find_first_not_of(kBlank);
   if (begin == std::string_view::npos) {
     throw InputError(
         fmt::format("{}: empty; expected XML elements or a JSON object ({{}} configures nothing)", origin));

@@ -14,8 +14,6 @@ namespace {
 
 constexpr std::size_t kPiece = std::size_t{1} << 16;
 constexpr std::size_t kLongestCharacter = 4;
-constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
-constexpr std::string_view kBlank = " \t\r\n";
 
 std::size_t count_lines(std::string_view text) {
   return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));

@@ -12,6 +12,10 @@ namespace element {
 /// using up the memory.
 inline constexpr std::size_t kMaxInputSize = std::size_t{1} << 30;
 
+/// What may stand around the content of a file.
+inline constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+inline constexpr std::string_view kBlank = " \t\r\n";
+
 /// A position in a text; line and column count from 1, the column in bytes.
 struct Position {
   std::size_t line = 1;

@@ -55,7 +55,6 @@ namespace {
 
 constexpr char kSeparator = '\n';                   ///< between namespace and name, for the parser allows it in neither
 constexpr std::string_view kMessageEnd = "]]>]]>";  ///< behind a message in NETCONF 1.0
-constexpr std::string_view kBlank = " \t\r\n";
 constexpr std::size_t kLongestToken = std::size_t{1} << 20;
 
 struct FreeParser {
