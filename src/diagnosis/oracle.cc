@@ -18,8 +18,7 @@ Oracle::Oracle(const host::Plugin &plugin, host::HostSession &session, const Ent
       options_(options),
       projector_(session.profile()),
       begin_(now()) {
-  projector_.keep(entries.tree().running());
-  projector_.keep(entries.tree().candidate());
+  projector_.keep(entries.tree().running(), entries.tree().candidate());
 }
 
 std::chrono::steady_clock::time_point Oracle::now() const {

@@ -22,8 +22,7 @@ StepOracle::StepOracle(const host::Plugin &plugin, host::HostSession &session, c
       options_(options),
       projector_(session.profile()),
       begin_(now()) {
-  projector_.keep(tree.running());
-  projector_.keep(tree.candidate());
+  projector_.keep(tree.running(), tree.candidate());
 }
 
 std::chrono::steady_clock::time_point StepOracle::now() const {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "element/datastore/transaction.h"
 #include "element/projection/projection.h"
 #include "tests/element/configuration_text.h"
@@ -75,7 +77,7 @@ class KeptVpns : public testing::Test {
 TEST_F(KeptVpns, a_part_of_a_configuration_derives_to_the_same_with_and_without_keeping) {
   const Tree whole = two_vpns();
   element::Projector keeping(profile);
-  keeping.keep(whole);
+  keeping.keep(whole, whole);
   element::Projector deriving(profile);
   Tree unused = whole;
   deriving.project(unused);
@@ -88,10 +90,50 @@ TEST_F(KeptVpns, a_part_of_a_configuration_derives_to_the_same_with_and_without_
   EXPECT_EQ(print(part), print(same_part));
 }
 
+/// VPNs of both families with neighbours and backup neighbours; those of odd numbers are added by the candidate, so
+/// that the order of identifiers is not that of names.
+Tree many_vpns(bool is_candidate) {
+  Tree tree(test_schema());
+  for (std::uint32_t i = 0; i < 40; ++i) {
+    if (i % 2 == 1 && !is_candidate) continue;
+    const std::string name = "v" + std::to_string(100 + i);
+    tree.put(vpls + "{G}/vpn{" + name + "}/vfi/neighbor{10.0.0.1}/pw-id", i);
+    const std::string vpws = "/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{" + name + "}/";
+    tree.put(vpws + "neighbor{10.0.0.2}/pw-id", i);
+    tree.put(vpws + "backup-neighbor{10.0.0.1}/pw-id", i + (i == 0 && is_candidate ? 1000 : 100));
+  }
+  tree.sort();
+  return tree;
+}
+
+TEST_F(KeptVpns, a_part_of_a_commit_derives_to_entries_in_order) {
+  const Tree running = many_vpns(false);
+  Tree candidate = many_vpns(true);
+  element::share_equal_subtrees(candidate, running);
+  element::Projector keeping(profile);
+  keeping.keep(running, candidate);
+  element::Projector deriving(profile);
+  for (Tree tree : {running, candidate}) deriving.project(tree);
+
+  for (const std::uint32_t step : {1U, 2U, 3U, 30U}) {
+    for (const Tree *whole : {&running, &std::as_const(candidate)}) {
+      Tree part = *whole;
+      for (std::uint32_t i = 0; i < 40; ++i) {
+        if (i % step != 0) part.erase(vpls + "{G}/vpn{v" + std::to_string(100 + i) + "}");
+        if (i % step != 0) part.erase("/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{v" + std::to_string(100 + i) + "}");
+      }
+      Tree same_part = part;
+      keeping.project(part);
+      deriving.project(same_part);
+      EXPECT_EQ(print(part), print(same_part)) << step;
+    }
+  }
+}
+
 TEST_F(KeptVpns, a_vpn_keeps_its_identifier_in_a_part_of_the_configuration) {
   Tree part = two_vpns();
   element::Projector projector(profile);
-  projector.keep(part);
+  projector.keep(part, part);
   part.erase(vpls + "{G}/vpn{A}");
   projector.project(part);
   EXPECT_NE(part.find("/internal/int-sub-vpls-vpn-bd{G B 2}"), nullptr);
@@ -100,7 +142,7 @@ TEST_F(KeptVpns, a_vpn_keeps_its_identifier_in_a_part_of_the_configuration) {
 TEST_F(KeptVpns, a_changed_vpn_is_derived_anew) {
   const Tree whole = two_vpns();
   element::Projector projector(profile);
-  projector.keep(whole);
+  projector.keep(whole, whole);
   Tree changed = whole;
   changed.put(vpls + "{G}/vpn{A}/bridge-domain/dot1q", std::uint32_t{9});
   projector.project(changed);
@@ -112,7 +154,7 @@ TEST_F(KeptVpns, a_changed_vpn_is_derived_anew) {
 TEST_F(KeptVpns, projecting_twice_leaves_what_is_kept_as_it_was) {
   const Tree whole = two_vpns();
   element::Projector projector(profile);
-  projector.keep(whole);
+  projector.keep(whole, whole);
   Tree first = whole;
   projector.project(first);
   const auto before = print(first);

@@ -91,6 +91,12 @@ class Nodes {
 
   void append_shared(const Nodes &others) { row_.insert(row_.end(), others.row_.begin(), others.row_.end()); }
 
+  /// Appends the children of `others` from place `first` to before `end`; both share them.
+  void append_shared(const Nodes &others, std::size_t first, std::size_t end) {
+    const auto begin = others.row_.begin();
+    row_.insert(row_.end(), begin + static_cast<std::ptrdiff_t>(first), begin + static_cast<std::ptrdiff_t>(end));
+  }
+
   /// Replaces child `i` by child `other` of `others`; both share it.
   void replace_shared(std::size_t i, const Nodes &others, std::size_t other) { row_[i] = others.row_[other]; }
 

@@ -28,7 +28,7 @@ std::unique_ptr<Transaction> make_transaction(Tree running, Tree candidate, cons
   candidate.sort();
   share_equal_subtrees(candidate, running);
   Projector projector(profile);
-  projector.keep(running);
+  projector.keep(running, candidate);
   return make_transaction(std::move(running), std::move(candidate), projector);
 }
 

@@ -1,9 +1,11 @@
 #ifndef ELEMENT_PROJECTION_IDENTIFIERS_H
 #define ELEMENT_PROJECTION_IDENTIFIERS_H
 
+#include <cstddef>
 #include <cstdint>
-#include <map>
+#include <functional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 namespace element {
@@ -21,7 +23,14 @@ class IdentifierSpace {
   }
 
  private:
-  std::map<Name, std::uint32_t> known_;
+  struct Hash {
+    std::size_t operator()(const Name &name) const {
+      const std::hash<std::string> hash;
+      return hash(name.first) * 31 + hash(name.second);
+    }
+  };
+
+  std::unordered_map<Name, std::uint32_t, Hash> known_;
 };
 
 /// The identifiers that the element's applications assign; each application counts on its own.

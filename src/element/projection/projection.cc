@@ -4,116 +4,101 @@
 #include <utility>
 
 #include "element/datastore/lookup.h"
-#include "element/projection/kept_vpns.h"
+#include "element/projection/kept_family.h"
 #include "element/projection/projection_tables.h"
 
 namespace element {
 namespace {
 
-/// Appends to a derived tree what a family's VPNs derive to.
-class FamilyTables {
+/// Derives one family's entries of a configuration, and shares those that are kept.
+class FamilyProjection {
  public:
-  FamilyTables(const VpnFamily &family, Tree &derived) : family_(family) {
+  FamilyProjection(const VpnFamily &family, IdentifierSpace &identifiers, const KeptFamily *kept, Tree &derived)
+      : family_(family), identifiers_(identifiers), kept_(kept), groups_(derived.put(family.group_table)) {
     for (std::size_t i = 0; i < family.tables.size(); ++i) lists_[i] = &derived.put(family.tables[i].path);
-    groups_ = &derived.put(family.group_table);
   }
 
-  void add_group(const Value &name) { vpns_ = &child_named(append_entry(*groups_, {name}), family_.vpn_list); }
-
-  /// A VPN of the group that was added last.
-  void add(const VpnRows &rows) {
-    vpns_->children.append_shared(rows.below_group);
-    for (std::size_t i = 0; i < lists_.size(); ++i) lists_[i]->children.append_shared(rows.tables[i]);
-  }
-
-  VpnRows derive(const Vpn &vpn) const {
-    VpnRows rows;
-    rows.below_group = derive_row(*vpns_->schema, family_.derive_vpn, vpn);
-    for (std::size_t i = 0; i < lists_.size(); ++i) {
-      rows.tables[i] = derive_row(*lists_[i]->schema, family_.tables[i].derive, vpn);
+  void run(const Tree &configuration) {
+    const Node *groups = configuration.find(family_.groups);
+    if (groups != nullptr) {
+      for (const Node &group : groups->children) add_group(group);
     }
-    return rows;
+    for (std::size_t i = 0; i < lists_.size(); ++i) {
+      const bool is_in_order = kept_ == nullptr || kept_->rows(i).append(selected_, lists_[i]->children);
+      if (!is_in_order || has_derived_) {
+        lists_[i]->children.sort([](const Node &a, const Node &b) { return compare_keys(a.keys, b.keys) < 0; });
+      }
+    }
   }
 
  private:
-  static Nodes derive_row(const SchemaNode &list_schema, void (*derive_entries)(Node &, const Vpn &), const Vpn &vpn) {
-    Node list{&list_schema, {}, {}, {}};
-    derive_entries(list, vpn);
-    return std::move(list.children);
+  void add_group(const Node &group) {
+    const KeptFamily::Group *known = kept_ == nullptr ? nullptr : kept_->find_group(group);
+    if (known != nullptr) {
+      groups_.children.push_back_shared(kept_->group_rows(), known->row);
+      selected_.add(known->vpns);
+      return;
+    }
+    Node &vpns = child_named(append_entry(groups_, {group.keys.front()}), family_.vpn_list);
+    for (const Node &vpn : entries_below(&group, {"vpn"})) {
+      const auto number = kept_ == nullptr ? std::nullopt : kept_->find_vpn(vpn, next_);
+      if (number) {
+        share(*number, vpns);
+      } else {
+        derive(group, vpn, vpns);
+      }
+    }
+  }
+
+  void share(std::uint32_t number, Node &vpns) {
+    kept_->vpn_rows().append(number, vpns.children);
+    selected_.add({number, number + 1});
+    next_ = number + 1;
+  }
+
+  void derive(const Node &group, const Node &entry, Node &vpns) {
+    const Value &group_name = group.keys.front();
+    const Value &name = entry.keys.front();
+    const Vpn vpn{&group_name, &name, identifiers_.of({to_text(group_name), to_text(name)}), &entry};
+    family_.derive_vpn(vpns, vpn);
+    for (std::size_t i = 0; i < lists_.size(); ++i) family_.tables[i].derive(*lists_[i], vpn);
+    has_derived_ = true;
   }
 
   const VpnFamily &family_;
+  IdentifierSpace &identifiers_;
+  const KeptFamily *kept_;
+  Node &groups_;
   std::array<Node *, std::tuple_size_v<decltype(VpnFamily::tables)>> lists_{};
-  Node *groups_ = nullptr;
-  Node *vpns_ = nullptr;
+  VpnSelection selected_;
+  std::uint32_t next_ = 0;  ///< the kept VPN that is likely to come next
+  bool has_derived_ = false;
 };
-
-/// Calls `visit` with each VPN of a family, the list that holds it and its place there, after `on_group` for its group.
-template <typename OnGroup, typename Visit>
-void for_each_vpn(const Tree &configuration, const VpnFamily &family, IdentifierSpace &identifiers, OnGroup on_group,
-                  Visit visit) {
-  const Node *groups = configuration.find(family.groups);
-  if (groups == nullptr) return;
-  for (const Node &group : groups->children) {
-    const Value &group_name = group.keys.front();
-    on_group(group_name);
-    const Nodes &vpns = entries_below(&group, {"vpn"});
-    for (std::size_t i = 0; i < vpns.size(); ++i) {
-      const Value &name = vpns[i].keys.front();
-      visit(Vpn{&group_name, &name, identifiers.of({to_text(group_name), to_text(name)}), &vpns[i]}, vpns, i);
-    }
-  }
-}
-
-void project_family(Tree &derived, const Tree &configuration, const VpnFamily &family, IdentifierSpace &identifiers,
-                    const KeptVpns &kept) {
-  FamilyTables tables(family, derived);
-  for_each_vpn(
-      configuration, family, identifiers, [&](const Value &group) { tables.add_group(group); },
-      [&](const Vpn &vpn, const Nodes &, std::size_t) {
-        const VpnRows *rows = kept.find(*vpn.entry);
-        tables.add(rows != nullptr ? *rows : tables.derive(vpn));
-      });
-}
-
-void keep_family(const Tree &configuration, const VpnFamily &family, IdentifierSpace &identifiers, KeptVpns &kept) {
-  Tree scratch(configuration.schema());
-  FamilyTables tables(family, scratch);
-  for_each_vpn(
-      configuration, family, identifiers, [&](const Value &group) { tables.add_group(group); },
-      [&](const Vpn &vpn, const Nodes &vpns, std::size_t place) {
-        if (kept.find(*vpn.entry) == nullptr) kept.add(vpns, place, tables.derive(vpn));
-      });
-}
 
 }  // namespace
 
-Projector::Projector(const Profile &profile)
-    : profile_(profile), identifiers_(std::make_unique<Identifiers>()), kept_(std::make_unique<KeptVpns>()) {}
+Projector::Projector(const Profile &profile) : profile_(profile), identifiers_(std::make_unique<Identifiers>()) {}
 
 Projector::~Projector() = default;
 
 void Projector::project(Tree &configuration) {
   // A tree of its own, so that what is read stays in its place while entries are added.
   Tree derived(configuration.schema());
-  project_family(derived, configuration, vpls_family, identifiers_->vpls, *kept_);
-  project_family(derived, configuration, vpws_family, identifiers_->vpws, *kept_);
+  FamilyProjection(vpls_family, identifiers_->vpls, kept_vpls_.get(), derived).run(configuration);
+  FamilyProjection(vpws_family, identifiers_->vpws, kept_vpws_.get(), derived).run(configuration);
   derive_ldp_interfaces(derived, configuration, identifiers_->layer3);
   derive_static_member_table(derived, configuration, profile_);
   derive_snooping_table(derived, configuration, profile_);
 
-  for (const VpnFamily *family : {&vpls_family, &vpws_family}) {
-    for (const VpnTable &table : family->tables) derived.sort_list(table.path);
-  }
   for (const char *table : {ldp_interface_table, static_member_table, snooping_table}) derived.sort_list(table);
   configuration.root().children.append_shared(std::as_const(derived).root().children);
   configuration.root().children.sort(
       [](const Node &a, const Node &b) { return a.schema->position < b.schema->position; });
 }
 
-void Projector::keep(const Tree &configuration) {
-  keep_family(configuration, vpls_family, identifiers_->vpls, *kept_);
-  keep_family(configuration, vpws_family, identifiers_->vpws, *kept_);
+void Projector::keep(const Tree &running, const Tree &candidate) {
+  kept_vpls_ = std::make_unique<KeptFamily>(vpls_family, running, candidate, identifiers_->vpls);
+  kept_vpws_ = std::make_unique<KeptFamily>(vpws_family, running, candidate, identifiers_->vpws);
 }
 
 }  // namespace element

@@ -9,7 +9,7 @@
 namespace element {
 
 class Identifiers;
-class KeptVpns;
+class KeptFamily;
 
 /// Adds to an operator's configuration the tables that the element's applications derive from it. A VPN or layer-3
 /// interface has the same identifier in every configuration that goes through one projector. Identifiers start at 1 and
@@ -26,15 +26,16 @@ class Projector {
   /// snooping names an interface that the profile does not have.
   void project(Tree &configuration);
 
-  /// Derives and caches the entries of every VPN of a sorted tree. project() then takes the cached entries for VPNs
-  /// whose node a tree shares with this one. The cache takes about as much memory as the derived tables and lives as
-  /// long as the projector.
-  void keep(const Tree &configuration);
+  /// Derives and caches the entries of every VPN of two sorted trees. project() then takes the cached entries for
+  /// groups and VPNs whose node a tree shares with one of these. The cache takes about as much memory as the derived
+  /// tables and lives as long as the projector, or until trees are kept again.
+  void keep(const Tree &running, const Tree &candidate);
 
  private:
   const Profile &profile_;
   std::unique_ptr<Identifiers> identifiers_;
-  std::unique_ptr<KeptVpns> kept_;
+  std::unique_ptr<KeptFamily> kept_vpls_;  ///< null until trees are kept
+  std::unique_ptr<KeptFamily> kept_vpws_;
 };
 
 }  // namespace element
