@@ -53,9 +53,6 @@ void expect_memory_is_told(const std::vector<std::string> &arguments) {
 }
 
 TEST(OutOfMemory, is_told_as_such_and_not_as_a_fault_of_the_input) {
-#ifdef __SANITIZE_ADDRESS__
-  GTEST_SKIP() << "what is lost with a failed allocation is not given back, which the sanitizer reports";
-#endif
   const CommitFolder folder;
   folder.configure(vpws_group(vpn("east")),
                    vpws_group(vpn("east", R"(, "neighbor": [{"address": "192.0.2.1", "pw-id": 1}])")));

@@ -264,25 +264,27 @@ std::optional<Value> value_from_text(const SchemaNode &leaf, std::string_view te
 }
 
 Schema::Schema() {
-  if (ly_ctx_new(nullptr, LY_CTX_NO_YANGLIBRARY | LY_CTX_DISABLE_SEARCHDIRS | LY_CTX_SET_PRIV_PARSED, &context_) !=
+  ly_ctx *context = nullptr;
+  if (ly_ctx_new(nullptr, LY_CTX_NO_YANGLIBRARY | LY_CTX_DISABLE_SEARCHDIRS | LY_CTX_SET_PRIV_PARSED, &context) !=
       LY_SUCCESS) {
     throw std::runtime_error("the data model's context cannot be created");
   }
-  ly_ctx_set_module_imp_clb(context_, shipped_module, nullptr);
+  context_.reset(context);
+  ly_ctx_set_module_imp_clb(context, shipped_module, nullptr);
   for (const char *name : kModulesInOrder) {
-    if (ly_ctx_load_module(context_, name, nullptr, nullptr) == nullptr) {
-      throw std::runtime_error(fmt::format("module {} does not compile: {}", name, ly_errmsg(context_)));
+    if (ly_ctx_load_module(context, name, nullptr, nullptr) == nullptr) {
+      throw std::runtime_error(fmt::format("module {} does not compile: {}", name, ly_errmsg(context)));
     }
   }
   for (const char *name : kModulesInOrder) {
-    const lys_module *module = ly_ctx_get_module_implemented(context_, name);
+    const lys_module *module = ly_ctx_get_module_implemented(context, name);
     if (module->compiled->data != nullptr) read_children(module->compiled->data, root_);
   }
   std::map<std::uint32_t, std::string> names;
   require_distinct_tags(root_, names);
 }
 
-Schema::~Schema() { ly_ctx_destroy(context_); }
+void Schema::DestroyContext::operator()(ly_ctx *context) const { ly_ctx_destroy(context); }
 
 const SchemaNode *Schema::find(std::string_view path) const {
   const SchemaNode *node = &root_;

@@ -78,9 +78,6 @@ class Schema {
  public:
   /// Compiles the shipped modules. Throws std::runtime_error when they do not compile.
   Schema();
-  ~Schema();
-  Schema(const Schema &) = delete;
-  Schema &operator=(const Schema &) = delete;
 
   /// A nameless container that holds the top-level nodes in schema order.
   const SchemaNode &root() const { return root_; }
@@ -89,10 +86,14 @@ class Schema {
   const SchemaNode *find(std::string_view path) const;
 
   /// The libyang context, for parsing configuration.
-  ly_ctx *context() const { return context_; }
+  ly_ctx *context() const { return context_.get(); }
 
  private:
-  ly_ctx *context_ = nullptr;
+  struct DestroyContext {
+    void operator()(ly_ctx *context) const;
+  };
+
+  std::unique_ptr<ly_ctx, DestroyContext> context_;
   SchemaNode root_;
 };
 
