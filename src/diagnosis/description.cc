@@ -123,7 +123,8 @@ Finding describe_finding(const SearchContext &context, const FoundConflicts &con
                   {running_tree(smallest, context.entries, context.changes),
                    candidate_tree(smallest, context.entries, context.changes)},
                   {},
-                  {}};
+                  {},
+                  context.messages[first.message].rule_id()};
   if (context.messages[first.message].counts()) finding.enough = first.too_many;
   for (const std::size_t i : group) {
     const FoundConflict &conflict = conflicts[i];

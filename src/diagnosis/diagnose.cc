@@ -17,17 +17,6 @@ namespace {
 // What a conflict is confirmed with is the whole of so small a commit, of a larger one what is near.
 constexpr std::uint32_t kFewEntries = 200;
 
-/// What the device says: its first rejection, which ends the commit, and the warnings before it.
-std::vector<host::PointVerdict> spoken(const host::Verdict &verdict) {
-  std::vector<host::PointVerdict> answers;
-  for (const host::PointVerdict &point : verdict.points) {
-    if (point.answer == host::Answer::accepted) continue;
-    answers.insert(point.answer == host::Answer::rejected ? answers.begin() : answers.end(), point);
-    if (point.answer == host::Answer::rejected) break;
-  }
-  return answers;
-}
-
 class Diagnoser {
  public:
   Diagnoser(const host::Plugin &plugin, host::HostSession &session, const element::Transaction &transaction,
@@ -72,7 +61,7 @@ class Diagnoser {
     locality_.emplace(entries_);
     if (entries_.size() > kFewEntries) context_.locality = &*locality_;
     ConflictSearch search(context_, *locality_);
-    for (const host::PointVerdict &answer : spoken(verdict)) search.find(messages_.number_of(answer));
+    for (const Message &said : device_messages(verdict)) search.find(messages_.number_of(said.verdict));
     if (options_.all_findings) search.find_all();
     conflicts_ = search.conflicts();
     is_proven_ = search.is_proven();
@@ -90,10 +79,9 @@ class Diagnoser {
  private:
   /// What the device says comes first, in its words.
   void mark_device_findings(const host::Verdict &verdict, std::vector<Finding> &findings) {
-    const std::vector<host::PointVerdict> answers = spoken(verdict);
     auto place = findings.begin();
-    for (const host::PointVerdict &answer : answers) {
-      const std::uint32_t message = messages_.number_of(answer);
+    for (const Message &said : device_messages(verdict)) {
+      const std::uint32_t message = messages_.number_of(said.verdict);
       const auto says_it = [&](const Finding &finding) {
         return std::any_of(finding.conflicts.begin(), finding.conflicts.end(),
                            [&](const Conflict &conflict) { return messages_.number_of(conflict.verdict) == message; });
@@ -101,7 +89,8 @@ class Diagnoser {
       const auto found = std::find_if(place, findings.end(), says_it);
       if (found == findings.end()) continue;
       found->from_device = true;
-      found->verdict = answer;
+      found->verdict = said.verdict;
+      found->rule = said.rule_id();
       std::rotate(place, found, found + 1);
       ++place;
     }

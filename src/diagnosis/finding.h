@@ -101,6 +101,7 @@ struct Finding {
   SmallestCommit smallest;   ///< of the first conflict
   Advice advice;
   std::vector<Repair> repairs;
+  std::string rule;  ///< id of the rule whose message `verdict` is; empty: the rule table does not know it
 };
 
 enum class SearchEnd { complete, calls, time, interrupted, contract_violation };

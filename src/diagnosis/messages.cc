@@ -35,6 +35,18 @@ std::string_view identity(const rules::Rule *rule, std::string_view text) {
 
 }  // namespace
 
+std::vector<Message> device_messages(const host::Verdict &verdict) {
+  std::vector<Message> messages;
+  for (const host::PointVerdict &point : verdict.points) {
+    if (point.answer == host::Answer::accepted) continue;
+    const bool is_rejection = point.answer == host::Answer::rejected;
+    const Message message{point, rules::rule_of_message(point.point, point.text)};
+    messages.insert(is_rejection ? messages.begin() : messages.end(), message);
+    if (is_rejection) break;
+  }
+  return messages;
+}
+
 bool Message::is_cumulative() const { return rule != nullptr && (rule->counts || rule->lists); }
 
 std::uint32_t Messages::number_of(const host::PointVerdict &answer) {

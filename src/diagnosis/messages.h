@@ -17,12 +17,18 @@ struct Message {
   host::PointVerdict verdict;         ///< as it was given first
   const rules::Rule *rule = nullptr;  ///< null where the rule table does not know it
 
+  /// Empty where the rule table does not know it.
+  std::string rule_id() const { return rule == nullptr ? "" : rule->id; }
+
   /// A limit.
   bool counts() const { return rule != nullptr && rule->counts; }
 
   /// The more entries take part, the more it tells: their number, or the list of them.
   bool is_cumulative() const;
 };
+
+/// What the device says: its first rejection, which ends the commit, and then the warnings before it.
+std::vector<Message> device_messages(const host::Verdict &verdict);
 
 /// The messages of a search, each with a number. Two answers are the same message when point, severity and text are; a
 /// limit's when the rule is and the names in it are, whatever the numbers; one that lists interfaces whatever these

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "diagnosis/messages.h"
 #include "element/input/source_lines.h"
-#include "rules/rule.h"
 
 namespace report {
 namespace {
@@ -72,7 +72,7 @@ class FindingMaker {
       : schema_(schema), running_(files.running, texts.running), candidate_(files.candidate, texts.candidate) {}
 
   Finding make(const diagnosis::Finding &found, bool from_device) const {
-    Finding finding = make_bare(found.verdict, from_device);
+    Finding finding = make_bare(found.verdict, found.rule, from_device);
     for (const auto &party : found.parties) finding.parties.push_back(this->party(party));
     for (const auto &trigger : found.triggers) finding.triggers.push_back(party(trigger));
     for (const auto &[verdict, parties, triggers] : found.conflicts) {
@@ -98,10 +98,9 @@ class FindingMaker {
   }
 
   /// What the verdict alone tells.
-  Finding make_bare(const host::PointVerdict &verdict, bool from_device) const {
-    const rules::Rule *rule = rules::rule_of_message(verdict.point, verdict.text);
+  Finding make_bare(const host::PointVerdict &verdict, const std::string &rule, bool from_device) const {
     Finding finding;
-    if (rule != nullptr) finding.rule = rule->id;
+    finding.rule = rule;
     finding.is_warning = verdict.answer == host::Answer::warned;
     finding.from_device = from_device;
     finding.point = verdict.point;
@@ -191,28 +190,19 @@ bool says(const diagnosis::Finding &finding, const host::PointVerdict &message) 
                      [&message](const diagnosis::Conflict &conflict) { return is_same(conflict.verdict, message); });
 }
 
-/// The rejection comes first here, whatever was said before it.
-std::vector<host::PointVerdict> messages_of(const host::Verdict &verdict) {
-  std::vector<host::PointVerdict> messages;
-  for (const host::PointVerdict &point : verdict.points) {
-    if (point.answer == host::Answer::warned) messages.push_back(point);
-    if (point.answer == host::Answer::rejected) messages.insert(messages.begin(), point);
-  }
-  return messages;
-}
-
 }  // namespace
 
 void add_findings(CommitReport &commit, const diagnosis::Diagnosis &diagnosis, const host::Verdict &verdict,
                   const element::Schema &schema, const InputFiles &files, const InputTexts &texts) {
-  const std::vector<host::PointVerdict> messages = messages_of(verdict);
+  const std::vector<diagnosis::Message> messages = diagnosis::device_messages(verdict);
   if (messages.empty()) return;
 
   const FindingMaker maker(schema, files, texts);
   // The same message may be drawn a second time behind the first: only the first is the device's.
   std::vector<const diagnosis::Finding *> left;
   for (const diagnosis::Finding &found : diagnosis.findings) left.push_back(&found);
-  for (const host::PointVerdict &message : messages) {
+  for (const diagnosis::Message &said : messages) {
+    const host::PointVerdict &message = said.verdict;
     const auto found =
         std::find_if(left.begin(), left.end(), [&message](const auto *f) { return is_same(f->verdict, message); });
     if (found != left.end()) {
@@ -221,7 +211,7 @@ void add_findings(CommitReport &commit, const diagnosis::Diagnosis &diagnosis, c
       left.erase(found);
     } else if (std::none_of(diagnosis.findings.begin(), diagnosis.findings.end(),
                             [&message](const diagnosis::Finding &finding) { return says(finding, message); })) {
-      commit.findings.push_back(maker.make_bare(message, true));
+      commit.findings.push_back(maker.make_bare(message, said.rule_id(), true));
     }
   }
   for (const diagnosis::Finding *found : left) commit.findings.push_back(maker.make(*found, false));

@@ -5,8 +5,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "diagnosis/messages.h"
 #include "element/datastore/path.h"
-#include "rules/rule.h"
 
 namespace vlan_map {
 namespace {
@@ -129,10 +129,9 @@ void mark(std::vector<Port> &ports, const Conflict &conflict, std::size_t index)
 std::vector<Conflict> find_conflicts(const host::Verdict &verdict, const diagnosis::Diagnosis &diagnosis,
                                      std::vector<Port> &ports) {
   std::vector<Conflict> conflicts;
-  const auto add = [&](Conflict conflict, const PointVerdict &point) {
+  const auto add = [&](Conflict conflict, const PointVerdict &point, const std::string &rule) {
     conflict.message = point.text;
-    const rules::Rule *rule = rules::rule_of_message(point.point, point.text);
-    if (rule != nullptr) conflict.rule = rule->id;
+    conflict.rule = rule;
     conflict.is_warning = point.answer == host::Answer::warned;
     conflict.from_device = is_in(verdict.points, point);
     mark(ports, conflict, conflicts.size());
@@ -142,11 +141,11 @@ std::vector<Conflict> find_conflicts(const host::Verdict &verdict, const diagnos
   const Finder finder(ports);
   std::vector<PointVerdict> explained;
   for (const Finding &fault : diagnosis.findings) {
-    add(finder.conflict_of(fault), fault.verdict);
+    add(finder.conflict_of(fault), fault.verdict, fault.rule);
     explained.push_back(fault.verdict);
   }
-  for (const PointVerdict &point : verdict.points) {
-    if (!point.text.empty() && !is_in(explained, point)) add({}, point);
+  for (const diagnosis::Message &said : diagnosis::device_messages(verdict)) {
+    if (!is_in(explained, said.verdict)) add({}, said.verdict, said.rule_id());
   }
   return conflicts;
 }

@@ -51,9 +51,10 @@ class Findings : public testing::Test {
  protected:
   element::Path path(const std::string &text) const { return element::parse_path(schema, text); }
 
+  /// What a search tells, though of no rule.
   void find(const host::PointVerdict &verdict, std::vector<diagnosis::Party> parties,
             std::vector<diagnosis::ChangePart> change = {}) {
-    diagnosis::Finding finding{verdict, false, std::move(parties), {}, false, {}, 0, true, {tree, tree}, {}, {}};
+    diagnosis::Finding finding{verdict, false, std::move(parties), {}, false, {}, 0, true, {tree, tree}, {}, {}, {}};
     finding.conflicts = {{verdict, {}, {}}};
     for (std::size_t i = 0; i < finding.parties.size(); ++i) finding.conflicts[0].parties.push_back(i);
     if (!change.empty()) finding.advice.alternatives = {std::move(change)};

@@ -124,6 +124,7 @@ TEST(Conflicts, tell_whether_the_element_itself_says_them_and_by_which_rule) {
   Map map = map_of({}, {on_vpws("ge-1") + "/dot1q = 5"});
   std::vector<diagnosis::Finding> findings;
   findings.push_back(finding(says(same_vlan), {on_vpws("ge-1")}));
+  findings.back().rule = "access-same-dot1q";
   findings.push_back(finding(says("behind it"), {on_vpws("ge-1")}));
   map.conflicts = find_conflicts(verdict_of({says(same_vlan)}), diagnosis_of(std::move(findings)), map.ports);
   ASSERT_EQ(map.conflicts.size(), 2u);
@@ -138,6 +139,7 @@ TEST(Conflicts, a_message_that_nothing_explains_has_no_claims) {
   map.conflicts = find_conflicts(verdict_of({says("", host::Answer::accepted), says(same_vlan)}), {}, map.ports);
   ASSERT_EQ(map.conflicts.size(), 1u);
   EXPECT_EQ(map.conflicts[0].message, same_vlan);
+  EXPECT_EQ(map.conflicts[0].rule, "access-same-dot1q");
   EXPECT_TRUE(map.conflicts[0].from_device);
   EXPECT_TRUE(map.conflicts[0].claims.empty());
 }

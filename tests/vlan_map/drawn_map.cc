@@ -34,7 +34,7 @@ host::PointVerdict says(const std::string &message, host::Answer answer) {
 
 diagnosis::Finding finding(const host::PointVerdict &verdict, const Lines &parties) {
   const element::Tree nothing(test_schema());
-  diagnosis::Finding made{verdict, false, {}, {}, false, {}, 0, true, {nothing, nothing}, {}, {}};
+  diagnosis::Finding made{verdict, false, {}, {}, false, {}, 0, true, {nothing, nothing}, {}, {}, {}};
   for (const std::string &line : parties) {
     const std::size_t blank = line.find(" with ");
     diagnosis::Party party;
