@@ -12,7 +12,11 @@ using host::SeamFunction;
 /// Commits to an element with a library that does what the names of new VPWS groups tell it.
 class Commit : public host_test::ServedElement {
  protected:
-  void add_group(const std::string &told) { candidate.put("/mpls/l2vpn-config/l2vpn/vpws-group{\"" + told + "\"}"); }
+  void add_group(const std::string &told) {
+    element::Path group = element::parse_path(host_test::schema(), "/mpls/l2vpn-config/l2vpn/vpws-group{x}");
+    group.back().keys = {told};
+    candidate.put(element::to_text(group));
+  }
 
   host::Verdict validate(bool all_points = false) {
     const element::Transaction commit(running, candidate);
@@ -190,7 +194,8 @@ TEST_F(Commit, ListsTheQuestionsThatANameMakesUnreadable) {
   add_group("ask");
   EXPECT_EQ(validate().unreadable.size(), 0U) << "a path that no name made unreadable is not listed";
 
-  for (const std::string &name : {std::string("ask twice"), std::string("ask}"), "ask" + std::string(600, 'x')}) {
+  for (const std::string &name :
+       {std::string("ask twice"), std::string("ask}"), std::string("\"ask\""), "ask" + std::string(600, 'x')}) {
     candidate = element::Tree(host_test::schema());
     add_group(name);
     const host::Verdict verdict = validate();

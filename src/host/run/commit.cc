@@ -110,7 +110,7 @@ std::vector<UnreadableQuestion> unreadable_questions(const element::Transaction 
   std::size_t i = 0;
   for (const AskedPoint &point : asked) {
     for (; i < point.paths; ++i) {
-      const std::string name = names.cause_of(paths[i].path);
+      const std::string name = names.cause_of(paths[i]);
       if (name.empty()) continue;
       questions.push_back({point.point, std::string(host::name(paths[i].function)), paths[i].path, name});
     }

@@ -33,7 +33,8 @@ struct PointVerdict {
 enum class Decision { accepted, accepted_with_warnings, rejected };
 
 /// A question of the library that the platform could not read, because of a character in, or the length of, a name that
-/// the operator gave. The call failed, so the rule that asked did not look at what the name stands for.
+/// the operator gave. The call failed, or, where the name has quotes, asked for the name without them: the rule did not
+/// look at what the name stands for.
 struct UnreadableQuestion {
   std::string point;     ///< the validation point that asked
   std::string function;  ///< the platform function

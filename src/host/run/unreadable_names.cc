@@ -40,10 +40,11 @@ UnreadableNames::UnreadableNames(const element::Transaction &transaction) {
   std::stable_sort(names_.begin(), names_.end(), [](const auto &a, const auto &b) { return a.size() > b.size(); });
 }
 
-std::string UnreadableNames::cause_of(std::string_view path) const {
+std::string UnreadableNames::cause_of(const UnreadablePath &path) const {
   for (const std::string &name : names_) {
-    const bool is_held = has_special_character(name) && path.find(name) != std::string_view::npos;
-    if (is_held || is_cut_off_at(path, name)) return name;
+    const bool is_held = has_special_character(name) && path.path.find(name) != std::string::npos;
+    const bool is_key = std::find(path.keys.begin(), path.keys.end(), name) != path.keys.end();
+    if (!is_key && (is_held || is_cut_off_at(path.path, name))) return name;
   }
   return {};
 }

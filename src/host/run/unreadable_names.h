@@ -2,10 +2,10 @@
 #define HOST_RUN_UNREADABLE_NAMES_H
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "element/datastore/transaction.h"
+#include "host/seam/host_session.h"
 
 namespace host {
 
@@ -15,8 +15,9 @@ class UnreadableNames {
  public:
   explicit UnreadableNames(const element::Transaction &transaction);
 
-  /// The longest of these names that the path holds, or that the path's end cuts off; empty: none.
-  std::string cause_of(std::string_view path) const;
+  /// The longest of these names that the path holds, or that the path's end cuts off, and that is none of the keys as
+  /// which it was read; empty: none.
+  std::string cause_of(const UnreadablePath &path) const;
 
  private:
   std::vector<std::string> names_;  ///< longest first

@@ -33,12 +33,28 @@ HostSession *enter_transaction(SeamFunction function, int sock, int thandle) {
   return nullptr;
 }
 
+namespace {
+
+std::vector<std::string> keys_of(const FormattedPath &path) {
+  std::vector<std::string> keys;
+  for (const FormattedPath::Part &part : path) {
+    if (part.is_key) keys.emplace_back(part.text);
+  }
+  return keys;
+}
+
+}  // namespace
+
 int resolve_path(HostSession &session, SeamFunction function, ResolvedPath &path, const char *format,
                  std::va_list arguments) {
   std::va_list again;
   va_copy(again, arguments);
   const int reason = path.resolve(session.transaction()->candidate.schema(), format, arguments);
-  if (reason != 0) session.statistics.unreadable_paths.push_back({function, formatted_text(format, again)});
+  if (reason != 0) {
+    session.statistics.unreadable_paths.push_back({function, formatted_text(format, again), {}});
+  } else if (path.text().has_quotes()) {
+    session.statistics.unreadable_paths.push_back({function, formatted_text(format, again), keys_of(path.text())});
+  }
   va_end(again);
   return reason;
 }

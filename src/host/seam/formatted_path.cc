@@ -157,6 +157,7 @@ std::size_t FormattedPath::take_keys(std::string_view text) {
     case '"':
       open_key();
       state_ = State::quoted;
+      has_quotes_ = true;
       return 1;
     default:
       break;

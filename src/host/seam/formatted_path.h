@@ -35,6 +35,9 @@ class FormattedPath {
   /// closing brace and the next slash, or a conversion that is none of the above. "/" alone is a path without names.
   bool format(const char *format, std::va_list arguments);
 
+  /// A key, or a part of one, stands in quotes.
+  bool has_quotes() const { return has_quotes_; }
+
   const Part *begin() const { return parts_.begin(); }
   const Part *end() const { return parts_.end(); }
 
@@ -63,6 +66,7 @@ class FormattedPath {
 
   State state_ = State::start;
   bool key_is_open_ = false;
+  bool has_quotes_ = false;
   fmt::basic_memory_buffer<Part, 32> parts_;
   std::array<char, 128> digits_;  ///< of the numbers among the arguments
   std::size_t digits_used_ = 0;

@@ -62,10 +62,12 @@ inline constexpr std::size_t seam_function_count = static_cast<std::size_t>(Seam
 /// cdb_session_end.
 std::string_view name(SeamFunction function);
 
-/// A call whose path is none of the data model's, so that it failed without a look at the configuration.
+/// A call whose path is none of the data model's, so that it failed without a look at the configuration; or one whose
+/// path has keys in quotes, which are read without them.
 struct UnreadablePath {
   SeamFunction function = SeamFunction::count;
-  std::string path;  ///< as the caller's format and arguments give it
+  std::string path;               ///< as the caller's format and arguments give it
+  std::vector<std::string> keys;  ///< as the platform reads them; none where it cannot read the path
 };
 
 /// The platform calls since the last reset, and what they opened or allocated. Whatever is still open or owned by the

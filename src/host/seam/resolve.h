@@ -25,6 +25,9 @@ class ResolvedPath {
   /// its type.
   int resolve(const element::Schema &schema, const char *format, std::va_list arguments);
 
+  /// The path as it was taken apart.
+  const FormattedPath &text() const { return text_; }
+
   const Step *begin() const { return steps_.begin(); }
   const Step *end() const { return steps_.end(); }
 

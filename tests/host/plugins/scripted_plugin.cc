@@ -61,7 +61,7 @@ std::int32_t answer_to(confd_trans_ctx *tctx, std::int32_t sock, const std::stri
   }
   if (told == "throw") throw std::runtime_error("told to");
   if (told == "allocate too much") throw std::bad_array_new_length();
-  if (told.rfind("ask", 0) == 0) {
+  if (told.rfind("ask", 0) == 0 || told == "\"ask\"") {
     const std::string path = "/mpls/l2vpn-config/l2vpn/vpws-group{" + told + "}";
     maapi_exists(sock, tctx->thandle, "%s", path.substr(0, 511).c_str());
     maapi_exists(sock, tctx->thandle, "/no/such/node");
