@@ -38,10 +38,10 @@ std::uint64_t expected_left(const LimitProbe &probe, const std::vector<LimitUsag
 
 Measurement measure(const host::Plugin &plugin, const Commit &commit, const Progress &progress) {
   const CommitContext context(commit);
-  const Validator validator(plugin, commit.running);
+  Measurement measurement;
+  const Validator validator(plugin, commit.running, measurement.unreadable);
   const host::Verdict verdict = validator.decide(context.trial(), false);
 
-  Measurement measurement;
   measurement.decision = verdict.decision;
   for (const host::PointVerdict &point : verdict.points) {
     if (point.answer != host::Answer::accepted) measurement.answers.push_back(answer_of(point));

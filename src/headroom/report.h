@@ -54,6 +54,8 @@ struct Measurement {
   host::Decision decision = host::Decision::accepted;
   std::vector<Answer> answers;  ///< the rejection, or the warnings
   std::vector<LimitUsage> usages;
+  /// Of the commit and of the trials for its limits. Each name comes with the questions of the first that had it.
+  std::vector<host::UnreadableQuestion> unreadable;
 };
 
 }  // namespace headroom

@@ -4,11 +4,24 @@
 #include "rules/rule.h"
 
 namespace headroom {
+namespace {
+
+void add_new_names(std::vector<host::UnreadableQuestion> &known, const std::vector<host::UnreadableQuestion> &more) {
+  std::set<std::string> names;
+  for (const host::UnreadableQuestion &question : known) names.insert(question.name);
+  for (const host::UnreadableQuestion &question : more) {
+    if (!names.contains(question.name)) known.push_back(question);
+  }
+}
+
+}  // namespace
 
 host::Verdict Validator::decide(const TrialCommit &trial, bool all_points) const {
   host::HostSession session(trial.profile);
   const auto transaction = element::make_transaction(running_, trial.candidate, trial.profile);
-  return host::validate_commit(plugin_, session, *transaction, {.all_points = all_points});
+  host::Verdict verdict = host::validate_commit(plugin_, session, *transaction, {.all_points = all_points});
+  add_new_names(unreadable_, verdict.unreadable);
+  return verdict;
 }
 
 std::optional<Answer> Validator::rejection(const TrialCommit &trial, const Points &ignored) const {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "headroom/report.h"
 #include "host/run/plugin.h"
@@ -22,11 +23,13 @@ using Points = std::set<std::string>;
 /// Has the validation library decide candidates against one running configuration.
 class Validator {
  public:
-  /// Both must outlive the validator.
-  Validator(const host::Plugin &plugin, const element::Tree &running) : plugin_(plugin), running_(running) {}
+  /// All must outlive the validator. `unreadable` collects the questions that could not be read.
+  Validator(const host::Plugin &plugin, const element::Tree &running, std::vector<host::UnreadableQuestion> &unreadable)
+      : plugin_(plugin), running_(running), unreadable_(unreadable) {}
 
   /// The verdict on the commit from the running configuration to the trial's candidate: the answers of all triggered
-  /// points, or of those up to the first rejection.
+  /// points, or of those up to the first rejection. Questions that could not be read are collected where they have a
+  /// name that no earlier trial had.
   host::Verdict decide(const TrialCommit &trial, bool all_points) const;
 
   /// The first rejection by a point that is not in `ignored`; nothing if these points accept.
@@ -35,6 +38,7 @@ class Validator {
  private:
   const host::Plugin &plugin_;
   const element::Tree &running_;
+  std::vector<host::UnreadableQuestion> &unreadable_;
 };
 
 /// A point's answer with the rule that its message belongs to.

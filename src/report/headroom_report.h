@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "headroom/report.h"
+#include "report/unreadable_names.h"
 
 namespace report {
 
@@ -13,6 +14,7 @@ namespace report {
 struct ElementHeadroom {
   std::string file;  ///< its profile
   headroom::Measurement measurement;
+  std::vector<UnreadableName> unreadable;  ///< of the measurement's questions
 };
 
 /// What `headroom` found out, for every output format. The elements have the same limits in the same order.

@@ -28,12 +28,19 @@ std::string head_markup(const Map &map) {
       map_style.sha256, page_style.sha256, page_script.sha256, to_markup(map.title), map_style.text, page_style.text);
 }
 
+std::string notices_markup(const Map &map) {
+  std::string markup;
+  for (const std::string &notice : map.notices)
+    markup += fmt::format("<p class=\"notice\">{}.</p>\n", to_markup(notice));
+  return markup;
+}
+
 std::string summary_markup(const Map &map) {
   return fmt::format(
-      "<header>\n<h1>{}</h1>\n<p class=\"summary{}\">{}</p>\n<p>{}. <a href=\"#all-claims\">Table of all claims</a></p>\n"
+      "<header>\n<h1>{}</h1>\n<p class=\"summary{}\">{}</p>\n<p>{}. <a href=\"#all-claims\">Table of all claims</a></p>\n{}"
       "</header>\n",
       to_markup(map.title), map.decision == host::Decision::rejected ? " refused" : "", verdict_text(map),
-      count_text(map));
+      count_text(map), notices_markup(map));
 }
 
 std::string conflicts_markup(const Map &map, const ClaimNumbers &numbers) {

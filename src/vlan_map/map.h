@@ -69,7 +69,8 @@ struct Map {
   host::Decision decision = host::Decision::accepted;
   std::vector<Port> ports;  ///< those of the profile in its order, then others that a configuration names
   std::vector<Conflict> conflicts;
-  bool complete = true;  ///< false: there may be further conflicts
+  bool complete = true;              ///< false: there may be further conflicts
+  std::vector<std::string> notices;  ///< sentences on what the verdict may have missed; none in an ordinary commit
 };
 
 }  // namespace vlan_map

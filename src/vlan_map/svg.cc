@@ -72,6 +72,7 @@ std::string description_of(const Map &map) {
   for (std::size_t i = 0; i < map.conflicts.size(); ++i) {
     text += fmt::format(" {}: {}.", conflict_text(map, i), map.conflicts[i].message);
   }
+  for (const std::string &notice : map.notices) text += " " + notice + ".";
   return text;
 }
 
@@ -108,6 +109,9 @@ class Picture {
     write_line("title", kMargin, map_.title);
     write_line(map_.decision == host::Decision::rejected ? "verdict rejected" : "verdict", kMargin, verdict_text(map_));
     write_line("note", kMargin, count_text(map_));
+    for (const std::string &notice : map_.notices) {
+      for (const std::string &line : wrapped(notice, kMessageColumns)) write_line("note", kMargin, line);
+    }
   }
 
   void write_conflicts() {

@@ -100,6 +100,30 @@ TEST_F(HeadroomCommand, an_element_has_the_same_numbers_alone_and_among_others) 
   EXPECT_EQ(together.at("inputs"), alone.at("inputs"));
 }
 
+TEST_F(HeadroomCommand, names_that_could_not_be_read_are_told_for_each_element) {
+  const std::string running = " --running " SOURCE_DIR "/examples/blank-in-name-hides-static-member/running.xml";
+  const std::string candidate = " --candidate " SOURCE_DIR "/examples/blank-in-name-hides-static-member/candidate.xml";
+  const std::string element = " --element " SOURCE_DIR "/examples/blank-in-name-hides-static-member/element.json";
+  const std::string notice = "    3 questions of the library could not be read because of the name `a b`: rules ";
+  const std::string text = run_process(VPNVAL_FILE " headroom" + running + candidate + element).output;
+  EXPECT_NE(text.find(": accepted\n" + notice), std::string::npos) << text;
+
+  const ProcessResult two =
+      run_process(VPNVAL_FILE " headroom --format json" + running + candidate + element + element);
+  for (const json &measured : json::parse(two.output).at("elements")) {
+    EXPECT_EQ(measured.at("unreadable").at(0).at("name"), "a b");
+    EXPECT_EQ(measured.at("unreadable").at(0).at("questions"), 3);
+  }
+}
+
+TEST_F(HeadroomCommand, a_name_that_only_the_trials_ask_about_is_told_too) {
+  const std::string domain = R"(, "bridge-domain": {"dot1q": 5, "access-interface": [{"name": "ge-1"}]})";
+  const std::string same = vpls_group(vpn("a b", domain));
+  folder.configure(same, same);
+  const json element = json::parse(run("--format json").output).at("elements").at(0);
+  EXPECT_EQ(element.at("unreadable").at(0).at("name"), "a b");
+}
+
 TEST_F(HeadroomCommand, every_document_fits_the_schema) {
   folder.write("one", run("--format json").output);
   folder.write("three", run("--format json --element small.json --element element.json").output);

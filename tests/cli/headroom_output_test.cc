@@ -28,6 +28,7 @@ TEST(HeadroomText, is_a_table_with_a_column_for_each_element) {
     vpn_access_valp: a message\nof another library
 [2] tight\x1b.json: rejected
     vpn_overflow_valp: Maximum number of VPNs has been exceeded. Attempt to configure 5 of 4 allowed
+    2 questions of the library could not be read because of the name `a b`: rule vpn-limit may not have looked at it
 
 left of each limit                                      used  [1]          [2]
 VPNs                                                       5  16384+ (1)   -1 of 4

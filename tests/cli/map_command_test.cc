@@ -51,6 +51,16 @@ TEST_F(MapCommand, the_files_ending_tells_the_format) {
   }
 }
 
+TEST_F(MapCommand, names_that_could_not_be_read_are_told_and_stand_in_the_picture) {
+  const std::string notice = "3 questions of the library could not be read because of the name `a b`: rules ";
+  for (const std::string &file : {svg, html}) {
+    const Outcome outcome = map({SOURCE_DIR "/examples/blank-in-name-hides-static-member", "-o", file});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.out.find("The commit is accepted.\n" + notice), std::string::npos) << outcome.out;
+    EXPECT_NE(content_of(file).find(">" + notice), std::string::npos) << file;
+  }
+}
+
 TEST_F(MapCommand, takes_three_files_as_check_does) {
   const Outcome outcome = map({"--element", rejected + "/element.json", "--running", rejected + "/running.xml",
                                "--candidate", rejected + "/candidate.xml", "-o", svg});

@@ -24,7 +24,7 @@ LimitUsage usage(Limit limit, const std::string &vpn, const std::string &interfa
 
 report::ElementHeadroom roomy() {
   const Number none;
-  headroom::Measurement measurement{host::Decision::accepted_with_warnings, {unknown}, {}};
+  headroom::Measurement measurement{host::Decision::accepted_with_warnings, {unknown}, {}, {}};
   measurement.usages = {
       usage(Limit::vpns, "", "", LimitState::no_limit, {5, none, 16384}, std::nullopt),
       usage(Limit::pseudowires, "", "", LimitState::stopped, {none, none, 3}, unknown),
@@ -34,7 +34,7 @@ report::ElementHeadroom roomy() {
       usage(Limit::encapsulation_ranges, "", "", LimitState::stopped, {0, 64, 5}, too_many_vlans),
       usage(Limit::interface_ranges, "", "ge-1/1", LimitState::no_room, {none, none, 0}, std::nullopt),
       usage(Limit::bridge_mtu, "vpls-group a vpn b", "", LimitState::measured, {1500, 2000, 500}, unknown)};
-  return {"roomy.json", measurement};
+  return {"roomy.json", measurement, {}};
 }
 
 report::ElementHeadroom tight() {
@@ -42,6 +42,7 @@ report::ElementHeadroom tight() {
   element.file = "tight\x1b.json";
   element.measurement.decision = host::Decision::rejected;
   element.measurement.answers = {too_many_vpns};
+  element.unreadable = {{"a b", 2, {"vpn_overflow_valp"}, {"vpn-limit"}}};
   element.measurement.usages[0] = usage(Limit::vpns, "", "", LimitState::exceeded, {5, 4, -1}, too_many_vpns);
   element.measurement.usages[5] =
       usage(Limit::encapsulation_ranges, "", "", LimitState::stopped, {0, 64, std::nullopt}, unknown);

@@ -37,11 +37,12 @@ report::HeadroomReport measure_here(const HeadroomInputs &inputs, const fs::path
   const auto tell = [&progress](std::size_t done, std::size_t total) {
     progress.update([=] { return fmt::format("{} of {} limits measured", done, total); });
   };
+  const headroom::Measurement measurement = headroom::measure(plugin, commit, tell);
   return {inputs.running.string(),
           inputs.candidate.string(),
           plugin.file().string(),
           plugin.build_id(),
-          {{file.string(), headroom::measure(plugin, commit, tell)}}};
+          {{file.string(), measurement, report::unreadable_names(measurement.unreadable)}}};
 }
 
 report::HeadroomReport measure(const HeadroomInputs &inputs, const fs::path &plugin_file,

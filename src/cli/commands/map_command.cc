@@ -10,6 +10,7 @@
 #include "host/run/plugin.h"
 #include "host/seam/host_session.h"
 #include "report/escape/printable.h"
+#include "report/unreadable_names.h"
 #include "vlan_map/claims.h"
 #include "vlan_map/conflicts.h"
 #include "vlan_map/html.h"
@@ -37,6 +38,9 @@ vlan_map::Map map_of(const MapArguments &arguments, const CommitInput &input, co
   map.ports = vlan_map::find_claims(input.transaction(), input.profile());
   map.conflicts = vlan_map::find_conflicts(verdict, diagnosis, map.ports);
   map.complete = diagnosis.end == diagnosis::SearchEnd::complete;
+  for (const report::UnreadableName &name : report::unreadable_names(verdict.unreadable)) {
+    map.notices.push_back(to_text(name));
+  }
   return map;
 }
 
@@ -63,6 +67,7 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   }
   environment.out << fmt::format("{}: {}. {}\n", report::printable(arguments.output), count_text(drawn),
                                  verdict_text(drawn));
+  for (const std::string &notice : drawn.notices) environment.out << notice << '\n';
   return ExitStatus::accepted;
 }
 

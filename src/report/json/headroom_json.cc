@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "report/decision_text.h"
+#include "report/json/unreadable_json.h"
 
 namespace report {
 namespace {
@@ -109,13 +110,14 @@ ordered_json element_json(const ElementHeadroom &element) {
   ordered_json json{{"file", element.file}, {"decision", decision_name(measurement.decision)}};
   json["answers"] = ordered_json::array();
   for (const Answer &answer : measurement.answers) json["answers"].push_back(answer_json(answer));
+  write_unreadable(json, element.unreadable);
   json["limits"] = ordered_json::array();
   for (const LimitUsage &usage : measurement.usages) json["limits"].push_back(usage_json(usage));
   return json;
 }
 
 ElementHeadroom element_from(const ordered_json &json) {
-  ElementHeadroom element{json.at("file").get<std::string>(), {}};
+  ElementHeadroom element{json.at("file").get<std::string>(), {}, read_unreadable(json)};
   element.measurement.decision = decision_from(json.at("decision"));
   for (const auto &answer : json.at("answers")) element.measurement.answers.push_back(answer_from(answer));
   for (const auto &limit : json.at("limits")) element.measurement.usages.push_back(usage_from(limit));

@@ -9,6 +9,7 @@
 #include "report/json/array.h"
 #include "report/json/finding_json.h"
 #include "report/json/node_json.h"
+#include "report/json/unreadable_json.h"
 #include "report/rollback.h"
 
 namespace report {
@@ -50,15 +51,6 @@ ordered_json total_json(const host::Verdict &verdict) {
           {"rejected", counts.rejected}};
 }
 
-ordered_json unreadable_json(const UnreadableName &name) {
-  return {{"name", name.name}, {"questions", name.questions}, {"points", name.points}, {"rules", name.rules}};
-}
-
-UnreadableName read_unreadable(const ordered_json &json) {
-  return {json.at("name").get<std::string>(), json.at("questions").get<std::size_t>(),
-          json.at("points").get<std::vector<std::string>>(), json.at("rules").get<std::vector<std::string>>()};
-}
-
 host::Decision read_decision(const std::string &text) {
   for (const host::Decision decision :
        {host::Decision::accepted, host::Decision::accepted_with_warnings, host::Decision::rejected}) {
@@ -93,9 +85,7 @@ CommitReport read(const ordered_json &json, const std::string &name) {
   CommitReport commit;
   commit.name = name;
   commit.decision = read_decision(json.at("decision").get<std::string>());
-  if (json.contains("unreadable")) {
-    for (const ordered_json &entry : json.at("unreadable")) commit.unreadable.push_back(read_unreadable(entry));
-  }
+  commit.unreadable = read_unreadable(json);
   commit.findings = read_findings(json.at("findings"));
   commit.advice = read_advice(json.at("advice"));
   commit.search = read_search(json.at("search"));
@@ -117,7 +107,7 @@ void write_json(std::ostream &out, const CheckReport &report) {
   json["decision"] = decision_name(report.verdict.decision);
   json["total"] = total_json(report.verdict);
   json["points"] = array(report.verdict.points, point_json);
-  if (!report.commit.unreadable.empty()) json["unreadable"] = array(report.commit.unreadable, unreadable_json);
+  write_unreadable(json, report.commit.unreadable);
   json["changes"] = array(report.changes, change_json);
   json["findings"] = findings_json(report.commit.findings);
   json["advice"] = advice_json(report.commit.advice);

@@ -127,6 +127,7 @@ void write_verdicts(std::ostream &out, const HeadroomReport &report) {
     const ElementHeadroom &element = report.elements[i];
     out << fmt::format("[{}] {}: {}\n", i + 1, printable(element.file), decision_text(element.measurement.decision));
     for (const Answer &answer : element.measurement.answers) out << "    " << rejection_text(answer) << '\n';
+    for (const UnreadableName &name : element.unreadable) out << "    " << to_text(name) << '\n';
   }
   out << '\n';
 }
