@@ -15,7 +15,6 @@
 namespace element {
 namespace {
 
-
 [[noreturn]] void throw_at(const std::string &origin, std::string_view text, std::size_t offset,
                            const std::string &fault) {
   throw InputError(fmt::format("{}:{}: {}", origin, position_at(text, offset).line, fault));
