@@ -26,11 +26,12 @@ std::optional<Count> own_count(const LimitProbe &probe, const Answer &answer, st
   const auto numbers = is_own ? parse_limit_message(answer.message) : std::nullopt;
   if (!numbers) return std::nullopt;
 
-  const auto counted = probe.used ? std::optional(*probe.used + static_cast<std::int64_t>(more)) : std::nullopt;
+  if (!probe.used)
+    return numbers->configured ? std::optional(Count{*numbers->configured, numbers->allowed}) : std::nullopt;
+  const std::int64_t counted = *probe.used + static_cast<std::int64_t>(more);
   // Two VPNs may have too many, and the message names none.
-  if (numbers->configured && counted && numbers->configured != counted) return std::nullopt;
-  if (!numbers->configured && !counted) return std::nullopt;
-  return Count{numbers->configured ? *numbers->configured : *counted, numbers->allowed};
+  if (numbers->configured.value_or(counted) != counted) return std::nullopt;
+  return Count{counted, numbers->allowed};
 }
 
 /// Rejections of the candidate without additions.

@@ -17,16 +17,16 @@ constexpr std::size_t kMostKeys = 4;
 
 constexpr const char *kEmptyXml = "<config xmlns=\"urn:ietf:params:xml:ns:netconf:base:1.0\"/>\n";
 
-struct FreeText {
+struct FreePrinted {
   void operator()(char *text) const { free(text); }
 };
 
-struct FreeData {
+struct FreeTree {
   void operator()(lyd_node *data) const { lyd_free_all(data); }
 };
 
 /// The value as a file has it: an enumeration by its name.
-std::string text_of(const SchemaNode &leaf, const Value &value) {
+std::string file_text(const SchemaNode &leaf, const Value &value) {
   const auto *enumeration = std::get_if<Enumeration>(&value);
   if (enumeration == nullptr) return to_text(value);
   const auto found = std::find_if(leaf.enumerators.begin(), leaf.enumerators.end(),
@@ -34,9 +34,9 @@ std::string text_of(const SchemaNode &leaf, const Value &value) {
   return found == leaf.enumerators.end() ? to_text(value) : found->first;
 }
 
-class Builder {
+class TreeWriter {
  public:
-  explicit Builder(const Schema &schema) : context_(schema.context()) {}
+  explicit TreeWriter(const Schema &schema) : context_(schema.context()) {}
 
   void add_all(const Nodes &nodes, lyd_node *parent) {
     for (const Node &node : nodes) {
@@ -52,7 +52,7 @@ class Builder {
     if (schema.kind == NodeKind::list && !node.is_entry()) return add_all(node.children, parent);
     lyd_node *data = nullptr;
     if (schema.kind == NodeKind::leaf) {
-      const std::string text = text_of(schema, node.value);
+      const std::string text = file_text(schema, node.value);
       require(lyd_new_term(parent, module_of(schema), schema.name.c_str(), text.c_str(), 0, &data), schema);
     } else if (schema.kind == NodeKind::list) {
       data = new_entry(node, parent);
@@ -66,7 +66,7 @@ class Builder {
   lyd_node *new_entry(const Node &node, lyd_node *parent) const {
     const SchemaNode &schema = *node.schema;
     std::array<std::string, kMostKeys> keys;
-    for (std::size_t i = 0; i < schema.key_count; ++i) keys.at(i) = text_of(*schema.children[i], node.keys.at(i));
+    for (std::size_t i = 0; i < schema.key_count; ++i) keys.at(i) = file_text(*schema.children[i], node.keys.at(i));
     lyd_node *data = nullptr;
     // It reads as many keys as the list has.
     require(lyd_new_list(parent, module_of(schema), schema.name.c_str(), 0, &data, keys[0].c_str(), keys[1].c_str(),
@@ -95,19 +95,19 @@ class Builder {
   }
 
   const ly_ctx *context_;
-  std::unique_ptr<lyd_node, FreeData> top_;
+  std::unique_ptr<lyd_node, FreeTree> top_;
 };
 
 }  // namespace
 
 std::string write_configuration(const Tree &tree, InputFormat format) {
-  Builder builder(tree.schema());
-  builder.add_all(tree.root().children, nullptr);
-  if (builder.first() == nullptr) return format == InputFormat::xml ? kEmptyXml : "{}\n";
+  TreeWriter writer(tree.schema());
+  writer.add_all(tree.root().children, nullptr);
+  if (writer.first() == nullptr) return format == InputFormat::xml ? kEmptyXml : "{}\n";
   char *text = nullptr;
   const LYD_FORMAT printed = format == InputFormat::xml ? LYD_XML : LYD_JSON;
-  if (lyd_print_mem(&text, builder.first(), printed, LYD_PRINT_WITHSIBLINGS) != LY_SUCCESS) throw std::bad_alloc();
-  const std::unique_ptr<char, FreeText> owner(text);
+  if (lyd_print_mem(&text, writer.first(), printed, LYD_PRINT_WITHSIBLINGS) != LY_SUCCESS) throw std::bad_alloc();
+  const std::unique_ptr<char, FreePrinted> owner(text);
   return text;
 }
 

@@ -58,7 +58,7 @@ void name_vpn_of(const maapi_cursor &mc, vpn_texts_t &names) {
 }
 
 /// One entry of the walked list and what else was read for it.
-struct attachment_t {
+struct walked_attachment_t {
   vpn_texts_t &names;
   std::string interface;
   std::uint32_t vpn_id = 0;
@@ -67,7 +67,7 @@ struct attachment_t {
 };
 
 /// Records what the transaction does to the VPN's bridge domain as the attachment's change, and returns it.
-std::int32_t record_change(std::int32_t sock, confd_trans_ctx *tctx, const attachment_t &a,
+std::int32_t record_change(std::int32_t sock, confd_trans_ctx *tctx, const walked_attachment_t &a,
                            st_val_acc_dot1q_vpn_t &snapshot) {
   const std::int32_t mop = get_vpn_mop(sock, tctx, a.names.bridge_domain_path);
   if (mop != 0) set_vpn_mop(a.names.group, a.names.vpn, a.interface, mop, snapshot);
@@ -76,7 +76,7 @@ std::int32_t record_change(std::int32_t sock, confd_trans_ctx *tctx, const attac
 
 // The agreement of the VPN's interfaces records only whether this one has an encapsulation; its VLANs are recorded by
 // the encapsulation check, after the rules that compare them with what is recorded already.
-std::int32_t check_claims(std::int32_t sock, confd_trans_ctx *tctx, const maapi_cursor &mc, attachment_t &a,
+std::int32_t check_claims(std::int32_t sock, confd_trans_ctx *tctx, const maapi_cursor &mc, walked_attachment_t &a,
                           st_val_acc_dot1q_vpn_t &snapshot, std::unordered_map<std::string, bool> &service_ports) {
   const bool has_untagged = vpls_has_encapsulation_untagged(sock, tctx, mc);
   const bool has_dot1q = vpls_has_encapsulation_dot1q(sock, tctx, mc);
@@ -108,7 +108,7 @@ std::int32_t check_access_interface(std::int32_t sock, confd_trans_ctx *tctx, co
                                     st_val_acc_dot1q_vpn_t &snapshot, std::int32_t maximum,
                                     std::unordered_map<std::string, bool> &service_ports, vpn_texts_t &names) {
   name_vpn_of(mc, names);
-  attachment_t a{names, GET_BUF(&mc.keys[3])};
+  walked_attachment_t a{names, GET_BUF(&mc.keys[3])};
   if (check_interface_name(tctx, names.group, names.vpn, a.interface) != CONFD_OK) return CONFD_ERR;
 
   a.vpn_id = GET_UINT32(&mc.keys[2]);
