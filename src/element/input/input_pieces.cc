@@ -13,7 +13,6 @@ namespace element {
 namespace {
 
 constexpr std::size_t kPiece = std::size_t{1} << 16;
-constexpr std::size_t kLongestCharacter = 4;
 
 std::size_t count_lines(std::string_view text) {
   return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));

@@ -9,8 +9,6 @@
 namespace element {
 namespace {
 
-constexpr std::size_t kLongestCharacter = 4;
-
 constexpr std::size_t kWord = sizeof(std::uint64_t);
 constexpr std::uint64_t kNotAscii = 0x8080808080808080U;
 

@@ -11,6 +11,9 @@ namespace element {
 /// What replace_invalid_utf8 and take_character put in the place of a byte that is not UTF-8: U+FFFD.
 inline constexpr char32_t kReplacementCharacter = 0xfffd;
 
+/// The most bytes that a character takes.
+inline constexpr std::size_t kLongestCharacter = 4;
+
 /// The offset of the first byte that begins no valid UTF-8 character, or nothing. Not valid are bytes out of sequence,
 /// forms longer than needed, surrogates and code points above U+10FFFF.
 std::optional<std::size_t> find_invalid_utf8(std::string_view text);
