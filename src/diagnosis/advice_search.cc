@@ -1,10 +1,12 @@
 #include "diagnosis/advice_search.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <numeric>
 
-#include "diagnosis/conflict_search.h"
+#include "diagnosis/minimisation.h"
+#include "diagnosis/port_use.h"
 
 namespace diagnosis {
 namespace {
@@ -13,7 +15,9 @@ namespace {
 constexpr std::size_t kFewParts = 12;
 constexpr std::size_t kMostAskedOfFew = 4096;
 constexpr std::size_t kMostAsked = 200;
-constexpr std::size_t kMostSurroundings = 8;
+
+// Whether the whole commit needs each of more parts is not asked: each takes a question about all of it.
+constexpr std::size_t kMostTriedAlone = 64;
 
 /// The part that is the entry's own.
 std::uint32_t own_part(const SearchContext &context, std::uint32_t entry) {
@@ -23,17 +27,57 @@ std::uint32_t own_part(const SearchContext &context, std::uint32_t entry) {
   return kNone;
 }
 
+std::size_t vlans_of(const std::optional<PortUse> &use) {
+  std::size_t vlans = 0;
+  for (const Vlans &range : use ? use->vlans : std::vector<Vlans>()) vlans += range.last - range.first + 1;
+  return vlans;
+}
+
+/// How much taking back the entry's change is likely to free: its VLANs, as far as they are new.
+std::ptrdiff_t freed(const Entries &entries, std::uint32_t entry) {
+  const bool was_there = entries.node(entry).before != nullptr;
+  const auto before = was_there ? static_cast<std::ptrdiff_t>(vlans_of(former_port_use(entries, entry))) : 0;
+  return static_cast<std::ptrdiff_t>(vlans_of(port_use(entries, entry))) - before;
+}
+
+/// The parts of what a limit counts, those that take most of it first.
+NumberSet parts_by_weight(const SearchContext &context, const NumberSet &parties) {
+  std::vector<std::pair<std::ptrdiff_t, std::uint32_t>> by_weight;
+  for (const std::uint32_t party : parties) {
+    const std::uint32_t part = own_part(context, party);
+    if (part != kNone) by_weight.emplace_back(-freed(context.entries, party), part);
+  }
+  std::sort(by_weight.begin(), by_weight.end());
+  NumberSet order;
+  for (const auto &[weight, part] : by_weight) order.push_back(part);
+  return order;
+}
+
+NumberSet first_of(const RevertibleChanges &changes, const NumberSet &order, std::size_t number) {
+  const std::size_t end = std::min(number, order.size());
+  NumberSet set(order.begin(), order.begin() + static_cast<std::ptrdiff_t>(end));
+  normalise(set);
+  return changes.closure(set);
+}
+
+/// How many of the parts, the first ones in order, help; one more than there are where all do not. That more of them
+/// help, too, is supposed.
+std::size_t fewest_of(const RevertibleChanges &changes, const NumberSet &order,
+                      const std::function<bool(const NumberSet &)> &helps) {
+  std::size_t too_few = 0;
+  std::size_t enough = order.size() + 1;
+  while (enough - too_few > 1) {
+    const std::size_t middle = too_few + (enough - too_few) / 2;
+    (helps(first_of(changes, order, middle)) ? enough : too_few) = middle;
+  }
+  return enough;
+}
+
 }  // namespace
 
 AdviceSearch::AdviceSearch(const SearchContext &context, const FoundConflicts &conflicts,
                            const std::vector<ConflictGroup> &groups)
-    : context_(context), conflicts_(conflicts), groups_(groups), group_of_(conflicts.size()) {
-  for (std::size_t group = 0; group < groups.size(); ++group) {
-    for (const std::size_t conflict : groups[group]) group_of_[conflict] = group;
-  }
-  for (const FoundConflict &conflict : conflicts) messages_.push_back(conflict.message);
-  normalise(messages_);
-}
+    : context_(context), conflicts_(conflicts), groups_(groups), check_(context, conflicts, groups) {}
 
 const std::vector<Corrections> &AdviceSearch::for_each() {
   for (std::size_t group = corrections_.size(); group < groups_.size(); ++group) {
@@ -45,28 +89,89 @@ const std::vector<Corrections> &AdviceSearch::for_each() {
 Corrections AdviceSearch::for_all() {
   for_each();
   if (context_.oracle.has_ended()) return {};
-  if (groups_.size() == 1) return corrections_.front();
   if (context_.changes.size() > kFewParts) return together();
-  const NumberSet all = context_.entries.all();
-  const auto helps = [&](const NumberSet &reverted) { return is_silent(all, reverted); };
+  const auto helps = [&](const NumberSet &parts) { return silences_each(parts) && check_.is_accepted_without(parts); };
   return find_corrections(context_, context_.changes.all(), helps, kMostAskedOfFew);
 }
 
-/// Findings that share no part are repaired one by one; the whole is asked once.
+/// What is drawn by a conflict's own entries is not worth a question about the whole of a large commit.
+bool AdviceSearch::silences_each(const NumberSet &parts) const {
+  if (context_.is_enumerated) return true;
+  return std::none_of(conflicts_.begin(), conflicts_.end(), [&](const FoundConflict &conflict) {
+    const std::optional<NumberSet> answer = context_.oracle.ask({conflict.entries, parts});
+    return !answer || contains(*answer, conflict.message);
+  });
+}
+
+// Findings that share no part are repaired one by one; what is drawn after that is repaired, too, limits among it.
 Corrections AdviceSearch::together() {
-  Corrections result;
-  NumberSet reverted;
-  for (const std::vector<std::size_t> &groups : groups_that_share_parts()) {
+  NumberSet parts;
+  for (const Groups &groups : groups_that_share_parts()) {
     const Corrections own = groups.size() == 1 ? corrections_[groups.front()] : for_groups(groups);
-    if (own.sets.empty()) return {};
-    reverted = united(reverted, own.sets.front());
+    if (!own.sets.empty()) parts = united(parts, own.sets.front());
   }
-  if (!reverted.empty() && is_silent(context_.entries.all(), reverted)) result.sets.push_back(std::move(reverted));
+  repair_rest(parts);
+  if (context_.oracle.has_ended() || !check_.is_accepted_without(parts)) return {};
+  Corrections result;
+  result.sets.push_back(without_needless(std::move(parts)));
   result.has_all = false;
+  result.is_minimal = result.sets.front().size() == 1;
   return result;
 }
 
-std::vector<std::vector<std::size_t>> AdviceSearch::groups_that_share_parts() const {
+/// Takes back more until the library accepts the rest; at last, all.
+void AdviceSearch::repair_rest(NumberSet &parts) const {
+  while (!context_.oracle.has_ended()) {
+    const std::optional<NumberSet> answer = context_.oracle.ask({context_.entries.all(), parts});
+    if (!answer || answer->empty()) return;
+    const std::uint32_t message = answer->front();
+    const bool counts = context_.messages[message].counts();
+    const NumberSet more = counts ? repair_of_limit(message, parts) : repair_of(message, parts);
+    const std::size_t before = parts.size();
+    parts = context_.changes.closure(united(parts, more));
+    if (parts.size() == before) parts = context_.changes.all();
+  }
+}
+
+/// Of the parts that a known limit counts the fewest further ones that end it in the whole commit.
+NumberSet AdviceSearch::repair_of_limit(std::uint32_t message, const NumberSet &parts) const {
+  NumberSet order;
+  for (const FoundConflict &conflict : conflicts_) {
+    if (conflict.message == message) order = parts_by_weight(context_, conflict.parties);
+  }
+  std::erase_if(order, [&](std::uint32_t part) { return contains(parts, part); });
+  if (order.empty()) return repair_of(message, parts);
+  return first_of(
+      context_.changes, order, fewest_of(context_.changes, order, [&](const NumberSet &more) {
+        const std::optional<NumberSet> answer = context_.oracle.ask({context_.entries.all(), united(parts, more)});
+        return answer && !contains(*answer, message);
+      }));
+}
+
+/// Further parts without which the entries that draw the message, and what is around them, do not draw it: the
+/// smallest set, or all parts that have to do with these entries.
+NumberSet AdviceSearch::repair_of(std::uint32_t message, const NumberSet &parts) const {
+  const TakenBack taken_back(context_.oracle, parts);
+  const FoundConflict conflict = minimise(context_, context_.all(), message);
+  const NumberSet around = context_.scope(conflict.entries);
+  const NumberSet candidates = minus(this->candidates(conflict.entries), parts);
+  const auto helps = [&](const NumberSet &more) {
+    const std::optional<NumberSet> answer = context_.oracle.ask({around, more});
+    return answer && !contains(*answer, message);
+  };
+  const Corrections found = find_corrections(context_, candidates, helps, kMostAsked);
+  return found.sets.empty() ? candidates : found.sets.front();
+}
+
+/// Keeps each of a few parts without which the whole is accepted all the same.
+NumberSet AdviceSearch::without_needless(NumberSet parts) const {
+  if (parts.size() > kMostTriedAlone) return parts;
+  const auto is_enough = [&](const NumberSet &rest) { return silences_each(rest) && check_.is_accepted_without(rest); };
+  return reduced(context_, std::move(parts), is_enough, kMostAsked);
+}
+
+/// Without limits, which share parts with all.
+std::vector<AdviceSearch::Groups> AdviceSearch::groups_that_share_parts() const {
   std::vector<std::size_t> leaders(groups_.size());
   std::iota(leaders.begin(), leaders.end(), std::size_t{0});
   const auto leader = [&leaders](std::size_t group) {
@@ -75,53 +180,72 @@ std::vector<std::vector<std::size_t>> AdviceSearch::groups_that_share_parts() co
   };
   std::map<std::uint32_t, std::size_t> first;
   for (std::size_t group = 0; group < groups_.size(); ++group) {
+    if (is_limit(group)) continue;
     for (const std::uint32_t part : candidates(entries_of({group}))) {
       leaders[leader(group)] = leader(first.try_emplace(part, group).first->second);
     }
   }
-  std::map<std::size_t, std::vector<std::size_t>> shared;
-  for (std::size_t group = 0; group < groups_.size(); ++group) shared[leader(group)].push_back(group);
-  std::vector<std::vector<std::size_t>> result;
+  std::map<std::size_t, Groups> shared;
+  for (std::size_t group = 0; group < groups_.size(); ++group) {
+    if (!is_limit(group)) shared[leader(group)].push_back(group);
+  }
+  std::vector<Groups> result;
   for (auto &[first_group, groups] : shared) result.push_back(std::move(groups));
   return result;
 }
 
-Corrections AdviceSearch::for_groups(const std::vector<std::size_t> &groups) const {
-  const std::vector<NumberSet> around = surroundings(groups);
+Corrections AdviceSearch::for_groups(const Groups &groups) const {
   const bool is_few = context_.changes.size() <= kFewParts;
-  const FoundConflict &first = conflicts_[groups_[groups.front()].front()];
-  if (!is_few && groups.size() == 1 && context_.messages[first.message].counts())
-    return for_limit(groups.front(), around);
-  const auto is_enough = [&](const NumberSet &reverted) { return helps(groups, around, reverted); };
-  return find_corrections(context_, candidates(entries_of(groups)), is_enough, is_few ? kMostAskedOfFew : kMostAsked);
+  Corrections result;
+  if (!is_few && groups.size() == 1 && is_limit(groups.front())) {
+    result = for_limit(groups.front());
+  } else {
+    const auto is_enough = [&](const NumberSet &parts) { return check_.helps(groups, parts); };
+    const std::size_t most = is_few ? kMostAskedOfFew : kMostAsked;
+    result = find_corrections(context_, candidates(entries_of(groups)), is_enough, most);
+  }
+  return result.sets.empty() ? reduced_for(groups) : result;
 }
 
-/// The fewest additions, or changes in place, of what a limit counts.
-Corrections AdviceSearch::for_limit(std::size_t group, const std::vector<NumberSet> &around) const {
-  const FoundConflict &conflict = conflicts_[groups_[group].front()];
-  NumberSet parts;
-  for (const std::uint32_t party : conflict.parties) {
-    const std::uint32_t part = own_part(context_, party);
-    if (part != kNone) parts.push_back(part);
-  }
+/// Of the parts at the findings' entries, of those around them, or of all, as many as must go.
+Corrections AdviceSearch::reduced_for(const Groups &groups) const {
+  const auto is_enough = [&](const NumberSet &parts) { return check_.helps(groups, parts); };
+  const NumberSet entries = entries_of(groups);
   Corrections result;
-  result.choices = parts;
-  const auto first = [&](std::size_t number) {
-    return context_.changes.closure(NumberSet(parts.end() - static_cast<std::ptrdiff_t>(number), parts.end()));
-  };
-  for (std::size_t number = std::min(conflict.too_many, parts.size()); number > 0 && number <= parts.size(); ++number) {
-    if (context_.oracle.has_ended() || number > conflict.too_many + kMostSurroundings) return result;
-    const NumberSet reverted = first(number);
-    if (!helps({group}, around, reverted)) continue;
-    result.sets.push_back(reverted);
-    result.enough = number < parts.size() ? number : 0;
-    result.has_all = false;
+  result.has_all = false;
+  for (const NumberSet &start : {candidates(entries), candidates(context_.scope(entries)), context_.changes.all()}) {
+    const NumberSet closed = context_.changes.closure(start);
+    if (context_.oracle.has_ended()) break;
+    if (!is_enough(closed)) continue;
+    result.sets.push_back(reduced(context_, closed, is_enough, kMostAsked));
     break;
   }
   return result;
 }
 
-NumberSet AdviceSearch::entries_of(const std::vector<std::size_t> &groups) const {
+/// The fewest additions, or changes in place, of what a limit counts: those that take most of it, or any so many where
+/// those that take least of it are enough.
+Corrections AdviceSearch::for_limit(std::size_t group) const {
+  const NumberSet order = parts_by_weight(context_, conflicts_[groups_[group].front()].parties);
+  const auto helps = [&](const NumberSet &parts) { return check_.helps({group}, parts); };
+  const std::size_t enough = fewest_of(context_.changes, order, helps);
+  Corrections result;
+  result.has_all = false;
+  if (enough > order.size() || context_.oracle.has_ended()) return result;
+  result.sets.push_back(first_of(context_.changes, order, enough));
+  const NumberSet backwards(order.rbegin(), order.rend());
+  if (enough == order.size() || !helps(first_of(context_.changes, backwards, enough))) return result;
+  result.enough = enough;
+  result.choices = order;
+  normalise(result.choices);
+  return result;
+}
+
+bool AdviceSearch::is_limit(std::size_t group) const {
+  return context_.messages[conflicts_[groups_[group].front()].message].counts();
+}
+
+NumberSet AdviceSearch::entries_of(const Groups &groups) const {
   NumberSet entries;
   for (const std::size_t group : groups) {
     for (const std::size_t conflict : groups_[group]) entries = united(entries, conflicts_[conflict].entries);
@@ -136,55 +260,6 @@ NumberSet AdviceSearch::candidates(const NumberSet &entries) const {
     parts = united(parts, context_.changes.parts_at(entry));
   }
   return parts;
-}
-
-std::vector<NumberSet> AdviceSearch::surroundings(const std::vector<std::size_t> &groups) const {
-  const NumberSet own_entries = entries_of(groups);
-  const NumberSet own = context_.entries.innermost(own_entries);
-  const NumberSet scope = context_.scope(own_entries);
-  NumberSet others;
-  std::vector<Bound> bounds;
-  for (std::size_t i = 0; i < conflicts_.size(); ++i) {
-    const bool is_own = std::find(groups.begin(), groups.end(), group_of_[i]) != groups.end();
-    if (is_own || intersection(conflicts_[i].parties, scope).empty()) continue;
-    others = united(others, conflicts_[i].parties);
-    bounds.push_back(bound_of(conflicts_[i]));
-  }
-  others = minus(others, own);
-  std::vector<NumberSet> result;
-  for (const NumberSet &beside : independent_sets(bounds, own, kMostSurroundings).sets) {
-    const NumberSet rest = context_.entries.without(scope, minus(others, beside));
-    result.push_back(context_.entries.closure(united(rest, own_entries)));
-  }
-  return result;
-}
-
-NumberSet AdviceSearch::messages_of(const std::vector<std::size_t> &groups) const {
-  NumberSet messages;
-  for (const std::size_t group : groups) {
-    for (const std::size_t conflict : groups_[group]) messages.push_back(conflicts_[conflict].message);
-  }
-  normalise(messages);
-  return messages;
-}
-
-// Beside what the findings need, others may be drawn: these are told by themselves and may stay. The whole commit shows
-// what would come new with parties of other findings.
-bool AdviceSearch::helps(const std::vector<std::size_t> &groups, const std::vector<NumberSet> &around,
-                         const NumberSet &reverted) const {
-  const NumberSet own = messages_of(groups);
-  const bool is_gone = std::all_of(around.begin(), around.end(), [&](const NumberSet &entries) {
-    const std::optional<NumberSet> answer = context_.oracle.ask({entries, reverted});
-    return answer && intersection(*answer, own).empty() && is_subset(*answer, messages_);
-  });
-  if (!is_gone || context_.locality != nullptr) return is_gone;
-  const std::optional<NumberSet> whole = context_.oracle.ask({context_.entries.all(), reverted});
-  return whole && is_subset(*whole, messages_);
-}
-
-bool AdviceSearch::is_silent(const NumberSet &entries, const NumberSet &reverted) const {
-  const std::optional<NumberSet> answer = context_.oracle.ask({entries, reverted});
-  return answer && answer->empty();
 }
 
 }  // namespace diagnosis

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "diagnosis/correction_check.h"
 #include "diagnosis/correction_search.h"
 #include "diagnosis/grouping.h"
 #include "diagnosis/search_context.h"
@@ -15,31 +16,34 @@ class AdviceSearch {
   /// All that is referred to must outlive the search.
   AdviceSearch(const SearchContext &context, const FoundConflicts &conflicts, const std::vector<ConflictGroup> &groups);
 
-  /// The smallest sets of parts without which each finding is gone and no other comes, in the commit without what is
-  /// party of other findings and in the commit with some of these; by group.
+  /// The smallest sets of parts that repair each finding, so that no other comes; by group. Where there is none among
+  /// the parts of the finding's own entries, one of which no part can be kept.
   const std::vector<Corrections> &for_each();
 
-  /// The smallest sets without which the library accepts the whole commit without a warning.
+  /// The same for the whole: the library accepts it without a warning.
   Corrections for_all();
 
  private:
-  Corrections for_groups(const std::vector<std::size_t> &groups) const;
-  Corrections for_limit(std::size_t group, const std::vector<NumberSet> &around) const;
+  using Groups = std::vector<std::size_t>;
+
+  Corrections for_groups(const Groups &groups) const;
+  Corrections for_limit(std::size_t group) const;
+  Corrections reduced_for(const Groups &groups) const;
   Corrections together();
-  std::vector<std::vector<std::size_t>> groups_that_share_parts() const;
-  NumberSet entries_of(const std::vector<std::size_t> &groups) const;
+  std::vector<Groups> groups_that_share_parts() const;
+  void repair_rest(NumberSet &parts) const;
+  NumberSet repair_of(std::uint32_t message, const NumberSet &parts) const;
+  NumberSet repair_of_limit(std::uint32_t message, const NumberSet &parts) const;
+  NumberSet without_needless(NumberSet parts) const;
+  NumberSet entries_of(const Groups &groups) const;
   NumberSet candidates(const NumberSet &entries) const;
-  std::vector<NumberSet> surroundings(const std::vector<std::size_t> &groups) const;
-  bool helps(const std::vector<std::size_t> &groups, const std::vector<NumberSet> &around,
-             const NumberSet &reverted) const;
-  NumberSet messages_of(const std::vector<std::size_t> &groups) const;
-  bool is_silent(const NumberSet &entries, const NumberSet &reverted) const;
+  bool is_limit(std::size_t group) const;
+  bool silences_each(const NumberSet &parts) const;
 
   const SearchContext &context_;
   const FoundConflicts &conflicts_;
   const std::vector<ConflictGroup> &groups_;
-  std::vector<std::size_t> group_of_;  ///< by conflict
-  NumberSet messages_;                 ///< of all conflicts
+  CorrectionCheck check_;
   std::vector<Corrections> corrections_;
 };
 

@@ -66,7 +66,7 @@ std::vector<Cluster> clusters_of(const SearchContext &context, const FoundConfli
 NumberSet surroundings(const SearchContext &context, const Cluster &cluster, const std::vector<std::uint32_t> &counts) {
   const rules::Rule *rule = context.messages[cluster.message].rule;
   const bool is_everywhere = rule != nullptr && rule->scope == rules::Scope::configuration;
-  NumberSet set = is_everywhere ? context.entries.all() : context.scope(cluster.entries);
+  NumberSet set = is_everywhere ? context.all() : context.scope(cluster.entries);
   std::erase_if(set, [&counts](std::uint32_t entry) { return counts[entry] != 0; });
   return context.entries.closure(united(united(set, cluster.entries), cluster.parties));
 }
@@ -80,11 +80,11 @@ std::vector<std::uint32_t> count_parties(const Entries &entries, const std::vect
 }
 
 /// What makes the library look: innermost entries that the commit touches, removed ones first, then added ones.
-NumberSet possible_triggers(const Entries &entries, const FoundConflict &conflict) {
+NumberSet possible_triggers(const SearchContext &context, const FoundConflict &conflict) {
   NumberSet order;
   for (const ChangeStatus status : {ChangeStatus::removed, ChangeStatus::added, ChangeStatus::changed}) {
-    for (const std::uint32_t entry : entries.innermost(conflict.entries)) {
-      if (status_of(entries, entry) == status) order.push_back(entry);
+    for (const std::uint32_t entry : context.entries.innermost(conflict.entries)) {
+      if (context.status_of(entry) == status) order.push_back(entry);
     }
   }
   return order;
@@ -136,7 +136,7 @@ void find_triggers(const SearchContext &context, FoundConflict &conflict) {
   const bool counts = context.messages[conflict.message].counts();
   if (counts && !is_in_force(context, conflict.entries, conflict.message)) return;
   NumberSet core = conflict.entries;
-  for (const std::uint32_t entry : possible_triggers(context.entries, conflict)) {
+  for (const std::uint32_t entry : possible_triggers(context, conflict)) {
     const NumberSet rest = minus(core, {entry});
     if (!is_in_force(context, rest, conflict.message)) continue;
     conflict.triggers.push_back(entry);

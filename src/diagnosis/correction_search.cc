@@ -78,6 +78,37 @@ class Sets {
   bool is_complete_ = true;
 };
 
+/// Additions are taken back rather than changes, and these rather than removals: what comes last is tried last.
+NumberSet in_order_of_keeping(const RevertibleChanges &changes, const NumberSet &parts) {
+  NumberSet order;
+  for (const ChangeStatus status : {ChangeStatus::removed, ChangeStatus::changed, ChangeStatus::added}) {
+    for (const std::uint32_t part : parts) {
+      if (changes[part].status == status) order.push_back(part);
+    }
+  }
+  return order;
+}
+
+std::vector<NumberSet> chunks(const NumberSet &order, std::size_t size) {
+  std::vector<NumberSet> result;
+  for (std::size_t begin = 0; begin < order.size(); begin += size) {
+    const auto first = order.begin() + static_cast<std::ptrdiff_t>(begin);
+    const auto last = order.begin() + static_cast<std::ptrdiff_t>(std::min(begin + size, order.size()));
+    result.emplace_back(first, last);
+  }
+  return result;
+}
+
+/// The closed set without some of its parts: with an entry that is added after all those around it are.
+NumberSet without_and_around(const RevertibleChanges &changes, const NumberSet &set, const NumberSet &kept) {
+  NumberSet gone;
+  for (const std::uint32_t part : kept) {
+    for (std::uint32_t outer = part; outer != kNone; outer = changes[outer].parent) gone.push_back(outer);
+  }
+  normalise(gone);
+  return minus(set, gone);
+}
+
 /// All choices of `enough` out of the parts are among the alternatives.
 bool is_any_of(std::size_t alternatives, std::size_t enough, std::size_t parts) {
   std::size_t choices = 1;
@@ -108,9 +139,24 @@ Corrections find_corrections(const SearchContext &context, const NumberSet &cand
     if (!has_found) found = candidate.rank;
     corrections.sets.push_back(candidate.parts);
   }
-  const bool is_largest_known = sets.is_complete() || found.size <= 2;
-  corrections.is_minimal = !corrections.sets.empty() && is_largest_known && candidates == context.changes.all();
+  const bool is_every_known = (sets.is_complete() || found.size <= 2) && candidates == context.changes.all();
+  corrections.is_minimal = !corrections.sets.empty() && (is_every_known || found.size == 1);
+  corrections.has_all = corrections.has_all && candidates == context.changes.all();
   return corrections;
+}
+
+NumberSet reduced(const SearchContext &context, NumberSet parts, const std::function<bool(const NumberSet &)> &helps,
+                  std::size_t most_asked) {
+  std::size_t asked = 0;
+  for (std::size_t chunk = (parts.size() + 1) / 2; chunk > 0; chunk = chunk == 1 ? 0 : (chunk + 1) / 2) {
+    for (const NumberSet &kept : chunks(in_order_of_keeping(context.changes, parts), chunk)) {
+      NumberSet rest = without_and_around(context.changes, parts, kept);
+      if (rest.empty() || rest.size() == parts.size()) continue;
+      if (asked++ == most_asked || context.oracle.has_ended()) return parts;
+      if (helps(rest)) parts = std::move(rest);
+    }
+  }
+  return parts;
 }
 
 Advice describe_advice(const SearchContext &context, const Corrections &corrections) {
@@ -126,8 +172,7 @@ Advice describe_advice(const SearchContext &context, const Corrections &correcti
   advice.has_all_alternatives = corrections.has_all;
   advice.enough = corrections.enough;
   const std::size_t enough = corrections.sets.empty() ? 0 : corrections.sets.front().size();
-  const bool is_choice =
-      corrections.has_all && corrections.sets.size() > 1 && is_any_of(corrections.sets.size(), enough, choices.size());
+  const bool is_choice = corrections.sets.size() > 1 && is_any_of(corrections.sets.size(), enough, choices.size());
   if (is_choice) advice.enough = enough;
   if (advice.enough == 0) return advice;
   for (const std::uint32_t part : is_choice ? choices : corrections.choices) {

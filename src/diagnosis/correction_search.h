@@ -13,7 +13,7 @@ struct Corrections {
   std::vector<NumberSet> sets;  ///< closed
   std::size_t enough = 0;       ///< a limit: so many of `choices` are enough, whichever
   NumberSet choices;            ///< with the additions in them, each is one thing to choose
-  bool is_minimal = false;      ///< every smaller set was asked about, and every one of a better rank
+  bool is_minimal = false;      ///< no smaller set helps: every one was asked about
   bool has_all = true;          ///< every other set of the same size and rank was asked about
 };
 
@@ -22,6 +22,11 @@ struct Corrections {
 /// with fewer changed ones. At most `most_asked` sets are asked about.
 Corrections find_corrections(const SearchContext &context, const NumberSet &candidates,
                              const std::function<bool(const NumberSet &)> &helps, std::size_t most_asked);
+
+/// A closed subset of `parts`, which help, that helps and loses its effect without any one of its own parts, as far as
+/// at most `most_asked` questions show it. What the commit removed is put back last. The smallest set it need not be.
+NumberSet reduced(const SearchContext &context, NumberSet parts, const std::function<bool(const NumberSet &)> &helps,
+                  std::size_t most_asked);
 
 /// What to take back, as a user is told.
 Advice describe_advice(const SearchContext &context, const Corrections &corrections);

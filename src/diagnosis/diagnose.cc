@@ -53,6 +53,7 @@ class Diagnoser {
   void find_conflicts(const host::Verdict &verdict) {
     const std::uint64_t most = std::min(options_.enumerated_sets, options_.budget.calls);
     if (entries_.size() < 32 && count_closed_sets(entries_, most + 1) <= most) {
+      context_.is_enumerated = true;
       conflicts_ = find_all_by_enumeration(context_);
       for (FoundConflict &conflict : conflicts_) find_triggers(context_, conflict);
       drop_mended(context_, conflicts_);

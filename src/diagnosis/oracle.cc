@@ -25,7 +25,30 @@ std::chrono::steady_clock::time_point Oracle::now() const {
   return options_.now ? options_.now() : std::chrono::steady_clock::now();
 }
 
+// Questions about the same two configurations are one question, which is asked once: an addition that is taken back is
+// left out, what is taken back of entries that are left out is not told.
+RestrictedCommit Oracle::normalised(RestrictedCommit commit) const {
+  if (commit.is_start) {
+    commit.reverted.clear();
+    std::erase_if(commit.entries, [this](std::uint32_t entry) { return entries_.node(entry).before == nullptr; });
+    return commit;
+  }
+  commit.reverted = united(commit.reverted, taken_back_);
+  if (commit.reverted.empty()) return commit;
+  commit.entries = entries_.without(commit.entries, changes_.gone_without(commit.reverted));
+  std::erase_if(commit.reverted, [&](std::uint32_t part) {
+    const std::uint32_t entry = entries_.tree()[changes_[part].node].entry;
+    return entry != kNone && !contains(commit.entries, entry);
+  });
+  return commit;
+}
+
 std::optional<NumberSet> Oracle::ask(const RestrictedCommit &commit) {
+  const bool is_normal = !commit.is_start && commit.reverted.empty() && taken_back_.empty();
+  return is_normal ? ask_normalised(commit) : ask_normalised(normalised(commit));
+}
+
+std::optional<NumberSet> Oracle::ask_normalised(const RestrictedCommit &commit) {
   const bool is_kept = commit.entries.size() + commit.reverted.size() <= kLargestKept;
   if (is_kept) {
     const auto known = known_.find(commit);

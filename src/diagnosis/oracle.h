@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "diagnosis/diagnose.h"
 #include "diagnosis/messages.h"
@@ -21,11 +22,15 @@ class Oracle {
   Oracle(const host::Plugin &plugin, host::HostSession &session, const Entries &entries,
          const RevertibleChanges &changes, Messages &messages, const Options &options);
 
-  /// The numbers of the messages that the restricted commit draws. Nothing where the search has ended.
+  /// The numbers of the messages that the restricted commit draws. Nothing where the search has ended. The parts of
+  /// `taken_back()` are taken back in it, too.
   std::optional<NumberSet> ask(const RestrictedCommit &commit);
 
   /// The commit restricted to a closed set of entries draws the message; not where the search has ended.
   bool reproduces(const NumberSet &entries, std::uint32_t message);
+
+  /// What every question takes back; see TakenBack.
+  const NumberSet &taken_back() const { return taken_back_; }
 
   /// The search must end: the budget is used up, or the library broke its contract.
   bool has_ended();
@@ -37,11 +42,15 @@ class Oracle {
   std::size_t findings = 0;  ///< so far, for the progress
 
  private:
+  friend class TakenBack;
+
   struct Hash {
     std::size_t operator()(const RestrictedCommit &commit) const;
   };
 
   std::chrono::steady_clock::time_point now() const;
+  RestrictedCommit normalised(RestrictedCommit commit) const;
+  std::optional<NumberSet> ask_normalised(const RestrictedCommit &commit);
 
   const host::Plugin &plugin_;
   host::HostSession &session_;
@@ -55,6 +64,22 @@ class Oracle {
   SearchEnd end_ = SearchEnd::complete;
   std::string contract_violation_;
   std::unordered_map<RestrictedCommit, NumberSet, Hash> known_;
+  NumberSet taken_back_;
+};
+
+/// While it lives, the commit that is asked about is the one with a closed set of parts taken back.
+class TakenBack {
+ public:
+  TakenBack(Oracle &oracle, NumberSet parts) : oracle_(oracle), before_(std::move(oracle.taken_back_)) {
+    oracle_.taken_back_ = std::move(parts);
+  }
+  ~TakenBack() { oracle_.taken_back_ = std::move(before_); }
+  TakenBack(const TakenBack &) = delete;
+  TakenBack &operator=(const TakenBack &) = delete;
+
+ private:
+  Oracle &oracle_;
+  NumberSet before_;
 };
 
 }  // namespace diagnosis

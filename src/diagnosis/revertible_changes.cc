@@ -97,6 +97,34 @@ NumberSet RevertibleChanges::parts_at(std::uint32_t entry) const {
   return parts;
 }
 
+ChangeStatus RevertibleChanges::status_without(const NumberSet &taken_back, std::uint32_t entry) const {
+  const std::uint32_t number = entries_[entry].node;
+  const auto is_back = [&](std::uint32_t node) {
+    return part_of_[node] == kNone || contains(taken_back, part_of_[node]);
+  };
+  const ChangeStatus status = status_of(tree_[number]);
+  if (status != ChangeStatus::unchanged) return is_back(number) ? ChangeStatus::unchanged : status;
+  for (std::uint32_t inner = number + 1; inner < tree_[number].end;) {
+    if (tree_[inner].is_thing()) {
+      inner = tree_[inner].list_end;
+      continue;
+    }
+    if (tree_[inner].is_changed() && !is_back(inner)) return ChangeStatus::changed;
+    ++inner;
+  }
+  return ChangeStatus::unchanged;
+}
+
+NumberSet RevertibleChanges::gone_without(const NumberSet &taken_back) const {
+  NumberSet gone;
+  for (const std::uint32_t part : taken_back) {
+    const MergedNode &node = tree_[parts_[part].node];
+    if (node.is_thing() && node.before == nullptr) gone.push_back(node.entry);
+  }
+  normalise(gone);
+  return gone;
+}
+
 NumberSet RevertibleChanges::closure(const NumberSet &set) const {
   NumberSet closed;
   std::uint32_t end = 0;

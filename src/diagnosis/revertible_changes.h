@@ -34,6 +34,13 @@ class RevertibleChanges {
   /// The parts that have to do with an entry: its own, and those of the leafs of the VPN that it belongs to.
   NumberSet parts_at(std::uint32_t entry) const;
 
+  /// What the commit with a closed set of parts taken back does to an entry that is in one of its configurations; see
+  /// the function below.
+  ChangeStatus status_without(const NumberSet &taken_back, std::uint32_t entry) const;
+
+  /// The entries that are in neither configuration once the parts are taken back, those in them not told.
+  NumberSet gone_without(const NumberSet &taken_back) const;
+
   /// The set with the additions in its own.
   NumberSet closure(const NumberSet &set) const;
 

@@ -16,9 +16,25 @@ struct SearchContext {
   Messages &messages;
   Oracle &oracle;
   const Locality *locality = nullptr;  ///< of a commit of many entries
+  bool is_enumerated = false;          ///< every closed set of entries can be asked about
 
-  /// What may matter to the entries: all of a small commit, of a larger one what is near them.
-  NumberSet scope(const NumberSet &set) const { return locality == nullptr ? entries.all() : locality->around(set); }
+  /// What the commit that is asked about does to the entry.
+  ChangeStatus status_of(std::uint32_t entry) const {
+    return oracle.taken_back().empty() ? diagnosis::status_of(entries, entry)
+                                       : changes.status_without(oracle.taken_back(), entry);
+  }
+
+  /// The entries of the commit that is asked about.
+  NumberSet all() const { return present(entries.all()); }
+
+  /// Of these, what may matter to the entries: all of a small commit, of a larger one what is near them.
+  NumberSet scope(const NumberSet &set) const { return locality == nullptr ? all() : present(locality->around(set)); }
+
+ private:
+  NumberSet present(NumberSet set) const {
+    if (oracle.taken_back().empty()) return set;
+    return entries.without(set, changes.gone_without(oracle.taken_back()));
+  }
 };
 
 /// A smallest closed set of entries whose part of the commit draws a message.

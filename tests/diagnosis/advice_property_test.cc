@@ -84,6 +84,6 @@ void expect_best_advice(const Configurations &commit) {
   if (!found.findings.empty()) expect_advice_for_all(search, found);
 }
 
-TEST(AdviceProperty, DISABLED_advice_helps_and_none_is_better) { for_each_commit(60, expect_best_advice); }
+TEST(AdviceProperty, advice_helps_and_none_is_better) { for_each_commit(60, expect_best_advice); }
 
 }  // namespace

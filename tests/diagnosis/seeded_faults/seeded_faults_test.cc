@@ -33,7 +33,7 @@ TEST_P(SeededFaults, are_all_found_once_with_what_draws_them) {
   }
 }
 
-TEST_P(SeededFaults, DISABLED_have_advice_that_helps) {
+TEST_P(SeededFaults, have_advice_that_helps) {
   for (std::uint32_t i = 0; i < commits_of(GetParam()) && !HasFailure(); ++i) {
     const std::uint32_t seed = first_seed() + i;
     SCOPED_TRACE("DIAGNOSIS_SEED=" + std::to_string(seed));
