@@ -86,13 +86,13 @@ class ChangesTest : public ConformanceTest {
   const Reported added_pw_id = pw_id(u32(30), kNeighborDepth + 1);
 };
 
-TEST_F(ChangesTest, AreReportedFromTheTopDownInSchemaOrder) {
+TEST_F(ChangesTest, are_reported_from_the_top_down_in_schema_order) {
   change_three_neighbors();
   EXPECT_EQ(changes_at("/mpls/l2vpn-config/l2vpn"),
             (std::vector<Reported>{group, vpn, gone, changed, its_new_pw_id, added, added_pw_id}));
 }
 
-TEST_F(ChangesTest, AreReportedAtOrBelowThePath) {
+TEST_F(ChangesTest, are_reported_at_or_below_the_path) {
   change_three_neighbors();
   const std::string neighbors = kNeighbors;
   EXPECT_EQ(changes_at(neighbors), (std::vector<Reported>{gone, changed, its_new_pw_id, added, added_pw_id}));
@@ -101,7 +101,7 @@ TEST_F(ChangesTest, AreReportedAtOrBelowThePath) {
   EXPECT_EQ(changes_at(neighbors + "{10.0.0.3}/pw-id"), (std::vector<Reported>{added_pw_id}));
 }
 
-TEST_F(ChangesTest, OfWhatWasNotTouchedOrIsNotThereAreNone) {
+TEST_F(ChangesTest, of_what_was_not_touched_or_is_not_there_are_none) {
   stage->put(kVpwsGroups, {text("south")});
   change_three_neighbors();
   for (const char *path : {"/mpls/l2vpn-config/l2vpn/vpws-group{south}", "/mpls/l2vpn-config/l2vpn/vpws-group{nowhere}",
@@ -111,20 +111,20 @@ TEST_F(ChangesTest, OfWhatWasNotTouchedOrIsNotThereAreNone) {
   }
 }
 
-TEST_F(ChangesTest, BelowADeletedEntryAreNotReported) {
+TEST_F(ChangesTest, below_a_deleted_entry_are_not_reported) {
   change_three_neighbors();
   const std::string neighbors = kNeighbors;
   EXPECT_EQ(changes_at(neighbors + "{10.0.0.1}"), std::vector<Reported>{gone});
   EXPECT_EQ(changes_at(neighbors + "{10.0.0.1}/pw-id"), std::vector<Reported>{});
 }
 
-TEST_F(ChangesTest, TheIteratorMayStop) {
+TEST_F(ChangesTest, the_iterator_may_stop) {
   change_three_neighbors();
   EXPECT_EQ(changes_at("/mpls/l2vpn-config/l2vpn", {{}, MOP_VALUE_SET, ITER_STOP}),
             (std::vector<Reported>{group, vpn, gone, changed, its_new_pw_id}));
 }
 
-TEST_F(ChangesTest, TheIteratorMaySkipWhatIsBelow) {
+TEST_F(ChangesTest, the_iterator_may_skip_what_is_below) {
   change_three_neighbors();
   EXPECT_EQ(changes_at(kNeighbors, {{}, MOP_CREATED, ITER_CONTINUE}),
             (std::vector<Reported>{gone, changed, its_new_pw_id, added}));
@@ -132,7 +132,7 @@ TEST_F(ChangesTest, TheIteratorMaySkipWhatIsBelow) {
             (std::vector<Reported>{gone, changed, added, added_pw_id}));
 }
 
-TEST_F(ChangesTest, AnOptionalLeafMayBeRemoved) {
+TEST_F(ChangesTest, an_optional_leaf_may_be_removed) {
   const char *vlan = "/internal/int-sub-vpls-vpn-bd{south red 4}/int-vpls-bd-vlan";
   stage->modify_entry("/internal/int-sub-vpls-vpn-bd", {text("south"), text("red"), u32(4)});
   stage->delete_leaf(vlan, u32(100));
@@ -143,7 +143,7 @@ TEST_F(ChangesTest, AnOptionalLeafMayBeRemoved) {
   EXPECT_FALSE(reported[0].has_new_value);
 }
 
-TEST_F(ChangesTest, ALeafMayGetItsFirstValue) {
+TEST_F(ChangesTest, a_leaf_may_get_its_first_value) {
   const char *vlan = "/internal/int-sub-vpls-vpn-bd{south red 4}/int-vpls-bd-vlan";
   stage->modify_entry("/internal/int-sub-vpls-vpn-bd", {text("south"), text("red"), u32(4)});
   stage->set_leaf(vlan, absent(), u32(100));
@@ -154,7 +154,7 @@ TEST_F(ChangesTest, ALeafMayGetItsFirstValue) {
   EXPECT_EQ(reported[0].new_value, u32(100));
 }
 
-TEST_F(ChangesTest, AnEmptyLeafIsCreated) {
+TEST_F(ChangesTest, an_empty_leaf_is_created) {
   const char *any = "/base:config/service-port{7}/match/vlan/vlan-id/any";
   stage->modify_entry("/base:config/service-port", {u32(7)});
   stage->create_empty_leaf(any);
@@ -164,7 +164,7 @@ TEST_F(ChangesTest, AnEmptyLeafIsCreated) {
   EXPECT_EQ(reported[0].op, MOP_CREATED);
 }
 
-TEST_F(ChangesTest, TheKeysOfACreatedEntryAreNone) {
+TEST_F(ChangesTest, the_keys_of_a_created_entry_are_none) {
   stage->modify_entry(kVpwsGroups, {text("north")});
   stage->modify_entry(kVpns, {text("east")});
   stage->create_entry(kInterfaces, {text("gigabit-1")}, {});
@@ -172,14 +172,14 @@ TEST_F(ChangesTest, TheKeysOfACreatedEntryAreNone) {
   EXPECT_EQ(changes_at(kInterfaces), std::vector<Reported>{entry(MOP_CREATED, {text("gigabit-1")}, kNeighborDepth)});
 }
 
-TEST_F(ChangesTest, AnEntryOfSeveralKeysHasThemInOneElement) {
+TEST_F(ChangesTest, an_entry_of_several_keys_has_them_in_one_element) {
   stage->create_entry(kMembers, {u32(1), i32(100), i32(1001)}, {});
   stage->open();
   EXPECT_EQ(changes_at(std::string(kMembers) + "{1 100 1001}"),
             std::vector<Reported>{entry(MOP_CREATED, {u32(1), i32(100), i32(1001)}, 4)});
 }
 
-TEST_F(ChangesTest, BelowANameWithAPercentSignAreFound) {
+TEST_F(ChangesTest, below_a_name_with_a_percent_sign_are_found) {
   stage->create_entry("/mpls/l2vpn-config/l2vpn/vpws-group", {text("%n")}, {});
   stage->open();
   Iteration iteration;
@@ -198,14 +198,14 @@ confd_iter_ret print_path(confd_hkeypath_t *kp, confd_iter_op, confd_value_t *, 
   return ITER_RECURSE;
 }
 
-TEST_F(ChangesTest, AKeyPathCanBePrinted) {
+TEST_F(ChangesTest, a_key_path_can_be_printed) {
   change_three_neighbors();
   std::string printed;
   maapi_keypath_diff_iterate(sock(), handle(), print_path, 0, &printed, "%s{%s}/pw-id", kNeighbors, "10.0.0.2");
   EXPECT_TRUE(printed.ends_with("vpws-group{north}/vpn{east}/neighbor{10.0.0.2}/pw-id")) << printed;
 }
 
-TEST_F(ChangesTest, ThePathIsAFormat) {
+TEST_F(ChangesTest, the_path_is_a_format) {
   change_three_neighbors();
   Iteration iteration;
   maapi_keypath_diff_iterate(sock(), handle(), record, 0, &iteration, "%s{%s}/pw-id", kNeighbors, "10.0.0.2");

@@ -9,13 +9,13 @@ namespace {
 
 class DaemonTest : public ConformanceTest {};
 
-TEST_F(DaemonTest, TheContextLeadsToTheSocketAndTheInstance) {
+TEST_F(DaemonTest, the_context_leads_to_the_socket_and_the_instance) {
   stage->open();
   EXPECT_EQ(qnconfd_maapi_socket_get(stage->context().vcb_opaque), stage->socket());
   EXPECT_NE(qnconfd_instance_get(stage->context().vcb_opaque), nullptr);
 }
 
-TEST_F(DaemonTest, ATextIsFormattedAndTheLastOneStands) {
+TEST_F(DaemonTest, a_text_is_formatted_and_the_last_one_stands) {
   stage->open();
   confd_trans_seterr(&stage->context(), "%s has %d of %u", "north", -1, 4294967295U);
   EXPECT_EQ(stage->error(), "north has -1 of 4294967295");
@@ -24,14 +24,14 @@ TEST_F(DaemonTest, ATextIsFormattedAndTheLastOneStands) {
   EXPECT_EQ(stage->error(), longer);
 }
 
-TEST_F(DaemonTest, TheTimeOutIsExtended) {
+TEST_F(DaemonTest, the_time_out_is_extended) {
   stage->open();
   EXPECT_EQ(confd_data_set_timeout(&stage->context(), 120), CONFD_OK);
   EXPECT_EQ(confd_data_set_timeout(&stage->context(), 60), CONFD_OK);
   EXPECT_EQ(stage->timeouts(), (std::vector<int>{120, 60}));
 }
 
-TEST_F(DaemonTest, ATraceGoesToItsCategory) {
+TEST_F(DaemonTest, a_trace_goes_to_its_category) {
   stage->open();
   zlog_category_t *category = qnmw_trace_register_category("some-category");
   ASSERT_NE(category, nullptr);
@@ -42,7 +42,7 @@ TEST_F(DaemonTest, ATraceGoesToItsCategory) {
 
 class CardTest : public ConformanceTest {};
 
-TEST_F(CardTest, InterfacesAreKnownByNameIdentifierAndIndex) {
+TEST_F(CardTest, interfaces_are_known_by_name_identifier_and_index) {
   stage->add_interface("gigabit-1", 11, 1001);
   stage->add_interface("gigabit-10", 12, 1002);
   stage->open();
@@ -60,7 +60,7 @@ TEST_F(CardTest, InterfacesAreKnownByNameIdentifierAndIndex) {
   EXPECT_TRUE(valid_intfname("gigabit-1"));
 }
 
-TEST_F(CardTest, ANameOf63CharactersFitsABufferOf64) {
+TEST_F(CardTest, a_name_of_63_characters_fits_a_buffer_of_64) {
   const std::string longest(63, 'g');
   stage->add_interface(longest, 12, 1002);
   stage->open();
@@ -69,7 +69,7 @@ TEST_F(CardTest, ANameOf63CharactersFitsABufferOf64) {
   EXPECT_EQ(name, longest);
 }
 
-TEST_F(CardTest, AnUnknownInterfaceLeavesTheOutputAlone) {
+TEST_F(CardTest, an_unknown_interface_leaves_the_output_alone) {
   stage->add_interface("gigabit-1", 11, 1001);
   stage->open();
   limid_t limid = 77;
@@ -86,7 +86,7 @@ TEST_F(CardTest, AnUnknownInterfaceLeavesTheOutputAlone) {
   EXPECT_FALSE(valid_intfname("gigabit-"));
 }
 
-TEST_F(CardTest, TellsItsLimitsForItsOwnSlot) {
+TEST_F(CardTest, tells_its_limits_for_its_own_slot) {
   stage->set_vpn_max(128);
   stage->open();
   fm_slot_t slot{};
@@ -97,7 +97,7 @@ TEST_F(CardTest, TellsItsLimitsForItsOwnSlot) {
   EXPECT_EQ(limit, 128U);
 }
 
-TEST_F(CardTest, ALimitThatItDoesNotTellLeavesTheOutputAlone) {
+TEST_F(CardTest, a_limit_that_it_does_not_tell_leaves_the_output_alone) {
   stage->set_vpn_max(std::nullopt);
   stage->open();
   fm_slot_t slot{};

@@ -26,7 +26,7 @@ class FailuresTest : public ConformanceTest {
   maapi_cursor mc{};
 };
 
-TEST_F(FailuresTest, ACountAndAnExistenceAnswerMinusOne) {
+TEST_F(FailuresTest, a_count_and_an_existence_answer_minus_one) {
   stand_on_the_first_of(2);
   stage->fail_next("maapi_num_instances");
   EXPECT_EQ(maapi_num_instances(sock(), handle(), "%s", kMembers), -1);
@@ -36,14 +36,14 @@ TEST_F(FailuresTest, ACountAndAnExistenceAnswerMinusOne) {
   EXPECT_EQ(maapi_exists(sock(), handle(), "%s{1 1 1001}", kMembers), 1);
 }
 
-TEST_F(FailuresTest, AFailedMoveLeavesTheCursorOnNoEntry) {
+TEST_F(FailuresTest, a_failed_move_leaves_the_cursor_on_no_entry) {
   stand_on_the_first_of(3);
   stage->fail_next("maapi_get_next");
   EXPECT_EQ(maapi_get_next(&mc), -1);
   EXPECT_EQ(mc.n, 0);
 }
 
-TEST_F(FailuresTest, AFailedSearchLeavesTheCursorOnNoEntry) {
+TEST_F(FailuresTest, a_failed_search_leaves_the_cursor_on_no_entry) {
   stand_on_the_first_of(3);
   confd_value_t keys[] = {scripted::borrowed(u32(1))};
   stage->fail_next("maapi_find_next");
@@ -51,7 +51,7 @@ TEST_F(FailuresTest, AFailedSearchLeavesTheCursorOnNoEntry) {
   EXPECT_EQ(mc.n, 0);
 }
 
-TEST_F(FailuresTest, AFailedFetchFillsNothingAndLeavesTheCursorWhereItIs) {
+TEST_F(FailuresTest, a_failed_fetch_fills_nothing_and_leaves_the_cursor_where_it_is) {
   stand_on_the_first_of(3);
   ReadValues values(6);
   int entries = 2;
@@ -62,7 +62,7 @@ TEST_F(FailuresTest, AFailedFetchFillsNothingAndLeavesTheCursorWhereItIs) {
   EXPECT_EQ(keys_of(mc), (Values{u32(1), i32(1), i32(1001)}));
 }
 
-TEST_F(FailuresTest, ACursorThatFailedToInitialiseYieldsNothingAndMayBeDestroyed) {
+TEST_F(FailuresTest, a_cursor_that_failed_to_initialise_yields_nothing_and_may_be_destroyed) {
   stage->put(kMembers, {u32(1), i32(1), i32(1001)});
   stage->open();
   mc.n = 3;
@@ -78,21 +78,21 @@ TEST_F(FailuresTest, ACursorThatFailedToInitialiseYieldsNothingAndMayBeDestroyed
   EXPECT_EQ(values.filled(), Values{});
 }
 
-TEST_F(FailuresTest, ACursorThatWasNeverInitialisedMayBeDestroyed) {
+TEST_F(FailuresTest, a_cursor_that_was_never_initialised_may_be_destroyed) {
   stage->open();
   maapi_cursor never{};
   maapi_destroy_cursor(&never);
   EXPECT_EQ(stage->left_open(), 0U);
 }
 
-TEST_F(FailuresTest, ACursorMayBeDestroyedTwice) {
+TEST_F(FailuresTest, a_cursor_may_be_destroyed_twice) {
   stand_on_the_first_of(1);
   maapi_destroy_cursor(&mc);
   maapi_destroy_cursor(&mc);
   EXPECT_EQ(stage->left_open(), 0U);
 }
 
-TEST_F(FailuresTest, AFailedElementReadLeavesTheOutput) {
+TEST_F(FailuresTest, a_failed_element_read_leaves_the_output) {
   stage->put("/internal/int-sub-vpls-vpn-bd", {text("south"), text("red"), u32(4)}, {{"int-vpls-bd-vlan", u32(100)}});
   stage->put("/internal/int-vpws-intf-encap", {text("north"), text("east"), u32(1), text("gigabit-1")},
              {{"int-vpws-encap-untagged", enum_value(1)}});
@@ -122,7 +122,7 @@ confd_iter_ret count_call(confd_hkeypath_t *, confd_iter_op, confd_value_t *, co
   return ITER_RECURSE;
 }
 
-TEST_F(FailuresTest, AFailedIterationCallsNobody) {
+TEST_F(FailuresTest, a_failed_iteration_calls_nobody) {
   stage->create_entry(kMembers, {u32(1), i32(100), i32(1001)}, {});
   stage->open();
   int calls = 0;
@@ -131,7 +131,7 @@ TEST_F(FailuresTest, AFailedIterationCallsNobody) {
   EXPECT_EQ(calls, 0);
 }
 
-TEST_F(FailuresTest, AFailedObjectReadFillsNothing) {
+TEST_F(FailuresTest, a_failed_object_read_fills_nothing) {
   stand_on_the_first_of(1);
   ReadValues values(3);
   stage->fail_next("maapi_get_object");
@@ -139,7 +139,7 @@ TEST_F(FailuresTest, AFailedObjectReadFillsNothing) {
   EXPECT_EQ(values.filled(), Values{});
 }
 
-TEST_F(FailuresTest, ASessionThatFailsToStartReadsNothing) {
+TEST_F(FailuresTest, a_session_that_fails_to_start_reads_nothing) {
   stand_on_the_first_of(1);
   QnConfdInterface *instance = qnconfd_instance_get(stage->context().vcb_opaque);
   stage->fail_next("cdb_session_start");
@@ -148,7 +148,7 @@ TEST_F(FailuresTest, ASessionThatFailsToStartReadsNothing) {
   EXPECT_EQ(stage->left_open(), 1U) << "the cursor alone";
 }
 
-TEST_F(FailuresTest, ARefusedTimeOutAnswersMinusOne) {
+TEST_F(FailuresTest, a_refused_time_out_answers_minus_one) {
   stage->open();
   stage->fail_next("confd_data_set_timeout");
   EXPECT_EQ(confd_data_set_timeout(&stage->context(), 120), -1);

@@ -16,7 +16,7 @@ class ListsTest : public ConformanceTest {
   }
 };
 
-TEST_F(ListsTest, TextsStandByteByByteThenNumbersByValue) {
+TEST_F(ListsTest, texts_stand_byte_by_byte_then_numbers_by_value) {
   const std::vector<Values> in_order{{text("10"), u32(1)}, {text("9"), u32(1)},  {text("B"), u32(5)},
                                      {text("a"), u32(9)},  {text("a"), u32(10)}, {text("aa"), u32(1)},
                                      {text("b"), u32(2)}};
@@ -25,7 +25,7 @@ TEST_F(ListsTest, TextsStandByteByByteThenNumbersByValue) {
   EXPECT_EQ(visit(kVpwsVpns), in_order);
 }
 
-TEST_F(ListsTest, SignedNumbersStandByValue) {
+TEST_F(ListsTest, signed_numbers_stand_by_value) {
   const std::vector<Values> in_order{
       {u32(1), i32(-5), i32(3)}, {u32(1), i32(9), i32(-1)}, {u32(1), i32(9), i32(1)}, {u32(1), i32(10), i32(0)}};
   for (const std::size_t i : {3U, 1U, 0U, 2U}) stage->put(kMembers, in_order[i]);
@@ -33,7 +33,7 @@ TEST_F(ListsTest, SignedNumbersStandByValue) {
   EXPECT_EQ(visit(kMembers), in_order);
 }
 
-TEST_F(ListsTest, AddressesStandAsTheyAreWritten) {
+TEST_F(ListsTest, addresses_stand_as_they_are_written) {
   const char *list = "/KZ-PWE3-MIB:KZ-PWE3-MIB/pwTable/pwEntry";
   const std::vector<Values> in_order{{u32(1), u32(1), ipv4("9.0.0.2")},
                                      {u32(1), u32(1), ipv4("10.0.0.1")},
@@ -44,13 +44,13 @@ TEST_F(ListsTest, AddressesStandAsTheyAreWritten) {
   EXPECT_EQ(visit(list), in_order);
 }
 
-TEST_F(ListsTest, AreCounted) {
+TEST_F(ListsTest, are_counted) {
   put_vpns(3);
   EXPECT_EQ(maapi_num_instances(sock(), handle(), "%s", kVpwsVpns), 3);
   EXPECT_EQ(maapi_num_instances(sock(), handle(), "/internal/int-vpws-group{%s}/int-vpws", "south"), 0);
 }
 
-TEST_F(ListsTest, AnInitialisedCursorStandsOnNoEntryUntilItMoves) {
+TEST_F(ListsTest, an_initialised_cursor_stands_on_no_entry_until_it_moves) {
   put_vpns(2);
   maapi_cursor mc = {};
   mc.n = 9;
@@ -67,7 +67,7 @@ TEST_F(ListsTest, AnInitialisedCursorStandsOnNoEntryUntilItMoves) {
   maapi_destroy_cursor(&mc);
 }
 
-TEST_F(ListsTest, AListThatIsNotThereHasNoEntries) {
+TEST_F(ListsTest, a_list_that_is_not_there_has_no_entries) {
   put_vpns(1);
   const char *nowhere = "/internal/int-vpws-group{south}/int-vpws";
   EXPECT_EQ(visit(nowhere), std::vector<Values>{});
@@ -82,7 +82,7 @@ TEST_F(ListsTest, AListThatIsNotThereHasNoEntries) {
   maapi_destroy_cursor(&mc);
 }
 
-TEST_F(ListsTest, ACursorsKeysAreTextsWithAZeroBehindThem) {
+TEST_F(ListsTest, a_cursors_keys_are_texts_with_a_zero_behind_them) {
   put_vpns(1);
   maapi_cursor mc{};
   maapi_init_cursor(sock(), handle(), &mc, "%s", kVpwsVpns);
@@ -93,7 +93,7 @@ TEST_F(ListsTest, ACursorsKeysAreTextsWithAZeroBehindThem) {
   maapi_destroy_cursor(&mc);
 }
 
-TEST_F(ListsTest, TwoCursorsMoveOnTheirOwn) {
+TEST_F(ListsTest, two_cursors_move_on_their_own) {
   put_vpns(2);
   maapi_cursor first{};
   maapi_cursor second{};
@@ -115,7 +115,7 @@ struct FindCase {
   Values found;  ///< empty: none
 };
 
-TEST_F(ListsTest, AreSearchedFromAnyKeysOn) {
+TEST_F(ListsTest, are_searched_from_any_keys_on) {
   const Values m100_1{u32(1), i32(100), i32(1001)};
   const Values m150_2{u32(1), i32(150), i32(1002)};
   const Values m150_3{u32(1), i32(150), i32(1003)};
@@ -147,7 +147,7 @@ TEST_F(ListsTest, AreSearchedFromAnyKeysOn) {
   }
 }
 
-TEST_F(ListsTest, AreSearchedByTextThenNumber) {
+TEST_F(ListsTest, are_searched_by_text_then_number) {
   stage->put(kVpwsVpns, {text("east"), u32(4)});
   stage->put(kVpwsVpns, {text("eastern"), u32(2)});
   stage->open();
@@ -174,7 +174,7 @@ struct FetchCase {
   std::vector<Fetch> fetches;
 };
 
-TEST_F(ListsTest, AreFetchedInBatchesUntilTheCursorStandsOnNoEntry) {
+TEST_F(ListsTest, are_fetched_in_batches_until_the_cursor_stands_on_no_entry) {
   const FetchCase cases[] = {
       {5, 2, {{2, true}, {2, true}, {1, false}}},
       {4, 2, {{2, true}, {2, true}, {0, false}}},
@@ -207,7 +207,7 @@ TEST_F(ListsTest, AreFetchedInBatchesUntilTheCursorStandsOnNoEntry) {
   }
 }
 
-TEST_F(ListsTest, AFetchBeginsBehindTheEntryThatTheCursorStandsOn) {
+TEST_F(ListsTest, a_fetch_begins_behind_the_entry_that_the_cursor_stands_on) {
   put_vpns(4);
   maapi_cursor mc{};
   maapi_init_cursor(sock(), handle(), &mc, "%s", kVpwsVpns);
@@ -224,7 +224,7 @@ TEST_F(ListsTest, AFetchBeginsBehindTheEntryThatTheCursorStandsOn) {
   maapi_destroy_cursor(&mc);
 }
 
-TEST_F(ListsTest, AFetchFillsNoMoreValuesThanItIsAskedFor) {
+TEST_F(ListsTest, a_fetch_fills_no_more_values_than_it_is_asked_for) {
   stage->put(kTunnels, {text("north"), u32(1), u32(7), u32(100)}, {{"role", u32(0)}, {"vpn", text("east")}});
   stage->put(kTunnels, {text("north"), u32(1), u32(8), u32(200)}, {{"role", u32(1)}, {"vpn", text("east")}});
   stage->open();

@@ -80,21 +80,21 @@ class PluginTest : public ConformanceTest, public ::testing::WithParamInterface<
 };
 
 // Only a changed attachment is compared with the static members, so a rejection shows that the change was found.
-TEST_P(PluginTest, FindsTheChangeOfAVpwsVpnOfThisName) {
+TEST_P(PluginTest, finds_the_change_of_a_vpws_vpn_of_this_name) {
   attach_to_vpws(GetParam());
   add_to_vpws(GetParam());
   EXPECT_EQ(validate(), CONFD_ERR);
   EXPECT_EQ(stage->error(), message_for("vpws", GetParam()));
 }
 
-TEST_P(PluginTest, FindsTheChangeOfAVplsVpnOfThisName) {
+TEST_P(PluginTest, finds_the_change_of_a_vpls_vpn_of_this_name) {
   attach_to_vpls(GetParam());
   add_to_vpls(GetParam());
   EXPECT_EQ(validate(), CONFD_ERR);
   EXPECT_EQ(stage->error(), message_for("vpls", GetParam()));
 }
 
-TEST_P(PluginTest, DoesNotTakeTheChangeOfAnotherNameForOneOfThisName) {
+TEST_P(PluginTest, does_not_take_the_change_of_another_name_for_one_of_this_name) {
   attach_to_vpls(GetParam());
   add_to_vpls(std::string(GetParam()) + "%");
   EXPECT_EQ(validate(), CONFD_OK);

@@ -21,7 +21,7 @@ class RunningTest : public ConformanceTest {
   QnConfdInterface *instance() { return qnconfd_instance_get(stage->context().vcb_opaque); }
 };
 
-TEST_F(RunningTest, ASessionReadsTheRunningConfiguration) {
+TEST_F(RunningTest, a_session_reads_the_running_configuration) {
   put_groups(2);
   EXPECT_EQ(maapi_num_instances(sock(), handle(), "%s", kTunnels), 3);
   const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
@@ -30,7 +30,7 @@ TEST_F(RunningTest, ASessionReadsTheRunningConfiguration) {
   EXPECT_EQ(cdb_num_instances(session.Socket(), "/internal/int-vpws-group{%s}/int-vpws", "south"), 0);
 }
 
-TEST_F(RunningTest, ASessionIsOpenAsLongAsItLives) {
+TEST_F(RunningTest, a_session_is_open_as_long_as_it_lives) {
   put_groups(1);
   int socket = -1;
   {
@@ -43,7 +43,7 @@ TEST_F(RunningTest, ASessionIsOpenAsLongAsItLives) {
   EXPECT_EQ(confd_errno, CONFD_ERR_NOSESSION);
 }
 
-TEST_F(RunningTest, ObjectsAreReadFromAnIndexOnInListOrder) {
+TEST_F(RunningTest, objects_are_read_from_an_index_on_in_list_order) {
   put_groups(5);
   const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
   ReadValues values(12);
@@ -53,7 +53,7 @@ TEST_F(RunningTest, ObjectsAreReadFromAnIndexOnInListOrder) {
   EXPECT_EQ(stage->left_open(), 5U) << "the session and four texts";
 }
 
-TEST_F(RunningTest, TheLastObjectsAreReadWhole) {
+TEST_F(RunningTest, the_last_objects_are_read_whole) {
   put_groups(5);
   const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
   ReadValues values(6);
@@ -61,7 +61,7 @@ TEST_F(RunningTest, TheLastObjectsAreReadWhole) {
   EXPECT_EQ(values.at(3), u32(4));
 }
 
-TEST_F(RunningTest, AskingPastTheEndIsAnErrorAndFillsNothing) {
+TEST_F(RunningTest, asking_past_the_end_is_an_error_and_fills_nothing) {
   put_groups(5);
   const QnConfdCdbSessionBase session(instance(), CDB_RUNNING, true);
   ReadValues values(12);

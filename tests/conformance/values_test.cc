@@ -25,7 +25,7 @@ class ValuesTest : public ConformanceTest {
   const Value head = scripted::tag(1);  ///< of a container, or a leaf of type empty; the host has its own number
 };
 
-TEST_F(ValuesTest, OfAnEntryAreItsKeysThenItsLeafsInSchemaOrder) {
+TEST_F(ValuesTest, of_an_entry_are_its_keys_then_its_leafs_in_schema_order) {
   stage->put(kTunnels, {text("north"), u32(3), u32(7), u32(100)}, {{"role", u32(1)}, {"vpn", text("east")}});
   stage->open();
   int count = 0;
@@ -34,7 +34,7 @@ TEST_F(ValuesTest, OfAnEntryAreItsKeysThenItsLeafsInSchemaOrder) {
   EXPECT_EQ(count, 6);
 }
 
-TEST_F(ValuesTest, OfAContainerAreItsLeafsAndANestedListIsOneThatDoesNotExist) {
+TEST_F(ValuesTest, of_a_container_are_its_leafs_and_a_nested_list_is_one_that_does_not_exist) {
   stage->put("/internal/int-vpls-group", {text("south")});
   stage->put("/internal/int-vpls-group{south}/int-vpls-vpn", {text("red"), u32(4)});
   stage->put_container("/internal/int-vpls-group{south}/int-vpls-vpn{red 4}/int-vpls-bd",
@@ -49,7 +49,7 @@ TEST_F(ValuesTest, OfAContainerAreItsLeafsAndANestedListIsOneThatDoesNotExist) {
   EXPECT_EQ(count, 4);
 }
 
-TEST_F(ValuesTest, OfAnEntryHoldAContainersHeadAndThenItsOwnValues) {
+TEST_F(ValuesTest, of_an_entry_hold_a_containers_head_and_then_its_own_values) {
   stage->put("/internal/int-vpls-group", {text("south")});
   stage->put("/internal/int-vpls-group{south}/int-vpls-vpn", {text("red"), u32(4)});
   stage->put("/internal/int-vpls-group{south}/int-vpls-vpn{red 4}/int-vpls-bd/int-vpls-ac", {text("gigabit-1")},
@@ -64,7 +64,7 @@ TEST_F(ValuesTest, OfAnEntryHoldAContainersHeadAndThenItsOwnValues) {
   EXPECT_EQ(count, 4);
 }
 
-TEST_F(ValuesTest, AnEmptyLeafIsATagWhenItIsThere) {
+TEST_F(ValuesTest, an_empty_leaf_is_a_tag_when_it_is_there) {
   const char *with = "/base:config/service-port{7}/match/vlan/vlan-id";
   stage->put("/base:config/service-port", {u32(7)});
   stage->put_container(with, {{"vid", absent()}, {"any", head}});
@@ -76,7 +76,7 @@ TEST_F(ValuesTest, AnEmptyLeafIsATagWhenItIsThere) {
   EXPECT_EQ(maapi_exists(sock(), handle(), "%s/vid", with), 0);
 }
 
-TEST_F(ValuesTest, AnObjectReadFillsNoMoreThanItIsAskedFor) {
+TEST_F(ValuesTest, an_object_read_fills_no_more_than_it_is_asked_for) {
   stage->put(kTunnels, {text("north"), u32(3), u32(7), u32(100)}, {{"role", u32(1)}, {"vpn", text("east")}});
   stage->open();
   int count = 0;
@@ -84,7 +84,7 @@ TEST_F(ValuesTest, AnObjectReadFillsNoMoreThanItIsAskedFor) {
   EXPECT_EQ(count, 6);
 }
 
-TEST_F(ValuesTest, AnObjectThatIsNotThereIsAnError) {
+TEST_F(ValuesTest, an_object_that_is_not_there_is_an_error) {
   stage->open();
   int count = 0;
   EXPECT_EQ(read_object("/internal/int-vpws-tunnel-idx{north 3 7 100}", 2, &count), Values{});
@@ -92,7 +92,7 @@ TEST_F(ValuesTest, AnObjectThatIsNotThereIsAnError) {
   EXPECT_EQ(confd_errno, CONFD_ERR_NOEXISTS);
 }
 
-TEST_F(ValuesTest, ATextIsTheCallersUntilItIsFreedAndHasAZeroBehindIt) {
+TEST_F(ValuesTest, a_text_is_the_callers_until_it_is_freed_and_has_a_zero_behind_it) {
   stage->put(kTunnels, {text("north"), u32(3), u32(7), u32(100)}, {{"role", u32(1)}, {"vpn", text("east")}});
   stage->open();
   confd_value_t value{};
@@ -105,7 +105,7 @@ TEST_F(ValuesTest, ATextIsTheCallersUntilItIsFreedAndHasAZeroBehindIt) {
   EXPECT_EQ(stage->left_open(), 0U);
 }
 
-TEST_F(ValuesTest, FreeingANumberDoesNothing) {
+TEST_F(ValuesTest, freeing_a_number_does_nothing) {
   stage->open();
   for (const Value &value : {u32(5), i32(-5), enum_value(2), ipv4("10.0.0.1"), absent(), scripted::tag(kDot1qTag)}) {
     confd_value_t given = scripted::borrowed(value);
@@ -114,7 +114,7 @@ TEST_F(ValuesTest, FreeingANumberDoesNothing) {
   }
 }
 
-TEST_F(ValuesTest, AnAddressStandsInNetworkByteOrder) {
+TEST_F(ValuesTest, an_address_stands_in_network_byte_order) {
   const char *list = "/internal/int-sub-vpls-vpn-nbr";
   stage->put(list, {text("south"), text("red"), u32(4), ipv4("10.0.0.2")}, {{"role", u32(0)}, {"pw-id", u32(100)}});
   stage->open();
@@ -127,7 +127,7 @@ TEST_F(ValuesTest, AnAddressStandsInNetworkByteOrder) {
   EXPECT_EQ(maapi_exists(sock(), handle(), "%s{south red 4 10.0.0.2}", list), 1);
 }
 
-TEST_F(ValuesTest, ALeafIsReadAsWhatItIs) {
+TEST_F(ValuesTest, a_leaf_is_read_as_what_it_is) {
   stage->put("/internal/int-sub-vpls-vpn-bd", {text("south"), text("red"), u32(4)}, {{"int-vpls-bd-vlan", u32(100)}});
   stage->put("/internal/int-vpws-intf-encap", {text("north"), text("east"), u32(1), text("gigabit-1")},
              {{"int-vpws-encap-untagged", enum_value(1)}});
@@ -153,7 +153,7 @@ TEST_F(ValuesTest, ALeafIsReadAsWhatItIs) {
   EXPECT_EQ(untagged, 1);
 }
 
-TEST_F(ValuesTest, ALeafThatIsNotSetIsAnErrorThatLeavesTheOutputAlone) {
+TEST_F(ValuesTest, a_leaf_that_is_not_set_is_an_error_that_leaves_the_output_alone) {
   stage->put("/internal/int-sub-vpls-vpn-bd", {text("south"), text("red"), u32(4)}, {{"int-vpls-bd-vlan", absent()}});
   stage->open();
   const char *path = "/internal/int-sub-vpls-vpn-bd{south red 4}/int-vpls-bd-vlan";

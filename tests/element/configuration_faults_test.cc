@@ -36,7 +36,7 @@ std::string vpws_json(const std::string &content) {
 const std::string kVpn = "/mpls:mpls/l2-vpn:l2vpn-config/l2vpn/vpws-group[name='g']/vpn[name='v']";
 const std::string kAccess = kVpn + "/access-interface[name='p']";
 
-TEST(ConfigurationFault, NothingInTheFile) {
+TEST(ConfigurationFault, nothing_in_the_file) {
   const std::string empty = "candidate: empty; expected XML elements or a JSON object ({} configures nothing)";
   const std::string no_element = "candidate: no element; expected at least one, without content to configure nothing";
   expect_faults({{"", empty},
@@ -46,19 +46,19 @@ TEST(ConfigurationFault, NothingInTheFile) {
                  {"<?xml version=\"1.0\"?>", no_element}});
 }
 
-TEST(ConfigurationFault, NeitherXmlNorJson) {
+TEST(ConfigurationFault, neither_xml_nor_json) {
   expect_faults({{"\n[]", "candidate:2: neither XML nor JSON begins with [; expected '<' or '{'"},
                  {"config", "candidate:1: neither XML nor JSON begins with c; expected '<' or '{'"},
                  {"\xff\xfe{", "candidate:1: byte \\xff; expected text in UTF-8"}});
 }
 
-TEST(ConfigurationFault, ZeroByteIsNotTheEnd) {
+TEST(ConfigurationFault, zero_byte_is_not_the_end) {
   const std::string xml = base_xml("");
   const std::string fault = "candidate:3: zero byte; expected text in UTF-8";
   expect_faults({{xml + '\0' + "<rest/>", fault}, {base_json("") + '\0' + "rest", fault}});
 }
 
-TEST(ConfigurationFault, BytesThatAreNotUtf8) {
+TEST(ConfigurationFault, bytes_that_are_not_utf8) {
   const std::string fault = "candidate:2: byte \\xff; expected text in UTF-8";
   expect_faults({{base_xml("<l3-interface><name>\xc3\xbc</name><vlan>1</vlan></l3-interface>"), "accepted"},
                  {base_xml("<l3-interface><name>\xff</name><vlan>1</vlan></l3-interface>"), fault},
@@ -66,12 +66,12 @@ TEST(ConfigurationFault, BytesThatAreNotUtf8) {
                  {base_json("\"\xff\": 1"), fault}});
 }
 
-TEST(ConfigurationFault, CharacterThatTheParserRefusesWithoutAWord) {
+TEST(ConfigurationFault, character_that_the_parser_refuses_without_a_word) {
   const std::string fault = "candidate: character that may not stand where it does; expected well-formed XML";
   expect_faults({{base_xml("<vlan \x01/>"), fault}});
 }
 
-TEST(ConfigurationFault, MalformedXml) {
+TEST(ConfigurationFault, malformed_xml) {
   const std::string expected = "; expected well-formed XML";
   expect_faults({
       {base_xml("<vlan><id>5</id></vlann>"),
@@ -86,7 +86,7 @@ TEST(ConfigurationFault, MalformedXml) {
   });
 }
 
-TEST(ConfigurationFault, MalformedJson) {
+TEST(ConfigurationFault, malformed_json) {
   const std::string literal = "syntax error while parsing value - invalid literal; ";
   expect_faults({
       {base_json(R"("vlan": [{"id": 5])"),
@@ -101,7 +101,7 @@ TEST(ConfigurationFault, MalformedJson) {
   });
 }
 
-TEST(ConfigurationFault, NestedDeeperThanAnyConfiguration) {
+TEST(ConfigurationFault, nested_deeper_than_any_configuration) {
   const auto nested = [](std::size_t depth) { return "{\"a\":" + std::string(depth - 1, '['); };
   EXPECT_EQ(fault_of(nested(101)), "candidate: JSON nested deeper than 100 levels; expected fewer");
   EXPECT_EQ(fault_of(nested(100)),
@@ -109,7 +109,7 @@ TEST(ConfigurationFault, NestedDeeperThanAnyConfiguration) {
             "expected '[', '{', or a literal");
 }
 
-TEST(ConfigurationFault, TextThatBreaksOff) {
+TEST(ConfigurationFault, text_that_breaks_off) {
   const std::string xml = base_xml("<vlan><id>5</id></vlan>");
   const std::string json = base_json(R"("vlan": [{"id": 5}])");
   for (const std::string &text : {xml, json}) {
@@ -120,7 +120,7 @@ TEST(ConfigurationFault, TextThatBreaksOff) {
   }
 }
 
-TEST(ConfigurationFault, UnknownName) {
+TEST(ConfigurationFault, unknown_name) {
   const std::string top_xml = R"(; expected one of config xmlns="urn:element:base", mpls xmlns="urn:element:mpls")";
   const std::string top_json = "; expected one of base:config, mpls:mpls";
   const std::string below_vlan = "; expected one of id, interface";
@@ -142,7 +142,7 @@ TEST(ConfigurationFault, UnknownName) {
   });
 }
 
-TEST(ConfigurationFault, NotTheJsonOfYangData) {
+TEST(ConfigurationFault, not_the_json_of_yang_data) {
   const std::string expected = "; expected JSON as it stands for YANG data (RFC 7951)";
   expect_faults({
       {"{\"config\": {}}",
@@ -154,7 +154,7 @@ TEST(ConfigurationFault, NotTheJsonOfYangData) {
   });
 }
 
-TEST(ConfigurationFault, ValueOutOfItsType) {
+TEST(ConfigurationFault, value_out_of_its_type) {
   const std::string id = "candidate:2: /base:config/vlan/id: ";
   const std::string range = "is out of the allowed range; expected a number of 1..4094";
   expect_faults({
@@ -179,7 +179,7 @@ TEST(ConfigurationFault, ValueOutOfItsType) {
   });
 }
 
-TEST(ConfigurationFault, AddressOutOfItsType) {
+TEST(ConfigurationFault, address_out_of_its_type) {
   for (const char *address : {"10.0.0.256", "10.0.0", "10.0.0.01", "10.0.0.1 ", "::1"}) {
     const std::string fault =
         fault_of(vpws("<neighbor><address>" + std::string(address) + "</address><pw-id>1</pw-id></neighbor>"));
@@ -189,7 +189,7 @@ TEST(ConfigurationFault, AddressOutOfItsType) {
   }
 }
 
-TEST(ConfigurationFault, GivenTwice) {
+TEST(ConfigurationFault, given_twice) {
   const std::string once = "; expected each node and each entry once";
   expect_faults({
       {base_xml("<vlan><id>5</id></vlan><vlan><id>6</id></vlan>"), "accepted"},
@@ -214,7 +214,7 @@ TEST(ConfigurationFault, GivenTwice) {
   EXPECT_TRUE(fault.ends_with("l3-interface[name='a']/vlan: Duplicate instance of \"vlan\"" + once)) << fault;
 }
 
-TEST(ConfigurationFault, MissingNode) {
+TEST(ConfigurationFault, missing_node) {
   const std::string unset = "; expected it to be set";
   expect_faults({
       {base_xml("<l3-interface><name>a</name><vlan>5</vlan></l3-interface><l3-interface><name>b</name></l3-interface>"),
@@ -228,7 +228,7 @@ TEST(ConfigurationFault, MissingNode) {
   });
 }
 
-TEST(ConfigurationFault, RangeWhoseLastVlanIsBelowItsFirst) {
+TEST(ConfigurationFault, range_whose_last_vlan_is_below_its_first) {
   const auto range = [](int min, int max) {
     return vpws("<access-interface><name>p</name><encapsulation><dot1q-range><min>" + std::to_string(min) +
                 "</min><max>" + std::to_string(max) + "</max></dot1q-range></encapsulation></access-interface>");
@@ -243,7 +243,7 @@ TEST(ConfigurationFault, RangeWhoseLastVlanIsBelowItsFirst) {
                   "candidate: " + path + ": " + fault}});
 }
 
-TEST(ConfigurationFault, BothCasesOfAChoice) {
+TEST(ConfigurationFault, both_cases_of_a_choice) {
   const std::string fault = ": Data for both cases \"untagged\" and \"dot1q-range\" exist; expected one of the two";
   expect_faults({
       {vpws("<access-interface><name>p</name><encapsulation><untagged/>"
@@ -255,7 +255,7 @@ TEST(ConfigurationFault, BothCasesOfAChoice) {
   });
 }
 
-TEST(ConfigurationFault, DerivedNodes) {
+TEST(ConfigurationFault, derived_nodes) {
   const std::string expected = "; expected what an operator writes, not what the element derives from it";
   expect_faults({
       {"<internal xmlns=\"urn:element:internal\"/>",
@@ -265,7 +265,7 @@ TEST(ConfigurationFault, DerivedNodes) {
   });
 }
 
-TEST(ConfigurationFault, Attributes) {
+TEST(ConfigurationFault, attributes) {
   const std::string netconf = "urn:ietf:params:xml:ns:netconf:base:1.0";
   expect_faults({
       {base_xml("<vlan operation=\"delete\"><id>5</id></vlan>"),
@@ -281,7 +281,7 @@ TEST(ConfigurationFault, Attributes) {
   });
 }
 
-TEST(ConfigurationFault, NetconfWrapperThatIsNotAroundAll) {
+TEST(ConfigurationFault, netconf_wrapper_that_is_not_around_all) {
   const std::string open = "\n<data xmlns=\"urn:ietf:params:xml:ns:netconf:base:1.0\">";
   const std::string fault = "candidate:2: element data is not the only one of the file; expected it around all others";
   expect_faults({{open + base_xml(""), fault},
@@ -291,7 +291,7 @@ TEST(ConfigurationFault, NetconfWrapperThatIsNotAroundAll) {
                  {"\n<data xmlns=\"urn:ietf:params:xml:ns:netconf:base:1.0\"/>" + base_xml(""), fault}});
 }
 
-TEST(ConfigurationFault, LinesAreCountedThroughWrapperCommentsAndBreaks) {
+TEST(ConfigurationFault, lines_are_counted_through_wrapper_comments_and_breaks) {
   const std::string bad = "<mtu/>";
   const std::string open = "<data xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'\n a='\n'>";
   const std::vector<std::pair<std::string, std::string>> rows{
@@ -303,13 +303,13 @@ TEST(ConfigurationFault, LinesAreCountedThroughWrapperCommentsAndBreaks) {
   for (const auto &[text, begin] : rows) EXPECT_EQ(fault_of(text).substr(0, begin.size()), begin) << text;
 }
 
-TEST(ConfigurationFault, MessagesStayOnOneLine) {
+TEST(ConfigurationFault, messages_stay_on_one_line) {
   const std::string fault = fault_of(base_xml("<vlan>\n\x7f[31m<id>5</id></vlan>"));
   EXPECT_EQ(fault.find_first_of("\n\x7f"), std::string::npos) << fault;
   EXPECT_NE(fault.find("\\x0a\\x7f[31m"), std::string::npos) << fault;
 }
 
-TEST(ConfigurationFault, NothingReachesStandardError) {
+TEST(ConfigurationFault, nothing_reaches_standard_error) {
   testing::internal::CaptureStderr();
   fault_of(base_xml("<mtu/>"));
   fault_of(base_xml("<l3-interface><name>a</name></l3-interface>"));
@@ -317,7 +317,7 @@ TEST(ConfigurationFault, NothingReachesStandardError) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST(ConfigurationFault, DoesNotOutliveItsFile) {
+TEST(ConfigurationFault, does_not_outlive_its_file) {
   EXPECT_NE(fault_of(base_xml("<mtu/>")), "accepted");
   EXPECT_EQ(fault_of(base_xml("<vlan><id>5</id></vlan>")), "accepted");
   EXPECT_EQ(fault_of("<other xmlns=\"urn:element:base\"/>").substr(0, 12), "candidate:1:");

@@ -53,7 +53,7 @@ void expect_all_entries(const element::Tree &tree) {
   EXPECT_EQ(to_text(last->value), "4094");
 }
 
-TEST(ConfigurationFile, IsReadInEitherFormatWhateverItsName) {
+TEST(ConfigurationFile, is_read_in_either_format_whatever_its_name) {
   EXPECT_EQ(
       print(read_configuration(test_schema(), TemporaryFile("{\"base:config\": {\"vlan\": [{\"id\": 5}]}}").path())),
       Lines{"/config/vlan{5}"});
@@ -63,7 +63,7 @@ TEST(ConfigurationFile, IsReadInEitherFormatWhateverItsName) {
       Lines{"/config/vlan{5}"});
 }
 
-TEST(ConfigurationFile, UnreadableFileIsToldFromWrongContent) {
+TEST(ConfigurationFile, unreadable_file_is_told_from_wrong_content) {
   const Fault missing = fault_of("no-such-file.xml");
   EXPECT_TRUE(missing.is_about_file);
   EXPECT_EQ(missing.text, "no-such-file.xml: cannot be read: No such file or directory; expected a readable file");
@@ -79,7 +79,7 @@ TEST(ConfigurationFile, UnreadableFileIsToldFromWrongContent) {
             empty.path().string() + ": empty; expected XML elements or a JSON object ({} configures nothing)");
 }
 
-TEST(ConfigurationFile, LargeXml) {
+TEST(ConfigurationFile, large_xml) {
   const TemporaryFile file;
   write_large(file.path(), kLargeXml, "<config xmlns=\"urn:element:base\">\n", "</config>\n",
               [](int entry, std::size_t size) {
@@ -91,7 +91,7 @@ TEST(ConfigurationFile, LargeXml) {
   expect_all_entries(read_configuration(test_schema(), file.path()));
 }
 
-TEST(ConfigurationFile, LargeJson) {
+TEST(ConfigurationFile, large_json) {
   const TemporaryFile file;
   const std::string head = "{\"base:config\": {\"l3-interface\": [";
   write_large(file.path(), kLargeJson, head, "]}}", [](int entry, std::size_t size) {

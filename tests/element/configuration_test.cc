@@ -23,7 +23,7 @@ void expect_same_tree(const std::vector<Subtree> &rows) {
   }
 }
 
-TEST(Configuration, BaseSubtreesInXmlAndJson) {
+TEST(Configuration, base_subtrees_in_xml_and_json) {
   expect_same_tree({
       {"service ports by VLAN, any and neither",
        base_xml("<service-port><number>10</number><match><vlan><vlan-id><any/></vlan-id></vlan></match></service-port>"
@@ -53,7 +53,7 @@ TEST(Configuration, BaseSubtreesInXmlAndJson) {
   });
 }
 
-TEST(Configuration, MplsSubtreesInXmlAndJson) {
+TEST(Configuration, mpls_subtrees_in_xml_and_json) {
   expect_same_tree({
       {"LDP uplinks",
        "<mpls xmlns=\"urn:element:mpls\"><ldp xmlns=\"urn:element:ldp\"><interface><name>b</name></interface>"
@@ -113,7 +113,7 @@ TEST(Configuration, MplsSubtreesInXmlAndJson) {
   });
 }
 
-TEST(Configuration, ValuesHaveTheTypesOfTheSchema) {
+TEST(Configuration, values_have_the_types_of_the_schema) {
   const element::Tree tree = element::parse_configuration(
       test_schema(),
       l2vpn_xml("<vpls-group xmlns=\"urn:element:mpls-l2vpn-vpls\"><name>7</name><vpn><name>v</name>"
@@ -129,7 +129,7 @@ TEST(Configuration, ValuesHaveTheTypesOfTheSchema) {
   EXPECT_EQ(value_at("/bridge-domain/transparent-lan-service"), element::Value(element::Empty{}));
 }
 
-TEST(Configuration, ContainersThatHoldNothingAreLeftOut) {
+TEST(Configuration, containers_that_hold_nothing_are_left_out) {
   EXPECT_EQ(lines_of(l2vpn_xml("")), Lines());
   const element::Tree tree = element::parse_configuration(
       test_schema(),
@@ -139,7 +139,7 @@ TEST(Configuration, ContainersThatHoldNothingAreLeftOut) {
   EXPECT_TRUE(tree.find("/mpls/l2vpn-config/l2vpn/vpls-group{g}/vpn{v}")->children.empty());
 }
 
-TEST(Configuration, ConfiguresNothing) {
+TEST(Configuration, configures_nothing) {
   for (const char *text : {"{}", " \n{ }\n", "<config xmlns=\"urn:element:base\"/>",
                            "<?xml version=\"1.0\"?><!-- nothing --><mpls xmlns=\"urn:element:mpls\"></mpls>",
                            "<data xmlns=\"urn:ietf:params:xml:ns:netconf:base:1.0\"/>"}) {
@@ -147,13 +147,13 @@ TEST(Configuration, ConfiguresNothing) {
   }
 }
 
-TEST(Configuration, ByteOrderMarkAndLeadingBlanksAreSkipped) {
+TEST(Configuration, byte_order_mark_and_leading_blanks_are_skipped) {
   const Lines lines{"/config/vlan{5}"};
   EXPECT_EQ(lines_of("\xef\xbb\xbf\r\n\t" + base_xml("<vlan><id>5</id></vlan>")), lines);
   EXPECT_EQ(lines_of("\xef\xbb\xbf\r\n\t" + base_json(R"("vlan": [{"id": 5}])")), lines);
 }
 
-TEST(Configuration, TopLevelElementsStandInARowOrInsideANetconfWrapper) {
+TEST(Configuration, top_level_elements_stand_in_a_row_or_inside_a_netconf_wrapper) {
   const std::string row = base_xml("<vlan><id>5</id></vlan>") +
                           "<!-- and -->\n<mpls xmlns=\"urn:element:mpls\"><ldp xmlns=\"urn:element:ldp\">"
                           "<interface><name>a</name></interface></ldp></mpls>";
@@ -169,7 +169,7 @@ TEST(Configuration, TopLevelElementsStandInARowOrInsideANetconfWrapper) {
   for (const auto &[begin, end] : wrappers) EXPECT_EQ(lines_of(begin + row + end), lines) << begin;
 }
 
-TEST(Configuration, CharactersMayBeEscaped) {
+TEST(Configuration, characters_may_be_escaped) {
   EXPECT_EQ(lines_of(base_xml("<l3-interface><name>a&amp;&#98;<![CDATA[<c>]]></name><vlan>5</vlan></l3-interface>")),
             lines_of(base_json(R"("l3-interface": [{"name": "a&\u0062<c>", "vlan": 5}])")));
   EXPECT_EQ(lines_of(base_json(R"("l3-interface": [{"name": "a\"}\\", "vlan": 5}])")),

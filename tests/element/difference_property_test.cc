@@ -90,7 +90,7 @@ void check_find_change(const Change &root, const Change &change, const element::
   }
 }
 
-RC_GTEST_PROP(DifferenceProperty, AppliedToTheOldTreeGivesTheNew, ()) {
+RC_GTEST_PROP(DifferenceProperty, applied_to_the_old_tree_gives_the_new, ()) {
   const auto transaction =
       make_transaction(tree_of(*drawn_configuration()), tree_of(*drawn_configuration()), four_interfaces());
   Tree patched = transaction->running;
@@ -99,14 +99,14 @@ RC_GTEST_PROP(DifferenceProperty, AppliedToTheOldTreeGivesTheNew, ()) {
   RC_ASSERT(print(patched) == print(transaction->candidate));
 }
 
-RC_GTEST_PROP(DifferenceProperty, EveryChangeIsRealAndIsFoundByItsPath, ()) {
+RC_GTEST_PROP(DifferenceProperty, every_change_is_real_and_is_found_by_its_path, ()) {
   const auto transaction =
       make_transaction(tree_of(*drawn_configuration()), tree_of(*drawn_configuration()), four_interfaces());
   check_are_real(transaction->changes.children);
   check_find_change(transaction->changes, transaction->changes, {});
 }
 
-RC_GTEST_PROP(DifferenceProperty, OfATreeWithItselfIsEmpty, ()) {
+RC_GTEST_PROP(DifferenceProperty, of_a_tree_with_itself_is_empty, ()) {
   const Lines lines = *drawn_configuration();
   const auto transaction = make_transaction(tree_of(lines), tree_of(lines), four_interfaces());
   RC_ASSERT(transaction->changes.children.empty());
@@ -125,7 +125,7 @@ std::map<std::pair<std::string, std::string>, std::string> identifiers(const Tre
   return found;
 }
 
-RC_GTEST_PROP(TransactionProperty, AVpnKeepsItsIdentifierAndSharesItWithNoOther, ()) {
+RC_GTEST_PROP(TransactionProperty, a_vpn_keeps_its_identifier_and_shares_it_with_no_other, ()) {
   const auto transaction =
       make_transaction(tree_of(*drawn_configuration()), tree_of(*drawn_configuration()), four_interfaces());
   for (const char *groups : {"/internal/int-vpls-group", "/internal/int-vpws-group"}) {

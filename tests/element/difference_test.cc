@@ -31,7 +31,7 @@ std::string name_of(const testing::TestParamInfo<Case> &info) { return info.para
 
 class Difference : public testing::TestWithParam<Case> {};
 
-TEST_P(Difference, LeadsFromOneTreeToTheOther) {
+TEST_P(Difference, leads_from_one_tree_to_the_other) {
   const Tree before = tree_of(GetParam().before);
   const Tree after = tree_of(GetParam().after);
   EXPECT_EQ(print(difference(before, after), test_schema()), GetParam().changes);
@@ -109,7 +109,7 @@ const Case orders[] = {
 
 INSTANTIATE_TEST_SUITE_P(Orders, Difference, testing::ValuesIn(orders), name_of);
 
-TEST(Difference, OfTreesThatBreakTheDataModel) {
+TEST(Difference, of_trees_that_break_the_data_model) {
   Tree before(test_schema());
   before.put_entry("/config/vlan", {std::string("ten")});
   before.put_entry("/config/vlan", {std::uint16_t{7}, std::uint16_t{7}});
@@ -122,7 +122,7 @@ TEST(Difference, OfTreesThatBreakTheDataModel) {
                    "modified /config/l3-interface{l3-a}", "/config/l3-interface{l3-a}/vlan = seven"}));
 }
 
-TEST(Difference, OfALeafWhoseTypeChanged) {
+TEST(Difference, of_a_leaf_whose_type_changed) {
   Tree before(test_schema());
   before.put(bridge_domain + "/dot1q", std::uint16_t{10});
   Tree after(test_schema());
@@ -160,15 +160,15 @@ class PresenceContainer : public testing::Test {
   element::SchemaNode leaf_;
 };
 
-TEST_F(PresenceContainer, IsCreatedAndTheLeafsItHoldsFollow) {
+TEST_F(PresenceContainer, is_created_and_the_leafs_it_holds_follow) {
   EXPECT_EQ(changes(without(), with("fast")), (Lines{"created /tunnel", "/tunnel/mode = fast"}));
 }
 
-TEST_F(PresenceContainer, IsDeletedAndNothingFollows) {
+TEST_F(PresenceContainer, is_deleted_and_nothing_follows) {
   EXPECT_EQ(changes(with("fast"), without()), (Lines{"deleted /tunnel"}));
 }
 
-TEST_F(PresenceContainer, IsNotReportedForAChangeBelowIt) {
+TEST_F(PresenceContainer, is_not_reported_for_a_change_below_it) {
   EXPECT_EQ(changes(with("fast"), with("slow")), (Lines{"/tunnel/mode = slow"}));
 }
 
@@ -183,7 +183,7 @@ class FindChange : public testing::Test {
   const Change changes_ = difference(before_, after_);
 };
 
-TEST_F(FindChange, LeadsToTheNodeThatChanged) {
+TEST_F(FindChange, leads_to_the_node_that_changed) {
   const std::pair<std::string, ChangeKind> expected[] = {
       {"/", ChangeKind::below},
       {"/mpls", ChangeKind::below},
@@ -203,7 +203,7 @@ TEST_F(FindChange, LeadsToTheNodeThatChanged) {
   }
 }
 
-TEST_F(FindChange, FindsNothingWhereNothingChanged) {
+TEST_F(FindChange, finds_nothing_where_nothing_changed) {
   const std::string untouched[] = {bridge_domain + "/bridge-mtu",
                                    bridge_domain + "/access-interface{eth2}",
                                    bridge_domain + "/access-interface{eth0}",
@@ -218,7 +218,7 @@ TEST_F(FindChange, FindsNothingWhereNothingChanged) {
   for (const std::string &path : untouched) EXPECT_EQ(at(path), nullptr) << path;
 }
 
-TEST_F(FindChange, ShowsBothSides) {
+TEST_F(FindChange, shows_both_sides) {
   const Change *leaf = at(bridge_domain + "/dot1q");
   ASSERT_NE(leaf, nullptr);
   EXPECT_EQ(leaf->before, before_.find(bridge_domain + "/dot1q"));

@@ -22,24 +22,24 @@ std::string error_of(const std::filesystem::path &file) {
   return "no error";
 }
 
-TEST(InputText, IsTheFilesWholeContent) {
+TEST(InputText, is_the_files_whole_content) {
   const std::string content = std::string(200000, 'x') + '\0' + "end\n";
   EXPECT_EQ(read_input(TemporaryFile(content).path()), content);
   EXPECT_EQ(read_input(TemporaryFile("").path()), "");
 }
 
-TEST(InputText, MissingFile) {
+TEST(InputText, missing_file) {
   EXPECT_EQ(error_of<element::FileError>("no-such-file"),
             "no-such-file: cannot be read: No such file or directory; expected a readable file");
 }
 
-TEST(InputText, Directory) {
+TEST(InputText, directory) {
   const std::string directory = testing::TempDir();
   EXPECT_EQ(error_of<element::FileError>(directory),
             directory + ": cannot be read: Is a directory; expected a readable file");
 }
 
-TEST(InputText, NoPermission) {
+TEST(InputText, no_permission) {
   const TemporaryFile file("{}");
   std::filesystem::permissions(file.path(), std::filesystem::perms::none);
   // The superuser may read every file, so the test becomes somebody else for a while.
@@ -51,14 +51,14 @@ TEST(InputText, NoPermission) {
   EXPECT_EQ(error, file.path().string() + ": cannot be read: Permission denied; expected a readable file");
 }
 
-TEST(InputText, FileBeyondTheLargestSize) {
+TEST(InputText, file_beyond_the_largest_size) {
   const TemporaryFile file;
   std::filesystem::resize_file(file.path(), element::kMaxInputSize + 1);
   EXPECT_EQ(error_of<element::InputError>(file.path()),
             file.path().string() + ": is larger than 1073741824 bytes; expected a file of at most that size");
 }
 
-TEST(InputText, PositionCountsFromOne) {
+TEST(InputText, position_counts_from_one) {
   struct Row {
     const char *text;
     std::size_t offset;
@@ -74,7 +74,7 @@ TEST(InputText, PositionCountsFromOne) {
   }
 }
 
-TEST(InputText, QuoteIsOnePrintableLine) {
+TEST(InputText, quote_is_one_printable_line) {
   EXPECT_EQ(element::one_line("a \"b\"\n\x1b[31m\xff"), R"(a "b"\x0a\x1b[31m\xff)");
   EXPECT_EQ(element::one_line(std::string(400, 'y')), std::string(400, 'y'));
   EXPECT_EQ(element::one_line(std::string(401, 'y')), std::string(400, 'y') + "...");

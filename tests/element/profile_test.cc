@@ -26,7 +26,7 @@ std::string interfaces(const std::string &entries) { return R"({"interfaces": [)
 
 std::string card(const std::string &fields) { return R"({"card": {)" + fields + R"(}, "interfaces": []})"; }
 
-TEST(Profile, HoldsCardAndInterfaces) {
+TEST(Profile, holds_card_and_interfaces) {
   const Profile profile = parse_profile(R"({
     "card": {"vpn-max": 128, "access-ports": 0, "selective-encapsulation-vlan-entries": 512,
              "selective-encapsulation-vlan-ranges": 4294967295},
@@ -43,7 +43,7 @@ TEST(Profile, HoldsCardAndInterfaces) {
   EXPECT_EQ(profile.interfaces()[1].ifindex, 2147483647);
 }
 
-TEST(Profile, EachLimitMayBeAbsent) {
+TEST(Profile, each_limit_may_be_absent) {
   const Profile no_card = parse_profile(interfaces(""), "element.json");
   EXPECT_FALSE(no_card.card.vpn_max);
   EXPECT_FALSE(no_card.card.access_ports);
@@ -55,7 +55,7 @@ TEST(Profile, EachLimitMayBeAbsent) {
   EXPECT_EQ(one_limit.card.access_ports, 64U);
 }
 
-TEST(Profile, FindsInterfacesByEachIdentity) {
+TEST(Profile, finds_interfaces_by_each_identity) {
   const Profile profile({}, {{"a", 1, 1001}, {"b", 2, 1002}});
   const Profile copy = profile;
   ASSERT_NE(copy.by_name("b"), nullptr);
@@ -69,7 +69,7 @@ TEST(Profile, FindsInterfacesByEachIdentity) {
   EXPECT_EQ(copy.by_ifindex(1), nullptr);
 }
 
-TEST(Profile, NamesTheFieldThatIsWrong) {
+TEST(Profile, names_the_field_that_is_wrong) {
   const std::string one = R"({"name": "a", "logical-id": 1, "ifindex": 1001})";
   const std::string expected_name = "; expected text of 1..63 bytes";
   const std::vector<std::pair<std::string, std::string>> rows{
@@ -116,7 +116,7 @@ TEST(Profile, NamesTheFieldThatIsWrong) {
   for (const auto &[text, error] : rows) EXPECT_EQ(error_of(text), error) << text;
 }
 
-TEST(Profile, IdentitiesAreUnique) {
+TEST(Profile, identities_are_unique) {
   const std::string one = R"({"name": "a", "logical-id": 1, "ifindex": 1001}, )";
   const std::vector<std::pair<std::string, std::string>> rows{
       {R"({"name": "b", "logical-id": 1001, "ifindex": 1})", ""},
@@ -130,7 +130,7 @@ TEST(Profile, IdentitiesAreUnique) {
   for (const auto &[second, error] : rows) EXPECT_EQ(error_of(interfaces(one + second)), error) << second;
 }
 
-TEST(Profile, MalformedJsonIsPlaced) {
+TEST(Profile, malformed_json_is_placed) {
   const std::vector<std::pair<std::string, std::string>> rows{
       {"",
        "element.json:1:1: syntax error while parsing value - unexpected end of input; "
@@ -147,18 +147,18 @@ TEST(Profile, MalformedJsonIsPlaced) {
   for (const auto &[text, error] : rows) EXPECT_EQ(error_of(text), error) << text;
 }
 
-TEST(Profile, FieldGivenTwiceIsRefused) {
+TEST(Profile, field_given_twice_is_refused) {
   EXPECT_EQ(error_of(R"({"interfaces": [], "interfaces": []})"),
             "element.json: member interfaces given twice in one object; expected each member once");
   EXPECT_EQ(error_of(R"({"card": {}, "interfaces": [{"name": "card", "logical-id": 1, "ifindex": 1}]})"), "");
 }
 
-TEST(Profile, NumberBeyondAllRangesIsRefused) {
+TEST(Profile, number_beyond_all_ranges_is_refused) {
   EXPECT_EQ(error_of(card(R"("vpn-max": 1e999)")),
             "element.json:1:26: number overflow parsing '1e999'; expected well-formed JSON");
 }
 
-TEST(Profile, FileIsReadAndNamed) {
+TEST(Profile, file_is_read_and_named) {
   const TemporaryFile file("{\"interfaces\": 1}");
   try {
     element::read_profile(file.path());
@@ -168,7 +168,7 @@ TEST(Profile, FileIsReadAndNamed) {
   }
 }
 
-TEST(Profile, UnreadableFileIsToldApart) {
+TEST(Profile, unreadable_file_is_told_apart) {
   EXPECT_THROW(element::read_profile("no-such-profile.json"), element::FileError);
 }
 

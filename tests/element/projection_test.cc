@@ -40,7 +40,7 @@ void PrintTo(const Case &test, std::ostream *out) { *out << test.name; }
 
 class Projection : public testing::TestWithParam<Case> {};
 
-TEST_P(Projection, DerivesTheTable) {
+TEST_P(Projection, derives_the_table) {
   EXPECT_EQ(print(projected(GetParam().configuration), GetParam().table), GetParam().entries);
 }
 
@@ -185,13 +185,13 @@ const Case others[] = {
 
 INSTANTIATE_TEST_SUITE_P(OtherApplications, Projection, testing::ValuesIn(others), name_of);
 
-TEST(Projection, KeepsWhatTheOperatorWrote) {
+TEST(Projection, keeps_what_the_operator_wrote) {
   const Lines configuration = {bridge_domain + "/dot1q = 10", bridge_domain + "/access-interface{eth1}"};
   EXPECT_EQ(print(projected(configuration), "/mpls"), print(tree_of(configuration), "/mpls"));
 }
 
 // What is compared and read has the types that the applications keep, not those that an operator's leafs have.
-TEST(Projection, GivesValuesTheTypesOfTheDerivedNodes) {
+TEST(Projection, gives_values_the_types_of_the_derived_nodes) {
   const Tree tree = projected({bridge_domain + "/dot1q = 10", vpws_vpn + "/neighbor{1.2.3.4}/pw-id = 5",
                                vpws_vpn + "/access-interface{eth1}/encapsulation/dot1q-range{7 9}",
                                "/config/vlan{10}/interface{eth1}", "/config/igmp-snooping{3}/interface{eth1}"});
@@ -209,7 +209,7 @@ TEST(Projection, GivesValuesTheTypesOfTheDerivedNodes) {
             (std::vector<element::Value>{std::string("G"), std::uint32_t{1}, address->word, std::uint32_t{5}}));
 }
 
-TEST(Projection, RefusesAnInterfaceThatTheProfileDoesNotHave) {
+TEST(Projection, refuses_an_interface_that_the_profile_does_not_have) {
   const std::pair<Lines, std::string> refused[] = {
       {{"/config/vlan{10}/interface{eth3}"},
        "path \"/config/vlan{10}/interface{eth3}\": the element has no such interface; expected one of its profile's"},
@@ -226,7 +226,7 @@ TEST(Projection, RefusesAnInterfaceThatTheProfileDoesNotHave) {
   }
 }
 
-TEST(Projection, LeavesAnAccessInterfaceThatTheProfileDoesNotHaveToTheValidation) {
+TEST(Projection, leaves_an_access_interface_that_the_profile_does_not_have_to_the_validation) {
   EXPECT_EQ(print(projected({bridge_domain + "/access-interface{eth3}"}), attachments),
             (Lines{attachments + "{G V 1 eth3}"}));
 }

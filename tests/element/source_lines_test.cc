@@ -37,7 +37,7 @@ void expect_places(const std::vector<Text> &rows) {
   }
 }
 
-TEST(SourceLines, ContainersListsEntriesAndLeafs) {
+TEST(SourceLines, containers_lists_entries_and_leafs) {
   const std::string vpn = "/mpls/l2vpn-config/l2vpn/vpws-group{g}/vpn{v}";
   expect_places({{"XML",
                   l2vpn_xml("<vpws-group>\n<name>g</name>\n<vpn>\n<name>v</name>\n"
@@ -72,7 +72,7 @@ TEST(SourceLines, ContainersListsEntriesAndLeafs) {
                    {vpn + "/access-interface{p}/encapsulation/untagged", 11}}}});
 }
 
-TEST(SourceLines, EntriesAreToldByTheirKeysWhereverTheseStand) {
+TEST(SourceLines, entries_are_told_by_their_keys_wherever_these_stand) {
   const std::string encapsulation =
       "/mpls/l2vpn-config/l2vpn/vpws-group{g}/vpn{v}/access-interface{p}/encapsulation/dot1q-range";
   const std::vector<Place> places{{encapsulation + "{1 9}", 3},
@@ -94,7 +94,7 @@ TEST(SourceLines, EntriesAreToldByTheirKeysWhereverTheseStand) {
                   places}});
 }
 
-TEST(SourceLines, KeysAreComparedAsTheValuesThatTheyStandFor) {
+TEST(SourceLines, keys_are_compared_as_the_values_that_they_stand_for) {
   const std::vector<Place> vlans{{"/config/vlan{5}", 2}, {"/config/vlan{50}", 3}, {"/config/vlan{500}", 4}};
   expect_places(
       {{"numbers in XML",
@@ -109,7 +109,7 @@ TEST(SourceLines, KeysAreComparedAsTheValuesThatTheyStandFor) {
          {"/config/vlan{1}/interface{+7}", 4}}}});
 }
 
-TEST(SourceLines, NamesWithEscapes) {
+TEST(SourceLines, names_with_escapes) {
   const auto interface = [](const std::string &key) { return "/config/vlan{1}/interface{\"" + key + "\"}"; };
   const auto xml = [](const std::string &name) { return "<interface><name>" + name + "</name></interface>\n"; };
   expect_places(
@@ -127,7 +127,7 @@ TEST(SourceLines, NamesWithEscapes) {
         {{interface("\\\"\\\\/\n"), 3}, {interface("\xe2\x82\xac"), 4}, {interface("{[,]}"), 5}}}});
 }
 
-TEST(SourceLines, NamesWithPrefixes) {
+TEST(SourceLines, names_with_prefixes) {
   const std::vector<Place> places{{"/config/vlan{5}/interface{a}", 2}, {"/base:config/base:vlan{5}/id", 1}};
   expect_places(
       {{"XML",
@@ -138,7 +138,7 @@ TEST(SourceLines, NamesWithPrefixes) {
         places}});
 }
 
-TEST(SourceLines, WhatStandsAroundTheElements) {
+TEST(SourceLines, what_stands_around_the_elements) {
   const std::vector<Place> places{{"/config", 4}, {"/config/vlan{5}", 5}, {"/mpls/ldp/interface{a}", 8}};
   const std::string row = base_xml("<vlan><id>5</id></vlan>") +
                           "\n<mpls xmlns=\"urn:element:mpls\"><ldp xmlns=\"urn:element:ldp\">\n"
@@ -163,11 +163,11 @@ TEST(SourceLines, WhatStandsAroundTheElements) {
         {{"/mpls", 1}, {"/mpls/ldp", 2}, {"/mpls/ldp/interface{a}", 4}}}});
 }
 
-TEST(SourceLines, OfJsonAfterAByteOrderMark) {
+TEST(SourceLines, of_json_after_a_byte_order_mark) {
   expect_places({{"JSON", "\xef\xbb\xbf\r\n\n" + base_json("\"vlan\": [{\"id\": 5}]"), {{"/config/vlan{5}", 4}}}});
 }
 
-TEST(SourceLines, WhatTheFileDoesNotHold) {
+TEST(SourceLines, what_the_file_does_not_hold) {
   const std::vector<Place> nowhere{{"/", std::nullopt},
                                    {"/mpls", std::nullopt},
                                    {"/config/vlan{6}", std::nullopt},
@@ -183,7 +183,7 @@ TEST(SourceLines, WhatTheFileDoesNotHold) {
 }
 
 // Whatever the text, no byte outside it is read.
-TEST(SourceLines, XmlThatBreaksOffOrIsOutOfOrder) {
+TEST(SourceLines, xml_that_breaks_off_or_is_out_of_order) {
   const std::string text = base_xml("<vlan a='b'><id>&#53;</id><![CDATA[]]><!-- --><?x?></vlan>");
   for (std::size_t size = 1; size <= text.size(); ++size) {
     EXPECT_NO_THROW(SourceLines({text.substr(0, size), element::InputFormat::xml})) << size;
@@ -192,7 +192,7 @@ TEST(SourceLines, XmlThatBreaksOffOrIsOutOfOrder) {
   EXPECT_EQ(line_of(closes_more, "/mpls"), 2U);
 }
 
-RC_GTEST_PROP(SourceLinesProperty, EveryNodeIsFoundAtItsLine, ()) {
+RC_GTEST_PROP(SourceLinesProperty, every_node_is_found_at_its_line, ()) {
   const element::Tree tree = tree_of(*rc::gen::nonEmpty(drawn_configuration()));
   for (const auto writer : {written_as_xml, written_as_json}) {
     const WrittenConfiguration written = writer(tree, *rc::gen::arbitrary<std::uint32_t>());

@@ -24,7 +24,7 @@ std::string failure(const Lines &running, const Lines &candidate) {
   return "none";
 }
 
-TEST(Transaction, GivesAVpnTheSameIdentifierInBothConfigurations) {
+TEST(Transaction, gives_a_vpn_the_same_identifier_in_both_configurations) {
   const auto transaction =
       make_transaction(tree_of({vpls + "{G}/vpn{M}", vpls + "{G}/vpn{Z}"}),
                        tree_of({vpls + "{A}/vpn{Z}", vpls + "{G}/vpn{A}", vpls + "{G}/vpn{Z}"}), two_interfaces());
@@ -44,14 +44,14 @@ TEST(Transaction, GivesAVpnTheSameIdentifierInBothConfigurations) {
                    "/internal/int-vpls-group{G}/int-vpls-vpn{Z 2}/int-vpls-bd/int-vpls-bd-tls = off"}));
 }
 
-TEST(Transaction, CountsTheFamiliesApart) {
+TEST(Transaction, counts_the_families_apart) {
   const auto transaction =
       make_transaction(tree_of({}), tree_of({vpls + "{G}/vpn{V}", vpws + "{G}/vpn{V}"}), two_interfaces());
   EXPECT_EQ(print(transaction->candidate, "/KZ-VPLS-MIB"), (Lines{"/KZ-VPLS-MIB/vplsConfigTable/vplsConfigEntry{1}"}));
   EXPECT_EQ(print(transaction->candidate, "/KZ-VPWS-MIB"), (Lines{"/KZ-VPWS-MIB/vpwsConfigTable/vpwsConfigEntry{1}"}));
 }
 
-TEST(Transaction, KeepsALayer3InterfacesIndex) {
+TEST(Transaction, keeps_a_layer_3_interfaces_index) {
   const auto transaction =
       make_transaction(tree_of({"/config/l3-interface{l3-b}/vlan = 20", "/mpls/ldp/interface{l3-b}"}),
                        tree_of({"/config/l3-interface{l3-a}/vlan = 10", "/config/l3-interface{l3-b}/vlan = 21",
@@ -62,7 +62,7 @@ TEST(Transaction, KeepsALayer3InterfacesIndex) {
             (Lines{"/internal/int-ldp-intf-l3{l3-a 2 10}", "/internal/int-ldp-intf-l3{l3-b 1 21}"}));
 }
 
-TEST(Transaction, ComparesWhatIsDerivedToo) {
+TEST(Transaction, compares_what_is_derived_too) {
   const auto transaction = make_transaction(
       tree_of({vpls + "{G}/vpn{V}/bridge-domain/dot1q = 10"}),
       tree_of({vpls + "{G}/vpn{V}/bridge-domain/dot1q = 20", "/config/vlan{10}/interface{eth2}"}), two_interfaces());
@@ -76,14 +76,14 @@ TEST(Transaction, ComparesWhatIsDerivedToo) {
                    "created /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry{1 10 1002}"}));
 }
 
-TEST(Transaction, OfTwoEqualConfigurationsChangesNothing) {
+TEST(Transaction, of_two_equal_configurations_changes_nothing) {
   const Lines configuration = {vpls + "{G}/vpn{V}/bridge-domain/access-interface{eth1}",
                                vpws + "{G}/vpn{V}/access-interface{eth2}/dot1q = 5"};
   const auto transaction = make_transaction(tree_of(configuration), tree_of(configuration), two_interfaces());
   EXPECT_EQ(print(transaction->changes, test_schema()), Lines{});
 }
 
-TEST(Transaction, TellsWhichConfigurationNamesAnUnknownInterface) {
+TEST(Transaction, tells_which_configuration_names_an_unknown_interface) {
   const Lines unknown = {R"(/config/igmp-snooping{3}/interface{"eth 9"})"};
   EXPECT_EQ(failure(unknown, {}),
             "running configuration: path \"/config/igmp-snooping{3}/interface{\"eth 9\"}\": the element has no such "

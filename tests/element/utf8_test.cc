@@ -15,7 +15,7 @@ using element::to_utf8;
 
 const std::string replacement = "\xef\xbf\xbd";
 
-TEST(Utf8, FindsTheFirstByteThatBeginsNoCharacter) {
+TEST(Utf8, finds_the_first_byte_that_begins_no_character) {
   const std::vector<std::pair<std::string, std::optional<std::size_t>>> rows{
       {"", std::nullopt},
       {"a\x7f\n", std::nullopt},
@@ -41,7 +41,7 @@ TEST(Utf8, FindsTheFirstByteThatBeginsNoCharacter) {
   for (const auto &[text, place] : rows) EXPECT_EQ(find_invalid_utf8(text), place) << testing::PrintToString(text);
 }
 
-TEST(Utf8, EachInvalidByteIsReplaced) {
+TEST(Utf8, each_invalid_byte_is_replaced) {
   const std::vector<std::pair<std::string, std::string>> rows{
       {"", ""},
       {"na\xc3\xafve", "na\xc3\xafve"},
@@ -52,7 +52,7 @@ TEST(Utf8, EachInvalidByteIsReplaced) {
   for (const auto &[text, valid] : rows) EXPECT_EQ(replace_invalid_utf8(text), valid) << testing::PrintToString(text);
 }
 
-TEST(Utf8, CharactersAreTakenOneByOne) {
+TEST(Utf8, characters_are_taken_one_by_one) {
   std::string_view text = "a\xc3\xaf\xe2\x82\xac\xf0\x9f\x98\x80\xf0\x9f";
   for (const char32_t code : {U'a', U'\u00ef', U'\u20ac', U'\U0001f600', U'\ufffd', U'\ufffd'}) {
     ASSERT_FALSE(text.empty());
@@ -61,13 +61,13 @@ TEST(Utf8, CharactersAreTakenOneByOne) {
   EXPECT_TRUE(text.empty());
 }
 
-TEST(Utf8, WhatIsNoCodePointHasNoBytes) {
+TEST(Utf8, what_is_no_code_point_has_no_bytes) {
   EXPECT_EQ(to_utf8(0xd800), "");
   EXPECT_EQ(to_utf8(0x110000), "");
   EXPECT_EQ(to_utf8(0), std::string(1, '\0'));
 }
 
-RC_GTEST_PROP(Utf8Property, CodePointsAreWrittenAndTakenAlike, ()) {
+RC_GTEST_PROP(Utf8Property, code_points_are_written_and_taken_alike, ()) {
   const char32_t code = *rc::gen::suchThat(rc::gen::inRange<char32_t>(0, 0x110000),
                                            [](char32_t drawn) { return drawn < 0xd800 || drawn > 0xdfff; });
   const std::string text = to_utf8(code);
@@ -77,7 +77,7 @@ RC_GTEST_PROP(Utf8Property, CodePointsAreWrittenAndTakenAlike, ()) {
   RC_ASSERT(rest.empty());
 }
 
-RC_GTEST_PROP(Utf8Property, AReplacedTextIsTheRowOfItsCharacters, ()) {
+RC_GTEST_PROP(Utf8Property, a_replaced_text_is_the_row_of_its_characters, ()) {
   const auto text = *rc::gen::container<std::string>(
       rc::gen::element('a', '\x80', '\xbf', '\xc3', '\xe0', '\xe2', '\xed', '\xf0', '\x9f', '\xff'));
   std::string row;

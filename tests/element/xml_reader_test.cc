@@ -60,16 +60,16 @@ std::string chunks(const std::string &text, std::size_t size) {
   return framed + "\n##\n";
 }
 
-TEST(XmlReader, PrefixesAndAttributesAreResolved) {
+TEST(XmlReader, prefixes_and_attributes_are_resolved) {
   EXPECT_EQ(read("<a xmlns='urn:a' xmlns:p='urn:p' x='1' p:y='&lt;2'>\n<p:b\n/>\n<c xmlns=''/></a>"),
             (Lines{"<1 {urn:a}a {}x='1' {urn:p}y='<2'", "\n", "<2 {urn:p}b", ">", "\n", "<4 {}c", ">", ">"}));
 }
 
-TEST(XmlReader, ReferencesAndSectionsAreText) {
+TEST(XmlReader, references_and_sections_are_text) {
   EXPECT_EQ(read("<a>&lt;&#228;<!-- no -->\r\n<![CDATA[&<]]></a>"), (Lines{"<1 {}a", "<\xc3\xa4\n&<", ">"}));
 }
 
-TEST(XmlReader, DocumentsInARow) {
+TEST(XmlReader, documents_in_a_row) {
   const Lines both{"<1 {}a", ">", "<2 {}b", "x", ">"};
   for (const char *between : {"\n", "]]>]]>\n", "\n]]>]]>", "\n<?xml version='1.0'?>", "<!-- -->\n", " \n <?x?>"}) {
     EXPECT_EQ(read(std::string("<a></a>") + between + "<b>x</b>\n]]>]]>\n<!-- end -->"), both) << between;
@@ -78,7 +78,7 @@ TEST(XmlReader, DocumentsInARow) {
             (Lines{"<2 {}a", "\xc3\xa4", ">"}));
 }
 
-TEST(XmlReader, ChunksOfAnySizeKeepTheLinesOfTheFile) {
+TEST(XmlReader, chunks_of_any_size_keep_the_lines_of_the_file) {
   const std::string text = "<a>\n<b c='\xc3\xa4'/>\n<d/></a>";
   EXPECT_EQ(read(chunks(text, 100)), (Lines{"<3 {}a", "\n", "<4 {}b {}c='\xc3\xa4'", ">", "\n", "<5 {}d", ">", ">"}));
   // Two lines are added before each byte.
@@ -86,7 +86,7 @@ TEST(XmlReader, ChunksOfAnySizeKeepTheLinesOfTheFile) {
   EXPECT_EQ(read(chunks("<a/>", 3) + chunks("<b/>", 2)), (Lines{"<3 {}a", ">", "<9 {}b", ">"}));
 }
 
-TEST(XmlReader, ChunksThatAreNotWhole) {
+TEST(XmlReader, chunks_that_are_not_whole) {
   const std::string expected =
       ": chunk of NETCONF's framing that does not end where its length says; expected \"#LENGTH\" on a line of its own, "
       "and \"##\" behind the last chunk";
@@ -96,11 +96,11 @@ TEST(XmlReader, ChunksThatAreNotWhole) {
   for (const auto &[text, line] : rows) EXPECT_EQ(read(text), Lines{fmt::format("file:{}{}", line, expected)}) << text;
 }
 
-TEST(XmlReader, NothingToTell) {
+TEST(XmlReader, nothing_to_tell) {
   for (const char *text : {"", " \n", "<!-- a -->", "<?xml version='1.0'?>", "]]>]]>"}) EXPECT_EQ(read(text), Lines());
 }
 
-TEST(XmlReader, WhatIsNotWellFormed) {
+TEST(XmlReader, what_is_not_well_formed) {
   const std::vector<std::pair<std::string, std::string>> rows{
       {"<a>\n<b></a>", "file:2: mismatched tag; expected </b>"},
       {"<a>\n<b>\n", "file:3: the text ends inside an element; expected </b>"},
@@ -119,7 +119,7 @@ TEST(XmlReader, WhatIsNotWellFormed) {
   for (const auto &[text, fault] : rows) EXPECT_EQ(read(text), Lines{fault}) << text;
 }
 
-TEST(XmlReader, NestingAndTokensAreBounded) {
+TEST(XmlReader, nesting_and_tokens_are_bounded) {
   std::string nested;
   for (int i = 0; i < 101; ++i) nested += "<a>\n";
   EXPECT_EQ(read(nested), Lines{"file:101: nested deeper than 100 elements; expected fewer"});
@@ -129,7 +129,7 @@ TEST(XmlReader, NestingAndTokensAreBounded) {
             Lines{"file:2: tag or comment of more than 1048576 bytes; expected a shorter one"});
 }
 
-TEST(XmlReader, PiecesOfAFileCutNothing) {
+TEST(XmlReader, pieces_of_a_file_cut_nothing) {
   std::string text = "<a>";
   Lines expected{"<1 {}a"};
   for (std::size_t i = 0; i < 30'000; ++i) {
@@ -147,7 +147,7 @@ TEST(XmlReader, PiecesOfAFileCutNothing) {
   EXPECT_EQ(events.lines, expected);
 }
 
-TEST(XmlReader, ExceptionsOfTheReceiverPass) {
+TEST(XmlReader, exceptions_of_the_receiver_pass) {
   class Refusing : public Written {
     void end() override { throw std::runtime_error("no more"); }
   };

@@ -50,7 +50,7 @@ class AgentChanges : public host_test::ServedElement {
 
 constexpr const char *kBridge = "/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain";
 
-TEST_F(AgentChanges, OfTheWholeConfigurationStandInSchemaOrder) {
+TEST_F(AgentChanges, of_the_whole_configuration_stand_in_schema_order) {
   running.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/bridge-mtu", 1500U);
   candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/transparent-lan-service");
   candidate.put("/base:config/service-port{7}/match/vlan/vlan-id/vid", std::uint16_t{5});
@@ -63,7 +63,7 @@ TEST_F(AgentChanges, OfTheWholeConfigurationStandInSchemaOrder) {
                                    std::string("created ") + kBridge + "/transparent-lan-service"}));
 }
 
-TEST_F(AgentChanges, BelowACreatedEntryAreWhatItSets) {
+TEST_F(AgentChanges, below_a_created_entry_are_what_it_sets) {
   candidate.put("/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{V}/access-interface{I}/dot1q", std::uint16_t{5});
   candidate.put("/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{V}/access-interface{I}/encapsulation/untagged");
   serve();
@@ -74,21 +74,21 @@ TEST_F(AgentChanges, BelowACreatedEntryAreWhatItSets) {
   EXPECT_EQ(changes((entry + "/name").c_str()), Changes{}) << "a key is no change of its own";
 }
 
-TEST_F(AgentChanges, BelowADeletedEntryAreNone) {
+TEST_F(AgentChanges, below_a_deleted_entry_are_none) {
   running.put(std::string(kBridge) + "/dot1q", std::uint16_t{100});
   serve();
   EXPECT_EQ(changes("/mpls"), Changes{"deleted /mpls/l2vpn-config/l2vpn/vpls-group{G}"});
   EXPECT_EQ(changes(kBridge), Changes{});
 }
 
-TEST_F(AgentChanges, OfAContainerAreThoseOfWhatItHolds) {
+TEST_F(AgentChanges, of_a_container_are_those_of_what_it_holds) {
   running.put(std::string(kBridge) + "/dot1q", std::uint16_t{100});
   candidate.put(std::string(kBridge) + "/dot1q", std::uint16_t{200});
   serve();
   EXPECT_EQ(changes(kBridge), Changes{std::string("set ") + kBridge + "/dot1q = C_UINT16 200"});
 }
 
-TEST_F(AgentChanges, OfDerivedTreesAreReportedToo) {
+TEST_F(AgentChanges, of_derived_trees_are_reported_too) {
   running.put("/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-bd-tls", Enumeration{2});
   candidate.put("/internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-bd-tls", Enumeration{1});
   serve();
@@ -96,7 +96,7 @@ TEST_F(AgentChanges, OfDerivedTreesAreReportedToo) {
             Changes{"set /internal/int-vpls-group{G}/int-vpls-vpn{V 1}/int-vpls-bd/int-vpls-bd-tls = C_ENUM_VALUE 1"});
 }
 
-TEST_F(AgentChanges, EndOrSkipAsTheCallerAnswers) {
+TEST_F(AgentChanges, end_or_skip_as_the_caller_answers) {
   candidate.put("/internal/int-vpws-group{A}/int-vpws{V 1}");
   candidate.put("/internal/int-vpws-group{B}/int-vpws{V 1}");
   serve();
@@ -106,7 +106,7 @@ TEST_F(AgentChanges, EndOrSkipAsTheCallerAnswers) {
   EXPECT_EQ(changes("/internal/int-vpws-group").size(), 4U);
 }
 
-TEST_F(AgentChanges, AWrongPathIsRefusedAndReportsNothing) {
+TEST_F(AgentChanges, a_wrong_path_is_refused_and_reports_nothing) {
   candidate.put("/internal/int-vpws-group{A}/int-vpws{V 1}");
   serve();
   const std::vector<std::pair<const char *, int>> rows{
@@ -130,7 +130,7 @@ confd_iter_ret look_beyond(confd_hkeypath_t *kp, confd_iter_op, confd_value_t *,
   return ITER_STOP;
 }
 
-TEST_F(AgentChanges, BeyondAKeyPathsLengthStandsNothing) {
+TEST_F(AgentChanges, beyond_a_key_paths_length_stands_nothing) {
   candidate.put("/internal/int-vpws-group{A}");
   serve();
   int beyond = -1;

@@ -40,7 +40,7 @@ class AgentCursors : public host_test::ServedElement {
 
 using Keys = std::vector<std::string>;
 
-TEST_F(AgentCursors, KeysOfAnotherTypeOrNumberAreServedAsTheyAre) {
+TEST_F(AgentCursors, keys_of_another_type_or_number_are_served_as_they_are) {
   candidate.put_entry(kMembers, {Value(std::string("one")), Value(std::int64_t{5})});
   candidate.put_entry(kMembers, std::vector<Value>(12, Value(7U)));
   candidate.sort();
@@ -52,7 +52,7 @@ TEST_F(AgentCursors, KeysOfAnotherTypeOrNumberAreServedAsTheyAre) {
   EXPECT_EQ(keys(), Keys(MAXKEYLEN, "C_UINT32 7")) << "no more than a cursor can hold";
 }
 
-TEST_F(AgentCursors, AKeyIsGoneWithTheNextMove) {
+TEST_F(AgentCursors, a_key_is_gone_with_the_next_move) {
   put_groups({"aaaa", "bbbb"});
   open("/internal/int-vpws-group");
   maapi_get_next(&mc);
@@ -61,7 +61,7 @@ TEST_F(AgentCursors, AKeyIsGoneWithTheNextMove) {
   EXPECT_EQ(shown(kept), "C_BUF bbbb") << "what held on to a key reads another's";
 }
 
-TEST_F(AgentCursors, AnEmptyTextIsAKeyLikeAnyOther) {
+TEST_F(AgentCursors, an_empty_text_is_a_key_like_any_other) {
   candidate.put("/internal/int-vpws-group{\"\"}");
   serve();
   open("/internal/int-vpws-group");
@@ -70,7 +70,7 @@ TEST_F(AgentCursors, AnEmptyTextIsAKeyLikeAnyOther) {
   EXPECT_EQ(*mc.keys[0].val.buf.ptr, '\0');
 }
 
-TEST_F(AgentCursors, OnlyAListAsAWholeIsWalked) {
+TEST_F(AgentCursors, only_a_list_as_a_whole_is_walked) {
   put_groups({"G"});
   for (const char *path : {"/internal", "/internal/int-vpws-group{G}", "/internal/int-vpws-group{G}/name", "/"}) {
     confd_errno = 0;
@@ -79,7 +79,7 @@ TEST_F(AgentCursors, OnlyAListAsAWholeIsWalked) {
   }
 }
 
-TEST_F(AgentCursors, ACursorThatIsNotOpenYieldsNothing) {
+TEST_F(AgentCursors, a_cursor_that_is_not_open_yields_nothing) {
   put_groups({"G"});
   const auto is_dead = [this] {
     mc.n = 5;
@@ -97,7 +97,7 @@ TEST_F(AgentCursors, ACursorThatIsNotOpenYieldsNothing) {
   EXPECT_TRUE(is_dead()) << "destroyed";
 }
 
-TEST_F(AgentCursors, ACursorOfAnotherTransactionIsNotKnown) {
+TEST_F(AgentCursors, a_cursor_of_another_transaction_is_not_known) {
   put_groups({"G"});
   open("/internal/int-vpws-group");
   serve();
@@ -107,7 +107,7 @@ TEST_F(AgentCursors, ACursorOfAnotherTransactionIsNotKnown) {
   session.statistics.open_cursors = 0;
 }
 
-TEST_F(AgentCursors, SearchedKeysAreOfTheListsTypes) {
+TEST_F(AgentCursors, searched_keys_are_of_the_lists_types) {
   candidate.put(std::string(kMembers) + "{1 100 1001}");
   serve();
   open(kMembers);
@@ -122,7 +122,7 @@ TEST_F(AgentCursors, SearchedKeysAreOfTheListsTypes) {
   EXPECT_EQ(keys(), (Keys{"C_UINT32 1", "C_INT32 100", "C_INT32 1001"}));
 }
 
-TEST_F(AgentCursors, AZeroTerminatedTextMayBeSearched) {
+TEST_F(AgentCursors, a_zero_terminated_text_may_be_searched) {
   put_groups({"a", "c"});
   open("/internal/int-vpws-group");
   char text[] = "b";
@@ -133,7 +133,7 @@ TEST_F(AgentCursors, AZeroTerminatedTextMayBeSearched) {
   EXPECT_EQ(keys(), Keys{"C_BUF c"});
 }
 
-TEST_F(AgentCursors, ASearchMayGoBack) {
+TEST_F(AgentCursors, a_search_may_go_back) {
   put_groups({"a", "b", "c"});
   open("/internal/int-vpws-group");
   while (maapi_get_next(&mc) == CONFD_OK && mc.n != 0) {
@@ -146,7 +146,7 @@ TEST_F(AgentCursors, ASearchMayGoBack) {
   EXPECT_EQ(keys(), Keys{"C_BUF c"});
 }
 
-TEST_F(AgentCursors, ASearchPastTheEndStandsOnNoEntryAndStaysThere) {
+TEST_F(AgentCursors, a_search_past_the_end_stands_on_no_entry_and_stays_there) {
   put_groups({"a"});
   open("/internal/int-vpws-group");
   const std::string name = "z";
@@ -157,7 +157,7 @@ TEST_F(AgentCursors, ASearchPastTheEndStandsOnNoEntryAndStaysThere) {
   EXPECT_EQ(mc.n, 0);
 }
 
-TEST_F(AgentCursors, ANegativeNumberOfEntriesOrValuesIsRefused) {
+TEST_F(AgentCursors, a_negative_number_of_entries_or_values_is_refused) {
   put_groups({"a"});
   open("/internal/int-vpws-group");
   confd_value_t value = u32(77);
@@ -168,7 +168,7 @@ TEST_F(AgentCursors, ANegativeNumberOfEntriesOrValuesIsRefused) {
   EXPECT_EQ(shown(value), "C_UINT32 77");
 }
 
-TEST_F(AgentCursors, AFetchOfNoEntriesSucceeds) {
+TEST_F(AgentCursors, a_fetch_of_no_entries_succeeds) {
   put_groups({"a"});
   open("/internal/int-vpws-group");
   int entries = 0;
@@ -180,7 +180,7 @@ TEST_F(AgentCursors, AFetchOfNoEntriesSucceeds) {
   EXPECT_EQ(entries, 0);
 }
 
-TEST_F(AgentCursors, AListOfEachLengthEndsItsBatchesOnAShortOne) {
+TEST_F(AgentCursors, a_list_of_each_length_ends_its_batches_on_a_short_one) {
   const auto fetched = [this](int list_size) {
     element::Tree tree(host_test::schema());
     for (int i = 0; i < list_size; ++i) tree.put("/internal/int-ldp-intf-l3{I " + std::to_string(i) + " 1}");

@@ -30,7 +30,7 @@ confd_hkeypath_t written(const element::Path &path) {
 
 using Elements = std::vector<std::string>;
 
-TEST(KeyPath, StandsInReverseOrderWithTheKeysOfAnEntryInOneElement) {
+TEST(KeyPath, stands_in_reverse_order_with_the_keys_of_an_entry_in_one_element) {
   const element::Path path =
       element::parse_path(schema(), "/internal/int-vpls-group{G}/int-vpls-vpn{V 5}/int-vpls-bd/int-vpls-bd-vlan");
   EXPECT_EQ(elements(written(path)),
@@ -38,14 +38,14 @@ TEST(KeyPath, StandsInReverseOrderWithTheKeysOfAnEntryInOneElement) {
                       "C_BUF G", tag("int-vpls-group"), tag("internal")}));
 }
 
-TEST(KeyPath, ANameCarriesItsModulesTag) {
+TEST(KeyPath, a_name_carries_its_modules_tag) {
   const element::Path path = element::parse_path(schema(), "/mpls/l2vpn-config");
   const confd_hkeypath_t result = written(path);
   EXPECT_EQ(result.v[0][0].val.xmltag.ns, element::node_tag("l2-vpn"));
   EXPECT_EQ(result.v[1][0].val.xmltag.ns, element::node_tag("mpls"));
 }
 
-TEST(KeyPath, OfAKeyLeafHasItsEntryBelowIt) {
+TEST(KeyPath, of_a_key_leaf_has_its_entry_below_it) {
   const element::Path path = element::parse_path(
       schema(), "/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/access-interface{I}/name");
   const Elements result = elements(written(path));
@@ -55,7 +55,7 @@ TEST(KeyPath, OfAKeyLeafHasItsEntryBelowIt) {
   EXPECT_EQ(result[6], "C_BUF G");
 }
 
-TEST(KeyPath, HoldsNoMoreKeysThanTheSeamCarries) {
+TEST(KeyPath, holds_no_more_keys_than_the_seam_carries) {
   const element::SchemaNode &list = *schema().find("/internal/int-vpws-group");
   const element::Path path{{&list, std::vector<Value>(12, Value(7U))}};
   const confd_hkeypath_t result = written(path);
@@ -63,7 +63,7 @@ TEST(KeyPath, HoldsNoMoreKeysThanTheSeamCarries) {
   EXPECT_EQ(result.v[0][MAXKEYLEN - 1].type, C_NOEXISTS);
 }
 
-TEST(KeyPath, HoldsNoMoreElementsThanTheSeamCarries) {
+TEST(KeyPath, holds_no_more_elements_than_the_seam_carries) {
   host::KeyPath path;
   const element::SchemaNode &name = *schema().find("/internal");
   for (int i = 0; i < MAXDEPTH; ++i) path.push(name);
@@ -82,7 +82,7 @@ class PrintedPath : public host_test::ServedElement {
   }
 };
 
-TEST_F(PrintedPath, ReadsAsAPathAgain) {
+TEST_F(PrintedPath, reads_as_a_path_again) {
   serve();
   for (const char *text : {"/internal/int-vpls-group{G}/int-vpls-vpn{V 5}/int-vpls-bd/int-vpls-bd-vlan", "/internal",
                            "/internal/int-sub-vpls-vpn-nbr{G V 1 10.0.0.1}/pw-id", "/internal/int-vpws-group{\"a b\"}",
@@ -93,19 +93,19 @@ TEST_F(PrintedPath, ReadsAsAPathAgain) {
   }
 }
 
-TEST_F(PrintedPath, OfNoElementsIsTheRoots) {
+TEST_F(PrintedPath, of_no_elements_is_the_roots) {
   serve();
   EXPECT_EQ(printed(written({})), "/");
 }
 
-TEST_F(PrintedPath, ANameThatIsNotInTheModelIsItsTag) {
+TEST_F(PrintedPath, a_name_that_is_not_in_the_model_is_its_tag) {
   serve();
   confd_hkeypath_t path = written(element::parse_path(schema(), "/internal/int-vpws-group"));
   path.v[0][0].val.xmltag.tag = 12345;
   EXPECT_EQ(printed(path), "/internal/12345");
 }
 
-TEST_F(PrintedPath, IsCutAndItsLengthTold) {
+TEST_F(PrintedPath, is_cut_and_its_length_told) {
   serve();
   const element::Path path = element::parse_path(schema(), "/internal/int-vpws-group");
   const confd_hkeypath_t key_path = written(path);
@@ -115,7 +115,7 @@ TEST_F(PrintedPath, IsCutAndItsLengthTold) {
   EXPECT_EQ(confd_pp_kpath(nullptr, 0, &key_path), 24);
 }
 
-TEST_F(PrintedPath, NeedsATransactionAndMayFail) {
+TEST_F(PrintedPath, needs_a_transaction_and_may_fail) {
   const confd_hkeypath_t path = written({});
   char text[10] = "untouched";
   EXPECT_EQ(confd_pp_kpath(text, sizeof text, &path), -1);

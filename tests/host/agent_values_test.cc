@@ -40,7 +40,7 @@ const std::vector<Row> &every_type() {
   return rows;
 }
 
-TEST(AgentValues, EveryTypeGoesOverTheSeamAndBack) {
+TEST(AgentValues, every_type_goes_over_the_seam_and_back) {
   for (const Row &row : every_type()) {
     const confd_value_t value = host::borrowed_value(row.value, any_leaf());
     EXPECT_EQ(value.type, row.type) << row.what;
@@ -49,7 +49,7 @@ TEST(AgentValues, EveryTypeGoesOverTheSeamAndBack) {
   }
 }
 
-TEST(AgentValues, TypesThatTheElementDoesNotServeStandForNothing) {
+TEST(AgentValues, types_that_the_element_does_not_serve_stand_for_nothing) {
   for (const confd_vtype type : {C_DOUBLE, C_IPV6, C_LIST, C_DEFAULT, C_EMPTY}) {
     confd_value_t value{};
     value.type = type;
@@ -57,7 +57,7 @@ TEST(AgentValues, TypesThatTheElementDoesNotServeStandForNothing) {
   }
 }
 
-TEST(AgentValues, AZeroTerminatedTextIsAText) {
+TEST(AgentValues, a_zero_terminated_text_is_a_text) {
   char text[] = "north";
   confd_value_t value{};
   value.type = C_STR;
@@ -66,13 +66,13 @@ TEST(AgentValues, AZeroTerminatedTextIsAText) {
   EXPECT_LT(host::compare(value, std::string("northern")), 0);
 }
 
-TEST(AgentValues, AnAddressKeepsItsBytesInNetworkOrder) {
+TEST(AgentValues, an_address_keeps_its_bytes_in_network_order) {
   const confd_value_t value = host::borrowed_value(host_test::address("10.0.0.1"), any_leaf());
   const auto *bytes = reinterpret_cast<const unsigned char *>(&value.val.ip);
   EXPECT_EQ(std::vector<int>(bytes, bytes + 4), (std::vector<int>{10, 0, 0, 1}));
 }
 
-TEST(AgentValues, AnEmptyLeafIsItsOwnTag) {
+TEST(AgentValues, an_empty_leaf_is_its_own_tag) {
   const element::SchemaNode &leaf =
       *schema().find("/mpls/l2vpn-config/l2vpn/vpls-group/vpn/bridge-domain/transparent-lan-service");
   const confd_value_t value = host::borrowed_value(element::Empty{}, leaf);
@@ -80,7 +80,7 @@ TEST(AgentValues, AnEmptyLeafIsItsOwnTag) {
   EXPECT_EQ(value.val.xmltag.ns, element::node_tag("mpls-l2vpn-vpls"));
 }
 
-TEST(AgentValues, TextsCompareByteByByteAndNumbersByValue) {
+TEST(AgentValues, texts_compare_byte_by_byte_and_numbers_by_value) {
   EXPECT_LT(host::compare(host_test::buf("B"), std::string("a")), 0);
   const std::string high = "\xc3";
   EXPECT_GT(host::compare(host_test::buf(high), std::string("z")), 0);
@@ -88,7 +88,7 @@ TEST(AgentValues, TextsCompareByteByByteAndNumbersByValue) {
   EXPECT_LT(host::compare(host_test::i32(-1), 0), 0);
 }
 
-TEST(AgentValues, ValuesOfDifferentTypesOrderAsTheTreesDo) {
+TEST(AgentValues, values_of_different_types_order_as_the_trees_do) {
   for (const Row &a : every_type()) {
     for (const Row &b : every_type()) {
       const int expected = element::compare(a.value, b.value);
@@ -101,7 +101,7 @@ TEST(AgentValues, ValuesOfDifferentTypesOrderAsTheTreesDo) {
 
 class HandedOut : public host_test::ServedElement {};
 
-TEST_F(HandedOut, ATextEndsWithAZeroOnePastItsSizeAndIsInTheAccount) {
+TEST_F(HandedOut, a_text_ends_with_a_zero_one_past_its_size_and_is_in_the_account) {
   confd_value_t value = host::owned_value(std::string("north"), any_leaf());
   EXPECT_EQ(value.val.buf.size, 5U);
   EXPECT_STREQ(reinterpret_cast<const char *>(value.val.buf.ptr), "north");
@@ -110,14 +110,14 @@ TEST_F(HandedOut, ATextEndsWithAZeroOnePastItsSizeAndIsInTheAccount) {
   EXPECT_EQ(session.statistics.owned_values, 0);
 }
 
-TEST_F(HandedOut, ANumberIsNothingToGiveBack) {
+TEST_F(HandedOut, a_number_is_nothing_to_give_back) {
   confd_value_t value = host::owned_value(7U, any_leaf());
   EXPECT_EQ(session.statistics.owned_values, 0);
   confd_free_value(&value);
   EXPECT_EQ(session.statistics.owned_values, 0);
 }
 
-TEST(AgentValues, ALeafsTypeOnTheSeamFollowsItsTypeInTheModel) {
+TEST(AgentValues, a_leafs_type_on_the_seam_follows_its_type_in_the_model) {
   const std::vector<std::pair<const char *, confd_vtype>> rows{
       {"/internal/int-vpws-group/name", C_BUF},
       {"/internal/int-vpws-group/int-vpws/id", C_UINT32},

@@ -27,7 +27,7 @@ class FeatureModel : public host_test::ServedElement {
                                    SeamFunction::fm_scalar_card_selective_encapsulation_max_vlan_ranges}};
 };
 
-TEST_F(FeatureModel, TellsEachLimitThatTheCardHas) {
+TEST_F(FeatureModel, tells_each_limit_that_the_card_has) {
   fm_slot_t slot{};
   ASSERT_EQ(fm_init(), 0);
   ASSERT_EQ(fm_local_slot(&slot), 0);
@@ -46,7 +46,7 @@ TEST_F(FeatureModel, TellsEachLimitThatTheCardHas) {
   }
 }
 
-TEST_F(FeatureModel, HasACardInTheLocalSlotOnly) {
+TEST_F(FeatureModel, has_a_card_in_the_local_slot_only) {
   profile.card.vpn_max = 128;
   fm_slot_t slot{};
   std::uint32_t value = 77;
@@ -60,7 +60,7 @@ TEST_F(FeatureModel, HasACardInTheLocalSlotOnly) {
   EXPECT_NE(fm_scalar_card_hal_vpn_vpn_max_limit(&slot, &value), 0);
 }
 
-TEST_F(FeatureModel, MayFailToStart) {
+TEST_F(FeatureModel, may_fail_to_start) {
   fail_next(SeamFunction::fm_init);
   EXPECT_NE(fm_init(), 0);
   EXPECT_EQ(fm_init(), 0);
@@ -68,7 +68,7 @@ TEST_F(FeatureModel, MayFailToStart) {
 
 class Identifiers : public host_test::ServedElement {};
 
-TEST_F(Identifiers, LeadFromAnInterfaceToItsNumbersAndBack) {
+TEST_F(Identifiers, lead_from_an_interface_to_its_numbers_and_back) {
   limid_t limid = 0;
   std::int32_t ifindex = 0;
   char name[64] = "";
@@ -83,7 +83,7 @@ TEST_F(Identifiers, LeadFromAnInterfaceToItsNumbersAndBack) {
   EXPECT_FALSE(valid_intfname("gigabit-ethernet-1/1/10"));
 }
 
-TEST_F(Identifiers, ANameThatDoesNotFitIsNotCut) {
+TEST_F(Identifiers, a_name_that_does_not_fit_is_not_cut) {
   char name[32] = "untouched";
   EXPECT_NE(limid_to_intfname(1, name, 22), 0);
   EXPECT_STREQ(name, "untouched");
@@ -91,7 +91,7 @@ TEST_F(Identifiers, ANameThatDoesNotFitIsNotCut) {
   EXPECT_STREQ(name, "gigabit-ethernet-1/1/1");
 }
 
-TEST_F(Identifiers, AFailedConversionLeavesTheOutputAlone) {
+TEST_F(Identifiers, a_failed_conversion_leaves_the_output_alone) {
   limid_t limid = 77;
   std::int32_t ifindex = 77;
   char name[64] = "untouched";
@@ -110,7 +110,7 @@ TEST_F(Identifiers, AFailedConversionLeavesTheOutputAlone) {
   EXPECT_STREQ(name, "untouched");
 }
 
-TEST(CardWithoutElement, KnowsNothing) {
+TEST(CardWithoutElement, knows_nothing) {
   fm_slot_t slot{};
   limid_t limid = 0;
   EXPECT_NE(fm_init(), 0);

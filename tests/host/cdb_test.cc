@@ -20,14 +20,14 @@ class Cdb : public host_test::ServedElement {
   QnConfdInterface *instance() { return qnconfd_instance_get(session.middleware()); }
 };
 
-TEST_F(Cdb, ReadsTheRunningConfiguration) {
+TEST_F(Cdb, reads_the_running_configuration) {
   const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   EXPECT_EQ(cdb_num_instances(cdb.Socket(), "/internal/int-sub-vpls-vpn-bd"), 3);
   EXPECT_EQ(cdb_num_instances(cdb.Socket(), "/internal/int-vpws-group"), 0);
   EXPECT_EQ(maapi_num_instances(sock, thandle, "/internal/int-sub-vpls-vpn-bd"), 0);
 }
 
-TEST_F(Cdb, ReadsExactlyTheEntriesThatAreAskedFor) {
+TEST_F(Cdb, reads_exactly_the_entries_that_are_asked_for) {
   const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   confd_value_t values[8];
   EXPECT_EQ(cdb_get_objects(cdb.Socket(), values, 4, 1, 2, "/internal/int-sub-vpls-vpn-bd"), CONFD_OK);
@@ -37,7 +37,7 @@ TEST_F(Cdb, ReadsExactlyTheEntriesThatAreAskedFor) {
   for (confd_value_t &value : values) confd_free_value(&value);
 }
 
-TEST_F(Cdb, AskingPastTheEndOrForNonsenseFillsNothing) {
+TEST_F(Cdb, asking_past_the_end_or_for_nonsense_fills_nothing) {
   const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   confd_value_t values[8]{};
   struct Row {
@@ -54,7 +54,7 @@ TEST_F(Cdb, AskingPastTheEndOrForNonsenseFillsNothing) {
   EXPECT_EQ(cdb_get_objects(cdb.Socket(), values, 4, 3, 0, "/internal/int-sub-vpls-vpn-bd"), CONFD_OK);
 }
 
-TEST_F(Cdb, OnlyAListAsAWholeIsRead) {
+TEST_F(Cdb, only_a_list_as_a_whole_is_read) {
   const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   for (const char *path : {"/internal", "/internal/int-sub-vpls-vpn-bd{A V 1}", "/nowhere"}) {
     confd_errno = 0;
@@ -63,7 +63,7 @@ TEST_F(Cdb, OnlyAListAsAWholeIsRead) {
   }
 }
 
-TEST_F(Cdb, ASocketIsKnownWhileItsSessionLasts) {
+TEST_F(Cdb, a_socket_is_known_while_its_session_lasts) {
   int socket = 0;
   {
     const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
@@ -79,7 +79,7 @@ TEST_F(Cdb, ASocketIsKnownWhileItsSessionLasts) {
   EXPECT_EQ(maapi_exists(later.Socket(), thandle, "/internal"), -1) << "a CDB socket leads to no transaction";
 }
 
-TEST_F(Cdb, ASessionThatCannotStartReadsNothing) {
+TEST_F(Cdb, a_session_that_cannot_start_reads_nothing) {
   fail_next(SeamFunction::cdb_session_start);
   const QnConfdCdbSessionBase failed(instance(), CDB_RUNNING, true);
   const QnConfdCdbSessionBase without_instance(nullptr, CDB_RUNNING, true);
@@ -91,14 +91,14 @@ TEST_F(Cdb, ASessionThatCannotStartReadsNothing) {
   EXPECT_EQ(session.statistics.open_sessions, 0);
 }
 
-TEST_F(Cdb, WithoutATransactionThereIsNothingToRead) {
+TEST_F(Cdb, without_a_transaction_there_is_nothing_to_read) {
   const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   session.serve(nullptr);
   EXPECT_EQ(cdb_num_instances(cdb.Socket(), "/internal/int-sub-vpls-vpn-bd"), -1);
   EXPECT_EQ(confd_errno, CONFD_ERR_NOSESSION);
 }
 
-TEST_F(Cdb, AFailedCallFillsNothing) {
+TEST_F(Cdb, a_failed_call_fills_nothing) {
   const QnConfdCdbSessionBase cdb(instance(), CDB_RUNNING, true);
   confd_value_t value{};
   fail_next(SeamFunction::cdb_get_objects);

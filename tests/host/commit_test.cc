@@ -39,14 +39,14 @@ class Commit : public host_test::ServedElement {
   const host::Plugin plugin{SCRIPTED_PLUGIN};
 };
 
-TEST_F(Commit, WithoutAChangeAsksNothing) {
+TEST_F(Commit, without_a_change_asks_nothing) {
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::accepted);
   EXPECT_EQ(verdict.points_fired, 0U);
   EXPECT_EQ(verdict.points.size(), 0U);
 }
 
-TEST_F(Commit, IsAcceptedWhereEveryPointAccepts) {
+TEST_F(Commit, is_accepted_where_every_point_accepts) {
   add_group("accept");
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::accepted);
@@ -56,7 +56,7 @@ TEST_F(Commit, IsAcceptedWhereEveryPointAccepts) {
   EXPECT_EQ(verdict.points[0].answer, host::Answer::accepted);
 }
 
-TEST_F(Commit, IsRejectedWithTheText) {
+TEST_F(Commit, is_rejected_with_the_text) {
   add_group("reject");
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::rejected);
@@ -65,7 +65,7 @@ TEST_F(Commit, IsRejectedWithTheText) {
   EXPECT_EQ(verdict.points[0].text, "told to reject");
 }
 
-TEST_F(Commit, IsAcceptedWithAWarningsText) {
+TEST_F(Commit, is_accepted_with_a_warnings_text) {
   add_group("warn");
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::accepted_with_warnings);
@@ -73,14 +73,14 @@ TEST_F(Commit, IsAcceptedWithAWarningsText) {
   EXPECT_EQ(verdict.points.at(0).text, "told to warn");
 }
 
-TEST_F(Commit, ATextOfAnAcceptedPointIsNotShown) {
+TEST_F(Commit, a_text_of_an_accepted_point_is_not_shown) {
   add_group("accept with a text");
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::accepted);
   EXPECT_EQ(verdict.points.at(0).text, "");
 }
 
-TEST_F(Commit, ARejectionEndsItUnlessAllPointsAreAsked) {
+TEST_F(Commit, a_rejection_ends_it_unless_all_points_are_asked) {
   add_group("reject");
   candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}");
   const host::Verdict stopped = validate();
@@ -93,13 +93,13 @@ TEST_F(Commit, ARejectionEndsItUnlessAllPointsAreAsked) {
   EXPECT_EQ(all.points[1].answer, host::Answer::accepted);
 }
 
-TEST_F(Commit, AWarningDoesNotEndIt) {
+TEST_F(Commit, a_warning_does_not_end_it) {
   add_group("warn");
   candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}");
   EXPECT_EQ(validate().points.size(), 2U);
 }
 
-TEST_F(Commit, EachPointIsToldItsNameItsNodeAndTheNewValue) {
+TEST_F(Commit, each_point_is_told_its_name_its_node_and_the_new_value) {
   add_group("show");
   candidate.put("/mpls/l2vpn-config/l2vpn/vpws-group{show}/vpn{V}/access-interface{I}");
   candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/access-interface{J}");
@@ -115,7 +115,7 @@ TEST_F(Commit, EachPointIsToldItsNameItsNodeAndTheNewValue) {
                                       "vpn_access_intf_valp at " + vpls + "/access-interface{J}/name, new value J"}));
 }
 
-TEST_F(Commit, ABrokenContractIsNamedWithItsPoint) {
+TEST_F(Commit, a_broken_contract_is_named_with_its_point) {
   EXPECT_EQ(violation("accept"), "none");
   EXPECT_EQ(violation("answer 7"), "vpn_name_valp: answered 7; 0, -1 or -3 was expected");
   EXPECT_EQ(violation("answer -2"), "vpn_name_valp: answered -2; 0, -1 or -3 was expected");
@@ -128,7 +128,7 @@ TEST_F(Commit, ABrokenContractIsNamedWithItsPoint) {
   EXPECT_EQ(violation("free what is its own"), "vpn_name_valp: values freed too often: 1");
 }
 
-TEST_F(Commit, ACursorLeftOpenIsClosedAndCounted) {
+TEST_F(Commit, a_cursor_left_open_is_closed_and_counted) {
   add_group("keep a cursor");
   const host::Verdict verdict = validate();
   EXPECT_EQ(verdict.decision, Decision::accepted);
@@ -136,7 +136,7 @@ TEST_F(Commit, ACursorLeftOpenIsClosedAndCounted) {
   session.statistics = {};
 }
 
-TEST_F(Commit, TheStatisticsAreThisCommitsAlone) {
+TEST_F(Commit, the_statistics_are_this_commits_alone) {
   add_group("accept");
   EXPECT_EQ(maapi_exists(sock, thandle, "/internal"), -1);
   validate();
@@ -148,7 +148,7 @@ TEST_F(Commit, TheStatisticsAreThisCommitsAlone) {
   EXPECT_EQ(calls(SeamFunction::maapi_exists), 1U);
 }
 
-TEST_F(Commit, TheTransactionThatWasServedIsServedAgain) {
+TEST_F(Commit, the_transaction_that_was_served_is_served_again) {
   serve();
   add_group("accept");
   validate();
@@ -175,13 +175,13 @@ class CommitToTheLibrary : public host_test::ServedElement {
   }
 };
 
-TEST_F(CommitToTheLibrary, AsManyVpnsAsTheCardAllowsAreAccepted) {
+TEST_F(CommitToTheLibrary, as_many_vpns_as_the_card_allows_are_accepted) {
   const host::Verdict verdict = validate(1, 2);
   EXPECT_EQ(verdict.decision, Decision::accepted);
   EXPECT_EQ(verdict.statistics.open_cursors, 0);
 }
 
-TEST_F(CommitToTheLibrary, OneVpnMoreIsRejected) {
+TEST_F(CommitToTheLibrary, one_vpn_more_is_rejected) {
   const host::Verdict verdict = validate(2, 2);
   EXPECT_EQ(verdict.decision, Decision::rejected);
   EXPECT_EQ(verdict.points.back().point, "vpn_overflow_valp");
@@ -190,7 +190,7 @@ TEST_F(CommitToTheLibrary, OneVpnMoreIsRejected) {
             "Maximum number of VPNs has been exceeded. Attempt to configure 4 of 3 allowed");
 }
 
-TEST_F(Commit, ListsTheQuestionsThatANameMakesUnreadable) {
+TEST_F(Commit, lists_the_questions_that_a_name_makes_unreadable) {
   add_group("ask");
   EXPECT_EQ(validate().unreadable.size(), 0U) << "a path that no name made unreadable is not listed";
 

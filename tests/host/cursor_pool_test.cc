@@ -6,7 +6,7 @@ namespace {
 
 const element::SchemaNode &list() { return *host_test::schema().find("/internal/int-vpws-group"); }
 
-TEST(CursorPool, KnowsACursorFromItsOpeningToItsClosing) {
+TEST(CursorPool, knows_a_cursor_from_its_opening_to_its_closing) {
   host::CursorPool pool;
   void *handle = pool.open(list(), nullptr);
   ASSERT_NE(pool.find(handle), nullptr);
@@ -16,7 +16,7 @@ TEST(CursorPool, KnowsACursorFromItsOpeningToItsClosing) {
   EXPECT_FALSE(pool.close(handle));
 }
 
-TEST(CursorPool, AClosedCursorsHandleIsNotTheNextOnes) {
+TEST(CursorPool, a_closed_cursors_handle_is_not_the_next_ones) {
   host::CursorPool pool;
   void *first = pool.open(list(), nullptr);
   pool.close(first);
@@ -26,7 +26,7 @@ TEST(CursorPool, AClosedCursorsHandleIsNotTheNextOnes) {
   EXPECT_NE(pool.find(second), nullptr);
 }
 
-TEST(CursorPool, AnotherCursorStartsBeforeTheFirstEntryAgain) {
+TEST(CursorPool, another_cursor_starts_before_the_first_entry_again) {
   host::CursorPool pool;
   void *first = pool.open(list(), nullptr);
   pool.find(first)->next = 7;
@@ -34,7 +34,7 @@ TEST(CursorPool, AnotherCursorStartsBeforeTheFirstEntryAgain) {
   EXPECT_EQ(pool.find(pool.open(list(), nullptr))->next, 0U);
 }
 
-TEST(CursorPool, WhatNeverWasAHandleIsNone) {
+TEST(CursorPool, what_never_was_a_handle_is_none) {
   host::CursorPool pool;
   EXPECT_EQ(pool.find(nullptr), nullptr);
   void *handle = pool.open(list(), nullptr);
@@ -44,7 +44,7 @@ TEST(CursorPool, WhatNeverWasAHandleIsNone) {
   EXPECT_EQ(pool.find(nullptr), nullptr);
 }
 
-TEST(CursorPool, ClosesAllThatAreOpen) {
+TEST(CursorPool, closes_all_that_are_open) {
   host::CursorPool pool;
   void *first = pool.open(list(), nullptr);
   void *second = pool.open(list(), nullptr);

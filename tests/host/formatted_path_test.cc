@@ -32,7 +32,7 @@ Parts is(std::vector<std::string> expected) { return expected; }
 
 constexpr std::nullopt_t kNoPath = std::nullopt;
 
-TEST(PathFormat, SplitsNamesAndKeys) {
+TEST(PathFormat, splits_names_and_keys) {
   EXPECT_EQ(parts("/internal"), is({"internal"}));
   EXPECT_EQ(parts("/base:config/service-port{7}/match"), is({"base:config", "service-port+", "[7]", "match"}));
   EXPECT_EQ(parts("/l{a b}"), is({"l+", "[a]", "[b]"}));
@@ -42,7 +42,7 @@ TEST(PathFormat, SplitsNamesAndKeys) {
   EXPECT_EQ(parts("/"), is({""}));
 }
 
-TEST(PathFormat, SubstitutesArgumentsInsideAndOutsideBraces) {
+TEST(PathFormat, substitutes_arguments_inside_and_outside_braces) {
   EXPECT_EQ(parts("/l{%s}/%s", "a", "x"), is({"l+", "[a]", "x"}));
   EXPECT_EQ(parts("/l{%s %s %u}/x", "a", "b", 7U), is({"l+", "[a]", "[b]", "[7]", "x"}));
   EXPECT_EQ(parts("%s{1 %d %d}", "/a/l", 100, -5), is({"a", "l+", "[1]", "[100]", "[-5]"}));
@@ -50,7 +50,7 @@ TEST(PathFormat, SubstitutesArgumentsInsideAndOutsideBraces) {
   EXPECT_EQ(parts("/%s%s{%s%u}", "na", "me", "k", 1U), is({"name+", "[k1]"}));
 }
 
-TEST(PathFormat, WritesNumbersAsPrintfDoes) {
+TEST(PathFormat, writes_numbers_as_printf_does) {
   EXPECT_EQ(parts("/l{%d %i %u %x}", -1, -2147483647, 4294967295U, 255U),
             is({"l+", "[-1]", "[-2147483647]", "[4294967295]", "[ff]"}));
   EXPECT_EQ(parts("/l{%ld %lu %lx}", -4294967296L, 18446744073709551615UL, 4294967296UL),
@@ -60,7 +60,7 @@ TEST(PathFormat, WritesNumbersAsPrintfDoes) {
   EXPECT_EQ(parts("/l{5%%}"), is({"l+", "[5%]"}));
 }
 
-TEST(PathFormat, AnArgumentInsideBracesIsOneKeyWhateverItHolds) {
+TEST(PathFormat, an_argument_inside_braces_is_one_key_whatever_it_holds) {
   for (const char *text : {"a b", " a", "", "a}b", "{", "}", "\"", "a\"b", "\\", "/x", "%s"}) {
     EXPECT_EQ(parts("/l{%s}/x", text), is({"l+", '[' + std::string(text) + ']', "x"})) << text;
     EXPECT_EQ(parts("/l{%s c}", text), is({"l+", '[' + std::string(text) + ']', "[c]"})) << text;
@@ -68,18 +68,18 @@ TEST(PathFormat, AnArgumentInsideBracesIsOneKeyWhateverItHolds) {
   }
 }
 
-TEST(PathFormat, TextThatWasFormattedBeforeIsReadAsItStands) {
+TEST(PathFormat, text_that_was_formatted_before_is_read_as_it_stands) {
   EXPECT_EQ(parts("%s", "/l{a b}/x"), is({"l+", "[a]", "[b]", "x"}));
   EXPECT_EQ(parts("%s/pw-id", "/l{10.0.0.1}"), is({"l+", "[10.0.0.1]", "pw-id"}));
   EXPECT_EQ(parts("%s}/x", "/l{a"), is({"l+", "[a]", "x"}));
   EXPECT_EQ(parts("%s", "/l{a}b}"), kNoPath);
 }
 
-TEST(PathFormat, AnArgumentAfterAnOpenBraceOfAnotherIsAKeyToo) {
+TEST(PathFormat, an_argument_after_an_open_brace_of_another_is_a_key_too) {
   EXPECT_EQ(parts("%s %s}", "/l{a", "b c"), is({"l+", "[a]", "[b c]"}));
 }
 
-TEST(PathFormat, QuotesKeepBlanksAndBracesInOneKey) {
+TEST(PathFormat, quotes_keep_blanks_and_braces_in_one_key) {
   EXPECT_EQ(parts("/l{\"a b\" c}"), is({"l+", "[a b]", "[c]"}));
   EXPECT_EQ(parts("/l{\"\"}"), is({"l+", "[]"}));
   EXPECT_EQ(parts("/l{a\" }\"b}"), is({"l+", "[a }b]"}));
@@ -88,14 +88,14 @@ TEST(PathFormat, QuotesKeepBlanksAndBracesInOneKey) {
   EXPECT_EQ(parts("/l{\"\\%s\"}", "x y"), is({"l+", "[x y]"}));
 }
 
-TEST(PathFormat, RefusesWhatIsNoPath) {
+TEST(PathFormat, refuses_what_is_no_path) {
   for (const char *text : {"", "x", "x/y", "//", "/x//y", "/x/", "/{a}", "/l{a", "/l{\"a}", "/l{a}x", "/l{a}{b}",
                            "/l{a}/", "/l{\"a\\", "/x%", "/l{50%}", "/l{%f}", "/l{%5d}", "/l{%.3s}"}) {
     EXPECT_EQ(parts(text), kNoPath) << text;
   }
 }
 
-TEST(PathFormat, TakesPathsOfAnyLength) {
+TEST(PathFormat, takes_paths_of_any_length) {
   const std::string key(5000, 'k');
   EXPECT_EQ(parts("/l{%s}/x", key.c_str()), is({"l+", '[' + key + ']', "x"}));
 
@@ -108,7 +108,7 @@ TEST(PathFormat, TakesPathsOfAnyLength) {
   EXPECT_EQ(parts("%s", deep.c_str()), is(names));
 }
 
-TEST(PathFormat, TakesAnyNumberOfNumbersAndOfPiecesOfAKey) {
+TEST(PathFormat, takes_any_number_of_numbers_and_of_pieces_of_a_key) {
   constexpr unsigned long long most = 18446744073709551615ULL;
   const std::string digits = "18446744073709551615";
   std::vector<std::string> expected(8, '[' + digits + ']');
@@ -120,7 +120,7 @@ TEST(PathFormat, TakesAnyNumberOfNumbersAndOfPiecesOfAKey) {
                           digits + ']'}));
 }
 
-TEST(PathFormat, ANullTextReadsAsPrintfWritesIt) {
+TEST(PathFormat, a_null_text_reads_as_printf_writes_it) {
   EXPECT_EQ(parts("/l{%s}", static_cast<const char *>(nullptr)), is({"l+", "[(null)]"}));
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 using host::SeamFunction;
 
-TEST(HostSession, NamesEachFunctionAsTheHeadersDoes) {
+TEST(HostSession, names_each_function_as_the_headers_does) {
   EXPECT_EQ(name(SeamFunction::confd_free_value), "confd_free_value");
   EXPECT_EQ(name(SeamFunction::maapi_get_objects), "maapi_get_objects");
   EXPECT_EQ(name(SeamFunction::cdb_session_start), "cdb_session_start");
@@ -17,7 +17,7 @@ TEST(HostSession, NamesEachFunctionAsTheHeadersDoes) {
   EXPECT_THROW(name(SeamFunction::count), std::out_of_range);
 }
 
-TEST(HostSession, IsActiveWhileItLivesAndTheOnlyOne) {
+TEST(HostSession, is_active_while_it_lives_and_the_only_one) {
   const element::Profile profile;
   {
     host::HostSession session(profile);
@@ -33,7 +33,7 @@ class CountedCalls : public host_test::ServedElement {
   int exists() { return maapi_exists(sock, thandle, "/internal"); }
 };
 
-TEST_F(CountedCalls, EveryCallIsInTheAccount) {
+TEST_F(CountedCalls, every_call_is_in_the_account) {
   serve();
   exists();
   exists();
@@ -52,7 +52,7 @@ TEST_F(CountedCalls, EveryCallIsInTheAccount) {
   EXPECT_EQ(calls(SeamFunction::maapi_get_next), 0U);
 }
 
-TEST_F(CountedCalls, TheNthMayFailOrAllFromItOn) {
+TEST_F(CountedCalls, the_nth_may_fail_or_all_from_it_on) {
   serve();
   session.injected_failure = {SeamFunction::maapi_exists, 2, false};
   EXPECT_EQ(exists(), 1);

@@ -9,7 +9,7 @@ using host::SeamFunction;
 
 class Middleware : public host_test::ServedElement {};
 
-TEST_F(Middleware, AnInstanceLeadsToTheTransactionsSocket) {
+TEST_F(Middleware, an_instance_leads_to_the_transactions_socket) {
   EXPECT_EQ(qnconfd_maapi_socket_get(session.middleware()), sock);
   EXPECT_NE(qnconfd_instance_get(session.middleware()), nullptr);
   int other = 0;
@@ -18,7 +18,7 @@ TEST_F(Middleware, AnInstanceLeadsToTheTransactionsSocket) {
   EXPECT_EQ(qnconfd_instance_get(&other), nullptr);
 }
 
-TEST_F(Middleware, ItsCallsMayFail) {
+TEST_F(Middleware, its_calls_may_fail) {
   fail_next(SeamFunction::qnconfd_maapi_socket_get);
   EXPECT_EQ(qnconfd_maapi_socket_get(session.middleware()), -1);
   fail_next(SeamFunction::qnconfd_instance_get);
@@ -27,7 +27,7 @@ TEST_F(Middleware, ItsCallsMayFail) {
 
 class Errors : public host_test::ServedElement {};
 
-TEST_F(Errors, ATextStaysUntilAnotherTransactionIsServed) {
+TEST_F(Errors, a_text_stays_until_another_transaction_is_served) {
   serve();
   confd_trans_ctx first{};
   confd_trans_ctx second{};
@@ -39,7 +39,7 @@ TEST_F(Errors, ATextStaysUntilAnotherTransactionIsServed) {
   EXPECT_STREQ(first.error.str, "");
 }
 
-TEST_F(Errors, TimeOutsAreKept) {
+TEST_F(Errors, time_outs_are_kept) {
   confd_trans_ctx context{};
   EXPECT_EQ(confd_data_set_timeout(&context, 120), CONFD_OK);
   fail_next(SeamFunction::confd_data_set_timeout);
@@ -54,7 +54,7 @@ class Trace : public host_test::ServedElement {
   }
 };
 
-TEST_F(Trace, GoesToItsCategoryInOrder) {
+TEST_F(Trace, goes_to_its_category_in_order) {
   zlog_category_t *category = qnmw_trace_register_category("one");
   zlog_category_t *other = qnmw_trace_register_category("two");
   EXPECT_NE(category, other);
@@ -64,7 +64,7 @@ TEST_F(Trace, GoesToItsCategoryInOrder) {
   EXPECT_EQ(session.statistics.trace, (std::vector<std::string>{"one: \nfirst", "two: \nsecond"}));
 }
 
-TEST_F(Trace, WithoutACategoryGoesNowhere) {
+TEST_F(Trace, without_a_category_goes_nowhere) {
   fail_next(SeamFunction::qnmw_trace_register_category);
   zlog_category_t *none = qnmw_trace_register_category("one");
   EXPECT_EQ(none, nullptr);
@@ -73,7 +73,7 @@ TEST_F(Trace, WithoutACategoryGoesNowhere) {
   EXPECT_EQ(session.statistics.calls[static_cast<std::size_t>(SeamFunction::zlog)], 1U);
 }
 
-TEST(PlatformWithoutElement, AnswersThatThereIsNone) {
+TEST(PlatformWithoutElement, answers_that_there_is_none) {
   confd_trans_ctx context{};
   confd_trans_seterr(&context, "%s", "nobody hears");
   EXPECT_EQ(context.error.str, nullptr);

@@ -34,14 +34,14 @@ class LoadedPlugin : public host_test::ServedElement {
   }
 };
 
-TEST_F(LoadedPlugin, TheLibraryThatShipsLoadsAndReadsACardsLimit) {
+TEST_F(LoadedPlugin, the_library_that_ships_loads_and_reads_a_cards_limit) {
   const host::Plugin plugin(PLUGIN_FILE);
   EXPECT_EQ(plugin.file(), PLUGIN_FILE);
   EXPECT_EQ(calls(SeamFunction::fm_scalar_card_vpn_mgr_access_ports), 1U)
       << "no card of these tests has told it before";
 }
 
-TEST_F(LoadedPlugin, AWrongLibraryIsNamedWithItsFault) {
+TEST_F(LoadedPlugin, a_wrong_library_is_named_with_its_fault) {
   EXPECT_EQ(fault_of(wrong("none")), "");
   EXPECT_EQ(fault_of(wrong("without_lib_init")), "missing entry point lib_init");
   EXPECT_EQ(fault_of(wrong("without_get_validation_point")), "missing entry point get_validation_point");
@@ -53,7 +53,7 @@ TEST_F(LoadedPlugin, AWrongLibraryIsNamedWithItsFault) {
   EXPECT_EQ(fault_of(wrong("lib_init_fails")), "lib_init answered -1");
 }
 
-TEST_F(LoadedPlugin, AFileThatIsNotThereOrNoLibraryIsNamed) {
+TEST_F(LoadedPlugin, a_file_that_is_not_there_or_no_library_is_named) {
   EXPECT_EQ(fault_of(wrong("no_such_file")), "there is no such file");
   EXPECT_EQ(fault_of(WRONG_PLUGIN_DIR), "there is no such file") << "a folder is none";
   const fs::path text_file = fs::path(testing::TempDir()) / "no_library.so";
@@ -64,7 +64,7 @@ TEST_F(LoadedPlugin, AFileThatIsNotThereOrNoLibraryIsNamed) {
   fs::remove(text_file);
 }
 
-TEST_F(LoadedPlugin, AFileIsFoundFromTheWorkingDirectoryNotTheLoadersPath) {
+TEST_F(LoadedPlugin, a_file_is_found_from_the_working_directory_not_the_loaders_path) {
   const fs::path here = fs::current_path();
   fs::current_path(fs::path(SCRIPTED_PLUGIN).parent_path());
   EXPECT_EQ(fault_of(fs::path(SCRIPTED_PLUGIN).filename()), "");
@@ -72,19 +72,19 @@ TEST_F(LoadedPlugin, AFileIsFoundFromTheWorkingDirectoryNotTheLoadersPath) {
   fs::current_path(here);
 }
 
-TEST(BuildId, IsReadFromTheFile) {
+TEST(BuildId, is_read_from_the_file) {
   EXPECT_EQ(host::build_id(SCRIPTED_PLUGIN), "0123456789abcdef");
   EXPECT_EQ(host::build_id(PLUGIN_WITHOUT_BUILD_ID), "none");
   EXPECT_EQ(host::build_id(PLUGIN_FILE).size(), 40U);
 }
 
-TEST(BuildId, OfWhatIsNoLibraryIsNone) {
+TEST(BuildId, of_what_is_no_library_is_none) {
   EXPECT_EQ(host::build_id("/no/such/file"), "none");
   EXPECT_EQ(host::build_id(SOURCE_DIR), "none");
   EXPECT_EQ(host::build_id(SOURCE_DIR "/CMakeLists.txt"), "none");
 }
 
-TEST(BuildId, OfAFileThatEndsEarlyIsNone) {
+TEST(BuildId, of_a_file_that_ends_early_is_none) {
   std::ifstream whole(SCRIPTED_PLUGIN, std::ios::binary);
   const std::string content{std::istreambuf_iterator<char>(whole), {}};
   const fs::path file = fs::path(testing::TempDir()) / "cut_library.so";

@@ -15,7 +15,7 @@ int reason(const char *format, ...) {
   return result;
 }
 
-TEST(Resolve, ModulePrefixesMayBeLeftOutAndMustBeRight) {
+TEST(Resolve, module_prefixes_may_be_left_out_and_must_be_right) {
   EXPECT_EQ(reason("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}"), 0);
   EXPECT_EQ(reason("/mpls/l2-vpn:l2vpn-config/l2vpn/mpls-l2vpn-vpls:vpls-group{G}/vpn{V}/vfi/neighbor{10.0.0.1}"), 0);
   EXPECT_EQ(reason("/mpls:mpls/l2-vpn:l2vpn-config/l2-vpn:l2vpn"), 0);
@@ -25,7 +25,7 @@ TEST(Resolve, ModulePrefixesMayBeLeftOutAndMustBeRight) {
   EXPECT_EQ(reason("/mpls/l2vpn-config/l2vpn/l2-vpn:vpls-group{G}"), CONFD_ERR_BADPATH);
 }
 
-TEST(Resolve, NamesAreTheDataModels) {
+TEST(Resolve, names_are_the_data_models) {
   EXPECT_EQ(reason("/"), 0);
   EXPECT_EQ(reason("/internal"), 0);
   EXPECT_EQ(reason("/internals"), CONFD_ERR_BADPATH);
@@ -34,7 +34,7 @@ TEST(Resolve, NamesAreTheDataModels) {
   EXPECT_EQ(reason("internal"), CONFD_ERR_BADPATH);
 }
 
-TEST(Resolve, AListHasAllItsKeysOrNone) {
+TEST(Resolve, a_list_has_all_its_keys_or_none) {
   EXPECT_EQ(reason("/internal/int-sub-vpls-vpn-ac"), 0);
   EXPECT_EQ(reason("/internal/int-sub-vpls-vpn-ac{G V 1 I}"), 0);
   EXPECT_EQ(reason("/internal/int-sub-vpls-vpn-ac{%s V 1 I}", "G x"), 0);
@@ -46,7 +46,7 @@ TEST(Resolve, AListHasAllItsKeysOrNone) {
   EXPECT_EQ(reason("/internal/int-vpws-group{G}/int-vpws"), 0);
 }
 
-TEST(Resolve, KeysAreOfTheirTypes) {
+TEST(Resolve, keys_are_of_their_types) {
   EXPECT_EQ(reason("/base:config/service-port{%u}", 4294967295U), 0);
   EXPECT_EQ(reason("/base:config/service-port{4294967296}"), CONFD_ERR_BADTYPE);
   EXPECT_EQ(reason("/base:config/service-port{%d}", -1), CONFD_ERR_BADTYPE);
@@ -57,7 +57,7 @@ TEST(Resolve, KeysAreOfTheirTypes) {
   EXPECT_EQ(reason("/KZ-MGMD-ROUTER-MIB/mgmdRouterInterfaceTable/mgmdRouterInterfaceEntry{1 -7}"), 0);
 }
 
-TEST(Resolve, KeysOfATreeCompareWithFewerBeforeMore) {
+TEST(Resolve, keys_of_a_tree_compare_with_fewer_before_more) {
   const std::string group = "G";
   const confd_value_t wanted[]{host_test::buf(group), host_test::u32(5)};
   using Keys = std::vector<element::Value>;

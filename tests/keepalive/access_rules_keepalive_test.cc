@@ -27,7 +27,7 @@ class AccessRulesKeepaliveTest : public AccessTest {
   }
 };
 
-TEST_F(AccessRulesKeepaliveTest, AfterEachStaticMemberThatPassed) {
+TEST_F(AccessRulesKeepaliveTest, after_each_static_member_that_passed) {
   record_port_based("vpws-group west", "vpn blue", "eth-1");
   record_change("vpws-group west", "vpn blue", "eth-1");
   add_static_member(10, 1002);
@@ -36,7 +36,7 @@ TEST_F(AccessRulesKeepaliveTest, AfterEachStaticMemberThatPassed) {
               "confd_data_set_timeout, maapi_destroy_cursor, $");
 }
 
-TEST_F(AccessRulesKeepaliveTest, AfterEachBridgeMtuThatPassed) {
+TEST_F(AccessRulesKeepaliveTest, after_each_bridge_mtu_that_passed) {
   const std::string mtu = "/internal/int-vpls-group{north}/int-vpls-vpn{red 0}/int-vpls-bd/int-vpls-bd-mtu";
   record_change("vpls-group north", "vpn red", "service-port-1");
   platform.leaf(mtu, scripted::u32(2000));

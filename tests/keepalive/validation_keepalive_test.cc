@@ -48,7 +48,7 @@ const std::vector<Timeline> timelines{
   std::exit(0);
 }
 
-TEST(ValidationKeepaliveTest, ExtendsOnceInMoreThan36Seconds) {
+TEST(ValidationKeepaliveTest, extends_once_in_more_than_36_seconds) {
   ASSERT_TRUE(FakeClock::works());
   for (const Timeline &timeline : timelines) {
     SCOPED_TRACE(timeline.name);
@@ -68,7 +68,7 @@ TEST(ValidationKeepaliveTest, ExtendsOnceInMoreThan36Seconds) {
   std::exit(0);
 }
 
-TEST(ValidationKeepaliveTest, AnswersWhatTheAgentAnswersAndWaitsAgainAlsoAfterAFailure) {
+TEST(ValidationKeepaliveTest, answers_what_the_agent_answers_and_waits_again_also_after_a_failure) {
   EXPECT_EXIT(let_the_extension_fail(), testing::ExitedWithCode(0), "0 -1 0 0 after 2 requests");
 }
 

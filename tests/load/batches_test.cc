@@ -86,12 +86,12 @@ class VpwsNames : public Batches {
   void add_vpn(const std::string &name) { candidate.put("/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{" + name + "}"); }
 };
 
-TEST_P(VpwsNames, AreReadToTheLast) {
+TEST_P(VpwsNames, are_read_to_the_last) {
   expect_accepted();
   expect_agent_fetches(agent_fetches(GetParam()));
 }
 
-TEST_P(VpwsNames, AnInvalidNameAfterThemIsFound) {
+TEST_P(VpwsNames, an_invalid_name_after_them_is_found) {
   add_vpn("~");
   expect_rejected(
       "VPWS Group name G VPN name ~ contains invalid characters (allowed characters: 0-9, a-z, A-Z, _, -, @, <>, &, "
@@ -117,7 +117,7 @@ class SnoopingTable : public Batches {
   }
 };
 
-TEST_P(SnoopingTable, IsReadToTheLast) {
+TEST_P(SnoopingTable, is_read_to_the_last) {
   attach(interface_name(kOtherPort));
   expect_accepted();
   expect_agent_fetches(GetParam() == 0 ? 0 : agent_fetches(GetParam()));
@@ -125,7 +125,7 @@ TEST_P(SnoopingTable, IsReadToTheLast) {
 
 class SnoopedPort : public SnoopingTable {};
 
-TEST_P(SnoopedPort, OfTheLastEntryIsFound) {
+TEST_P(SnoopedPort, of_the_last_entry_is_found) {
   const std::string port = interface_name(GetParam());
   attach(port);
   expect_rejected("vpls-group G vpn V interface " + port + " is already assigned to multicast igmp snooping 7");
@@ -191,20 +191,22 @@ class Pseudowires : public Batches {
   const Family vpls{"vpls-group{G}", "vfi/neighbor"};
 };
 
-TEST_P(Pseudowires, OfVpwsAreReadToTheLast) { are_read_to_the_last(vpws, vpls, agent_fetches(1)); }
+TEST_P(Pseudowires, of_vpws_are_read_to_the_last) { are_read_to_the_last(vpws, vpls, agent_fetches(1)); }
 
 // The changed VPWS VPN has its name checked as well.
-TEST_P(Pseudowires, OfVplsAreReadToTheLast) { are_read_to_the_last(vpls, vpws, agent_fetches(1) + agent_fetches(1)); }
+TEST_P(Pseudowires, of_vpls_are_read_to_the_last) {
+  are_read_to_the_last(vpls, vpws, agent_fetches(1) + agent_fetches(1));
+}
 
 class RepeatedPwId : public Pseudowires {};
 
-TEST_P(RepeatedPwId, OfTheLastVpwsIsFound) { last_repeats_first(vpws, vpls); }
-TEST_P(RepeatedPwId, OfTheLastVplsIsFound) { last_repeats_first(vpls, vpws); }
+TEST_P(RepeatedPwId, of_the_last_vpws_is_found) { last_repeats_first(vpws, vpls); }
+TEST_P(RepeatedPwId, of_the_last_vpls_is_found) { last_repeats_first(vpls, vpws); }
 
 class MovedPwId : public Pseudowires {};
 
-TEST_P(MovedPwId, OfTheLastRunningVpwsIsFound) { takes_pw_id_of_last(vpws, vpls); }
-TEST_P(MovedPwId, OfTheLastRunningVplsIsFound) { takes_pw_id_of_last(vpls, vpws); }
+TEST_P(MovedPwId, of_the_last_running_vpws_is_found) { takes_pw_id_of_last(vpws, vpls); }
+TEST_P(MovedPwId, of_the_last_running_vpls_is_found) { takes_pw_id_of_last(vpls, vpws); }
 
 const auto kEntries = ::testing::Values(0, 1, 63, 64, 65, 127, 128, kMaxEntries);
 const auto kOneOrMore = ::testing::Values(1, 63, 64, 65, 127, 128, kMaxEntries);

@@ -46,7 +46,7 @@ void attach(element::Tree &tree, const std::string &vpn) {
 }
 
 // In a process of its own, for the first library of a name stays the first.
-TEST(SameNamesDeathTest, TheLibraryCallsItsOwnFunctions) {
+TEST(SameNamesDeathTest, the_library_calls_its_own_functions) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EXIT(decide_beside_same_names(), testing::ExitedWithCode(0),
               "^vpls-group G vpn W and vpls-group G vpn V must not be configured with the same dot1q on interface "

@@ -86,7 +86,7 @@ Names named_by_relocations(const std::string &file) {
   return names_in(output_of("readelf -rW " + file), "^[0-9a-f]+ +[0-9a-f]+ +R_\\w+ +[0-9a-f]+ +([^@\\s]+)");
 }
 
-TEST(SymbolsTest, TheHeadersAreUnderstood) {
+TEST(SymbolsTest, the_headers_are_understood) {
   const Names seam = declared_by_seam();
   for (const char *name : {"maapi_keypath_diff_iterate", "confd_trans_seterr", "qnconfd_instance_get", "fm_init",
                            "zlog", "valid_intfname", "cdb_get_objects", "qnmw_trace_register_category"}) {
@@ -94,29 +94,29 @@ TEST(SymbolsTest, TheHeadersAreUnderstood) {
   }
 }
 
-TEST(SymbolsTest, TheLibraryAsksTheHostForNothingThatTheSeamDoesNotDeclare) {
+TEST(SymbolsTest, the_library_asks_the_host_for_nothing_that_the_seam_does_not_declare) {
   if (is_sanitized) GTEST_SKIP() << "a sanitizer's runtime takes over functions of the C library, without a version";
   const Names asked = asked_of_host(PLUGIN_FILE);
   EXPECT_TRUE(asked.contains("maapi_num_instances"));
   EXPECT_EQ(without(asked, declared_by_seam()), Names{});
 }
 
-TEST(SymbolsTest, TheSeamDeclaresNothingThatNobodyUses) {
+TEST(SymbolsTest, the_seam_declares_nothing_that_nobody_uses) {
   const Names for_hosts{"confd_pp_kpath"};  // which print key paths with it
   EXPECT_EQ(without(without(declared_by_seam(), for_hosts), asked_of_host(PLUGIN_FILE)), Names{});
 }
 
-TEST(SymbolsTest, TheFourEntryPointsHaveTheirPlainNames) {
+TEST(SymbolsTest, the_four_entry_points_have_their_plain_names) {
   const Names entry_points{"lib_init", "get_validation_point", "validate", "lib_finish"};
   EXPECT_EQ(without(entry_points, defined_in(PLUGIN_FILE)), Names{});
 }
 
-TEST(SymbolsTest, TheLibraryDefinesNothingOfTheSeam) {
+TEST(SymbolsTest, the_library_defines_nothing_of_the_seam) {
   EXPECT_EQ(common(defined_in(PLUGIN_FILE), declared_by_seam()), Names{});
 }
 
 // Else a daemon or another library with a function of the same name would take a rule's place.
-TEST(SymbolsTest, NoRelocationNamesAFunctionOfTheLibrary) {
+TEST(SymbolsTest, no_relocation_names_a_function_of_the_library) {
   const Names named = named_by_relocations(PLUGIN_FILE);
   EXPECT_TRUE(named.contains("maapi_num_instances"));
   const Names own = functions_of(PLUGIN_FILE);
@@ -124,7 +124,7 @@ TEST(SymbolsTest, NoRelocationNamesAFunctionOfTheLibrary) {
   EXPECT_EQ(common(own, named), Names{});
 }
 
-TEST(SymbolsTest, TheLibraryNeedsTheRuntimeOnly) {
+TEST(SymbolsTest, the_library_needs_the_runtime_only) {
   if (is_sanitized) GTEST_SKIP() << "a sanitizer's runtime comes on top";
   const Names needed = names_in(output_of("readelf -d " PLUGIN_FILE), R"(\(NEEDED\).*\[([^\]]+)\])");
   EXPECT_FALSE(needed.empty());
@@ -132,11 +132,11 @@ TEST(SymbolsTest, TheLibraryNeedsTheRuntimeOnly) {
             Names{});
 }
 
-TEST(SymbolsTest, TheLibraryCarriesABuildId) {
+TEST(SymbolsTest, the_library_carries_a_build_id) {
   EXPECT_EQ(names_in(output_of("readelf -n " PLUGIN_FILE), "Build ID: ([0-9a-f]+)").size(), 1U);
 }
 
-TEST(SymbolsTest, TheElementsHostProvidesTheWholeSeam) {
+TEST(SymbolsTest, the_elements_host_provides_the_whole_seam) {
   EXPECT_EQ(without(declared_by_seam(), defined_in(HOST_FILE)), Names{});
 }
 

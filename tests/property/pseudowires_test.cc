@@ -100,8 +100,10 @@ void expect_naive_verdict(bool is_crowded) {
   RC_ASSERT(judge(commit) == expected);
 }
 
-RC_GTEST_PROP(PseudowireProperty, EqualsTheComparisonOfEverythingWithEverything, ()) { expect_naive_verdict(false); }
+RC_GTEST_PROP(PseudowireProperty, equals_the_comparison_of_everything_with_everything, ()) {
+  expect_naive_verdict(false);
+}
 
-RC_GTEST_PROP(PseudowireProperty, EqualsItWhereMostPseudowiresMeet, ()) { expect_naive_verdict(true); }
+RC_GTEST_PROP(PseudowireProperty, equals_it_where_most_pseudowires_meet, ()) { expect_naive_verdict(true); }
 
 }  // namespace

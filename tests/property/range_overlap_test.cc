@@ -27,8 +27,10 @@ void expect_naive_answer(bool malformed) {
   RC_CLASSIFY(expected.has_value(), "overlap");
 }
 
-RC_GTEST_PROP(RangeOverlapProperty, EqualsTheComparisonVlanByVlan, ()) { expect_naive_answer(false); }
+RC_GTEST_PROP(RangeOverlapProperty, equals_the_comparison_vlan_by_vlan, ()) { expect_naive_answer(false); }
 
-RC_GTEST_PROP(RangeOverlapProperty, ARangeWhoseMinimumIsAboveItsMaximumHoldsNoVlan, ()) { expect_naive_answer(true); }
+RC_GTEST_PROP(RangeOverlapProperty, a_range_whose_minimum_is_above_its_maximum_holds_no_vlan, ()) {
+  expect_naive_answer(true);
+}
 
 }  // namespace

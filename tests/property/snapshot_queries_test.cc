@@ -81,21 +81,21 @@ void expect_naive_answers_throughout(const crowd &of) {
   expect_naive_answers(of, snapshot);
 }
 
-RC_GTEST_PROP(SnapshotQueriesProperty, EqualTheWalkOnFewVpns, ()) { expect_naive_answers_throughout({5, 5}); }
+RC_GTEST_PROP(SnapshotQueriesProperty, equal_the_walk_on_few_vpns, ()) { expect_naive_answers_throughout({5, 5}); }
 
-RC_GTEST_PROP(SnapshotQueriesProperty, EqualTheWalkOnAPortWithManyVpns, ()) {
+RC_GTEST_PROP(SnapshotQueriesProperty, equal_the_walk_on_a_port_with_many_vpns, ()) {
   expect_naive_answers_throughout({90, 2});
 }
 
-RC_GTEST_PROP(SnapshotQueriesProperty, EqualTheWalkOnAPortWithManyRangesOfFewVpns, ()) {
+RC_GTEST_PROP(SnapshotQueriesProperty, equal_the_walk_on_a_port_with_many_ranges_of_few_vpns, ()) {
   expect_naive_answers_throughout({3, 1});
 }
 
-RC_GTEST_PROP(SnapshotQueriesProperty, EqualTheWalkOnAVpnWithManyInterfaces, ()) {
+RC_GTEST_PROP(SnapshotQueriesProperty, equal_the_walk_on_a_vpn_with_many_interfaces, ()) {
   expect_naive_answers_throughout({2, 90});
 }
 
-RC_GTEST_PROP(SnapshotQueriesProperty, EqualTheWalkOnAPortThatWasPartlyFilledByHand, ()) {
+RC_GTEST_PROP(SnapshotQueriesProperty, equal_the_walk_on_a_port_that_was_partly_filled_by_hand, ()) {
   const crowd of{90, 2};
   st_val_acc_dot1q_vpn_t snapshot;
   int recorded = 0;
@@ -109,7 +109,7 @@ RC_GTEST_PROP(SnapshotQueriesProperty, EqualTheWalkOnAPortThatWasPartlyFilledByH
   }
 }
 
-RC_GTEST_PROP(SnapshotQueriesProperty, AgreementEqualsTheWalkWhereInterfacesWereFilledByHand, ()) {
+RC_GTEST_PROP(SnapshotQueriesProperty, agreement_equals_the_walk_where_interfaces_were_filled_by_hand, ()) {
   const crowd of{2, 90};
   scripted::Platform platform;
   st_val_acc_dot1q_vpn_t snapshot;

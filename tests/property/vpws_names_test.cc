@@ -80,7 +80,7 @@ void configure(scripted::Platform &platform, const names &configured) {
   platform.list("/internal/int-vpws-group", 1, groups);
 }
 
-RC_GTEST_PROP(VpwsNameProperty, EqualsTheTestCharacterByCharacter, ()) {
+RC_GTEST_PROP(VpwsNameProperty, equals_the_test_character_by_character, ()) {
   const names configured = any_names();
   const std::string expected = first_fault(configured);
   RC_CLASSIFY(!expected.empty(), "rejected");

@@ -37,7 +37,7 @@ struct Case {
 class PointCommits : public testing::TestWithParam<Case> {};
 
 // What the point answers otherwise is in the failure's text.
-TEST_P(PointCommits, AreAcceptedByTheirPoint) {
+TEST_P(PointCommits, are_accepted_by_their_point) {
   const bench::PointCommit commit = make_point_commit(schema(), GetParam().kind, GetParam().size);
   host::HostSession session(commit.profile);
   const host::Plugin plugin(PLUGIN_FILE);
@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, PointCommits,
                                          Case{PointCommitKind::membership, 1}, Case{PointCommitKind::membership, 130}),
                          name_of);
 
-TEST(PeerCommits, HaveAsManyPseudowiresAsAskedHoweverManyAreCounted) {
+TEST(PeerCommits, have_as_many_pseudowires_as_asked_however_many_are_counted) {
   for (const std::size_t size : {100U, 1024U, 2000U}) {
     const bench::PointCommit commit = make_point_commit(schema(), PointCommitKind::peer, size);
     EXPECT_EQ(pseudowires(commit.transaction->running), size * 9 / 10);
@@ -66,13 +66,13 @@ TEST(PeerCommits, HaveAsManyPseudowiresAsAskedHoweverManyAreCounted) {
 }
 
 // The uplink's port is a member of the uplink's VLAN.
-TEST(MembershipCommits, HaveAsManyMembersAsAskedAndTheUplinks) {
+TEST(MembershipCommits, have_as_many_members_as_asked_and_the_uplinks) {
   const bench::PointCommit commit = make_point_commit(schema(), PointCommitKind::membership, 1000);
   EXPECT_EQ(members(commit.transaction->running), 901U);
   EXPECT_EQ(members(commit.transaction->candidate), 1001U);
 }
 
-TEST(PointCommitKinds, AreKnownByTheirNames) {
+TEST(PointCommitKinds, are_known_by_their_names) {
   for (const PointCommitKind kind : bench::kPointCommitKinds) EXPECT_EQ(bench::kind_named(name(kind)), kind);
   EXPECT_EQ(bench::kind_named("access"), std::nullopt);
 }

@@ -31,7 +31,7 @@ std::size_t attachments(const element::Tree &tree) {
          tree.find("/internal/int-vpws-intf-app")->children.size();
 }
 
-TEST_P(Shapes, HoldAsManyAccessInterfacesAsAsked) {
+TEST_P(Shapes, hold_as_many_access_interfaces_as_asked) {
   bench::Commit commit = this->commit();
   const auto transaction = make_transaction(std::move(commit.running), std::move(commit.candidate), commit.profile);
   EXPECT_EQ(attachments(transaction->running), size() * 9 / 10);
@@ -39,7 +39,7 @@ TEST_P(Shapes, HoldAsManyAccessInterfacesAsAsked) {
 }
 
 // Every message of a rejection is in the failure's text.
-TEST_P(Shapes, AreAcceptedWithoutAWarning) {
+TEST_P(Shapes, are_accepted_without_a_warning) {
   bench::Commit commit = this->commit();
   const auto transaction = make_transaction(std::move(commit.running), std::move(commit.candidate), commit.profile);
   host::HostSession session(commit.profile);
@@ -51,7 +51,7 @@ TEST_P(Shapes, AreAcceptedWithoutAWarning) {
     EXPECT_EQ(point.answer, host::Answer::accepted) << point.point << ": " << point.text;
 }
 
-TEST_P(Shapes, ReadBackFromTheirXmlText) {
+TEST_P(Shapes, read_back_from_their_xml_text) {
   const bench::Commit commit = this->commit();
   const element::Tree read =
       element::parse_configuration(schema(), configuration_text(commit.candidate), "candidate.xml");

@@ -29,20 +29,20 @@ const std::vector<PathCase> path_cases{
      "/mpls/l2vpn-config/l2vpn/vpls-group{vpls-group x}/vpn{red}/bridge-domain/access-interface{eth-1}"},
 };
 
-TEST(AccessConfigPathTest, IsTheNodesPathInTheFamilysTree) {
+TEST(AccessConfigPathTest, is_the_nodes_path_in_the_familys_tree) {
   for (const PathCase &row : path_cases) {
     EXPECT_EQ(build_vpn_access_config_path(static_cast<std::int32_t>(row.tag), row.group, "vpn red", "eth-1"), row.path)
         << row.tag << " of " << row.group;
   }
 }
 
-TEST(AccessConfigPathTest, TagsAreThoseOfTheDataModel) {
+TEST(AccessConfigPathTest, tags_are_those_of_the_data_model) {
   EXPECT_EQ(model_tag::dot1q, 1929881563U);
   EXPECT_EQ(model_tag::bridge_domain, 1939333436U);
   EXPECT_EQ(model_tag::access_interface, 323130157U);
 }
 
-TEST(AccessConfigPathTest, IsCutAt511Characters) {
+TEST(AccessConfigPathTest, is_cut_at_511_characters) {
   const std::string whole = "/mpls/l2vpn-config/l2vpn/vpls-group{" + std::string(600, 'g');
   EXPECT_EQ(build_vpn_access_config_path(static_cast<std::int32_t>(model_tag::bridge_domain),
                                          "vpls-group " + std::string(600, 'g'), "vpn red", "eth-1"),

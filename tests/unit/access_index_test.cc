@@ -48,7 +48,7 @@ class AccessIndexTest : public ::testing::Test {
   st_val_acc_dot1q_vpn_t snapshot;
 };
 
-TEST_F(AccessIndexTest, APortIsFoundOnceItHasARecord) {
+TEST_F(AccessIndexTest, a_port_is_found_once_it_has_a_record) {
   EXPECT_EQ(snapshot.index.find_port("eth-1", snapshot.intf_map).records, nullptr);
   crowd_port(1);
   EXPECT_EQ(snapshot.index.find_port("eth-1", snapshot.intf_map).records, &snapshot.intf_map.at("eth-1"));
@@ -56,7 +56,7 @@ TEST_F(AccessIndexTest, APortIsFoundOnceItHasARecord) {
   EXPECT_EQ(snapshot.index.find_port("eth-2", snapshot.intf_map).records, nullptr);
 }
 
-TEST_F(AccessIndexTest, ARecordKnowsAllItsRanges) {
+TEST_F(AccessIndexTest, a_record_knows_all_its_ranges) {
   for (std::uint32_t i = 1; i <= 64; ++i) record(1, 1, VLAN_CFG_ENCAP, {2 * i, 2 * i});
   record(1, 1, VLAN_CFG_ENCAP, {1000, 1010});
   ASSERT_NE(port(), nullptr);
@@ -65,7 +65,7 @@ TEST_F(AccessIndexTest, ARecordKnowsAllItsRanges) {
   EXPECT_FALSE(port()->vlans.meets({3, 3}));
 }
 
-TEST_F(AccessIndexTest, ACrowdedPortKnowsEveryVlanOnIt) {
+TEST_F(AccessIndexTest, a_crowded_port_knows_every_vlan_on_it) {
   crowd_port(40);
   ASSERT_NE(port(), nullptr);
   EXPECT_EQ(port()->records, 40U);
@@ -75,7 +75,7 @@ TEST_F(AccessIndexTest, ACrowdedPortKnowsEveryVlanOnIt) {
   EXPECT_FALSE(port()->vlans.meets({141, 4094}));
 }
 
-TEST_F(AccessIndexTest, ADroppedRangeClaimsNothing) {
+TEST_F(AccessIndexTest, a_dropped_range_claims_nothing) {
   crowd_port(40);
   record(5, 1, VLAN_CFG_ENCAP, {105, 2000});
   EXPECT_FALSE(port()->vlans.meets({141, 4094}));
@@ -83,7 +83,7 @@ TEST_F(AccessIndexTest, ADroppedRangeClaimsNothing) {
   EXPECT_TRUE(port()->vlans.meets({141, 4094}));
 }
 
-TEST_F(AccessIndexTest, ACrowdedPortFollowsWhatItsVpnsAre) {
+TEST_F(AccessIndexTest, a_crowded_port_follows_what_its_vpns_are) {
   crowd_port(40);
   EXPECT_EQ(vpns_of(port()->port_based), (Vpns{}));
   record(50, 1, VLAN_CFG_BASIC, {0, 0});
@@ -97,7 +97,7 @@ TEST_F(AccessIndexTest, ACrowdedPortFollowsWhatItsVpnsAre) {
   EXPECT_EQ(vpns_of(port()->untagged), (Vpns{}));
 }
 
-TEST_F(AccessIndexTest, ARecordThatNoSetterMadeIsWalkedUntilTheNextRecording) {
+TEST_F(AccessIndexTest, a_record_that_no_setter_made_is_walked_until_the_next_recording) {
   crowd_port(40);
   snapshot.intf_map["eth-1"][key(60)].dot1q_ranges.insert({2000, 2000});
   EXPECT_EQ(port(), nullptr);
@@ -106,13 +106,13 @@ TEST_F(AccessIndexTest, ARecordThatNoSetterMadeIsWalkedUntilTheNextRecording) {
   EXPECT_TRUE(port()->vlans.meets({2000, 2000}));
 }
 
-TEST_F(AccessIndexTest, APortThatWasFilledByHandIsWalked) {
+TEST_F(AccessIndexTest, a_port_that_was_filled_by_hand_is_walked) {
   for (int i = 1; i <= 40; ++i) snapshot.intf_map["eth-1"][key(i)].dot1q_ranges.insert({1, 1});
   EXPECT_EQ(port(), nullptr);
 }
 
 // It would point into the original's maps.
-TEST_F(AccessIndexTest, ACopyIsWalkedUntilTheNextRecording) {
+TEST_F(AccessIndexTest, a_copy_is_walked_until_the_next_recording) {
   crowd_port(40);
   st_val_acc_dot1q_vpn_t copy = snapshot;
   const access_index_t::port_t copied = copy.index.find_port("eth-1", copy.intf_map);
@@ -124,7 +124,7 @@ TEST_F(AccessIndexTest, ACopyIsWalkedUntilTheNextRecording) {
   EXPECT_FALSE(port()->vlans.meets({3000, 3000}));
 }
 
-TEST_F(AccessIndexTest, WhatWasMovedKeepsItsIndexAndLeavesAnEmptyOne) {
+TEST_F(AccessIndexTest, what_was_moved_keeps_its_index_and_leaves_an_empty_one) {
   crowd_port(40);
   const st_val_acc_dot1q_vpn_t moved = std::move(snapshot);
   EXPECT_NE(moved.index.find_port("eth-1", moved.intf_map).index, nullptr);
@@ -133,7 +133,7 @@ TEST_F(AccessIndexTest, WhatWasMovedKeepsItsIndexAndLeavesAnEmptyOne) {
   EXPECT_EQ(port()->records, 2U);
 }
 
-TEST_F(AccessIndexTest, AChangeThatNoSetterMadeIsFound) {
+TEST_F(AccessIndexTest, a_change_that_no_setter_made_is_found) {
   set_vpn_mop(kGroup, vpn(1), "eth-1", 1, snapshot);
   snapshot.mop_map[{kGroup, vpn(2), "eth-1"}] = 3;
   EXPECT_EQ(get_vpn_mop(kGroup, vpn(1), "eth-1", snapshot), 1);
@@ -144,7 +144,7 @@ TEST_F(AccessIndexTest, AChangeThatNoSetterMadeIsFound) {
   EXPECT_EQ(get_vpn_mop(kGroup, vpn(3), "eth-1", snapshot), 4);
 }
 
-TEST_F(AccessIndexTest, OneInterfaceThatDiffersIsKnown) {
+TEST_F(AccessIndexTest, one_interface_that_differs_is_known) {
   spread_vpn(40, false);
   EXPECT_TRUE(agrees(1, false));
   set_vpn_encap_cfg(kGroup, vpn(1), "eth-7", true, snapshot);
@@ -154,7 +154,7 @@ TEST_F(AccessIndexTest, OneInterfaceThatDiffersIsKnown) {
   EXPECT_TRUE(agrees(1, false));
 }
 
-TEST_F(AccessIndexTest, VpnsAreCountedApart) {
+TEST_F(AccessIndexTest, vpns_are_counted_apart) {
   spread_vpn(40, false);
   set_vpn_encap_cfg(kGroup, vpn(2), "eth-7", true, snapshot);
   EXPECT_TRUE(agrees(1, false));
@@ -162,7 +162,7 @@ TEST_F(AccessIndexTest, VpnsAreCountedApart) {
   EXPECT_FALSE(agrees(3, true)) << "of a VPN without an interface nothing is known";
 }
 
-TEST_F(AccessIndexTest, AnInterfaceThatNoSetterMadeIsUncertainUntilTheNextRecording) {
+TEST_F(AccessIndexTest, an_interface_that_no_setter_made_is_uncertain_until_the_next_recording) {
   spread_vpn(40, false);
   snapshot.intf_map["eth-by-hand"][key(1)].encap_cfg = true;
   EXPECT_FALSE(agrees(1, false));

@@ -16,13 +16,13 @@ class VplsMaxAccessInterfacesTest : public AccessTest {
   }
 };
 
-TEST_F(VplsMaxAccessInterfacesTest, AsManyAsTheMaximumPass) {
+TEST_F(VplsMaxAccessInterfacesTest, as_many_as_the_maximum_pass) {
   configure(2);
   EXPECT_FALSE(is_exceeded(2));
   EXPECT_EQ(platform.calls(), Calls{std::string("maapi_num_instances ") + kAccessList});
 }
 
-TEST_F(VplsMaxAccessInterfacesTest, OneMoreExceedsIt) {
+TEST_F(VplsMaxAccessInterfacesTest, one_more_exceeds_it) {
   configure(3);
   EXPECT_TRUE(is_exceeded(2));
   EXPECT_EQ(platform.errors(),
@@ -30,20 +30,20 @@ TEST_F(VplsMaxAccessInterfacesTest, OneMoreExceedsIt) {
                 "Maximum number of access-interfaces has been exceeded. Attempt to configure 3 of 2 allowed"});
 }
 
-TEST_F(VplsMaxAccessInterfacesTest, AMaximumThatWasNeverReadIsExceededByNone) {
+TEST_F(VplsMaxAccessInterfacesTest, a_maximum_that_was_never_read_is_exceeded_by_none) {
   configure(0);
   EXPECT_TRUE(is_exceeded(-1));
   EXPECT_EQ(platform.error(),
             "Maximum number of access-interfaces has been exceeded. Attempt to configure 0 of -1 allowed");
 }
 
-TEST_F(VplsMaxAccessInterfacesTest, AFailedCountIsTakenAsTheNumberItIs) {
+TEST_F(VplsMaxAccessInterfacesTest, a_failed_count_is_taken_as_the_number_it_is) {
   configure(3);
   fail_only("maapi_num_instances", 1);
   EXPECT_FALSE(is_exceeded(-1));
 }
 
-TEST_F(VplsMaxAccessInterfacesTest, AnIdBeyondTheSignedNumbersIsWrittenAsANegativeOne) {
+TEST_F(VplsMaxAccessInterfacesTest, an_id_beyond_the_signed_numbers_is_written_as_a_negative_one) {
   config_validate_vpls_max_access_interfaces(sock(), tctx(), "north", "red", 0xFFFFFFFF, 1);
   EXPECT_EQ(platform.calls(),
             Calls{"maapi_num_instances /internal/int-vpls-group{north}/int-vpls-vpn{red -1}/int-vpls-bd/int-vpls-ac"});

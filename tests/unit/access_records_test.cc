@@ -31,21 +31,21 @@ const std::vector<RangeOrderCase> range_order_cases{
     {{5, 4}, {5, 5}, true, false},
 };
 
-TEST(RangeOrderTest, ComparesWithTheMinimumOfTheRightHandRange) {
+TEST(RangeOrderTest, compares_with_the_minimum_of_the_right_hand_range) {
   for (const RangeOrderCase &row : range_order_cases) {
     EXPECT_EQ(row.a < row.b, row.a_is_less) << row.a << " < " << row.b;
     EXPECT_EQ(row.b < row.a, row.b_is_less) << row.b << " < " << row.a;
   }
 }
 
-TEST(RangeOrderTest, ASetKeepsTheFirstRangeOfAMinimum) {
+TEST(RangeOrderTest, a_set_keeps_the_first_range_of_a_minimum) {
   const std::set<st_acc_dot1q_range_t> wide_last{{5, 9}, {5, 30}, {6, 7}};
   EXPECT_EQ(Ranges(wide_last.begin(), wide_last.end()), (Ranges{{5, 9}, {6, 7}}));
   const std::set<st_acc_dot1q_range_t> wide_first{{6, 7}, {5, 30}, {5, 9}};
   EXPECT_EQ(Ranges(wide_first.begin(), wide_first.end()), (Ranges{{5, 30}, {6, 7}}));
 }
 
-TEST(RangeTest, IsWithoutVlanWhenBothEndsAreZero) {
+TEST(RangeTest, is_without_vlan_when_both_ends_are_zero) {
   EXPECT_TRUE(is_without_vlan({0, 0}));
   EXPECT_FALSE(is_without_vlan({0, 1}));
   EXPECT_FALSE(is_without_vlan({1, 0}));
@@ -65,7 +65,7 @@ const std::vector<KeyOrderCase> key_order_cases{
     {{"vpls-group A", "vpn 10", VPN_TYPE_VPLS}, {"vpls-group A", "vpn 9", VPN_TYPE_VPLS}},
 };
 
-TEST(KeyOrderTest, IsGroupThenVpnThenType) {
+TEST(KeyOrderTest, is_group_then_vpn_then_type) {
   for (const KeyOrderCase &row : key_order_cases) {
     SCOPED_TRACE(::testing::Message() << row.lesser << " and " << row.greater);
     EXPECT_TRUE(row.lesser < row.greater);
@@ -95,21 +95,21 @@ const std::vector<KeyTypeCase> key_type_cases{
     {"vpws-group xvpls-group ", VPN_TYPE_VPLS},
 };
 
-TEST(KeyTest, TakesTheTypeFromTheGroupsName) {
+TEST(KeyTest, takes_the_type_from_the_groups_name) {
   for (const KeyTypeCase &row : key_type_cases) {
     EXPECT_EQ(make_group_vpn_id(row.group, "vpn X"), (group_vpn_id_t{row.group, "vpn X", row.type})) << row.group;
   }
 }
 
-TEST(KeyTest, StartsWithEmptyNames) {
+TEST(KeyTest, starts_with_empty_names) {
   const group_vpn_id_t key;
   EXPECT_EQ(key.group_name, "");
   EXPECT_EQ(key.vpn_name, "");
 }
 
-TEST(RecordTest, StartsWithoutRanges) { EXPECT_TRUE(acc_intf_vpn_info_t{}.dot1q_ranges.empty()); }
+TEST(RecordTest, starts_without_ranges) { EXPECT_TRUE(acc_intf_vpn_info_t{}.dot1q_ranges.empty()); }
 
-TEST(EnumerationTest, NumbersAreTheDataModels) {
+TEST(EnumerationTest, numbers_are_the_data_models) {
   EXPECT_EQ(VPN_TYPE_VPWS, 0);
   EXPECT_EQ(VPN_TYPE_VPLS, 1);
   EXPECT_EQ(VLAN_CFG_BASIC, 0);

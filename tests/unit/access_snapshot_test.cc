@@ -40,7 +40,7 @@ const std::vector<RecordingCase> recording_cases{
     {"a dropped range still decides the flag", {{VLAN_CFG_ENCAP, {7, 9}}, {VLAN_CFG_BASIC, {7, 7}}}, {{{7, 9}}, false}},
 };
 
-TEST_F(AccessSnapshotTest, AnAttachmentHoldsItsRangesAndTheSourceOfTheLast) {
+TEST_F(AccessSnapshotTest, an_attachment_holds_its_ranges_and_the_source_of_the_last) {
   for (const RecordingCase &row : recording_cases) {
     SCOPED_TRACE(row.name);
     snapshot = {};
@@ -51,7 +51,7 @@ TEST_F(AccessSnapshotTest, AnAttachmentHoldsItsRangesAndTheSourceOfTheLast) {
   }
 }
 
-TEST_F(AccessSnapshotTest, VpnsOfBothFamiliesAreTwoKeysOfOneInterface) {
+TEST_F(AccessSnapshotTest, vpns_of_both_families_are_two_keys_of_one_interface) {
   record_vlan("vpws-group A", "vpn X", "eth-1", 20);
   record_vlan("vpls-group A", "vpn X", "eth-1", 10);
   ASSERT_EQ(snapshot.intf_map.size(), 1U);
@@ -63,37 +63,37 @@ TEST_F(AccessSnapshotTest, VpnsOfBothFamiliesAreTwoKeysOfOneInterface) {
   EXPECT_EQ(vpns.rbegin()->first.vpn_type, VPN_TYPE_VPWS);
 }
 
-TEST_F(AccessSnapshotTest, OneVpnOnTwoInterfacesIsTwoAttachments) {
+TEST_F(AccessSnapshotTest, one_vpn_on_two_interfaces_is_two_attachments) {
   record_vlan(group, vpn, "eth-1", 10);
   record_vlan(group, vpn, "eth-2", 20);
   EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{"eth-1 vpls-group north vpn red", {{{10, 10}}, false}},
                                                        {"eth-2 vpls-group north vpn red", {{{20, 20}}, false}}}));
 }
 
-TEST_F(AccessSnapshotTest, TheFlagAloneCreatesAnAttachmentWithoutRanges) {
+TEST_F(AccessSnapshotTest, the_flag_alone_creates_an_attachment_without_ranges) {
   set_vpn_encap_cfg(group, vpn, "eth-1", true, snapshot);
   EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{"eth-1 vpls-group north vpn red", {{}, true}}}));
 }
 
-TEST_F(AccessSnapshotTest, TheFlagAloneLeavesTheRanges) {
+TEST_F(AccessSnapshotTest, the_flag_alone_leaves_the_ranges) {
   record_vlan(group, vpn, "eth-1", 10);
   set_vpn_encap_cfg(group, vpn, "eth-1", true, snapshot);
   EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{"eth-1 vpls-group north vpn red", {{{10, 10}}, true}}}));
 }
 
-TEST_F(AccessSnapshotTest, TheFirstChangeOperationOfAnAttachmentStays) {
+TEST_F(AccessSnapshotTest, the_first_change_operation_of_an_attachment_stays) {
   set_vpn_mop(group, vpn, "eth-1", MOP_CREATED, snapshot);
   set_vpn_mop(group, vpn, "eth-1", MOP_MODIFIED, snapshot);
   EXPECT_EQ(get_vpn_mop(group, vpn, "eth-1", snapshot), MOP_CREATED);
 }
 
-TEST_F(AccessSnapshotTest, AnOperationThatIsNoneStaysToo) {
+TEST_F(AccessSnapshotTest, an_operation_that_is_none_stays_too) {
   set_vpn_mop(group, vpn, "eth-1", 0, snapshot);
   set_vpn_mop(group, vpn, "eth-1", MOP_CREATED, snapshot);
   EXPECT_EQ(get_vpn_mop(group, vpn, "eth-1", snapshot), 0);
 }
 
-TEST_F(AccessSnapshotTest, AnAttachmentWithoutAChangeOperationHasNone) {
+TEST_F(AccessSnapshotTest, an_attachment_without_a_change_operation_has_none) {
   set_vpn_mop(group, vpn, "eth-1", MOP_CREATED, snapshot);
   EXPECT_EQ(get_vpn_mop(group, vpn, "eth-2", snapshot), 0);
   EXPECT_EQ(get_vpn_mop(group, "vpn blue", "eth-1", snapshot), 0);
@@ -101,7 +101,7 @@ TEST_F(AccessSnapshotTest, AnAttachmentWithoutAChangeOperationHasNone) {
   EXPECT_EQ(snapshot.mop_map.size(), 1U);
 }
 
-TEST_F(AccessSnapshotTest, ARecordedVpnIsATransparentLanServiceWhateverItsSetting) {
+TEST_F(AccessSnapshotTest, a_recorded_vpn_is_a_transparent_lan_service_whatever_its_setting) {
   for (const std::int32_t setting : {0, 1, 2, -1}) {
     SCOPED_TRACE(setting);
     snapshot = {};
@@ -112,7 +112,7 @@ TEST_F(AccessSnapshotTest, ARecordedVpnIsATransparentLanServiceWhateverItsSettin
   }
 }
 
-TEST_F(AccessSnapshotTest, AVpnThatIsAlreadyInTheMapKeepsItsEntry) {
+TEST_F(AccessSnapshotTest, a_vpn_that_is_already_in_the_map_keeps_its_entry) {
   snapshot.tls_map[{group, vpn}] = false;
   set_vpls_tls(group, vpn, 1, snapshot);
   EXPECT_FALSE(get_vpls_tls(group, vpn, snapshot));

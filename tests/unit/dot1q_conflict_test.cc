@@ -115,7 +115,7 @@ const std::vector<ConflictCase> conflict_cases{
 
 class Dot1qConflictTableTest : public Dot1qConflictTest, public ::testing::WithParamInterface<ConflictCase> {};
 
-TEST_P(Dot1qConflictTableTest, Decides) {
+TEST_P(Dot1qConflictTableTest, decides) {
   const ConflictCase &row = GetParam();
   for (const Record &r : row.records) record(r.group, r.vpn, r.interface, r.source, r.range);
 

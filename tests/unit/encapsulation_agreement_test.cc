@@ -51,7 +51,7 @@ class EncapsulationAgreementTest : public AccessTest, public ::testing::WithPara
   }
 };
 
-TEST_P(EncapsulationAgreementTest, AllInterfacesOfAVpnHaveAnEncapsulationOrNone) {
+TEST_P(EncapsulationAgreementTest, all_interfaces_of_a_vpn_have_an_encapsulation_or_none) {
   const st_val_acc_dot1q_vpn_t bystanders = snapshot;
   for (const AgreementCase &row : agreement_cases) {
     SCOPED_TRACE(row.name);
@@ -72,12 +72,12 @@ TEST_P(EncapsulationAgreementTest, AllInterfacesOfAVpnHaveAnEncapsulationOrNone)
   }
 }
 
-TEST_P(EncapsulationAgreementTest, TheConfigurationIsNotRead) {
+TEST_P(EncapsulationAgreementTest, the_configuration_is_not_read) {
   verdict(true);
   EXPECT_EQ(platform.calls(), Calls{});
 }
 
-TEST_P(EncapsulationAgreementTest, RangesOfTheInterfaceStay) {
+TEST_P(EncapsulationAgreementTest, ranges_of_the_interface_stay) {
   record_vlan("vpls-group north", "vpn red", "eth-2", 10);
   EXPECT_EQ(verdict(true), 0);
   EXPECT_EQ(recorded().at("eth-2 vpls-group north vpn red"), (Claims{{{10, 10}}, true}));

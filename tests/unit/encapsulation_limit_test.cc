@@ -101,7 +101,7 @@ const std::vector<LimitCase> limit_cases{
 
 class SelectiveEncapsulationLimitTest : public AccessTest, public ::testing::WithParamInterface<LimitCase> {};
 
-TEST_P(SelectiveEncapsulationLimitTest, CountsVlansAndRanges) {
+TEST_P(SelectiveEncapsulationLimitTest, counts_vlans_and_ranges) {
   const LimitCase &row = GetParam();
   for (const Attachment &one : row.attachments) {
     for (const auto &[first, last] : one.ranges) {
@@ -123,7 +123,7 @@ TEST_P(SelectiveEncapsulationLimitTest, CountsVlansAndRanges) {
 
 INSTANTIATE_TEST_SUITE_P(Limits, SelectiveEncapsulationLimitTest, ::testing::ValuesIn(limit_cases));
 
-TEST_F(AccessTest, WithoutAnyEncapsulationTheCardIsNotAskedForItsSelectiveEncapsulation) {
+TEST_F(AccessTest, without_any_encapsulation_the_card_is_not_asked_for_its_selective_encapsulation) {
   for (std::uint32_t i = 0; i < 20; ++i) record("vpls-group north", "vpn red", "eth-1", VLAN_CFG_BASIC, {10 + i, 900});
   EXPECT_EQ(config_validate_select_encap_limit(sock(), tctx(), snapshot), 0);
   EXPECT_EQ(platform.calls(), Calls{});
@@ -141,7 +141,7 @@ const std::vector<CardFaultCase> card_fault_cases{
     {"fm_scalar_card_selective_encapsulation_max_vlan_ranges", too_many_ranges("1 of 0")},
 };
 
-TEST_F(AccessTest, AFailedReadOfTheCardLeavesALimitOfZero) {
+TEST_F(AccessTest, a_failed_read_of_the_card_leaves_a_limit_of_zero) {
   platform.limits.encapsulation_entries = 10;
   platform.limits.encapsulation_ranges = 10;
   record("vpls-group north", "vpn red", "eth-1", VLAN_CFG_ENCAP, {10, 20});

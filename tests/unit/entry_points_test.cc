@@ -27,7 +27,7 @@ const std::vector<NameCase> name_cases{
     {INT32_MIN, nullptr},
 };
 
-TEST(ValidationPointNameTest, IsCutToTheBuffer) {
+TEST(ValidationPointNameTest, is_cut_to_the_buffer) {
   for (const NameCase &row : name_cases) {
     SCOPED_TRACE(row.length);
     const std::string untouched(64, '#');
@@ -55,7 +55,7 @@ Calls operator+(Calls first, const Calls &second) {
   return first;
 }
 
-TEST_F(LibInitTest, ReadsBothLimitsTheVpnLimitFirst) {
+TEST_F(LibInitTest, reads_both_limits_the_vpn_limit_first) {
   platform.limits.vpn_max = 128;
   platform.limits.access_ports = 64;
   EXPECT_EQ(lib_init(&state), 0);
@@ -64,7 +64,7 @@ TEST_F(LibInitTest, ReadsBothLimitsTheVpnLimitFirst) {
   EXPECT_EQ(platform.calls(), reads_vpn_limit + reads_access_limit);
 }
 
-TEST_F(LibInitTest, ZeroesTheHostsWord) {
+TEST_F(LibInitTest, zeroes_the_hosts_word) {
   int something = 0;
   state = &something;
   EXPECT_EQ(lib_init(&state), 0);
@@ -72,7 +72,7 @@ TEST_F(LibInitTest, ZeroesTheHostsWord) {
   EXPECT_EQ(lib_finish(&state), 0);
 }
 
-TEST_F(LibInitTest, ReadsALimitOnlyOnce) {
+TEST_F(LibInitTest, reads_a_limit_only_once) {
   platform.limits = {128, 64, {}, {}};
   lib_init(&state);
   platform.forget_calls();
@@ -84,7 +84,7 @@ TEST_F(LibInitTest, ReadsALimitOnlyOnce) {
   EXPECT_EQ(platform_limits.vpls_max_ac_itf, 64U);
 }
 
-TEST_F(LibInitTest, ReadsAZeroLimitOnlyOnce) {
+TEST_F(LibInitTest, reads_a_zero_limit_only_once) {
   platform.limits = {0, 0, {}, {}};
   lib_init(&state);
   platform.forget_calls();
@@ -93,7 +93,7 @@ TEST_F(LibInitTest, ReadsAZeroLimitOnlyOnce) {
   EXPECT_EQ(platform_limits.vpn_max, 0U);
 }
 
-TEST_F(LibInitTest, ReadsALimitAnewThatWasNotRead) {
+TEST_F(LibInitTest, reads_a_limit_anew_that_was_not_read) {
   platform.limits = {{}, 64, {}, {}};
   EXPECT_EQ(lib_init(&state), 0);
   EXPECT_EQ(platform_limits.vpn_max, kLimitNotRead);
@@ -106,7 +106,7 @@ TEST_F(LibInitTest, ReadsALimitAnewThatWasNotRead) {
   EXPECT_EQ(platform_limits.vpn_max, 128U);
 }
 
-TEST_F(LibInitTest, LooksAtNoStatus) {
+TEST_F(LibInitTest, looks_at_no_status) {
   platform.limits = {128, 64, {}, {}};
   platform.fail("fm_init", 1);
   platform.fail("fm_local_slot", 2);
@@ -116,7 +116,7 @@ TEST_F(LibInitTest, LooksAtNoStatus) {
   EXPECT_EQ(platform_limits.vpls_max_ac_itf, kLimitNotRead) << "the card answers for its own slot only";
 }
 
-TEST(LibFinishTest, TellsWhetherTheHostAlteredTheWord) {
+TEST(LibFinishTest, tells_whether_the_host_altered_the_word) {
   int something = 0;
   void *state = nullptr;
   EXPECT_EQ(lib_finish(&state), 0);
@@ -141,7 +141,7 @@ class ValidateTest : public scripted::PlatformTest {
   int private_data = 0;
 };
 
-TEST_F(ValidateTest, CallsThePointsHandlerWithTheSocketOfTheMiddleware) {
+TEST_F(ValidateTest, calls_the_points_handler_with_the_socket_of_the_middleware) {
   EXPECT_EQ(verdict_at("vpn_overflow_valp"), -1);
   EXPECT_EQ(platform.error(), "Maximum number of VPNs has been exceeded. Attempt to configure 1 of 0 allowed");
   EXPECT_EQ(platform.context().v_opaque, nullptr);
@@ -149,9 +149,11 @@ TEST_F(ValidateTest, CallsThePointsHandlerWithTheSocketOfTheMiddleware) {
   EXPECT_EQ(platform.calls().front(), "qnconfd_maapi_socket_get");
 }
 
-TEST_F(ValidateTest, ANameThatOnlyBeginsWithAPointsNameReachesIt) { EXPECT_EQ(verdict_at("vpn_overflow_valp2"), -1); }
+TEST_F(ValidateTest, a_name_that_only_begins_with_a_points_name_reaches_it) {
+  EXPECT_EQ(verdict_at("vpn_overflow_valp2"), -1);
+}
 
-TEST_F(ValidateTest, AcceptsAnUnknownPointWithoutAWord) {
+TEST_F(ValidateTest, accepts_an_unknown_point_without_a_word) {
   for (const char *point : {"", "vpn_overflow_val", "no_such_valp"}) {
     SCOPED_TRACE(point);
     platform.forget_calls();
@@ -162,7 +164,7 @@ TEST_F(ValidateTest, AcceptsAnUnknownPointWithoutAWord) {
   }
 }
 
-TEST_F(ValidateTest, HandsAFailedSocketToTheHandlerAsItIs) {
+TEST_F(ValidateTest, hands_a_failed_socket_to_the_handler_as_it_is) {
   platform.fail("qnconfd_maapi_socket_get", 1);
   EXPECT_EQ(verdict_at("vpn_overflow_valp"), 0) << "-1 and -1 VPNs are not more than 0";
   EXPECT_EQ(platform.count("maapi_num_instances"), 2U);

@@ -18,7 +18,7 @@ class InterfaceEncapsulationTest : public AccessTest {
   bool untagged() { return is_configured_untagged(sock(), tctx(), kUntagged); }
 };
 
-TEST_F(InterfaceEncapsulationTest, UntaggedIsTheSettingOne) {
+TEST_F(InterfaceEncapsulationTest, untagged_is_the_setting_one) {
   for (const auto &[setting, is_untagged] : std::map<int, bool>{{0, false}, {1, true}, {2, false}}) {
     SCOPED_TRACE(setting);
     platform.leaf(kUntagged, enum_value(setting));
@@ -26,12 +26,12 @@ TEST_F(InterfaceEncapsulationTest, UntaggedIsTheSettingOne) {
   }
 }
 
-TEST_F(InterfaceEncapsulationTest, ALeafThatIsNotThereIsNotRead) {
+TEST_F(InterfaceEncapsulationTest, a_leaf_that_is_not_there_is_not_read) {
   EXPECT_FALSE(untagged());
   EXPECT_EQ(platform.calls(), Calls{std::string("maapi_exists ") + kUntagged});
 }
 
-TEST_F(InterfaceEncapsulationTest, AFailedReadIsNotUntagged) {
+TEST_F(InterfaceEncapsulationTest, a_failed_read_is_not_untagged) {
   platform.leaf(kUntagged, enum_value(1));
   for (const char *function : {"maapi_exists", "maapi_get_enum_value_elem"}) {
     SCOPED_TRACE(function);
@@ -43,7 +43,7 @@ TEST_F(InterfaceEncapsulationTest, AFailedReadIsNotUntagged) {
   EXPECT_EQ(platform.count("maapi_get_enum_value_elem"), 0U) << "a failed existence check says no";
 }
 
-TEST_F(InterfaceEncapsulationTest, RangesAreReadAtOnce) {
+TEST_F(InterfaceEncapsulationTest, ranges_are_read_at_once) {
   platform.list(kRanges, 2, {{u32(10), u32(20)}, {u32(30), u32(40)}});
   {
     const encap_ranges_t ranges(sock(), tctx(), kRanges);
@@ -58,13 +58,13 @@ TEST_F(InterfaceEncapsulationTest, RangesAreReadAtOnce) {
                                      "maapi_get_objects " + list + " 2x2", "maapi_destroy_cursor " + list}));
 }
 
-TEST_F(InterfaceEncapsulationTest, AListWithoutRangesIsReadAsNone) {
+TEST_F(InterfaceEncapsulationTest, a_list_without_ranges_is_read_as_none) {
   const encap_ranges_t ranges(sock(), tctx(), kRanges);
   EXPECT_TRUE(ranges.is_read());
   EXPECT_EQ(ranges.size(), 0);
 }
 
-TEST_F(InterfaceEncapsulationTest, RangesThatWentBetweenTheCountAndTheFetchAreNotThere) {
+TEST_F(InterfaceEncapsulationTest, ranges_that_went_between_the_count_and_the_fetch_are_not_there) {
   platform.list(kRanges, 2, {{u32(10), u32(20)}});
   platform.count_as(kRanges, 3);
   const encap_ranges_t ranges(sock(), tctx(), kRanges);
@@ -74,7 +74,7 @@ TEST_F(InterfaceEncapsulationTest, RangesThatWentBetweenTheCountAndTheFetchAreNo
   EXPECT_EQ(calls_of({"maapi_get_objects"}), Calls{std::string("maapi_get_objects ") + kRanges + " 3x2"});
 }
 
-TEST_F(InterfaceEncapsulationTest, AFailedFetchIsToldAndClosesItsCursor) {
+TEST_F(InterfaceEncapsulationTest, a_failed_fetch_is_told_and_closes_its_cursor) {
   platform.list(kRanges, 2, {{u32(10), u32(20)}});
   for (const char *function : {"maapi_init_cursor", "maapi_get_objects"}) {
     SCOPED_TRACE(function);
@@ -84,7 +84,7 @@ TEST_F(InterfaceEncapsulationTest, AFailedFetchIsToldAndClosesItsCursor) {
   }
 }
 
-TEST_F(InterfaceEncapsulationTest, AFailedCountThrowsBeforeTheCursorIsOpened) {
+TEST_F(InterfaceEncapsulationTest, a_failed_count_throws_before_the_cursor_is_opened) {
   fail_only("maapi_num_instances", 1);
   EXPECT_THROW(encap_ranges_t(sock(), tctx(), kRanges), std::bad_array_new_length);
   EXPECT_EQ(platform.calls(), Calls{std::string("maapi_num_instances ") + kRanges});

@@ -6,7 +6,7 @@ namespace {
 
 using InterfaceIdentifiersTest = scripted::PlatformTest;
 
-TEST_F(InterfaceIdentifiersTest, GoFromNameToIfindexAndBack) {
+TEST_F(InterfaceIdentifiersTest, go_from_name_to_ifindex_and_back) {
   platform.interface("eth-1", 0xFFFFFFFF, -5);
 
   EXPECT_EQ(get_limid_by_intf_name("eth-1"), 0xFFFFFFFF);
@@ -17,14 +17,14 @@ TEST_F(InterfaceIdentifiersTest, GoFromNameToIfindexAndBack) {
                                                         "limid_from_ifindex -5", "limid_to_intfname 4294967295"}));
 }
 
-TEST_F(InterfaceIdentifiersTest, AnUnknownIdentifierYieldsNothing) {
+TEST_F(InterfaceIdentifiersTest, an_unknown_identifier_yields_nothing) {
   EXPECT_EQ(get_limid_by_intf_name("eth-9"), 0U);
   EXPECT_EQ(get_ifindex_by_limid(9), 0);
   EXPECT_EQ(get_limid_by_ifindex(9), 0U);
   EXPECT_EQ(get_intf_name_by_limid(9), "");
 }
 
-TEST_F(InterfaceIdentifiersTest, ANameHasAtMost63Characters) {
+TEST_F(InterfaceIdentifiersTest, a_name_has_at_most_63_characters) {
   platform.interface(std::string(63, 'a'), 1, 1);
   platform.interface(std::string(64, 'b'), 2, 2);
 

@@ -21,7 +21,7 @@ class PwOverflowTest : public scripted::PlatformTest {
   std::int32_t verdict() { return config_validate_pw_overflow(platform.socket(), &platform.context()); }
 };
 
-TEST_F(PwOverflowTest, AcceptsUpTo1024Pseudowires) {
+TEST_F(PwOverflowTest, accepts_up_to_1024_pseudowires) {
   for (const std::uint32_t pseudowires : {0U, 1U, 1023U, 1024U}) {
     SCOPED_TRACE(pseudowires);
     configure(pseudowires);
@@ -30,21 +30,21 @@ TEST_F(PwOverflowTest, AcceptsUpTo1024Pseudowires) {
   EXPECT_EQ(platform.errors(), std::vector<std::string>{});
 }
 
-TEST_F(PwOverflowTest, RejectsThe1025th) {
+TEST_F(PwOverflowTest, rejects_the_1025th) {
   configure(1025);
   EXPECT_EQ(verdict(), -1);
   EXPECT_EQ(platform.error(),
             "Maximum number of neighbors has been exceeded. Attempt to configure 1025 of 1024 allowed");
 }
 
-TEST_F(PwOverflowTest, AcceptsWhenTheCountFails) {
+TEST_F(PwOverflowTest, accepts_when_the_count_fails) {
   configure(1025);
   platform.fail("maapi_num_instances", 1);
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.errors(), std::vector<std::string>{});
 }
 
-TEST_F(PwOverflowTest, CountsThePseudowireTableOnceAndReadsNothingElse) {
+TEST_F(PwOverflowTest, counts_the_pseudowire_table_once_and_reads_nothing_else) {
   configure(3);
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.calls(), Calls{std::string("maapi_num_instances ") + scripted::kPseudowireTable});

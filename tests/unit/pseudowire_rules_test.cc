@@ -88,7 +88,7 @@ const std::vector<BatchCase> batch_cases{
     {129, 3, {"64x6 from 0", "64x6 from 64", "1x6 from 128"}},
 };
 
-TEST_P(PseudowireListTest, ReadsTheTransactionInBatchesUntilTheListEnds) {
+TEST_P(PseudowireListTest, reads_the_transaction_in_batches_until_the_list_ends) {
   for (const BatchCase &row : batch_cases) {
     SCOPED_TRACE(row.entries);
     configure(platform.candidate(), numbered(row.entries));
@@ -105,7 +105,7 @@ TEST_P(PseudowireListTest, ReadsTheTransactionInBatchesUntilTheListEnds) {
   }
 }
 
-TEST_P(PseudowireListTest, ReadsTheRunningConfigurationInBatchesAndNeverPastItsEnd) {
+TEST_P(PseudowireListTest, reads_the_running_configuration_in_batches_and_never_past_its_end) {
   for (const BatchCase &row : batch_cases) {
     SCOPED_TRACE(row.entries);
     configure(platform.running(), numbered(row.entries));
@@ -122,7 +122,7 @@ TEST_P(PseudowireListTest, ReadsTheRunningConfigurationInBatchesAndNeverPastItsE
   }
 }
 
-TEST_P(PseudowireListTest, ReadsEachConfigurationFromItsOwnDatastore) {
+TEST_P(PseudowireListTest, reads_each_configuration_from_its_own_datastore) {
   configure(platform.candidate(), {{"north", "east", "10.0.0.1", 1}});
   configure(platform.running(), {{"south", "west", "10.0.0.2", 2}});
   EXPECT_EQ(collect_committing(), 0);
@@ -131,7 +131,7 @@ TEST_P(PseudowireListTest, ReadsEachConfigurationFromItsOwnDatastore) {
   EXPECT_EQ(running, pw_map({{"south", "west", "10.0.0.2", 2}}));
 }
 
-TEST_P(PseudowireListTest, AddsToWhatTheMapHolds) {
+TEST_P(PseudowireListTest, adds_to_what_the_map_holds) {
   configure(platform.candidate(), {{"north", "east", "10.0.0.1", 1}});
   configure(platform.running(), {{"north", "east", "10.0.0.1", 1}});
   committing = running = pw_map({{"south", "west", "10.0.0.1", 2}});
@@ -141,7 +141,7 @@ TEST_P(PseudowireListTest, AddsToWhatTheMapHolds) {
   EXPECT_EQ(running, committing);
 }
 
-TEST_P(PseudowireListTest, RejectsAPwIdThatTheNeighborAlreadyHasInTheMap) {
+TEST_P(PseudowireListTest, rejects_a_pw_id_that_the_neighbor_already_has_in_the_map) {
   configure(platform.candidate(), {{"north", "east", "10.0.0.1", 100}});
   committing = pw_map({{"south", "west", "10.0.0.1", 100}});
   EXPECT_EQ(collect_committing(), -1);
@@ -149,21 +149,21 @@ TEST_P(PseudowireListTest, RejectsAPwIdThatTheNeighborAlreadyHasInTheMap) {
   EXPECT_EQ(committing, pw_map({{"south", "west", "10.0.0.1", 100}})) << "the first user stays";
 }
 
-TEST_P(PseudowireListTest, AcceptsTheSamePwIdTowardsAnotherNeighbor) {
+TEST_P(PseudowireListTest, accepts_the_same_pw_id_towards_another_neighbor) {
   configure(platform.candidate(), {{"north", "east", "10.0.0.2", 100}});
   committing = pw_map({{"south", "west", "10.0.0.1", 100}});
   EXPECT_EQ(collect_committing(), 0);
   EXPECT_EQ(committing.size(), 2U);
 }
 
-TEST_P(PseudowireListTest, AcceptsAnotherPwIdTowardsTheSameNeighbor) {
+TEST_P(PseudowireListTest, accepts_another_pw_id_towards_the_same_neighbor) {
   configure(platform.candidate(), {{"north", "east", "10.0.0.1", 101}});
   committing = pw_map({{"south", "west", "10.0.0.1", 100}});
   EXPECT_EQ(collect_committing(), 0);
   EXPECT_EQ(committing.size(), 2U);
 }
 
-TEST_P(PseudowireListTest, RejectsTheSecondUseInTheListAndKeepsWhatStoodBeforeIt) {
+TEST_P(PseudowireListTest, rejects_the_second_use_in_the_list_and_keeps_what_stood_before_it) {
   configure(platform.candidate(), {{"north", "east", "10.0.0.1", 7, 1},
                                    {"north", "west", "10.0.0.1", 8, 2},
                                    {"south", "east", "10.0.0.1", 7, 3},
@@ -174,7 +174,7 @@ TEST_P(PseudowireListTest, RejectsTheSecondUseInTheListAndKeepsWhatStoodBeforeIt
   EXPECT_EQ(platform.count("confd_free_value"), 8U) << "those after the second use are freed too";
 }
 
-TEST_P(PseudowireListTest, StopsReadingAtTheBatchThatHoldsTheSecondUse) {
+TEST_P(PseudowireListTest, stops_reading_at_the_batch_that_holds_the_second_use) {
   std::vector<Pw> pws = numbered(200);
   pws[64].pw_id = 64;
   configure(platform.candidate(), pws);
@@ -186,7 +186,7 @@ TEST_P(PseudowireListTest, StopsReadingAtTheBatchThatHoldsTheSecondUse) {
   EXPECT_EQ(platform.count("confd_free_value"), 256U);
 }
 
-TEST_P(PseudowireListTest, ADuplicateInTheRunningConfigurationIsNoErrorAndTheFirstStays) {
+TEST_P(PseudowireListTest, a_duplicate_in_the_running_configuration_is_no_error_and_the_first_stays) {
   configure(platform.running(), {{"north", "east", "10.0.0.1", 7, 1}, {"south", "east", "10.0.0.1", 7, 2}});
   EXPECT_EQ(collect_running(), 0);
   EXPECT_EQ(platform.errors(), std::vector<std::string>{});
@@ -197,7 +197,7 @@ TEST_P(PseudowireListTest, ADuplicateInTheRunningConfigurationIsNoErrorAndTheFir
   EXPECT_EQ(running, pw_map({{"west", "west", "10.0.0.1", 7}}));
 }
 
-TEST_P(PseudowireListTest, AFailedFetchEndsTheTransactionsListAndAccepts) {
+TEST_P(PseudowireListTest, a_failed_fetch_ends_the_transactions_list_and_accepts) {
   std::vector<Pw> pws = numbered(129);
   pws[128].pw_id = 1;
   configure(platform.candidate(), pws);
@@ -213,14 +213,14 @@ TEST_P(PseudowireListTest, AFailedFetchEndsTheTransactionsListAndAccepts) {
   }
 }
 
-TEST_P(PseudowireListTest, ACursorThatCannotBeOpenedReadsNothing) {
+TEST_P(PseudowireListTest, a_cursor_that_cannot_be_opened_reads_nothing) {
   configure(platform.candidate(), numbered(3));
   platform.fail("maapi_init_cursor", 1);
   EXPECT_EQ(collect_committing(), 0);
   EXPECT_EQ(committing, val_pw_map_t{});
 }
 
-TEST_P(PseudowireListTest, ARunningConfigurationThatCannotBeCountedHoldsNothing) {
+TEST_P(PseudowireListTest, a_running_configuration_that_cannot_be_counted_holds_nothing) {
   configure(platform.running(), numbered(3));
   for (const char *function : {"qnconfd_instance_get", "cdb_session_start", "cdb_num_instances"}) {
     SCOPED_TRACE(function);
@@ -234,7 +234,7 @@ TEST_P(PseudowireListTest, ARunningConfigurationThatCannotBeCountedHoldsNothing)
 }
 
 // The second batch lies where the first one lay: only values that were reset tell that nothing was read.
-TEST_P(PseudowireListTest, ARunningBatchThatCannotBeReadStopsTheProcess) {
+TEST_P(PseudowireListTest, a_running_batch_that_cannot_be_read_stops_the_process) {
   configure(platform.running(), numbered(128));
   for (const std::size_t nth : {1U, 2U}) {
     SCOPED_TRACE(nth);
@@ -264,14 +264,14 @@ class PseudowireValuesTest : public scripted::PlatformTest {
   val_pw_map_t pws;
 };
 
-TEST_F(PseudowireValuesTest, OfARunningPseudowireAreFreedBeforeTheNextIsRead) {
+TEST_F(PseudowireValuesTest, of_a_running_pseudowire_are_freed_before_the_next_is_read) {
   configure(platform.running());
   const QnConfdCdbSession session(qnconfd_instance_get(platform.middleware()), CDB_RUNNING);
   add_running_pws(session.Socket(), list, pws);
   EXPECT_EQ(freed_at_reads, (std::vector<std::size_t>{0, 2}));
 }
 
-TEST_F(PseudowireValuesTest, OfACommittingPseudowireAreFreedWithItsBatch) {
+TEST_F(PseudowireValuesTest, of_a_committing_pseudowire_are_freed_with_its_batch) {
   configure(platform.candidate());
   EXPECT_EQ(add_committing_pws(platform.socket(), &platform.context(), list, pws), 0);
   EXPECT_EQ(freed_at_reads, (std::vector<std::size_t>{0, 0}));
@@ -287,14 +287,14 @@ class PwIdAssignedTest : public scripted::PlatformTest {
   const val_pw_map_t running = pw_map({{"north", "east", "10.0.0.1", 200}, {"south", "west", "10.0.0.2", 300}});
 };
 
-TEST_F(PwIdAssignedTest, RejectsAPwIdThatTheNeighborHasAndNamesItsOwner) {
+TEST_F(PwIdAssignedTest, rejects_a_pw_id_that_the_neighbor_has_and_names_its_owner) {
   EXPECT_EQ(verdict("10.0.0.1", 200), -1);
   EXPECT_EQ(platform.errors(),
             std::vector<std::string>{"The PW ID 200 was formerly assigned to VPN east from Group north. Delete VPN "
                                      "east, its neighbor or backup-neighbor before applying changes"});
 }
 
-TEST_F(PwIdAssignedTest, AcceptsAPwIdThatOnlyAnotherNeighborHas) {
+TEST_F(PwIdAssignedTest, accepts_a_pw_id_that_only_another_neighbor_has) {
   EXPECT_EQ(verdict("10.0.0.2", 200), 0);
   EXPECT_EQ(verdict("10.0.0.1", 300), 0);
   EXPECT_EQ(verdict("10.0.0.1", 0), 0);
@@ -321,7 +321,7 @@ const std::vector<ChangeCase> change_cases{
     {"attribute set", MOP_ATTR_SET, scripted::tag(0x1b61cee1), true, false},
 };
 
-TEST(PwIdChange, IsAValueSetOfTheLeafPwId) {
+TEST(PwIdChange, is_a_value_set_of_the_leaf_pw_id) {
   const confd_value_t value = scripted::borrowed(scripted::u32(20));
   for (const ChangeCase &row : change_cases) {
     SCOPED_TRACE(row.name);
@@ -330,7 +330,7 @@ TEST(PwIdChange, IsAValueSetOfTheLeafPwId) {
   }
 }
 
-TEST(PeerText, IsDottedNotationInTheOrderOfTheBytes) {
+TEST(PeerText, is_dotted_notation_in_the_order_of_the_bytes) {
   EXPECT_EQ(get_peer_text(scripted::address_word("10.0.0.2")), "10.0.0.2");
   EXPECT_EQ(get_peer_text(scripted::address_word("255.255.255.254")), "255.255.255.254");
   EXPECT_EQ(get_peer_text(0), "0.0.0.0");

@@ -16,7 +16,7 @@ class QnConfdCdbSessionTest : public scripted::PlatformTest {
   QnConfdInterface *instance() { return qnconfd_instance_get(platform.middleware()); }
 };
 
-TEST_F(QnConfdCdbSessionTest, LastsAsLongAsTheObject) {
+TEST_F(QnConfdCdbSessionTest, lasts_as_long_as_the_object) {
   {
     const QnConfdCdbSession session(instance(), CDB_RUNNING);
     EXPECT_EQ(platform.leaks().size(), 1U) << "a session is open";
@@ -26,7 +26,7 @@ TEST_F(QnConfdCdbSessionTest, LastsAsLongAsTheObject) {
                                      "cdb_num_instances /internal/int-vpws-tunnel-idx", "cdb_session_end"}));
 }
 
-TEST_F(QnConfdCdbSessionTest, EndsWhenAnExceptionPasses) {
+TEST_F(QnConfdCdbSessionTest, ends_when_an_exception_passes) {
   try {
     const QnConfdCdbSession session(instance(), CDB_RUNNING);
     throw std::runtime_error("passes");
@@ -35,7 +35,7 @@ TEST_F(QnConfdCdbSessionTest, EndsWhenAnExceptionPasses) {
   }
 }
 
-TEST_F(QnConfdCdbSessionTest, EndsWhenDestroyedThroughItsBase) {
+TEST_F(QnConfdCdbSessionTest, ends_when_destroyed_through_its_base) {
   const std::unique_ptr<QnConfdCdbSessionBase> session = std::make_unique<QnConfdCdbSession>(instance(), CDB_RUNNING);
   EXPECT_NE(dynamic_cast<QnConfdCdbSession *>(session.get()), nullptr);
 }

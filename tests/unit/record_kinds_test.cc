@@ -28,7 +28,7 @@ const std::vector<KindCase> kind_cases{
     {{{}, true}, false, false},
 };
 
-TEST(RecordKindsTest, FollowFromTheFlagAndTheRanges) {
+TEST(RecordKindsTest, follow_from_the_flag_and_the_ranges) {
   for (const KindCase &row : kind_cases) {
     SCOPED_TRACE(::testing::Message() << row.record);
     EXPECT_EQ(is_port_based(row.record), row.port_based);
@@ -51,7 +51,7 @@ const std::vector<BasicInfoCase> basic_info_cases{
     {7, true, false},
 };
 
-TEST(RecordKindsTest, AnAttachmentWithoutVlanThatIsNotUntaggedWillBePortBased) {
+TEST(RecordKindsTest, an_attachment_without_vlan_that_is_not_untagged_will_be_port_based) {
   for (const BasicInfoCase &row : basic_info_cases) {
     EXPECT_EQ(is_interface_vpn_port_based_through_basic_info(row.basic_vlan, row.untagged), row.port_based)
         << row.basic_vlan << ' ' << row.untagged;

@@ -32,7 +32,7 @@ class ScopedBatchTest : public scripted::PlatformTest {
   maapi_cursor mc{};
 };
 
-TEST_F(ScopedBatchTest, HoldsNoEntryAndNoTypeBeforeARead) {
+TEST_F(ScopedBatchTest, holds_no_entry_and_no_type_before_a_read) {
   const batch_t batch({0});
   EXPECT_EQ(batch.count(), 0);
   for (int i = 0; i < kBatchEntries; ++i) {
@@ -41,7 +41,7 @@ TEST_F(ScopedBatchTest, HoldsNoEntryAndNoTypeBeforeARead) {
   }
 }
 
-TEST_F(ScopedBatchTest, FreesTheOwnedValueOfEveryEntryRead) {
+TEST_F(ScopedBatchTest, frees_the_owned_value_of_every_entry_read) {
   configure(3);
   {
     batch_t batch({0});
@@ -53,7 +53,7 @@ TEST_F(ScopedBatchTest, FreesTheOwnedValueOfEveryEntryRead) {
   EXPECT_EQ(platform.count("confd_free_value"), 3U);
 }
 
-TEST_F(ScopedBatchTest, FreesWhatIsLeftWhenEntriesWereFreedBefore) {
+TEST_F(ScopedBatchTest, frees_what_is_left_when_entries_were_freed_before) {
   configure(3);
   {
     batch_t batch({0});
@@ -66,7 +66,7 @@ TEST_F(ScopedBatchTest, FreesWhatIsLeftWhenEntriesWereFreedBefore) {
   EXPECT_EQ(platform.count("confd_free_value"), 3U);
 }
 
-TEST_F(ScopedBatchTest, FreesWhenAnExceptionPasses) {
+TEST_F(ScopedBatchTest, frees_when_an_exception_passes) {
   configure(2);
   try {
     batch_t batch({0});
@@ -77,7 +77,7 @@ TEST_F(ScopedBatchTest, FreesWhenAnExceptionPasses) {
   }
 }
 
-TEST_F(ScopedBatchTest, HoldsNothingToFreeAfterAFailedRead) {
+TEST_F(ScopedBatchTest, holds_nothing_to_free_after_a_failed_read) {
   configure(2);
   platform.fail("maapi_get_objects", 1);
   {

@@ -8,7 +8,7 @@ namespace {
 using ScopedObjectTest = scripted::PlatformTest;
 
 // The daemon frees a list as it frees a text; the scripted platform hands out texts only, so the list stands for one.
-TEST_F(ScopedObjectTest, FreesTextsAndListsAndNothingElse) {
+TEST_F(ScopedObjectTest, frees_texts_and_lists_and_nothing_else) {
   {
     scoped_object<4> values;
     platform.hand_out(scripted::text("north"), &values[0]);
@@ -20,7 +20,7 @@ TEST_F(ScopedObjectTest, FreesTextsAndListsAndNothingElse) {
   EXPECT_EQ(platform.count("confd_free_value"), 2U) << "the text and the list";
 }
 
-TEST_F(ScopedObjectTest, FreesAListOfEachValue) {
+TEST_F(ScopedObjectTest, frees_a_list_of_each_value) {
   {
     scoped_object<2> values;
     for (confd_value_t &value : values) value.type = C_LIST;

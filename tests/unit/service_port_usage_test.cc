@@ -52,7 +52,7 @@ const std::vector<UsageCase> usage_cases{
     {"another interface is not compared", "eth-1", {{"eth-1", true}}, VPN_MATCH_PORT_BASED, 0, {{"eth-1", true}}},
 };
 
-TEST(ServicePortUsageTest, ServesSeveralVpnsOnlyVlanBased) {
+TEST(ServicePortUsageTest, serves_several_vpns_only_vlan_based) {
   for (const UsageCase &row : usage_cases) {
     SCOPED_TRACE(row.name);
     std::string interface = row.interface;

@@ -63,14 +63,14 @@ class AttachmentLoadingTest : public SnapshotLoadingTest, public ::testing::With
 
 void PrintTo(const LoadCase &row, std::ostream *out) { *out << row.name; }
 
-TEST_P(AttachmentLoadingTest, RecordsAVplsAttachment) {
+TEST_P(AttachmentLoadingTest, records_a_vpls_attachment) {
   const LoadCase &row = GetParam();
   add_vpls({.vlan = row.vlan, .untagged = row.untagged, .ranges = row.ranges});
   EXPECT_EQ(load_vpls(), 0);
   EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVplsRed, row.claims}}));
 }
 
-TEST_P(AttachmentLoadingTest, RecordsAVpwsAttachment) {
+TEST_P(AttachmentLoadingTest, records_a_vpws_attachment) {
   const LoadCase &row = GetParam();
   add(Vpws{.vlan = row.vlan, .untagged = row.untagged, .ranges = row.ranges});
   EXPECT_EQ(load_vpws(), 0);
@@ -79,7 +79,7 @@ TEST_P(AttachmentLoadingTest, RecordsAVpwsAttachment) {
 
 INSTANTIATE_TEST_SUITE_P(Attachments, AttachmentLoadingTest, ::testing::ValuesIn(load_cases));
 
-TEST_F(SnapshotLoadingTest, ReadsAVplsAttachmentInThisOrder) {
+TEST_F(SnapshotLoadingTest, reads_a_vpls_attachment_in_this_order) {
   add_vpls({.vlan = 5, .untagged = true, .ranges = {{10, 20}, {30, 40}}});
   load_vpls();
   const std::string untagged = vpls_encap({}, "untagged");
@@ -102,7 +102,7 @@ TEST_F(SnapshotLoadingTest, ReadsAVplsAttachmentInThisOrder) {
       "/internal/int-vpls-group{north}/int-vpls-vpn{red 1}/int-vpls-bd/int-vpls-ac{eth-1}/int-vpls-encap/int-vpls-encap-untagged");
 }
 
-TEST_F(SnapshotLoadingTest, ReadsAVpwsAttachmentInThisOrder) {
+TEST_F(SnapshotLoadingTest, reads_a_vpws_attachment_in_this_order) {
   add(Vpws{.vlan = 5});
   load_vpws();
   EXPECT_EQ(platform.calls(),
@@ -116,7 +116,7 @@ TEST_F(SnapshotLoadingTest, ReadsAVpwsAttachmentInThisOrder) {
             }));
 }
 
-TEST_F(SnapshotLoadingTest, LoadsEveryAttachmentOfBothFamilies) {
+TEST_F(SnapshotLoadingTest, loads_every_attachment_of_both_families) {
   add_vpls({.vpn = "green", .id = 2, .interface = "eth-1", .vlan = 10});
   add_vpls({.vpn = "green", .id = 2, .interface = "eth-2", .vlan = 10});
   add_vpls({.vpn = "red", .id = 1, .interface = "eth-1", .vlan = 20});
@@ -133,14 +133,14 @@ TEST_F(SnapshotLoadingTest, LoadsEveryAttachmentOfBothFamilies) {
   EXPECT_EQ(snapshot.intf_map.at("eth-1").rbegin()->first.vpn_type, VPN_TYPE_VPWS);
 }
 
-TEST_F(SnapshotLoadingTest, TwoIdsOfOneVpnAreOneKey) {
+TEST_F(SnapshotLoadingTest, two_ids_of_one_vpn_are_one_key) {
   add(Vpws{.id = 7, .vlan = 10});
   add(Vpws{.id = 8, .vlan = 20});
   load_vpws();
   EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVpwsBlue, {{{10, 10}, {20, 20}}, false}}}));
 }
 
-TEST_F(SnapshotLoadingTest, AnEmptyOrMissingListLeavesTheSnapshotAsItIs) {
+TEST_F(SnapshotLoadingTest, an_empty_or_missing_list_leaves_the_snapshot_as_it_is) {
   record_vlan("vpls-group x", "vpn x", "eth-4", 1);
   const auto before = recorded();
   EXPECT_EQ(load_vpls(), 0);
@@ -148,13 +148,13 @@ TEST_F(SnapshotLoadingTest, AnEmptyOrMissingListLeavesTheSnapshotAsItIs) {
   EXPECT_EQ(recorded(), before);
 }
 
-TEST_F(SnapshotLoadingTest, ABridgeDomainThatCannotBeReadHasNoVlan) {
+TEST_F(SnapshotLoadingTest, a_bridge_domain_that_cannot_be_read_has_no_vlan) {
   add(Vpls{});
   load_vpls();
   EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVplsRed, {{{0, 0}}, false}}}));
 }
 
-TEST_F(SnapshotLoadingTest, AnUntaggedLeafThatSaysSomethingElseIsNotUntagged) {
+TEST_F(SnapshotLoadingTest, an_untagged_leaf_that_says_something_else_is_not_untagged) {
   add(Vpws{.vlan = 5});
   for (const std::int32_t setting : {0, 2, 3}) {
     SCOPED_TRACE(setting);
@@ -166,7 +166,7 @@ TEST_F(SnapshotLoadingTest, AnUntaggedLeafThatSaysSomethingElseIsNotUntagged) {
 }
 
 // Only the whole prefix makes the list VPWS's, while the group's name decides where the encapsulation is read.
-TEST_F(SnapshotLoadingTest, AnotherPrefixReadsTheVlanAsVplsDoes) {
+TEST_F(SnapshotLoadingTest, another_prefix_reads_the_vlan_as_vpls_does) {
   platform.entry("/internal/other-list", {text("G"), text("V"), u32(3), text("eth-1")}, 4);
   get_vpn_access(sock(), tctx(), "my vpws-group ", "/internal/other-list", snapshot);
   EXPECT_EQ(calls_of({"maapi_get_u_int32_elem", "maapi_exists"}),
@@ -174,7 +174,7 @@ TEST_F(SnapshotLoadingTest, AnotherPrefixReadsTheVlanAsVplsDoes) {
                    "maapi_exists /internal/int-vpws-intf-encap{up G V 3 eth-1}/int-vpws-encap-untagged"}));
 }
 
-TEST_F(SnapshotLoadingTest, ANameWithAPercentSignIsAName) {
+TEST_F(SnapshotLoadingTest, a_name_with_a_percent_sign_is_a_name) {
   add(Vpws{.group = "50%s", .vpn = "100%d", .vlan = 5, .untagged = true});
   load_vpws();
   EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{"eth-1 vpws-group 50%s vpn 100%d", {{{0, 0}}, true}}}));
@@ -182,7 +182,7 @@ TEST_F(SnapshotLoadingTest, ANameWithAPercentSignIsAName) {
 
 // The encapsulation's paths are put together beforehand, where a blank ends a key; the VLAN's keys are handed over one
 // by one.
-TEST_F(SnapshotLoadingTest, ANameWithABlankHasAVlanButNoEncapsulation) {
+TEST_F(SnapshotLoadingTest, a_name_with_a_blank_has_a_vlan_but_no_encapsulation) {
   const Vpls a{.vpn = "dark red", .vlan = 5};
   platform.entry(kVplsAttachments, {text(a.group), text(a.vpn), u32(a.id), text(a.interface)});
   platform.entry("/internal/int-vpls-group{north}/int-vpls-vpn", {text(a.vpn), u32(a.id)}, 2);
@@ -192,14 +192,14 @@ TEST_F(SnapshotLoadingTest, ANameWithABlankHasAVlanButNoEncapsulation) {
   EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{"eth-1 vpls-group north vpn dark red", {{{5, 5}}, false}}}));
 }
 
-TEST_F(SnapshotLoadingTest, AnEncapsulationsPathIsCutAt511Characters) {
+TEST_F(SnapshotLoadingTest, an_encapsulations_path_is_cut_at_511_characters) {
   add(Vpws{.vpn = std::string(500, 'v'), .vlan = 5});
   load_vpws();
   const std::string whole = "/internal/int-vpws-intf-encap{west " + std::string(500, 'v');
   EXPECT_EQ(calls_of({"maapi_exists"}), (Calls{"maapi_exists " + whole.substr(0, 511)}));
 }
 
-TEST_F(SnapshotLoadingTest, RangesThatWentBetweenTheCountAndTheFetchAreNotRecorded) {
+TEST_F(SnapshotLoadingTest, ranges_that_went_between_the_count_and_the_fetch_are_not_recorded) {
   add(Vpws{.vlan = 5, .ranges = {{10, 20}, {30, 40}}});
   platform.count_as(vpws_encap({}, "dot1q-range"), 4);
   load_vpws();
@@ -207,7 +207,7 @@ TEST_F(SnapshotLoadingTest, RangesThatWentBetweenTheCountAndTheFetchAreNotRecord
   EXPECT_EQ(calls_of({"maapi_get_objects"}), Calls{"maapi_get_objects " + vpws_encap({}, "dot1q-range") + " 4x2"});
 }
 
-TEST_F(SnapshotLoadingTest, WhenAllRangesWentTheVlanIsRecordedOnce) {
+TEST_F(SnapshotLoadingTest, when_all_ranges_went_the_vlan_is_recorded_once) {
   add(Vpws{.vlan = 5});
   platform.count_as(vpws_encap({}, "dot1q-range"), 1);
   load_vpws();
@@ -215,7 +215,7 @@ TEST_F(SnapshotLoadingTest, WhenAllRangesWentTheVlanIsRecordedOnce) {
 }
 
 // Identifiers are numbers without sign, and so they stand in the paths.
-TEST_F(SnapshotLoadingTest, AnIdFromTwoToThe31OnIsWrittenWithoutSign) {
+TEST_F(SnapshotLoadingTest, an_id_from_two_to_the_31_on_is_written_without_sign) {
   add_vpls({.id = 0x80000000, .vlan = 5, .untagged = true});
   add(Vpws{.id = 0xFFFFFFFF, .vlan = 6, .ranges = {{10, 20}}});
   load_vpls();
@@ -232,14 +232,14 @@ TEST_F(SnapshotLoadingTest, AnIdFromTwoToThe31OnIsWrittenWithoutSign) {
 
 // The word counts wherever it stands in the group's name: the encapsulation of such a VPLS group is looked for among
 // the VPWS ones, where it is not found.
-TEST_F(SnapshotLoadingTest, AVplsGroupThatHoldsTheOtherFamilysWordIsReadAsOne) {
+TEST_F(SnapshotLoadingTest, a_vpls_group_that_holds_the_other_familys_word_is_read_as_one) {
   EXPECT_EQ(get_vpn_access_encap(sock(), tctx(), "vpls-group my vpws-group ", "vpn red", 1, "eth-1", 5, snapshot), -1);
   const std::string entry = "/internal/int-vpws-intf-encap{my vpws-group  red 1 eth-1}";
   EXPECT_EQ(platform.calls(), (Calls{"maapi_exists " + entry + "/int-vpws-encap-untagged",
                                      "maapi_num_instances " + entry + "/int-vpws-encap-dot1q-range"}));
 }
 
-TEST_F(SnapshotLoadingTest, AVpwsGroupThatHoldsTheOtherFamilysWordIsStillOne) {
+TEST_F(SnapshotLoadingTest, a_vpws_group_that_holds_the_other_familys_word_is_still_one) {
   EXPECT_EQ(get_vpn_access_encap(sock(), tctx(), "vpws-group my vpls-group ", "vpn blue", 7, "eth-1", 5, snapshot), -1);
   EXPECT_EQ(calls_of({"maapi_exists"}),
             Calls{"maapi_exists /internal/int-vpws-intf-encap{my vpls-group  blue 7 eth-1}/int-vpws-encap-untagged"});
@@ -259,7 +259,7 @@ const std::vector<EncapResultCase> encap_result_cases{
     {"a range", false, {{10, 20}}, 0, {{kVpwsBlue, {{{5, 5}, {10, 20}}, true}}}},
 };
 
-TEST_F(SnapshotLoadingTest, TellsWhetherAnEncapsulationWasFound) {
+TEST_F(SnapshotLoadingTest, tells_whether_an_encapsulation_was_found) {
   for (const EncapResultCase &row : encap_result_cases) {
     SCOPED_TRACE(row.name);
     snapshot = {};
@@ -308,7 +308,7 @@ const std::vector<FaultCase> fault_cases{
      {{kVplsRed, {{{0, 0}, {5, 5}}, false}}, {"eth-2 vpls-group north vpn red", {{{5, 5}}, false}}}},
 };
 
-TEST_F(SnapshotLoadingTest, AFailedReadLeavesWhatItDidNotBring) {
+TEST_F(SnapshotLoadingTest, a_failed_read_leaves_what_it_did_not_bring) {
   add_vpls({.interface = "eth-1", .vlan = 5, .untagged = true, .ranges = {{10, 20}}});
   add_vpls({.interface = "eth-2", .vlan = 5});
   for (const FaultCase &row : fault_cases) {
@@ -339,7 +339,7 @@ const std::vector<BrokenKeyCase> broken_key_cases{
     {"vpws-group ", {text("west"), text("blue"), u32(7), u32(1), text("5")}, "(&mc.keys[3])->type == C_BUF"},
 };
 
-TEST_F(SnapshotLoadingTest, AKeyOfAnotherTypeStopsTheProcess) {
+TEST_F(SnapshotLoadingTest, a_key_of_another_type_stops_the_process) {
   for (const BrokenKeyCase &row : broken_key_cases) {
     SCOPED_TRACE(row.assertion);
     const std::string list = "/internal/broken-list-" + std::to_string(row.keys.size());
@@ -349,82 +349,18 @@ TEST_F(SnapshotLoadingTest, AKeyOfAnotherTypeStopsTheProcess) {
   }
 }
 
-TEST_F(SnapshotLoadingTest, TheSameKeysOfTheirTypesDoNot) {
+TEST_F(SnapshotLoadingTest, the_same_keys_of_their_types_do_not) {
   platform.list("/internal/sound-list", 5, {{text("west"), text("blue"), u32(7), text("eth-1"), u32(5)}});
   EXPECT_EQ(get_vpn_access(sock(), tctx(), "vpws-group ", "/internal/sound-list", snapshot), 0);
   EXPECT_EQ(recorded(), (std::map<std::string, Claims>{{kVpwsBlue, {{{5, 5}}, false}}}));
 }
 
-TEST_F(SnapshotLoadingTest, ARangeValueOfAnotherTypeStopsTheProcess) {
+TEST_F(SnapshotLoadingTest, a_range_value_of_another_type_stops_the_process) {
   add(Vpws{});
   platform.list(vpws_encap({}, "dot1q-range"), 2, {{u32(1), u32(2)}, {text("3"), u32(4)}});
   EXPECT_BROKEN_MODEL(load_vpws(), "config_validate_comn", "(&value[0])->type == C_UINT32");
   platform.list(vpws_encap({}, "dot1q-range"), 2, {{u32(1), u32(2)}, {u32(3), scripted::u16(4)}});
   EXPECT_BROKEN_MODEL(load_vpws(), "config_validate_comn", "(&value[1])->type == C_UINT32");
-}
-
-class ChangeProbeTest : public AccessTest {
- protected:
-  static constexpr const char *kInterface =
-      "/mpls/l2vpn-config/l2vpn/vpws-group{west}/vpn{blue}/access-interface{eth-1}";
-
-  std::int32_t probe() { return get_vpn_mop(sock(), tctx(), kInterface); }
-};
-
-TEST_F(ChangeProbeTest, AnUntouchedPathHasNoOperation) {
-  platform.change("/mpls/l2vpn-config/l2vpn/vpws-group{west}/vpn{blue}/access-interface{eth-2}", MOP_CREATED);
-  platform.change("/mpls/l2vpn-config/l2vpn/vpws-group{west}/vpn{blue}", MOP_MODIFIED);
-  EXPECT_EQ(probe(), 0);
-}
-
-TEST_F(ChangeProbeTest, TheFirstChangeAtOrBelowThePathCounts) {
-  platform.change("/mpls/l2vpn-config/l2vpn/vpws-group{west}/vpn{blue}", MOP_MODIFIED);
-  platform.change(std::string(kInterface) + "/dot1q", MOP_VALUE_SET, u32(5));
-  platform.change(kInterface, MOP_DELETED);
-  EXPECT_EQ(probe(), MOP_VALUE_SET);
-  EXPECT_EQ(platform.calls(), (Calls{std::string("maapi_keypath_diff_iterate ") + kInterface}));
-}
-
-TEST_F(ChangeProbeTest, EveryOperationIsHandedOn) {
-  const std::vector<confd_iter_op> operations{MOP_CREATED,   MOP_DELETED,     MOP_MODIFIED,
-                                              MOP_VALUE_SET, MOP_MOVED_AFTER, MOP_ATTR_SET};
-  scripted::Change &change = platform.change(kInterface, MOP_CREATED);
-  for (const confd_iter_op operation : operations) {
-    change.op = operation;
-    EXPECT_EQ(probe(), operation);
-  }
-}
-
-// The path is a format for the platform, the names in it are the operator's.
-TEST_F(ChangeProbeTest, APercentSignInANameIsPartOfTheName) {
-  for (const std::string name : {"%s", "50%", "%n", "%%", "%1$*2$d"}) {
-    SCOPED_TRACE(name);
-    const std::string path = "/mpls/l2vpn-config/l2vpn/vpls-group{" + name + "}/vpn{" + name + "}/bridge-domain";
-    EXPECT_EQ(get_vpn_mop(sock(), tctx(), path), 0);
-    platform.change(path, MOP_CREATED);
-    EXPECT_EQ(get_vpn_mop(sock(), tctx(), path), MOP_CREATED);
-    EXPECT_EQ(platform.calls().back(), "maapi_keypath_diff_iterate " + path);
-  }
-}
-
-TEST_F(ChangeProbeTest, NamesThatDifferInPercentSignsAreTwoNames) {
-  platform.change("/mpls/l2vpn-config/l2vpn/vpls-group{%%}", MOP_CREATED);
-  EXPECT_EQ(get_vpn_mop(sock(), tctx(), "/mpls/l2vpn-config/l2vpn/vpls-group{%}"), 0);
-  EXPECT_EQ(get_vpn_mop(sock(), tctx(), "/mpls/l2vpn-config/l2vpn/vpls-group{%%}"), MOP_CREATED);
-}
-
-TEST_F(ChangeProbeTest, APathOfPercentSignsIsCutAt511CharactersBeforeTheyAreDoubled) {
-  const std::string path = build_vpn_access_config_path(static_cast<std::int32_t>(model_tag::bridge_domain),
-                                                        "vpls-group " + std::string(600, '%'), "vpn red", "");
-  get_vpn_mop(sock(), tctx(), path);
-  EXPECT_EQ(path.size(), 511U);
-  EXPECT_EQ(platform.calls(), Calls{"maapi_keypath_diff_iterate " + path});
-}
-
-TEST_F(ChangeProbeTest, AFailedIterationIsNoChange) {
-  platform.change(kInterface, MOP_CREATED);
-  platform.fail("maapi_keypath_diff_iterate", 1);
-  EXPECT_EQ(probe(), 0);
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ const std::vector<OverlapCase> overlap_cases{
     {"a recorded minimum above its maximum", {{20, 10}}, {}, {1, 4094}, nullptr},
 };
 
-TEST_F(SnapshotQueriesTest, ARangeOverlapsTheFirstVpnThatHoldsOneOfItsVlans) {
+TEST_F(SnapshotQueriesTest, a_range_overlaps_the_first_vpn_that_holds_one_of_its_vlans) {
   for (const bool crowded : {false, true}) {
     for (const OverlapCase &row : overlap_cases) {
       SCOPED_TRACE(::testing::Message() << row.name << (crowded ? " on a crowded port" : ""));
@@ -73,19 +73,19 @@ TEST_F(SnapshotQueriesTest, ARangeOverlapsTheFirstVpnThatHoldsOneOfItsVlans) {
   }
 }
 
-TEST_F(SnapshotQueriesTest, ARangeAlsoOverlapsItsOwnVpn) {
+TEST_F(SnapshotQueriesTest, a_range_also_overlaps_its_own_vpn) {
   record_vlan(kVpnA.group_name, kVpnA.vpn_name, "eth-1", 100);
   EXPECT_TRUE(has_vpn_dot1q_range_overlap("eth-1", {100, 200}, snapshot, other));
   EXPECT_EQ(other, kVpnA);
 }
 
-TEST_F(SnapshotQueriesTest, TheOverlappingVpnsTypeFollowsFromItsGroup) {
+TEST_F(SnapshotQueriesTest, the_overlapping_vpns_type_follows_from_its_group) {
   snapshot.intf_map["eth-1"][{"vpls-group A", "vpn A", VPN_TYPE_VPWS}].dot1q_ranges.insert({5, 5});
   EXPECT_TRUE(has_vpn_dot1q_range_overlap("eth-1", {5, 5}, snapshot, other));
   EXPECT_EQ(other, kVpnA);
 }
 
-TEST_F(SnapshotQueriesTest, AnInterfaceThatIsNotInTheSnapshotHasNothing) {
+TEST_F(SnapshotQueriesTest, an_interface_that_is_not_in_the_snapshot_has_nothing) {
   record_port_based_vpn(kVpnA);
   record_change(kVpnA.group_name, kVpnA.vpn_name, "eth-2");
   EXPECT_FALSE(has_vpn_dot1q_range_overlap("eth-2", {1, 4094}, snapshot, other));
@@ -96,7 +96,7 @@ TEST_F(SnapshotQueriesTest, AnInterfaceThatIsNotInTheSnapshotHasNothing) {
   EXPECT_EQ(other, kUntouched);
 }
 
-TEST_F(SnapshotQueriesTest, ThePortBasedVpnOfAnInterfaceIsTheFirst) {
+TEST_F(SnapshotQueriesTest, the_port_based_vpn_of_an_interface_is_the_first) {
   for (const bool crowded : {false, true}) {
     SCOPED_TRACE(crowded ? "crowded port" : "few VPNs");
     snapshot = {};
@@ -114,7 +114,7 @@ TEST_F(SnapshotQueriesTest, ThePortBasedVpnOfAnInterfaceIsTheFirst) {
   }
 }
 
-TEST_F(SnapshotQueriesTest, TheModifiedPortBasedVpnOfAnInterfaceIsTheFirstThatChanged) {
+TEST_F(SnapshotQueriesTest, the_modified_port_based_vpn_of_an_interface_is_the_first_that_changed) {
   for (const bool crowded : {false, true}) {
     SCOPED_TRACE(crowded ? "crowded port" : "few VPNs");
     snapshot = {};
@@ -134,21 +134,21 @@ TEST_F(SnapshotQueriesTest, TheModifiedPortBasedVpnOfAnInterfaceIsTheFirstThatCh
   }
 }
 
-TEST_F(SnapshotQueriesTest, AChangeOperationOfNoneIsNoChange) {
+TEST_F(SnapshotQueriesTest, a_change_operation_of_none_is_no_change) {
   record_port_based_vpn(kVpnA);
   set_vpn_mop(kVpnA.group_name, kVpnA.vpn_name, "eth-1", 0, snapshot);
   EXPECT_FALSE(has_modified_port_based_vpn_in_interface(snapshot, "eth-1", other));
   EXPECT_FALSE(has_modified_port_based_vpn(snapshot));
 }
 
-TEST_F(SnapshotQueriesTest, AChangedVlanBasedVpnIsNoModifiedPortBasedOne) {
+TEST_F(SnapshotQueriesTest, a_changed_vlan_based_vpn_is_no_modified_port_based_one) {
   record_vlan(kVpnA.group_name, kVpnA.vpn_name, "eth-1", 5);
   record_change(kVpnA.group_name, kVpnA.vpn_name, "eth-1");
   EXPECT_FALSE(has_modified_port_based_vpn_in_interface(snapshot, "eth-1", other));
   EXPECT_FALSE(has_modified_port_based_vpn(snapshot));
 }
 
-TEST_F(SnapshotQueriesTest, TheUntaggedVpnOfAnInterfaceIsTheFirst) {
+TEST_F(SnapshotQueriesTest, the_untagged_vpn_of_an_interface_is_the_first) {
   for (const bool crowded : {false, true}) {
     SCOPED_TRACE(crowded ? "crowded port" : "few VPNs");
     snapshot = {};
@@ -166,13 +166,13 @@ TEST_F(SnapshotQueriesTest, TheUntaggedVpnOfAnInterfaceIsTheFirst) {
   }
 }
 
-TEST_F(SnapshotQueriesTest, ABasicVlanAfterTheUntaggedClaimEndsIt) {
+TEST_F(SnapshotQueriesTest, a_basic_vlan_after_the_untagged_claim_ends_it) {
   record_untagged_vpn(kVpnA);
   record_vlan(kVpnA.group_name, kVpnA.vpn_name, "eth-1", 5);
   EXPECT_FALSE(has_encapsulation_untagged_in_interface("eth-1", snapshot, other));
 }
 
-TEST_F(SnapshotQueriesTest, AnInterfaceWithPortBasedVpnsAloneHasNoVlanBasedOne) {
+TEST_F(SnapshotQueriesTest, an_interface_with_port_based_vpns_alone_has_no_vlan_based_one) {
   record_port_based_vpn(kVpnA);
   record_port_based_vpn(kVpnB);
   EXPECT_FALSE(has_vlan_based_vpn_in_interface(snapshot.intf_map, "eth-1"));
@@ -180,13 +180,13 @@ TEST_F(SnapshotQueriesTest, AnInterfaceWithPortBasedVpnsAloneHasNoVlanBasedOne) 
   EXPECT_TRUE(has_vlan_based_vpn_in_interface(snapshot.intf_map, "eth-1")) << "an untagged VPN is not port-based";
 }
 
-TEST_F(SnapshotQueriesTest, AVlanBasedVpnCountsWhereverItStands) {
+TEST_F(SnapshotQueriesTest, a_vlan_based_vpn_counts_wherever_it_stands) {
   record_port_based_vpn(kVpnA);
   record_vlan(kVpnB.group_name, kVpnB.vpn_name, "eth-1", 5);
   EXPECT_TRUE(has_vlan_based_vpn_in_interface(snapshot.intf_map, "eth-1"));
 }
 
-TEST_F(SnapshotQueriesTest, OneEncapsulationAnywhereIsAnInterfaceWithEncapsulation) {
+TEST_F(SnapshotQueriesTest, one_encapsulation_anywhere_is_an_interface_with_encapsulation) {
   EXPECT_FALSE(has_interface_with_encapsulation(snapshot.intf_map));
   record_port_based_vpn(kVpnA);
   record_vlan(kVpnB.group_name, kVpnB.vpn_name, "eth-2", 5);

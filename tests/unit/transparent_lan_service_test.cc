@@ -18,94 +18,6 @@ class TransparentLanServiceTest : public AccessTest {
   std::int32_t verdict() { return config_validate_vpn_access_tls(sock(), tctx(), snapshot); }
 };
 
-// A port-based VPWS next to a VLAN-based VPLS on eth-1.
-class SharedPortTest : public TransparentLanServiceTest {
- protected:
-  SharedPortTest() {
-    record_port_based("vpws-group west", "vpn blue", "eth-1");
-    record_vlan("vpls-group north", "vpn red", "eth-1", 10);
-  }
-};
-
-constexpr const char *kSharedPort =
-    "All VPLS assigned to interface eth-1 will run as TLS since vpls-group north vpn red has port based TLS behavior";
-
-TEST_F(SharedPortTest, WarnsWhenTheVpwsChanged) {
-  record_change("vpws-group west", "vpn blue", "eth-1");
-  EXPECT_EQ(verdict(), -3);
-  EXPECT_EQ(platform.calls(), Calls{std::string("confd_trans_seterr ") + kSharedPort});
-}
-
-TEST_F(SharedPortTest, WarnsWhenTheVplsChanged) {
-  record_change("vpls-group north", "vpn red", "eth-1");
-  EXPECT_EQ(verdict(), -3);
-  EXPECT_EQ(platform.calls(), Calls{std::string("confd_trans_seterr ") + kSharedPort});
-}
-
-TEST_F(SharedPortTest, SaysNothingWhenNeitherChanged) {
-  record_change("vpls-group north", "vpn red", "eth-2");
-  EXPECT_EQ(verdict(), 0);
-  EXPECT_EQ(platform.calls(), Calls{});
-}
-
-TEST_F(SharedPortTest, NamesTheLastVlanBasedVplsInKeyOrder) {
-  record_vlan("vpls-group north", "vpn green", "eth-1", 20);
-  record_vlan("vpls-group south", "vpn black", "eth-1", 30);
-  record_change("vpls-group north", "vpn green", "eth-1");
-  EXPECT_EQ(verdict(), -3);
-  EXPECT_EQ(
-      platform.error(),
-      "All VPLS assigned to interface eth-1 will run as TLS since vpls-group south vpn black has port based TLS behavior");
-}
-
-TEST_F(SharedPortTest, NamesTheFirstInterface) {
-  record_port_based("vpws-group west", "vpn blue", "eth-0");
-  record_vlan("vpls-group north", "vpn red", "eth-0", 10);
-  record_change("vpls-group north", "vpn red", "eth-0");
-  record_change("vpls-group north", "vpn red", "eth-1");
-  EXPECT_EQ(verdict(), -3);
-  EXPECT_EQ(
-      platform.error(),
-      "All VPLS assigned to interface eth-0 will run as TLS since vpls-group north vpn red has port based TLS behavior");
-}
-
-TEST_F(TransparentLanServiceTest, TheTwoMustShareOneInterface) {
-  record_port_based("vpws-group west", "vpn blue", "eth-1");
-  record_vlan("vpls-group north", "vpn red", "eth-2", 10);
-  record_change("vpws-group west", "vpn blue", "eth-1");
-  record_change("vpls-group north", "vpn red", "eth-2");
-  EXPECT_EQ(verdict(), 0);
-  EXPECT_EQ(platform.error(), "");
-}
-
-struct PairCase {
-  const char *name;
-  const char *groups[2];
-  std::uint32_t vlans[2];
-};
-
-void PrintTo(const PairCase &row, std::ostream *out) { *out << row.name; }
-
-class OtherPairsTest : public TransparentLanServiceTest, public ::testing::WithParamInterface<PairCase> {};
-
-TEST_P(OtherPairsTest, DrawNoWarning) {
-  for (int i : {0, 1}) {
-    const std::string vpn = "vpn " + std::to_string(i);
-    record_vlan(GetParam().groups[i], vpn, "eth-1", GetParam().vlans[i]);
-    record_change(GetParam().groups[i], vpn, "eth-1");
-  }
-  EXPECT_EQ(verdict(), 0);
-  EXPECT_EQ(platform.calls(), Calls{});
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, OtherPairsTest,
-    ::testing::Values(PairCase{"two VLAN-based VPLS", {"vpls-group a", "vpls-group b"}, {10, 20}},
-                      PairCase{"a VLAN-based VPWS and a VLAN-based VPLS", {"vpws-group a", "vpls-group b"}, {10, 20}},
-                      PairCase{"a port-based and a VLAN-based VPWS", {"vpws-group a", "vpws-group b"}, {0, 20}},
-                      PairCase{"a port-based VPWS and a port-based VPLS", {"vpws-group a", "vpls-group b"}, {0, 0}},
-                      PairCase{"a VLAN-based VPWS and a port-based VPLS", {"vpws-group a", "vpls-group b"}, {10, 0}}));
-
 // VPN red is a changed port-based VPLS with transparent-LAN-service on eth-1.
 class PortBasedServiceTest : public TransparentLanServiceTest {
  protected:
@@ -133,7 +45,7 @@ class PortBasedServiceTest : public TransparentLanServiceTest {
   }
 };
 
-TEST_F(PortBasedServiceTest, WithOneInterfaceTheChangedServiceNamesIt) {
+TEST_F(PortBasedServiceTest, with_one_interface_the_changed_service_names_it) {
   attach("eth-1");
   list({"eth-1"});
   change_service();
@@ -141,7 +53,7 @@ TEST_F(PortBasedServiceTest, WithOneInterfaceTheChangedServiceNamesIt) {
   EXPECT_EQ(platform.errors(), std::vector<std::string>{warning("eth-1")});
 }
 
-TEST_F(PortBasedServiceTest, WithOneInterfaceTheChangedVlanNamesIt) {
+TEST_F(PortBasedServiceTest, with_one_interface_the_changed_vlan_names_it) {
   attach("eth-1");
   list({"eth-1"});
   platform.change(std::string(kBridgeDomain) + "/int-vpls-bd-vlan", MOP_VALUE_SET, u32(0));
@@ -149,7 +61,7 @@ TEST_F(PortBasedServiceTest, WithOneInterfaceTheChangedVlanNamesIt) {
   EXPECT_EQ(platform.error(), warning("eth-1"));
 }
 
-TEST_F(PortBasedServiceTest, WithOneInterfaceItsOwnChangeNamesIt) {
+TEST_F(PortBasedServiceTest, with_one_interface_its_own_change_names_it) {
   attach("eth-1");
   list({"eth-1"});
   change_entry("eth-1");
@@ -157,14 +69,14 @@ TEST_F(PortBasedServiceTest, WithOneInterfaceItsOwnChangeNamesIt) {
   EXPECT_EQ(platform.error(), warning("eth-1"));
 }
 
-TEST_F(PortBasedServiceTest, WithOneInterfaceThatDidNotChangeThereIsNoWarning) {
+TEST_F(PortBasedServiceTest, with_one_interface_that_did_not_change_there_is_no_warning) {
   attach("eth-1");
   list({"eth-1"});
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(PortBasedServiceTest, WithOneEntryTheInterfaceThatLedHereIsAskedFor) {
+TEST_F(PortBasedServiceTest, with_one_entry_the_interface_that_led_here_is_asked_for) {
   attach("eth-1");
   list({"eth-2"});
   change_entry("eth-2");
@@ -174,7 +86,7 @@ TEST_F(PortBasedServiceTest, WithOneEntryTheInterfaceThatLedHereIsAskedFor) {
   EXPECT_EQ(platform.error(), warning("eth-1"));
 }
 
-TEST_F(PortBasedServiceTest, AChangedServiceNamesEveryInterface) {
+TEST_F(PortBasedServiceTest, a_changed_service_names_every_interface) {
   attach("eth-1");
   list({"eth-2", "service-port-1", "eth-1"});
   change_service();
@@ -182,7 +94,7 @@ TEST_F(PortBasedServiceTest, AChangedServiceNamesEveryInterface) {
   EXPECT_EQ(platform.errors(), std::vector<std::string>{warning("eth-1 eth-2 service-port-1")});
 }
 
-TEST_F(PortBasedServiceTest, ChangedInterfacesAreNamed) {
+TEST_F(PortBasedServiceTest, changed_interfaces_are_named) {
   attach("eth-1");
   list({"eth-1", "eth-2", "eth-3", "service-port-1"});
   change_entry("eth-2");
@@ -191,21 +103,21 @@ TEST_F(PortBasedServiceTest, ChangedInterfacesAreNamed) {
   EXPECT_EQ(platform.errors(), std::vector<std::string>{warning("eth-2 service-port-1")});
 }
 
-TEST_F(PortBasedServiceTest, WithoutAChangedInterfaceThereIsNoWarning) {
+TEST_F(PortBasedServiceTest, without_a_changed_interface_there_is_no_warning) {
   attach("eth-1");
   list({"eth-1", "eth-2"});
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(PortBasedServiceTest, AnEmptyListNamesNothing) {
+TEST_F(PortBasedServiceTest, an_empty_list_names_nothing) {
   attach("eth-1");
   change_service();
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(PortBasedServiceTest, AServicePortThatLedHereNamesNothing) {
+TEST_F(PortBasedServiceTest, a_service_port_that_led_here_names_nothing) {
   attach("service-port-1");
   list({"service-port-1"});
   change_entry("service-port-1");
@@ -220,7 +132,7 @@ TEST_F(PortBasedServiceTest, AServicePortThatLedHereNamesNothing) {
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(PortBasedServiceTest, AServicePortsEntriesAreNotProbed) {
+TEST_F(PortBasedServiceTest, a_service_ports_entries_are_not_probed) {
   attach("service-port-1");
   list({"service-port-1", "eth-1"});
   EXPECT_EQ(verdict(), 0);
@@ -230,7 +142,7 @@ TEST_F(PortBasedServiceTest, AServicePortsEntriesAreNotProbed) {
   EXPECT_EQ(platform.count("maapi_get_next"), 3U) << "the list is walked nevertheless";
 }
 
-TEST_F(PortBasedServiceTest, AServicePortsNameBeginsWithTheWordAndADash) {
+TEST_F(PortBasedServiceTest, a_service_ports_name_begins_with_the_word_and_a_dash) {
   attach("service-port");
   list({"service-port"});
   change_service();
@@ -238,7 +150,7 @@ TEST_F(PortBasedServiceTest, AServicePortsNameBeginsWithTheWordAndADash) {
   EXPECT_EQ(platform.error(), warning("service-port"));
 }
 
-TEST_F(PortBasedServiceTest, TheFirst16EntriesAreNamed) {
+TEST_F(PortBasedServiceTest, the_first_16_entries_are_named) {
   attach("eth-1");
   std::string first16;
   for (int i = 10; i < 30; ++i) {
@@ -252,7 +164,7 @@ TEST_F(PortBasedServiceTest, TheFirst16EntriesAreNamed) {
   EXPECT_EQ(platform.count("maapi_get_next"), 17U);
 }
 
-TEST_F(PortBasedServiceTest, All16EntriesOfALongListAreLookedAtNamedOrNot) {
+TEST_F(PortBasedServiceTest, all_16_entries_of_a_long_list_are_looked_at_named_or_not) {
   attach("eth-1");
   for (int i = 10; i < 27; ++i) list({"if-" + std::to_string(i)});
   change_entry("if-26");
@@ -262,7 +174,7 @@ TEST_F(PortBasedServiceTest, All16EntriesOfALongListAreLookedAtNamedOrNot) {
   EXPECT_EQ(platform.error(), warning("if-25"));
 }
 
-TEST_F(PortBasedServiceTest, EndsTheWalkAlsoWithoutAWarning) {
+TEST_F(PortBasedServiceTest, ends_the_walk_also_without_a_warning) {
   attach("eth-1");
   list({"eth-1"});
   record_port_based("vpws-group west", "vpn blue", "eth-2");
@@ -274,7 +186,7 @@ TEST_F(PortBasedServiceTest, EndsTheWalkAlsoWithoutAWarning) {
   EXPECT_EQ(platform.error(), warning("eth-1"));
 }
 
-TEST_F(PortBasedServiceTest, ComesBeforeTheWarningOfASharedPort) {
+TEST_F(PortBasedServiceTest, comes_before_the_warning_of_a_shared_port) {
   record_port_based("vpws-group west", "vpn blue", "eth-1");
   record_vlan("vpls-group north", "vpn green", "eth-1", 10);
   record_change("vpws-group west", "vpn blue", "eth-1");
@@ -283,14 +195,14 @@ TEST_F(PortBasedServiceTest, ComesBeforeTheWarningOfASharedPort) {
   EXPECT_EQ(verdict(), 0);
 }
 
-TEST_F(PortBasedServiceTest, LeavesTheWalkAloneWhenTheServiceIsOff) {
+TEST_F(PortBasedServiceTest, leaves_the_walk_alone_when_the_service_is_off) {
   record_port_based("vpls-group north", "vpn green", "eth-1");
   record_change("vpls-group north", "vpn green", "eth-1");
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.calls(), Calls{});
 }
 
-TEST_F(PortBasedServiceTest, LeavesTheWalkAloneWhenTheVpnIsUnchangedOrVlanBased) {
+TEST_F(PortBasedServiceTest, leaves_the_walk_alone_when_the_vpn_is_unchanged_or_vlan_based) {
   record_port_based("vpls-group north", "vpn red", "eth-1");
   record_vlan("vpls-group north", "vpn red", "eth-2", 10);
   record_change("vpls-group north", "vpn red", "eth-2");
@@ -298,7 +210,7 @@ TEST_F(PortBasedServiceTest, LeavesTheWalkAloneWhenTheVpnIsUnchangedOrVlanBased)
   EXPECT_EQ(platform.calls(), Calls{});
 }
 
-TEST_F(PortBasedServiceTest, AsksInThisOrder) {
+TEST_F(PortBasedServiceTest, asks_in_this_order) {
   attach("eth-1");
   list({"eth-1", "eth-2"});
   EXPECT_EQ(verdict(), 0);
@@ -314,7 +226,7 @@ TEST_F(PortBasedServiceTest, AsksInThisOrder) {
              "maapi_destroy_cursor " + list}));
 }
 
-TEST_F(PortBasedServiceTest, WithAChangedServiceAsksForTheVlanAllTheSameAndForNoEntry) {
+TEST_F(PortBasedServiceTest, with_a_changed_service_asks_for_the_vlan_all_the_same_and_for_no_entry) {
   attach("eth-1");
   list({"eth-1", "eth-2"});
   change_service();
@@ -330,7 +242,7 @@ TEST_F(PortBasedServiceTest, WithAChangedServiceAsksForTheVlanAllTheSameAndForNo
              "confd_trans_seterr " + warning("eth-1 eth-2")}));
 }
 
-TEST_F(PortBasedServiceTest, ALongPathStaysWhole) {
+TEST_F(PortBasedServiceTest, a_long_path_stays_whole) {
   const std::string group(600, 'g');
   set_vpls_tls("vpls-group " + group, "vpn red", 1, snapshot);
   record_port_based("vpls-group " + group, "vpn red", "eth-1");
@@ -350,7 +262,7 @@ struct FaultCase {
   const char *named;  ///< null: no warning
 };
 
-TEST_F(PortBasedServiceTest, AFailedReadTakesAwayWhatItWouldHaveSaid) {
+TEST_F(PortBasedServiceTest, a_failed_read_takes_away_what_it_would_have_said) {
   attach("eth-1");
   list({"eth-1", "eth-2"});
   change_entry("eth-1");
@@ -376,7 +288,7 @@ TEST_F(PortBasedServiceTest, AFailedReadTakesAwayWhatItWouldHaveSaid) {
   }
 }
 
-TEST_F(PortBasedServiceTest, ThatTheServiceChangedMayBeMissedByAFailedRead) {
+TEST_F(PortBasedServiceTest, that_the_service_changed_may_be_missed_by_a_failed_read) {
   attach("eth-1");
   list({"eth-1", "eth-2"});
   change_service();
@@ -385,7 +297,7 @@ TEST_F(PortBasedServiceTest, ThatTheServiceChangedMayBeMissedByAFailedRead) {
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(PortBasedServiceTest, AFailedCountTakesTheListOfOne) {
+TEST_F(PortBasedServiceTest, a_failed_count_takes_the_list_of_one) {
   attach("eth-1");
   list({"eth-1"});
   change_service();
@@ -394,7 +306,7 @@ TEST_F(PortBasedServiceTest, AFailedCountTakesTheListOfOne) {
   EXPECT_EQ(platform.error(), warning("eth-1"));
 }
 
-TEST_F(PortBasedServiceTest, AnInterfacesNameIsAText) {
+TEST_F(PortBasedServiceTest, an_interfaces_name_is_a_text) {
   attach("eth-1");
   platform.list(kAccessList, 1, {{u32(1)}, {u32(2)}});
   EXPECT_BROKEN_MODEL(verdict(), "config_validate_comn", "(&mc.keys[0])->type == C_BUF");
@@ -404,7 +316,7 @@ TEST_F(PortBasedServiceTest, AnInterfacesNameIsAText) {
   EXPECT_EQ(verdict(), -3) << "a single entry is not read";
 }
 
-TEST_F(PortBasedServiceTest, AnInterfacesNameIsATextAlsoWhereNoneIsListed) {
+TEST_F(PortBasedServiceTest, an_interfaces_name_is_a_text_also_where_none_is_listed) {
   attach("service-port-1");
   platform.list(kAccessList, 1, {{u32(1)}, {u32(2)}});
   EXPECT_BROKEN_MODEL(verdict(), "config_validate_comn", "(&mc.keys[0])->type == C_BUF");
@@ -412,7 +324,7 @@ TEST_F(PortBasedServiceTest, AnInterfacesNameIsATextAlsoWhereNoneIsListed) {
   EXPECT_BROKEN_MODEL(verdict(), "config_validate_comn", "(&mc.keys[0])->type == C_BUF");
 }
 
-TEST_F(PortBasedServiceTest, TheKeysOfAVpnAreATextAndANumber) {
+TEST_F(PortBasedServiceTest, the_keys_of_a_vpn_are_a_text_and_a_number) {
   attach("eth-1");
   platform.list(kVpns, 2, {{u32(1), u32(3)}});
   EXPECT_BROKEN_MODEL(verdict(), "config_validate_comn", "(&mc.keys[0])->type == C_BUF");

@@ -20,7 +20,7 @@ class LdpUplinkTest : public AccessTest {
   val_ldp_uplink_map_t uplinks;
 };
 
-TEST_F(LdpUplinkTest, MapsVlansToInterfaces) {
+TEST_F(LdpUplinkTest, maps_vlans_to_interfaces) {
   add_uplink("l3-vlan20", 1, "20");
   add_uplink("l3-vlan10", 2, "10");
   EXPECT_EQ(read(), 0);
@@ -31,28 +31,28 @@ TEST_F(LdpUplinkTest, MapsVlansToInterfaces) {
                    next, next, std::string("maapi_destroy_cursor ") + kUplinks}));
 }
 
-TEST_F(LdpUplinkTest, OfTwoOnOneVlanTheFirstInListOrderNamesIt) {
+TEST_F(LdpUplinkTest, of_two_on_one_vlan_the_first_in_list_order_names_it) {
   add_uplink("l3-b", 1, "10");
   add_uplink("l3-a", 2, "10");
   read();
   EXPECT_EQ(uplinks, (val_ldp_uplink_map_t{{10, "l3-a"}}));
 }
 
-TEST_F(LdpUplinkTest, AnEntryThatIsInTheMapStays) {
+TEST_F(LdpUplinkTest, an_entry_that_is_in_the_map_stays) {
   uplinks = {{10, "before"}, {30, "other"}};
   add_uplink("l3-a", 1, "10");
   read();
   EXPECT_EQ(uplinks, (val_ldp_uplink_map_t{{10, "before"}, {30, "other"}}));
 }
 
-TEST_F(LdpUplinkTest, WithoutUplinksTheMapIsEmptied) {
+TEST_F(LdpUplinkTest, without_uplinks_the_map_is_emptied) {
   uplinks = {{10, "before"}};
   EXPECT_EQ(read(), 0);
   EXPECT_EQ(uplinks, val_ldp_uplink_map_t{});
   EXPECT_EQ(platform.calls(), Calls{std::string("maapi_num_instances ") + kUplinks});
 }
 
-TEST_F(LdpUplinkTest, AFailedCountEmptiesTheMap) {
+TEST_F(LdpUplinkTest, a_failed_count_empties_the_map) {
   uplinks = {{10, "before"}};
   add_uplink("l3-a", 1, "20");
   fail_only("maapi_num_instances", 1);
@@ -60,7 +60,7 @@ TEST_F(LdpUplinkTest, AFailedCountEmptiesTheMap) {
   EXPECT_EQ(uplinks, val_ldp_uplink_map_t{});
 }
 
-TEST_F(LdpUplinkTest, AFailedWalkLeavesWhatWasRead) {
+TEST_F(LdpUplinkTest, a_failed_walk_leaves_what_was_read) {
   add_uplink("l3-a", 1, "10");
   add_uplink("l3-b", 2, "20");
   fail_only("maapi_init_cursor", 1);
@@ -76,7 +76,7 @@ struct VlanTextCase {
   int vlan;
 };
 
-TEST_F(LdpUplinkTest, AVlanIsTheNumberThatItsTextBeginsWith) {
+TEST_F(LdpUplinkTest, a_vlan_is_the_number_that_its_text_begins_with) {
   for (const VlanTextCase &row : {VlanTextCase{"10", 10}, {" 10", 10}, {"010", 10}, {"10x", 10}, {"-1", -1}}) {
     SCOPED_TRACE(row.text);
     uplinks.clear();
@@ -86,7 +86,7 @@ TEST_F(LdpUplinkTest, AVlanIsTheNumberThatItsTextBeginsWith) {
   }
 }
 
-TEST_F(LdpUplinkTest, ATextThatIsNoNumberLeavesByException) {
+TEST_F(LdpUplinkTest, a_text_that_is_no_number_leaves_by_exception) {
   platform.list(kUplinks, 3, {{text("l3"), u32(1), text("none")}});
   EXPECT_THROW(read(), std::invalid_argument);
   platform.list(kUplinks, 3, {{text("l3"), u32(1), text("")}});
@@ -96,7 +96,7 @@ TEST_F(LdpUplinkTest, ATextThatIsNoNumberLeavesByException) {
   EXPECT_EQ(uplinks, val_ldp_uplink_map_t{});
 }
 
-TEST_F(LdpUplinkTest, NameAndVlanAreTexts) {
+TEST_F(LdpUplinkTest, name_and_vlan_are_texts) {
   platform.list(kUplinks, 3, {{u32(5), u32(1), text("10")}});
   EXPECT_BROKEN_MODEL(read(), "config_validate_comn", "(&mc.keys[0])->type == C_BUF");
   platform.list(kUplinks, 3, {{text("l3"), u32(1), u32(10)}});
@@ -113,7 +113,7 @@ class UplinkWarningTest : public AccessTest {
   }
 };
 
-TEST_F(UplinkWarningTest, WarnsOfAChangedAccessInterfaceOnAnUplinksVlan) {
+TEST_F(UplinkWarningTest, warns_of_a_changed_access_interface_on_an_uplinks_vlan) {
   record_changed_vlan("eth-1");
   add_uplink("l3-a", 1, "10");
   add_static_member(10, 1001);
@@ -121,7 +121,7 @@ TEST_F(UplinkWarningTest, WarnsOfAChangedAccessInterfaceOnAnUplinksVlan) {
   EXPECT_EQ(platform.errors(), std::vector<std::string>{kWarning});
 }
 
-TEST_F(UplinkWarningTest, SaysNothingOfAnUnchangedAccessInterface) {
+TEST_F(UplinkWarningTest, says_nothing_of_an_unchanged_access_interface) {
   record_vlan("vpls-group north", "vpn red", "eth-1", 100);
   add_uplink("l3-a", 1, "10");
   add_static_member(10, 1001);
@@ -130,7 +130,7 @@ TEST_F(UplinkWarningTest, SaysNothingOfAnUnchangedAccessInterface) {
   EXPECT_EQ(platform.count("limid_from_intfname"), 0U);
 }
 
-TEST_F(UplinkWarningTest, SaysNothingWhenThePortIsNoMemberOfTheUplinksVlan) {
+TEST_F(UplinkWarningTest, says_nothing_when_the_port_is_no_member_of_the_uplinks_vlan) {
   record_changed_vlan("eth-1");
   add_uplink("l3-a", 1, "10");
   add_static_member(10, 1002);
@@ -139,7 +139,7 @@ TEST_F(UplinkWarningTest, SaysNothingWhenThePortIsNoMemberOfTheUplinksVlan) {
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(UplinkWarningTest, AChangedPortBasedAttachmentCountsToo) {
+TEST_F(UplinkWarningTest, a_changed_port_based_attachment_counts_too) {
   record_port_based("vpws-group west", "vpn blue", "eth-1");
   record_change("vpws-group west", "vpn blue", "eth-1");
   add_uplink("l3-a", 1, "10");
@@ -147,14 +147,14 @@ TEST_F(UplinkWarningTest, AChangedPortBasedAttachmentCountsToo) {
   EXPECT_EQ(verdict(), -3);
 }
 
-TEST_F(UplinkWarningTest, WithoutUplinksNothingIsLookedUp) {
+TEST_F(UplinkWarningTest, without_uplinks_nothing_is_looked_up) {
   record_changed_vlan("eth-1");
   add_static_member(10, 1001);
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.calls(), Calls{std::string("maapi_num_instances ") + kUplinks});
 }
 
-TEST_F(UplinkWarningTest, LooksUpInterfaceByInterfaceAndVlanByVlanUntilAHit) {
+TEST_F(UplinkWarningTest, looks_up_interface_by_interface_and_vlan_by_vlan_until_a_hit) {
   record_vlan("vpls-group north", "vpn green", "eth-2", 5);
   record_changed_vlan("eth-2");
   record_changed_vlan("eth-1");
@@ -170,7 +170,7 @@ TEST_F(UplinkWarningTest, LooksUpInterfaceByInterfaceAndVlanByVlanUntilAHit) {
                    std::string("confd_trans_seterr ") + kWarning}));
 }
 
-TEST_F(UplinkWarningTest, EveryChangedVpnOfAnInterfaceIsLookedUpAnew) {
+TEST_F(UplinkWarningTest, every_changed_vpn_of_an_interface_is_looked_up_anew) {
   for (const char *vpn : {"vpn green", "vpn red"}) {
     record_vlan("vpls-group north", vpn, "eth-1", 100);
     record_change("vpls-group north", vpn, "eth-1");
@@ -183,7 +183,7 @@ TEST_F(UplinkWarningTest, EveryChangedVpnOfAnInterfaceIsLookedUpAnew) {
                    "limid_to_ifindex 101", exists}));
 }
 
-TEST_F(UplinkWarningTest, AFailedReadDrawsNoWarning) {
+TEST_F(UplinkWarningTest, a_failed_read_draws_no_warning) {
   record_changed_vlan("eth-1");
   add_uplink("l3-a", 1, "10");
   add_static_member(10, 1001);

@@ -31,7 +31,7 @@ const std::vector<PointCase> point_cases{
     {"", nullptr},
 };
 
-TEST(ValidationPointsTest, TheFirstRowWhoseNameBeginsTheCallsNameAnswers) {
+TEST(ValidationPointsTest, the_first_row_whose_name_begins_the_calls_name_answers) {
   for (const PointCase &row : point_cases) {
     EXPECT_EQ(find_validation_handler(row.call_name), row.handler) << '"' << row.call_name << '"';
   }

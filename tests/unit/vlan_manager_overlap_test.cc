@@ -58,7 +58,7 @@ const std::vector<MemberCase> member_cases{
 class VlanManagerVlanBasedTableTest : public VlanManagerVlanBasedTest,
                                       public ::testing::WithParamInterface<MemberCase> {};
 
-TEST_P(VlanManagerVlanBasedTableTest, Decides) {
+TEST_P(VlanManagerVlanBasedTableTest, decides) {
   const MemberCase &row = GetParam();
   for (const auto &[vlan, ifindex] : row.members) add_static_member(vlan, ifindex);
 
@@ -68,25 +68,25 @@ TEST_P(VlanManagerVlanBasedTableTest, Decides) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, VlanManagerVlanBasedTableTest, ::testing::ValuesIn(member_cases));
 
-TEST_F(VlanManagerVlanBasedTest, APortBasedAttachmentIsNotThisRulesConcern) {
+TEST_F(VlanManagerVlanBasedTest, a_port_based_attachment_is_not_this_rules_concern) {
   add_static_member(0, kEth1);
   EXPECT_EQ(verdict({0, 0}, VPN_MATCH_PORT_BASED), 0);
   EXPECT_EQ(platform.calls(), Calls{});
 }
 
-TEST_F(VlanManagerVlanBasedTest, AnotherMatchTypeIsTakenAsVlanBased) {
+TEST_F(VlanManagerVlanBasedTest, another_match_type_is_taken_as_vlan_based) {
   add_static_member(10, kEth1);
   EXPECT_EQ(verdict({10, 10}, static_cast<en_vpn_match_type_t>(3)), -1);
   EXPECT_EQ(platform.error(), assigned(10));
 }
 
-TEST_F(VlanManagerVlanBasedTest, ASingleVlanCostsOneLookUp) {
+TEST_F(VlanManagerVlanBasedTest, a_single_vlan_costs_one_look_up) {
   EXPECT_EQ(verdict({100, 100}), 0);
   EXPECT_EQ(platform.calls(), (Calls{"limid_from_intfname eth-1", "limid_to_ifindex 101",
                                      std::string("maapi_exists ") + kMembers + "{1 100 1001}"}));
 }
 
-TEST_F(VlanManagerVlanBasedTest, ARangeCostsOneSearchAndOneLookUp) {
+TEST_F(VlanManagerVlanBasedTest, a_range_costs_one_search_and_one_look_up) {
   const std::string table = "/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry";
   add_static_member(150, kEth2);
   EXPECT_EQ(verdict({100, 200}), 0);
@@ -97,14 +97,14 @@ TEST_F(VlanManagerVlanBasedTest, ARangeCostsOneSearchAndOneLookUp) {
                    "maapi_destroy_cursor /KZ-VLAN-MANAGER-MIB" + table}));
 }
 
-TEST_F(VlanManagerVlanBasedTest, AMemberThatIsThisPortNeedsNoLookUp) {
+TEST_F(VlanManagerVlanBasedTest, a_member_that_is_this_port_needs_no_look_up) {
   add_static_member(150, kEth1);
   EXPECT_EQ(verdict({100, 200}), -1);
   EXPECT_EQ(platform.count("maapi_exists"), 0U);
   EXPECT_EQ(platform.count("maapi_find_next"), 1U);
 }
 
-TEST_F(VlanManagerVlanBasedTest, AnUnknownInterfaceGoesOnWithIfindexZero) {
+TEST_F(VlanManagerVlanBasedTest, an_unknown_interface_goes_on_with_ifindex_zero) {
   interface = "eth-9";
   add_static_member(100, 0);
   EXPECT_EQ(verdict({100, 100}), -1);
@@ -113,7 +113,7 @@ TEST_F(VlanManagerVlanBasedTest, AnUnknownInterfaceGoesOnWithIfindexZero) {
       "vpls-group north vpn red interface eth-9 is already assigned to dot1q vlan 100. It must be configured to another dot1q");
 }
 
-TEST_F(VlanManagerVlanBasedTest, AcceptsWhenAReadFails) {
+TEST_F(VlanManagerVlanBasedTest, accepts_when_a_read_fails) {
   add_static_member(100, kEth1);
   add_static_member(150, kEth1);
   for (const char *function : {"limid_from_intfname", "limid_to_ifindex", "maapi_exists"}) {
@@ -129,7 +129,7 @@ TEST_F(VlanManagerVlanBasedTest, AcceptsWhenAReadFails) {
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(VlanManagerVlanBasedTest, TheKeysOfTheMemberAreIntegers) {
+TEST_F(VlanManagerVlanBasedTest, the_keys_of_the_member_are_integers) {
   platform.list(kMembers, 3, {{u32(1), u32(150), i32(kEth1)}});
   EXPECT_BROKEN_MODEL(verdict({100, 200}), "config_validate_comn", "(&mc.keys[1])->type == C_INT32");
   platform.list(kMembers, 3, {{u32(1), i32(150), u32(kEth1)}});
@@ -150,21 +150,21 @@ class VlanManagerPortBasedTest : public AccessTest {
 constexpr const char *kPortBasedAssigned =
     "vpws-group west vpn blue interface eth-1 is already assigned to dot1q vlan 100 and can not be configured on a port-based VPN";
 
-TEST_F(VlanManagerPortBasedTest, RefusesAChangedPortBasedVpnOnAMember) {
+TEST_F(VlanManagerPortBasedTest, refuses_a_changed_port_based_vpn_on_a_member) {
   record_changed_port_based("eth-1");
   add_static_member(100, kEth1);
   EXPECT_EQ(verdict(), -1);
   EXPECT_EQ(platform.error(), kPortBasedAssigned);
 }
 
-TEST_F(VlanManagerPortBasedTest, AcceptsItOnAPortThatIsNoMember) {
+TEST_F(VlanManagerPortBasedTest, accepts_it_on_a_port_that_is_no_member) {
   record_changed_port_based("eth-1");
   add_static_member(100, kEth2);
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(VlanManagerPortBasedTest, NamesTheFirstMemberInTableOrderAndTheFirstVpnInKeyOrder) {
+TEST_F(VlanManagerPortBasedTest, names_the_first_member_in_table_order_and_the_first_vpn_in_key_order) {
   record_changed_port_based("eth-1");
   record_changed_port_based("eth-2");
   record_port_based("vpls-group north", "vpn red", "eth-2");
@@ -178,7 +178,7 @@ TEST_F(VlanManagerPortBasedTest, NamesTheFirstMemberInTableOrderAndTheFirstVpnIn
       "vpls-group north vpn red interface eth-2 is already assigned to dot1q vlan 200 and can not be configured on a port-based VPN");
 }
 
-TEST_F(VlanManagerPortBasedTest, ReadsNothingWithoutAChangedPortBasedVpn) {
+TEST_F(VlanManagerPortBasedTest, reads_nothing_without_a_changed_port_based_vpn) {
   add_static_member(100, kEth1);
   record_port_based("vpws-group west", "vpn blue", "eth-1");
   record_vlan("vpls-group north", "vpn red", "eth-1", 10);
@@ -187,7 +187,7 @@ TEST_F(VlanManagerPortBasedTest, ReadsNothingWithoutAChangedPortBasedVpn) {
   EXPECT_EQ(platform.calls(), Calls{});
 }
 
-TEST_F(VlanManagerPortBasedTest, WalksTheTableEntryByEntry) {
+TEST_F(VlanManagerPortBasedTest, walks_the_table_entry_by_entry) {
   record_changed_port_based("eth-3");
   add_static_member(100, kEth1);
   add_static_member(200, kEth2);
@@ -199,7 +199,7 @@ TEST_F(VlanManagerPortBasedTest, WalksTheTableEntryByEntry) {
                    "maapi_destroy_cursor /KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry"}));
 }
 
-TEST_F(VlanManagerPortBasedTest, AcceptsWhenAReadFails) {
+TEST_F(VlanManagerPortBasedTest, accepts_when_a_read_fails) {
   record_changed_port_based("eth-1");
   add_static_member(100, kEth1);
   for (const char *function : {"maapi_init_cursor", "maapi_get_next", "limid_from_ifindex", "limid_to_intfname"}) {
@@ -210,7 +210,7 @@ TEST_F(VlanManagerPortBasedTest, AcceptsWhenAReadFails) {
   }
 }
 
-TEST_F(VlanManagerPortBasedTest, TheKeysOfAMemberAreIntegers) {
+TEST_F(VlanManagerPortBasedTest, the_keys_of_a_member_are_integers) {
   record_changed_port_based("eth-1");
   platform.list(kMembers, 3, {{u32(1), i32(100), u32(kEth1)}});
   EXPECT_BROKEN_MODEL(verdict(), "config_validate_comn", "(&mc.keys[2])->type == C_INT32");

@@ -36,7 +36,7 @@ const std::vector<MeetCase> meet_cases{
     {"up to the largest number", {{4294967295, 4294967295}}, {4294967294, 4294967295}, true},
 };
 
-TEST(VlanSetTest, MeetARangeThatSharesAVlan) {
+TEST(VlanSetTest, meet_a_range_that_shares_a_vlan) {
   for (const MeetCase &row : meet_cases) {
     vlan_set_t claims;
     for (const st_acc_dot1q_range_t &range : row.claimed) claims.add(range);

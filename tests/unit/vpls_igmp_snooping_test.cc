@@ -24,12 +24,12 @@ class VplsIgmpSnoopingTest : public AccessTest {
   const std::string table = "/KZ-MGMD-ROUTER-MIB/mgmdRouterInterfaceTable/mgmdRouterInterfaceEntry";
 };
 
-TEST_F(VplsIgmpSnoopingTest, WithoutRouterInterfacesNothingElseIsRead) {
+TEST_F(VplsIgmpSnoopingTest, without_router_interfaces_nothing_else_is_read) {
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.calls(), Calls{std::string("maapi_num_instances ") + kRouterInterfaces});
 }
 
-TEST_F(VplsIgmpSnoopingTest, RefusesARouterInterface) {
+TEST_F(VplsIgmpSnoopingTest, refuses_a_router_interface) {
   add_router_interface(7, 1001);
   EXPECT_EQ(verdict(), -1);
   EXPECT_EQ(platform.calls(),
@@ -39,13 +39,13 @@ TEST_F(VplsIgmpSnoopingTest, RefusesARouterInterface) {
                    "maapi_destroy_cursor " + table}));
 }
 
-TEST_F(VplsIgmpSnoopingTest, AcceptsAnotherPort) {
+TEST_F(VplsIgmpSnoopingTest, accepts_another_port) {
   add_router_interface(7, 1002);
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(VplsIgmpSnoopingTest, NamesTheFirstInstance) {
+TEST_F(VplsIgmpSnoopingTest, names_the_first_instance) {
   add_router_interface(9, 1001);
   add_router_interface(7, 1001);
   EXPECT_EQ(verdict(), -1);
@@ -58,7 +58,7 @@ struct BatchCase {
   std::size_t fetches_without;
 };
 
-TEST_F(VplsIgmpSnoopingTest, TheTableIsReadInBatchesOf64) {
+TEST_F(VplsIgmpSnoopingTest, the_table_is_read_in_batches_of_64) {
   for (const BatchCase &row : {BatchCase{63, 1, 1}, {64, 2, 2}, {127, 2, 2}, {128, 3, 3}}) {
     SCOPED_TRACE(row.others);
     platform.list(kRouterInterfaces, 2);
@@ -74,7 +74,7 @@ TEST_F(VplsIgmpSnoopingTest, TheTableIsReadInBatchesOf64) {
   }
 }
 
-TEST_F(VplsIgmpSnoopingTest, AcceptsWhenAReadFails) {
+TEST_F(VplsIgmpSnoopingTest, accepts_when_a_read_fails) {
   add_others(64);
   add_router_interface(7, 1001);
   for (const char *function :
@@ -88,7 +88,7 @@ TEST_F(VplsIgmpSnoopingTest, AcceptsWhenAReadFails) {
   EXPECT_EQ(platform.error(), "");
 }
 
-TEST_F(VplsIgmpSnoopingTest, InstanceAndIfindexAreIntegers) {
+TEST_F(VplsIgmpSnoopingTest, instance_and_ifindex_are_integers) {
   platform.list(kRouterInterfaces, 2, {{i32(7), u32(1001)}});
   EXPECT_BROKEN_MODEL(verdict(), "config_validate_vpls", "(&v[1])->type == C_INT32");
   platform.list(kRouterInterfaces, 2, {{u32(7), i32(1001)}});

@@ -102,7 +102,7 @@ const std::vector<KindCase> kind_cases{
     {"a shorter VPN name does not", {{"G", "V", "eth-1-1"}}, {"G", "V1", "service-1"}, true},
 };
 
-TEST_F(VplsInterfaceKindTest, OneVpnHasServicePortsOrEthernets) {
+TEST_F(VplsInterfaceKindTest, one_vpn_has_service_ports_or_ethernets) {
   for (const KindCase &row : kind_cases) {
     SCOPED_TRACE(row.name);
     configure(row.configured);
@@ -115,7 +115,7 @@ TEST_F(VplsInterfaceKindTest, OneVpnHasServicePortsOrEthernets) {
   }
 }
 
-TEST_F(VplsInterfaceKindTest, WalksTheListToTheFirstOtherInterfaceOnly) {
+TEST_F(VplsInterfaceKindTest, walks_the_list_to_the_first_other_interface_only) {
   configure({{"G", "V", "service-1"}, {"G", "V", "service-2"}, {"G", "V", "service-3"}});
   EXPECT_EQ(type_verdict({"G", "V", "service-1"}), 0);
   EXPECT_EQ(
@@ -124,7 +124,7 @@ TEST_F(VplsInterfaceKindTest, WalksTheListToTheFirstOtherInterfaceOnly) {
              "maapi_get_next /internal/int-sub-vpls-vpn-ac", "maapi_destroy_cursor /internal/int-sub-vpls-vpn-ac"}));
 }
 
-TEST_F(VplsInterfaceKindTest, SetsTheMessageBeforeTheCursorIsDestroyed) {
+TEST_F(VplsInterfaceKindTest, sets_the_message_before_the_cursor_is_destroyed) {
   configure({{"G", "V", "eth-1-1"}});
   EXPECT_EQ(type_verdict({"G", "V", "service-1"}), -1);
   EXPECT_EQ(platform.calls(),
@@ -132,7 +132,7 @@ TEST_F(VplsInterfaceKindTest, SetsTheMessageBeforeTheCursorIsDestroyed) {
                    std::string("confd_trans_seterr ") + kMixed, "maapi_destroy_cursor /internal/int-sub-vpls-vpn-ac"}));
 }
 
-TEST_F(VplsInterfaceKindTest, AWalkThatCannotBeReadAccepts) {
+TEST_F(VplsInterfaceKindTest, a_walk_that_cannot_be_read_accepts) {
   configure({{"G", "V", "eth-1-1"}, {"G", "V", "service-1"}});
   for (const char *function : {"maapi_init_cursor", "maapi_get_next"}) {
     SCOPED_TRACE(function);
@@ -143,7 +143,7 @@ TEST_F(VplsInterfaceKindTest, AWalkThatCannotBeReadAccepts) {
   EXPECT_EQ(platform.errors(), Texts{});
 }
 
-TEST_F(VplsInterfaceKindTest, AListKeyOfAnotherTypeStopsTheProcess) {
+TEST_F(VplsInterfaceKindTest, a_list_key_of_another_type_stops_the_process) {
   const std::vector<std::pair<Values, const char *>> rows{
       {{u32(1), u32(1), u32(1), u32(1)}, "(&mc.keys[0])->type == C_BUF"},
       {{text("G"), u32(1), u32(1), u32(1)}, "(&mc.keys[1])->type == C_BUF"},
@@ -156,14 +156,14 @@ TEST_F(VplsInterfaceKindTest, AListKeyOfAnotherTypeStopsTheProcess) {
   }
 }
 
-TEST_F(VplsInterfaceKindTest, AListKeyIsLookedAtOnlyWhenTheOnesBeforeItMatch) {
+TEST_F(VplsInterfaceKindTest, a_list_key_is_looked_at_only_when_the_ones_before_it_match) {
   platform.list(kList, 4, {{text("F"), u32(1), u32(1), u32(1)}});
   EXPECT_EQ(type_verdict({"G", "V", "service-1"}), 0);
   platform.list(kList, 4, {{text("G"), text("U"), u32(1), u32(1)}});
   EXPECT_EQ(type_verdict({"G", "V", "service-1"}), 0);
 }
 
-TEST_F(VplsInterfaceKindTest, AServicePortNeedsTransparentLanService) {
+TEST_F(VplsInterfaceKindTest, a_service_port_needs_transparent_lan_service) {
   EXPECT_EQ(config_verdict({"G", "V", "service-1"}), -1);
   EXPECT_EQ(platform.errors(), Texts{kNeedsTls});
 
@@ -173,7 +173,7 @@ TEST_F(VplsInterfaceKindTest, AServicePortNeedsTransparentLanService) {
   EXPECT_EQ(config_verdict({"H", "V", "service-1"}), -1) << "it is another group's";
 }
 
-TEST_F(VplsInterfaceKindTest, AnEthernetNeedsNone) {
+TEST_F(VplsInterfaceKindTest, an_ethernet_needs_none) {
   for (const char *interface : {"eth-1-1", "servic", "eth-service", ""}) {
     SCOPED_TRACE(interface);
     EXPECT_EQ(config_verdict({"G", "V", interface}), 0);
@@ -181,7 +181,7 @@ TEST_F(VplsInterfaceKindTest, AnEthernetNeedsNone) {
   EXPECT_EQ(platform.calls(), Calls{}) << "and nothing is read";
 }
 
-TEST_F(VplsInterfaceKindTest, AFailedReadLetsTheServicePortPass) {
+TEST_F(VplsInterfaceKindTest, a_failed_read_lets_the_service_port_pass) {
   platform.fail("maapi_exists", 1);
   EXPECT_EQ(config_verdict({"G", "V", "service-1"}), 0);
   EXPECT_EQ(platform.errors(), Texts{});
@@ -190,7 +190,7 @@ TEST_F(VplsInterfaceKindTest, AFailedReadLetsTheServicePortPass) {
 }
 
 // The keys go into the path as they are: a name with a blank makes a path that the agent cannot read.
-TEST_F(VplsInterfaceKindTest, ANameWithABlankIsAFailedRead) {
+TEST_F(VplsInterfaceKindTest, a_name_with_a_blank_is_a_failed_read) {
   platform.leaf("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/bridge-mtu", u32(1500));
   EXPECT_EQ(config_verdict({"G", "V W", "service-1"}), 0);
   EXPECT_EQ(platform.calls(),
@@ -198,7 +198,7 @@ TEST_F(VplsInterfaceKindTest, ANameWithABlankIsAFailedRead) {
                   "/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V W}/bridge-domain/transparent-lan-service"});
 }
 
-TEST_F(VplsInterfaceKindTest, ANameWithAPercentSignIsTakenAsItIs) {
+TEST_F(VplsInterfaceKindTest, a_name_with_a_percent_sign_is_taken_as_it_is) {
   EXPECT_EQ(config_verdict({"G", "100%s", "service-1"}), -1);
   EXPECT_EQ(platform.calls()[0],
             "maapi_exists /mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{100%s}/bridge-domain/transparent-lan-service");
@@ -213,7 +213,7 @@ std::vector<Values> without_tags(const Attachment &ac) {
   return elements;
 }
 
-TEST_F(VplsInterfaceKindTest, APathWithoutATagIsRejected) {
+TEST_F(VplsInterfaceKindTest, a_path_without_a_tag_is_rejected) {
   const std::vector<Values> elements = without_tags({"G", "V", "service-1"});
   EXPECT_EQ(type_verdict(elements), -1);
   EXPECT_EQ(config_verdict(elements), -1);
@@ -222,7 +222,7 @@ TEST_F(VplsInterfaceKindTest, APathWithoutATagIsRejected) {
   EXPECT_EQ(platform.count("maapi_init_cursor") + platform.count("maapi_exists"), 0U) << "nothing is read for it";
 }
 
-TEST_F(VplsInterfaceKindTest, OneTagAnywhereInThePathIsEnough) {
+TEST_F(VplsInterfaceKindTest, one_tag_anywhere_in_the_path_is_enough) {
   for (const std::size_t element : {0U, 2U, 7U, 24U}) {
     SCOPED_TRACE(element);
     std::vector<Values> elements = without_tags({"G", "V", "eth-1-1"});
@@ -233,19 +233,19 @@ TEST_F(VplsInterfaceKindTest, OneTagAnywhereInThePathIsEnough) {
   }
 }
 
-TEST_F(VplsInterfaceKindTest, ATagBeyondThePathsLengthCounts) {
+TEST_F(VplsInterfaceKindTest, a_tag_beyond_the_paths_length_counts) {
   scripted::KeyPath key_path(without_tags({"G", "V", "eth-1-1"}));
   key_path.get()->v[24][0] = scripted::borrowed(tag(1));
   EXPECT_EQ(config_validate_vpls_access_interface_type(platform.socket(), &platform.context(), key_path.get()), 0);
 }
 
-TEST_F(VplsInterfaceKindTest, ATagIsTheFirstValueOfAnElement) {
+TEST_F(VplsInterfaceKindTest, a_tag_is_the_first_value_of_an_element) {
   std::vector<Values> elements = without_tags({"G", "V", "eth-1-1"});
   elements[3] = {u32(0), tag(1)};
   EXPECT_EQ(config_verdict(elements), -1);
 }
 
-TEST_F(VplsInterfaceKindTest, APathKeyOfAnotherTypeStopsTheProcessEvenWithoutATag) {
+TEST_F(VplsInterfaceKindTest, a_path_key_of_another_type_stops_the_process_even_without_a_tag) {
   const std::vector<std::pair<std::size_t, const char *>> keys{
       {1, "(&kp->v[1][0])->type == C_BUF"}, {4, "(&kp->v[4][0])->type == C_BUF"}, {6, "(&kp->v[6][0])->type == C_BUF"}};
   for (std::size_t first_wrong = 0; first_wrong < keys.size(); ++first_wrong) {

@@ -23,7 +23,7 @@ const std::vector<NameCase> name_cases{
     {"hello world!", "!", "o world!"},
 };
 
-TEST(VpnNamesTest, ThePrefixIsCutByItsLength) {
+TEST(VpnNamesTest, the_prefix_is_cut_by_its_length) {
   for (const NameCase &row : name_cases) {
     EXPECT_EQ(bare_group_name(row.name), row.bare_group) << row.name;
     EXPECT_EQ(bare_vpn_name(row.name), row.bare_vpn) << row.name;
@@ -41,7 +41,7 @@ const std::vector<FamilyCase> family_cases{
     {"vpls-group", false, false},      {"north", false, false},
 };
 
-TEST(VpnNamesTest, TheFamilysKeywordCountsAnywhere) {
+TEST(VpnNamesTest, the_familys_keyword_counts_anywhere) {
   for (const FamilyCase &row : family_cases) {
     EXPECT_EQ(is_vpls_group(row.group), row.is_vpls) << row.group;
     EXPECT_EQ(is_vpws_group(row.group), row.is_vpws) << row.group;

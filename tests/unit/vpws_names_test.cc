@@ -67,7 +67,7 @@ const std::vector<std::string> invalid_names{"grp 1", " ",   "a/b", "a,b",      
                                              "a!b",   "a#b", "a$b", "a%b",           "a?b",      "a[b", "a]b",  "a^b",
                                              "a`b",   "a|b", "a~b", "Z\xc3\xbcrich", "last\x7f", "\x80"};
 
-TEST_F(VpwsNamesTest, AcceptsNamesOfAllowedCharacters) {
+TEST_F(VpwsNamesTest, accepts_names_of_allowed_characters) {
   for (const std::string &name : valid_names) {
     SCOPED_TRACE(name);
     configure({{name, {name}}});
@@ -76,7 +76,7 @@ TEST_F(VpwsNamesTest, AcceptsNamesOfAllowedCharacters) {
   EXPECT_EQ(platform.errors(), Texts{});
 }
 
-TEST_F(VpwsNamesTest, RejectsAGroupNameWithAnyOtherCharacter) {
+TEST_F(VpwsNamesTest, rejects_a_group_name_with_any_other_character) {
   for (const std::string &name : invalid_names) {
     SCOPED_TRACE(name);
     configure({{name, {"east"}}});
@@ -85,7 +85,7 @@ TEST_F(VpwsNamesTest, RejectsAGroupNameWithAnyOtherCharacter) {
   }
 }
 
-TEST_F(VpwsNamesTest, RejectsAVpnNameWithAnyOtherCharacter) {
+TEST_F(VpwsNamesTest, rejects_a_vpn_name_with_any_other_character) {
   for (const std::string &name : invalid_names) {
     SCOPED_TRACE(name);
     configure({{"north", {name}}});
@@ -94,7 +94,7 @@ TEST_F(VpwsNamesTest, RejectsAVpnNameWithAnyOtherCharacter) {
   }
 }
 
-TEST_F(VpwsNamesTest, AcceptsAndRejectsEachCharacterByItself) {
+TEST_F(VpwsNamesTest, accepts_and_rejects_each_character_by_itself) {
   const std::string allowed = "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ-_@<>&=:.+()";
   ASSERT_EQ(allowed.size(), 74U);
   for (int code = 1; code < 256; ++code) {
@@ -105,7 +105,7 @@ TEST_F(VpwsNamesTest, AcceptsAndRejectsEachCharacterByItself) {
   }
 }
 
-TEST_F(VpwsNamesTest, AnInvalidGroupsVpnsAreNotRead) {
+TEST_F(VpwsNamesTest, an_invalid_groups_vpns_are_not_read) {
   configure({{"grp 1", {"a b"}}});
   EXPECT_EQ(verdict(), -1);
   EXPECT_EQ(platform.errors(), Texts{"VPWS Group name grp 1" + kInvalid});
@@ -115,7 +115,7 @@ TEST_F(VpwsNamesTest, AnInvalidGroupsVpnsAreNotRead) {
              "confd_trans_seterr VPWS Group name grp 1" + kInvalid, "maapi_destroy_cursor /internal/int-vpws-group"}));
 }
 
-TEST_F(VpwsNamesTest, AGroupsVpnsAreCheckedBeforeTheNextGroup) {
+TEST_F(VpwsNamesTest, a_groups_vpns_are_checked_before_the_next_group) {
   configure({{"A", {"a b"}}, {"B B", {"east"}}});
   EXPECT_EQ(verdict(), -1);
   EXPECT_EQ(platform.errors(), Texts{"VPWS Group name A VPN name a b" + kInvalid});
@@ -125,7 +125,7 @@ TEST_F(VpwsNamesTest, AGroupsVpnsAreCheckedBeforeTheNextGroup) {
   EXPECT_EQ(platform.error(), "VPWS Group name B B" + kInvalid);
 }
 
-TEST_F(VpwsNamesTest, TheFirstInvalidVpnEndsTheCheckAndTheWholeBatchIsFreed) {
+TEST_F(VpwsNamesTest, the_first_invalid_vpn_ends_the_check_and_the_whole_batch_is_freed) {
   configure({{"north", {"a", "b b", "c c", "d"}}, {"south", {"e"}}});
   EXPECT_EQ(verdict(), -1);
   EXPECT_EQ(platform.errors(), Texts{"VPWS Group name north VPN name b b" + kInvalid});
@@ -139,7 +139,7 @@ TEST_F(VpwsNamesTest, TheFirstInvalidVpnEndsTheCheckAndTheWholeBatchIsFreed) {
                    "maapi_destroy_cursor /internal/int-vpws-group"}));
 }
 
-TEST_F(VpwsNamesTest, ReadsEveryGroupAndItsVpnsInListOrder) {
+TEST_F(VpwsNamesTest, reads_every_group_and_its_vpns_in_list_order) {
   configure({{"A", {"a"}}, {"B", {}}});
   EXPECT_EQ(verdict(), 0);
   EXPECT_EQ(platform.calls(),
@@ -153,7 +153,7 @@ TEST_F(VpwsNamesTest, ReadsEveryGroupAndItsVpnsInListOrder) {
                    "maapi_get_next /internal/int-vpws-group", "maapi_destroy_cursor /internal/int-vpws-group"}));
 }
 
-TEST_F(VpwsNamesTest, VplsNamesAreNotRead) {
+TEST_F(VpwsNamesTest, vpls_names_are_not_read) {
   platform.list("/mpls/l2vpn-config/l2vpn/vpls-group", 1, {{text("a b")}});
   platform.list("/internal/int-vpls-group", 1, {{text("a b")}});
   EXPECT_EQ(verdict(), 0);
@@ -166,7 +166,7 @@ struct BatchCase {
 
 const std::vector<BatchCase> batch_cases{{0, 1}, {1, 1}, {63, 1}, {64, 2}, {65, 2}, {127, 2}, {128, 3}, {129, 3}};
 
-TEST_F(VpwsNamesTest, ReadsVpnsInBatchesUntilTheListEnds) {
+TEST_F(VpwsNamesTest, reads_vpns_in_batches_until_the_list_ends) {
   for (const BatchCase &row : batch_cases) {
     SCOPED_TRACE(row.vpns);
     configure_many(row.vpns, "z");
@@ -177,7 +177,7 @@ TEST_F(VpwsNamesTest, ReadsVpnsInBatchesUntilTheListEnds) {
   }
 }
 
-TEST_F(VpwsNamesTest, FindsAnInvalidLastVpnOfEveryBatch) {
+TEST_F(VpwsNamesTest, finds_an_invalid_last_vpn_of_every_batch) {
   for (const BatchCase &row : batch_cases) {
     if (row.vpns == 0) continue;
     SCOPED_TRACE(row.vpns);
@@ -190,7 +190,7 @@ TEST_F(VpwsNamesTest, FindsAnInvalidLastVpnOfEveryBatch) {
   }
 }
 
-TEST_F(VpwsNamesTest, VpnsThatCannotBeReadAreAccepted) {
+TEST_F(VpwsNamesTest, vpns_that_cannot_be_read_are_accepted) {
   configure_many(129, "z z");
   for (const std::size_t nth : {1U, 2U, 3U}) {
     SCOPED_TRACE(nth);
@@ -214,7 +214,7 @@ const std::vector<FailureCase> failure_cases{
     {"maapi_get_next", 2, 0},    {"maapi_get_objects", 1, -1}, {"maapi_get_objects", 2, 0},
 };
 
-TEST_F(VpwsNamesTest, WhatCannotBeReadIsAccepted) {
+TEST_F(VpwsNamesTest, what_cannot_be_read_is_accepted) {
   configure({{"A", {"a"}}, {"B", {"b b"}}});
   for (const FailureCase &row : failure_cases) {
     SCOPED_TRACE(std::string(row.function) + " " + std::to_string(row.nth));
@@ -226,23 +226,23 @@ TEST_F(VpwsNamesTest, WhatCannotBeReadIsAccepted) {
   }
 }
 
-TEST_F(VpwsNamesTest, AGroupKeyOfAnotherTypeStopsTheProcess) {
+TEST_F(VpwsNamesTest, a_group_key_of_another_type_stops_the_process) {
   platform.list(kGroups, 1, {{u32(1)}});
   EXPECT_BROKEN_MODEL(verdict(), "config_validate_vpws", "(&mc.keys[0])->type == C_BUF");
 }
 
-TEST_F(VpwsNamesTest, AVpnNameOfAnotherTypeStopsTheProcess) {
+TEST_F(VpwsNamesTest, a_vpn_name_of_another_type_stops_the_process) {
   platform.list(vpns_of("north"), 2, {{u32(1), u32(1)}});
   EXPECT_BROKEN_MODEL(vpn_verdict("north"), "config_validate_vpws", "(&values[0])->type == C_BUF");
 }
 
-TEST_F(VpwsNamesTest, AVpnIdOfAnotherTypeDoesNotMatter) {
+TEST_F(VpwsNamesTest, a_vpn_id_of_another_type_does_not_matter) {
   platform.list(vpns_of("north"), 2, {{text("east"), text("not a number")}});
   EXPECT_EQ(vpn_verdict("north"), 0);
   expected_leaks = {"value not a number"};  // only names are taken for what they are and freed
 }
 
-TEST_F(VpwsNamesTest, FindsTheIdOfAVpn) {
+TEST_F(VpwsNamesTest, finds_the_id_of_a_vpn) {
   platform.list(vpns_of("north"), 2, {{text("east"), u32(5)}, {text("south"), u32(6)}, {text("west"), u32(7)}});
   platform.list(vpns_of("other"), 2, {{text("south"), u32(8)}});
   EXPECT_EQ(id_of("north", "east"), 5U);
@@ -251,7 +251,7 @@ TEST_F(VpwsNamesTest, FindsTheIdOfAVpn) {
   EXPECT_EQ(id_of("other", "south"), 8U);
 }
 
-TEST_F(VpwsNamesTest, AVpnThatDoesNotExistHasId0) {
+TEST_F(VpwsNamesTest, a_vpn_that_does_not_exist_has_id_0) {
   platform.list(vpns_of("north"), 2, {{text("east"), u32(5)}, {text("west"), u32(7)}});
   EXPECT_EQ(id_of("north", "a"), 0U) << "before the first";
   EXPECT_EQ(id_of("north", "south"), 0U) << "between two";
@@ -259,14 +259,14 @@ TEST_F(VpwsNamesTest, AVpnThatDoesNotExistHasId0) {
   EXPECT_EQ(id_of("nowhere", "east"), 0U);
 }
 
-TEST_F(VpwsNamesTest, OfSeveralIdsTheLowestAbove0IsTheVpns) {
+TEST_F(VpwsNamesTest, of_several_ids_the_lowest_above_0_is_the_vpns) {
   platform.list(vpns_of("north"), 2, {{text("east"), u32(0)}, {text("east"), u32(9)}, {text("east"), u32(4)}});
   EXPECT_EQ(id_of("north", "east"), 4U);
   platform.list(vpns_of("north"), 2, {{text("east"), u32(0)}});
   EXPECT_EQ(id_of("north", "east"), 0U);
 }
 
-TEST_F(VpwsNamesTest, LooksTheIdUpInOneMove) {
+TEST_F(VpwsNamesTest, looks_the_id_up_in_one_move) {
   platform.list(vpns_of("north"), 2, {{text("east"), u32(5)}});
   EXPECT_EQ(id_of("north", "east"), 5U);
   EXPECT_EQ(platform.calls(), (Calls{"maapi_init_cursor /internal/int-vpws-group{north}/int-vpws",
@@ -274,7 +274,7 @@ TEST_F(VpwsNamesTest, LooksTheIdUpInOneMove) {
                                      "maapi_destroy_cursor /internal/int-vpws-group{north}/int-vpws"}));
 }
 
-TEST_F(VpwsNamesTest, AnIdThatCannotBeReadIs0) {
+TEST_F(VpwsNamesTest, an_id_that_cannot_be_read_is_0) {
   platform.list(vpns_of("north"), 2, {{text("east"), u32(5)}});
   for (const char *function : {"maapi_init_cursor", "maapi_find_next"}) {
     SCOPED_TRACE(function);
@@ -284,7 +284,7 @@ TEST_F(VpwsNamesTest, AnIdThatCannotBeReadIs0) {
   }
 }
 
-TEST_F(VpwsNamesTest, AnIdOrNameKeyOfAnotherTypeStopsTheProcess) {
+TEST_F(VpwsNamesTest, an_id_or_name_key_of_another_type_stops_the_process) {
   platform.list(vpns_of("north"), 2, {{text("east"), scripted::enum_value(5)}});
   EXPECT_BROKEN_MODEL(id_of("north", "east"), "config_validate_vpws", "(&mc.keys[1])->type == C_UINT32");
   platform.list(vpns_of("north"), 2, {{scripted::ipv4("10.0.0.1"), u32(5)}});

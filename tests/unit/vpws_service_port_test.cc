@@ -27,7 +27,7 @@ class VpwsServicePortTest : public scripted::PlatformTest {
   }
 };
 
-TEST_F(VpwsServicePortTest, AcceptsAnyOtherInterfaceUnread) {
+TEST_F(VpwsServicePortTest, accepts_any_other_interface_unread) {
   for (const char *name : {"gigabit-ethernet-1/1/1", "service-1", "service_port-7", "Service-port-7", ""}) {
     SCOPED_TRACE(name);
     EXPECT_EQ(verdict(name), 0);
@@ -35,32 +35,32 @@ TEST_F(VpwsServicePortTest, AcceptsAnyOtherInterfaceUnread) {
   EXPECT_EQ(platform.calls(), Calls{});
 }
 
-TEST_F(VpwsServicePortTest, AcceptsAServicePortWithoutAVlanAction) {
+TEST_F(VpwsServicePortTest, accepts_a_service_port_without_a_vlan_action) {
   EXPECT_EQ(verdict("service-port-7"), 0);
   EXPECT_EQ(platform.calls(), (Calls{"maapi_exists " + match_of("7", "vid"), "maapi_exists " + match_of("7", "any")}));
   EXPECT_EQ(platform.errors(), Texts{});
 }
 
-TEST_F(VpwsServicePortTest, RejectsAVlanIdAndDoesNotAskForAny) {
+TEST_F(VpwsServicePortTest, rejects_a_vlan_id_and_does_not_ask_for_any) {
   platform.leaf(match_of("7", "vid"), u32(100));
   EXPECT_EQ(verdict("service-port-7"), -1);
   EXPECT_EQ(platform.calls(),
             (Calls{"maapi_exists " + match_of("7", "vid"), std::string("confd_trans_seterr ") + kVlanAction}));
 }
 
-TEST_F(VpwsServicePortTest, RejectsAnyVlan) {
+TEST_F(VpwsServicePortTest, rejects_any_vlan) {
   platform.leaf(match_of("7", "any"));
   EXPECT_EQ(verdict("service-port-7"), -1);
   EXPECT_EQ(platform.errors(), Texts{kVlanAction});
 }
 
-TEST_F(VpwsServicePortTest, AnotherServicePortsVlanActionDoesNotMatter) {
+TEST_F(VpwsServicePortTest, another_service_ports_vlan_action_does_not_matter) {
   platform.leaf(match_of("8", "vid"), u32(100));
   platform.leaf(match_of("8", "any"));
   EXPECT_EQ(verdict("service-port-7"), 0);
 }
 
-TEST_F(VpwsServicePortTest, AFailedReadRejects) {
+TEST_F(VpwsServicePortTest, a_failed_read_rejects) {
   platform.fail("maapi_exists", 1);
   EXPECT_EQ(verdict("service-port-7"), -1);
   EXPECT_EQ(platform.error(), kVlanAction);
@@ -94,7 +94,7 @@ const std::vector<NumberCase> number_cases{
     {"9-service-port --12", "12"},
 };
 
-TEST_F(VpwsServicePortTest, TakesTheNumberAfterTheLastHyphenUpToTheFirstNonDigit) {
+TEST_F(VpwsServicePortTest, takes_the_number_after_the_last_hyphen_up_to_the_first_non_digit) {
   for (const NumberCase &row : number_cases) {
     SCOPED_TRACE(row.interface);
     platform.forget_calls();
@@ -104,7 +104,7 @@ TEST_F(VpwsServicePortTest, TakesTheNumberAfterTheLastHyphenUpToTheFirstNonDigit
   }
 }
 
-TEST_F(VpwsServicePortTest, RejectsANameWithoutANumberOrWithOneOutOfRange) {
+TEST_F(VpwsServicePortTest, rejects_a_name_without_a_number_or_with_one_out_of_range) {
   for (const std::string name :
        {"service-port-abc", "service-port-99999999999", "service-port-2147483648", "service-port-", "service-port",
         "service-port--", "service-port- ", "service-port-7-x", "12-service-port"}) {
@@ -115,7 +115,7 @@ TEST_F(VpwsServicePortTest, RejectsANameWithoutANumberOrWithOneOutOfRange) {
   EXPECT_EQ(platform.count("maapi_exists"), 0U);
 }
 
-TEST_F(VpwsServicePortTest, AKeyOfAnotherTypeStopsTheProcess) {
+TEST_F(VpwsServicePortTest, a_key_of_another_type_stops_the_process) {
   EXPECT_BROKEN_MODEL(verdict_on_key(u32(7)), "config_validate_vpws", "(&kp->v[0][0])->type == C_BUF");
 }
 

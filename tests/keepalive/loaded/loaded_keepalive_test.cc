@@ -43,7 +43,7 @@ struct Commit {
   std::exit(0);
 }
 
-TEST(LoadedKeepaliveTest, ExtendsAfter37SecondsWhicheverPointAsks) {
+TEST(LoadedKeepaliveTest, extends_after_37_seconds_whichever_point_asks) {
   ASSERT_TRUE(FakeClock::works());
   const testing::ExitedWithCode done(0);
   EXPECT_EXIT(validate_at({{0, "vpn_peer_valp"}, {10, "vpn_peer_valp"}}), done, "00, extended by and no more");
@@ -54,7 +54,7 @@ TEST(LoadedKeepaliveTest, ExtendsAfter37SecondsWhicheverPointAsks) {
       "0000, extended by 120 120 and no more");
 }
 
-TEST(LoadedKeepaliveTest, APointThatAsksForNoTimeDoesNotStartTheInterval) {
+TEST(LoadedKeepaliveTest, a_point_that_asks_for_no_time_does_not_start_the_interval) {
   EXPECT_EXIT(validate_at({{0, "no_such_valp"}, {37, "vpn_peer_valp"}}), testing::ExitedWithCode(0),
               "00, extended by and no more");
 }
