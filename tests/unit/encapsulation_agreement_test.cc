@@ -77,6 +77,14 @@ TEST_P(EncapsulationAgreementTest, the_configuration_is_not_read) {
   EXPECT_EQ(platform.calls(), Calls{});
 }
 
+// The maps are the callers' to write: what is in them counts, also beside the functions that record.
+TEST_P(EncapsulationAgreementTest, an_interface_that_a_caller_put_into_the_map_counts) {
+  snapshot.intf_map["eth-9"][make_group_vpn_id("vpls-group north", "vpn red")].encap_cfg = true;
+  EXPECT_EQ(verdict(true), 0);
+  EXPECT_EQ(verdict(false), -1);
+  EXPECT_EQ(platform.error(), kMessage);
+}
+
 TEST_P(EncapsulationAgreementTest, ranges_of_the_interface_stay) {
   record_vlan("vpls-group north", "vpn red", "eth-2", 10);
   EXPECT_EQ(verdict(true), 0);
