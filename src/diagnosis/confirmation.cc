@@ -62,11 +62,16 @@ std::vector<Cluster> clusters_of(const SearchContext &context, const FoundConfli
   return clusters;
 }
 
+/// All that may matter to whether the entries draw the message.
+NumberSet scope_of(const SearchContext &context, const NumberSet &entries, std::uint32_t message) {
+  const rules::Rule *rule = context.messages[message].rule;
+  const bool is_everywhere = rule != nullptr && rule->scope == rules::Scope::configuration;
+  return is_everywhere ? context.all() : context.scope(entries);
+}
+
 /// The entries of the cluster and all that are party of no other.
 NumberSet surroundings(const SearchContext &context, const Cluster &cluster, const std::vector<std::uint32_t> &counts) {
-  const rules::Rule *rule = context.messages[cluster.message].rule;
-  const bool is_everywhere = rule != nullptr && rule->scope == rules::Scope::configuration;
-  NumberSet set = is_everywhere ? context.all() : context.scope(cluster.entries);
+  NumberSet set = scope_of(context, cluster.entries, cluster.message);
   std::erase_if(set, [&counts](std::uint32_t entry) { return counts[entry] != 0; });
   return context.entries.closure(united(united(set, cluster.entries), cluster.parties));
 }
@@ -77,6 +82,11 @@ std::vector<std::uint32_t> count_parties(const Entries &entries, const std::vect
     for (const std::uint32_t party : cluster.parties) ++counts[party];
   }
   return counts;
+}
+
+bool is_any_confirmed(const Cluster &cluster, const FoundConflicts &conflicts) {
+  return std::any_of(cluster.conflicts.begin(), cluster.conflicts.end(),
+                     [&conflicts](std::size_t conflict) { return conflicts[conflict].is_confirmed; });
 }
 
 /// What makes the library look: innermost entries that the commit touches, removed ones first, then added ones.
@@ -107,15 +117,21 @@ NumberSet without_bystanders(const SearchContext &context, NumberSet set, std::u
 
 }  // namespace
 
+bool is_drawn_beside(const SearchContext &context, const FoundConflict &conflict, const NumberSet &members) {
+  const NumberSet scope = scope_of(context, conflict.entries, conflict.message);
+  const NumberSet beside = context.entries.closure(united(minus(scope, members), conflict.entries));
+  return context.oracle.reproduces(beside, conflict.message);
+}
+
 void drop_mended(const SearchContext &context, FoundConflicts &conflicts) {
-  if (context.oracle.has_ended()) return;
   std::vector<Cluster> clusters = clusters_of(context, conflicts);
   for (bool is_stable = false; !is_stable;) {
     const std::vector<std::uint32_t> counts = count_parties(context.entries, clusters);
     std::vector<Cluster> left;
     for (const Cluster &cluster : clusters) {
       const std::optional<NumberSet> answer = context.oracle.ask({surroundings(context, cluster, counts), {}});
-      if (!answer || contains(*answer, cluster.message)) left.push_back(cluster);
+      const bool is_drawn = answer ? contains(*answer, cluster.message) : is_any_confirmed(cluster, conflicts);
+      if (is_drawn) left.push_back(cluster);
     }
     is_stable = left.size() == clusters.size();
     clusters = std::move(left);

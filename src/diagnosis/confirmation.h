@@ -7,8 +7,13 @@ namespace diagnosis {
 
 /// Drops the conflicts that the rest of the commit mends: a conflict stays when its message is still drawn with all
 /// entries beside it that are party of no other conflict that stays. All that fail are dropped at once, until none
-/// does. The parties of a limit's conflict are all that it counts.
+/// does. The parties of a limit's conflict are all that it counts. Where the search ends before, those stay that were
+/// confirmed when they were found.
 void drop_mended(const SearchContext &context, FoundConflicts &conflicts);
+
+/// The conflict's message is drawn beside all that may matter to it and is party of no other conflict; `members` are
+/// the parties and triggers of the others.
+bool is_drawn_beside(const SearchContext &context, const FoundConflict &conflict, const NumberSet &members);
 
 /// The message is drawn when the running configuration's part of the closed set is committed to an empty element.
 bool is_in_force(const SearchContext &context, const NumberSet &entries, std::uint32_t message);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "diagnosis/confirmation.h"
+#include "diagnosis/exhaustive_search.h"
 #include "diagnosis/limit_search.h"
 #include "diagnosis/minimisation.h"
 
@@ -12,12 +13,17 @@ namespace {
 // Large enough that a commit without faults takes few questions, small enough that one with many takes little time.
 constexpr std::size_t kBundleSize = 48;
 
+// Two VPNs with an attachment and a neighbour each have 36 closed sets.
+constexpr std::uint64_t kMostEnumeratedSets = 256;
+constexpr std::uint64_t kMostPresenceSets = 512;
+
+// Rows of the whole commit's independent sets: each takes a question.
 constexpr std::size_t kMostSets = 64;
 
 // To cover the pairs of more parties would take longer than to ask.
 constexpr std::size_t kMostCoveredParties = 4096;
 
-// Any change may make the library look at what is in force; so many are named.
+// Any change may make the library look at what is in force; so many are tried.
 constexpr std::size_t kMostTriggers = 16;
 
 }  // namespace
@@ -27,63 +33,75 @@ Bound bound_of(const FoundConflict &conflict) {
   return {conflict.parties, parties - std::min(parties, conflict.too_many)};
 }
 
-void ConflictSearch::find(std::uint32_t message) {
-  if (!context_.oracle.has_ended()) explain(context_.entries.all(), message);
-}
-
 void ConflictSearch::find_all() {
   for (const NumberSet &bundle : locality_.bundles(kBundleSize)) {
-    if (context_.oracle.has_ended()) break;
-    find_in(bundle);
+    if (context_.oracle.has_ended()) return;
+    find_among(bundle);
   }
-  find_in(context_.entries.all());
-  find_other_triggers();
-  is_proven_ = is_proven_ && !context_.oracle.has_ended();
-}
-
-// All that is no party of a known conflict, with parties that have none with each other. A set that brings something
-// new changes what is to be asked.
-void ConflictSearch::find_in(const NumberSet &set) {
-  std::size_t known = conflicts_.size();
+  std::size_t known = 0;
   do {
     known = conflicts_.size();
-    const IndependentSets independent = sets_within(set);
-    is_proven_ = is_proven_ && independent.is_covering;
-    const NumberSet parties = intersection(parties_, set);
-    for (const NumberSet &beside : independent.sets) {
-      if (context_.oracle.has_ended()) return;
-      find_among(context_.entries.without(set, minus(parties, beside)));
-      if (conflicts_.size() != known) break;
-    }
-  } while (conflicts_.size() != known);
+    explore_neighborhoods();
+    explore_independent_sets(context_.entries.all());
+  } while (conflicts_.size() != known && !context_.oracle.has_ended());
+  find_other_triggers();
 }
 
-/// Finds what the entries draw, and takes it out, until they draw nothing.
-void ConflictSearch::find_among(NumberSet left) {
-  while (!left.empty()) {
-    const std::optional<NumberSet> answer = context_.oracle.ask({left, {}});
-    if (!answer || answer->empty()) return;
-    const std::size_t known = conflicts_.size();
-    for (const std::uint32_t message : *answer) {
-      const bool is_left = conflicts_.size() == known || context_.oracle.reproduces(left, message);
-      if (!is_left) continue;
-      const bool is_new = explain(left, message);
-      if (context_.oracle.has_ended()) return;
-      if (!is_new) is_proven_ = false;
-      left = without_parties(left, is_new ? conflicts_.back() : minimise(context_, left, message));
+/// Finds what the entries draw, at each validation point until it accepts what is left.
+void ConflictSearch::find_among(const NumberSet &set) {
+  if (set.empty()) return;
+  const std::optional<NumberSet> answer = context_.oracle.ask({set, {}});
+  if (!answer) return;
+  std::map<std::string, NumberSet> said;
+  for (const std::uint32_t message : *answer) said[point_of(message)].push_back(message);
+  for (const auto &[point, messages] : said) find_at(point, set, messages);
+}
+
+// What another point says of the entries that are left is found with all that this point has taken out.
+void ConflictSearch::find_at(const std::string &point, const NumberSet &set, NumberSet said) {
+  NumberSet left = set;
+  while (!said.empty()) {
+    const NumberSet asked = left;
+    for (const std::uint32_t message : said) {
+      const FoundConflict *conflict = known_within(asked, message);
+      if (conflict == nullptr && explain(asked, message)) conflict = &conflicts_.back();
+      if (conflict == nullptr) return;
+      left = without_parties(left, *conflict);
     }
+    if (left.empty()) return;
+    const std::optional<NumberSet> answer = context_.oracle.ask({left, {}});
+    if (!answer) return;
+    said = *answer;
+    std::erase_if(said, [&](std::uint32_t message) { return point_of(message) != point; });
   }
+}
+
+const FoundConflict *ConflictSearch::known_within(const NumberSet &set, std::uint32_t message) const {
+  const auto known = by_message_.find(message);
+  if (known == by_message_.end()) return nullptr;
+  for (const std::size_t number : known->second) {
+    if (is_subset(conflicts_[number].entries, set)) return &conflicts_[number];
+  }
+  return nullptr;
 }
 
 bool ConflictSearch::explain(const NumberSet &set, std::uint32_t message) {
-  FoundConflict conflict = context_.messages[message].counts() ? find_exceeded_limit(context_, set, message)
-                                                               : minimise(context_, set, message);
-  const bool is_known = std::any_of(conflicts_.begin(), conflicts_.end(), [&](const FoundConflict &known) {
-    return known.message == message && known.entries == conflict.entries;
-  });
-  if (is_known || (context_.oracle.has_ended() && conflict.entries.size() > kBundleSize)) return false;
+  const bool counts = context_.messages[message].counts();
+  return record(counts ? find_exceeded_limit(context_, set, message) : minimise(context_, set, message));
+}
+
+/// Keeps the conflict where it is new and was asked about in full. False where it is not kept.
+bool ConflictSearch::record(FoundConflict conflict) {
+  if (context_.oracle.has_ended()) return false;
+  std::vector<std::size_t> &known = by_message_[conflict.message];
+  const bool is_known = std::any_of(known.begin(), known.end(),
+                                    [&](std::size_t number) { return conflicts_[number].entries == conflict.entries; });
+  if (is_known) return false;
   find_triggers(context_, conflict);
-  parties_ = united(parties_, conflict.parties);
+  conflict.is_confirmed = is_drawn_beside(context_, conflict, members_);
+  if (context_.oracle.has_ended()) return false;
+  known.push_back(conflicts_.size());
+  members_ = united(members_, conflict.innermost());
   conflicts_.push_back(std::move(conflict));
   context_.oracle.findings = conflicts_.size();
   return true;
@@ -97,32 +115,155 @@ NumberSet ConflictSearch::without_parties(const NumberSet &set, const FoundConfl
   return context_.entries.without(set, gone);
 }
 
-IndependentSets ConflictSearch::sets_within(const NumberSet &set) const {
-  std::vector<Bound> bounds;
-  std::size_t parties = 0;
-  for (const FoundConflict &conflict : conflicts_) {
-    if (!is_subset(conflict.parties, set)) continue;
-    bounds.push_back(bound_of(conflict));
-    parties += conflict.parties.size();
+void ConflictSearch::explore_neighborhoods() {
+  for (std::size_t i = 0; i < conflicts_.size() && !context_.oracle.has_ended(); ++i) {
+    if (context_.messages[conflicts_[i].message].counts()) continue;
+    const NumberSet region = locality_.around(conflicts_[i].innermost());
+    if (explored_.insert(region).second) explore(region);
   }
-  if (parties > kMostCoveredParties) return {{{}}, false};
-  return independent_sets(bounds, {}, kMostSets);
+}
+
+bool ConflictSearch::is_small(const NumberSet &set) const {
+  return set.size() <= kMostMaskedEntries &&
+         count_closed_sets(context_.entries, set, kMostEnumeratedSets + 1) <= kMostEnumeratedSets;
+}
+
+void ConflictSearch::explore(const NumberSet &region) {
+  if (is_small(region)) {
+    for (FoundConflict &conflict : find_all_by_enumeration(context_, region)) record(std::move(conflict));
+  } else if (!explore_presence(region)) {
+    explore_independent_sets(region);
+  }
+  explore_what_is_in_force(region);
+}
+
+// A fault in force is drawn where something makes the library look, which may be anywhere in the commit.
+void ConflictSearch::explore_what_is_in_force(const NumberSet &region) {
+  NumberSet before = region;
+  std::erase_if(before, [&](std::uint32_t entry) { return context_.entries.node(entry).before == nullptr; });
+  if (before.empty()) return;
+  const std::optional<NumberSet> answer = context_.oracle.ask({before, {}, true});
+  if (!answer || answer->empty()) return;
+  if (!is_small(before)) {
+    const auto is_known = [&](std::uint32_t message) {
+      return known_within(context_.entries.all(), message) != nullptr;
+    };
+    if (!std::all_of(answer->begin(), answer->end(), is_known)) leave_unfinished(region);
+    return;
+  }
+  for (const FoundConflict &fault : find_all_by_enumeration(context_, before, true)) {
+    const std::vector<std::size_t> &known = by_message_[fault.message];
+    const bool is_known = std::any_of(known.begin(), known.end(), [&](std::size_t number) {
+      return is_subset(fault.parties, conflicts_[number].innermost());
+    });
+    if (!is_known) find_triggers_of(fault.entries, fault.message, nullptr);
+  }
+}
+
+/// Asks about the region with each choice of its known parties. False where these are too many.
+bool ConflictSearch::explore_presence(const NumberSet &region) {
+  for (std::size_t known = 0; known != conflicts_.size();) {
+    known = conflicts_.size();
+    const NumberSet members = intersection(members_, region);
+    if (members.size() > kMostMaskedEntries) return false;
+    if (count_closed_sets(context_.entries, members, kMostPresenceSets + 1) > kMostPresenceSets) return false;
+    std::vector<NumberSet> choices = closed_sets(context_.entries, members);
+    std::reverse(choices.begin(), choices.end());
+    for (const NumberSet &present : choices) {
+      if (context_.oracle.has_ended()) return true;
+      const NumberSet set = context_.entries.without(region, minus(members, present));
+      const std::optional<NumberSet> answer = set.empty() ? NumberSet{} : context_.oracle.ask({set, {}});
+      if (!answer) return true;
+      for (const std::uint32_t message : *answer) {
+        if (known_within(set, message) == nullptr) explain(set, message);
+      }
+    }
+  }
+  return true;
+}
+
+// A fault of a group or a VPN is left standing once more: with it would go all that the group or VPN holds.
+void ConflictSearch::explore_independent_sets(const NumberSet &set) {
+  std::size_t known = 0;
+  do {
+    known = conflicts_.size();
+    const std::vector<Bound> bounds = bounds_within(set, true);
+    ask_beside(set, bounds);
+    if (conflicts_.size() != known) continue;
+    const std::vector<Bound> inner = bounds_within(set, false);
+    if (inner.size() != bounds.size()) ask_beside(set, inner);
+  } while (conflicts_.size() != known && !context_.oracle.has_ended());
+}
+
+void ConflictSearch::ask_beside(const NumberSet &set, const std::vector<Bound> &bounds) {
+  NumberSet members;
+  for (const Bound &bound : bounds) members.insert(members.end(), bound.parties.begin(), bound.parties.end());
+  normalise(members);
+  IndependentSets independent{{{}}, false};
+  if (members.size() <= kMostCoveredParties) independent = independent_sets(bounds, {}, kMostSets);
+  if (!independent.is_covering) leave_unfinished(set);
+  const std::size_t known = conflicts_.size();
+  for (const NumberSet &beside : independent.sets) {
+    if (context_.oracle.has_ended() || conflicts_.size() != known) return;
+    find_among(context_.entries.without(set, minus(members, beside)));
+  }
+}
+
+/// Of the conflicts within the set that nothing else mends.
+std::vector<Bound> ConflictSearch::bounds_within(const NumberSet &set, bool with_containers) const {
+  FoundConflicts counting;
+  for (const FoundConflict &conflict : conflicts_) {
+    if (is_subset(conflict.entries, set)) counting.push_back(conflict);
+  }
+  drop_mended(context_, counting);
+  std::vector<Bound> bounds;
+  for (const FoundConflict &conflict : counting) {
+    NumberSet members = conflict.innermost();
+    const bool is_of_container = std::any_of(members.begin(), members.end(), [&](std::uint32_t member) {
+      return context_.entries[member].end > member + 1;
+    });
+    if (is_of_container && !with_containers && !context_.messages[conflict.message].counts()) continue;
+    const std::size_t most = members.size() - std::min(members.size(), conflict.too_many);
+    bounds.push_back({std::move(members), most});
+  }
+  return bounds;
+}
+
+void ConflictSearch::leave_unfinished(const NumberSet &set) {
+  for (const FoundConflict &conflict : conflicts_) {
+    if (is_subset(conflict.entries, set)) unfinished_points_.insert(point_of(conflict.message));
+  }
 }
 
 void ConflictSearch::find_other_triggers() {
-  const Entries &entries = context_.entries;
-  for (FoundConflict &conflict : conflicts_) {
+  std::set<std::pair<std::uint32_t, NumberSet>> done;
+  for (std::size_t i = 0; i < conflicts_.size() && !context_.oracle.has_ended(); ++i) {
+    const FoundConflict conflict = conflicts_[i];
     if (conflict.triggers.empty()) continue;
-    const element::SchemaNode *kind = entries.node(conflict.triggers.front()).schema;
-    const NumberSet core = minus(conflict.entries, conflict.triggers);
-    std::size_t asked = 0;
-    for (std::uint32_t entry = 0; entry < entries.size() && asked < kMostTriggers; ++entry) {
-      if (entries.node(entry).schema != kind || status_of(entries, entry) == ChangeStatus::unchanged) continue;
-      if (contains(conflict.innermost(), entry)) continue;
-      ++asked;
-      const NumberSet set = entries.closure(united(core, {entry}));
-      if (context_.oracle.reproduces(set, conflict.message)) conflict.triggers = united(conflict.triggers, {entry});
-    }
+    if (!done.insert({conflict.message, conflict.parties}).second) continue;
+    const element::SchemaNode *kind = context_.entries.node(conflict.triggers.front()).schema;
+    find_triggers_of(context_.entries.closure(conflict.parties), conflict.message, kind);
+  }
+}
+
+// Entries of the kind that is known to make the library look come first, then one of each kind, two of each, and so on.
+void ConflictSearch::find_triggers_of(const NumberSet &core, std::uint32_t message, const element::SchemaNode *kind) {
+  const Entries &entries = context_.entries;
+  std::map<const element::SchemaNode *, std::size_t> of_kind;
+  std::vector<std::pair<std::size_t, std::uint32_t>> candidates;
+  for (std::uint32_t entry = 0; entry < entries.size(); ++entry) {
+    if (status_of(entries, entry) == ChangeStatus::unchanged || contains(core, entry)) continue;
+    const element::SchemaNode *own = entries.node(entry).schema;
+    const std::size_t rank = ++of_kind[own];
+    if (rank <= kMostTriggers) candidates.emplace_back(own == kind ? 0 : rank, entry);
+  }
+  std::sort(candidates.begin(), candidates.end());
+  std::size_t asked = 0;
+  for (const auto &[rank, entry] : candidates) {
+    const NumberSet set = entries.closure(united(core, {entry}));
+    if (known_within(set, message) != nullptr) continue;
+    if (++asked > kMostTriggers || context_.oracle.has_ended()) return;
+    if (context_.oracle.reproduces(set, message)) record(minimise(context_, set, message));
   }
 }
 

@@ -1,7 +1,9 @@
 #ifndef DIAGNOSIS_CONFLICT_SEARCH_H
 #define DIAGNOSIS_CONFLICT_SEARCH_H
 
-#include <functional>
+#include <map>
+#include <set>
+#include <string>
 
 #include "diagnosis/independent_sets.h"
 #include "diagnosis/locality.h"
@@ -9,9 +11,13 @@
 
 namespace diagnosis {
 
-/// The minimal conflicts of a commit of many entries. Known conflicts block the sets that hold all their parties, as on
-/// the map of MARCO (Liffiton et al. 2016); what is left is asked about until the library accepts it: first bundles of
-/// entries that are near each other, then the whole.
+/// The minimal conflicts of a commit of many entries.
+///
+/// Bundles of entries that are near each other are asked about first. What they draw is minimised, and then taken out
+/// of what is left, validation point by validation point: only a fault of the same point hides another. The
+/// neighbourhood of a conflict is then asked about in every way: all its closed sets, where these are many the presence
+/// of each known party, and where these are many the maximal sets without a known conflict, as on the map of MARCO
+/// (Liffiton et al. 2016). Last comes the whole commit in such sets, for what the neighbourhoods miss.
 class ConflictSearch {
  public:
   /// All that is referred to must outlive the search.
@@ -21,26 +27,42 @@ class ConflictSearch {
   void find_all();
 
   /// Finds what draws a message. Precondition: the whole commit draws it.
-  void find(std::uint32_t message);
+  void find(std::uint32_t message) { explain(context_.entries.all(), message); }
 
+  /// Each is minimal, its triggers are told apart, and its confirmation was asked about.
   const FoundConflicts &conflicts() const { return conflicts_; }
 
-  /// Rules of which two parties of known conflicts may still have a fault that was not asked about.
-  bool is_proven() const { return is_proven_; }
+  /// The validation points of which some set that should have been asked about was not, although the search did not
+  /// have to end.
+  const std::set<std::string> &unfinished_points() const { return unfinished_points_; }
 
  private:
-  void find_in(const NumberSet &set);
-  void find_among(NumberSet left);
+  void find_among(const NumberSet &set);
+  void find_at(const std::string &point, const NumberSet &set, NumberSet said);
   bool explain(const NumberSet &set, std::uint32_t message);
+  bool record(FoundConflict conflict);
+  const FoundConflict *known_within(const NumberSet &set, std::uint32_t message) const;
   NumberSet without_parties(const NumberSet &set, const FoundConflict &conflict) const;
-  IndependentSets sets_within(const NumberSet &set) const;
+  void explore_neighborhoods();
+  void explore(const NumberSet &region);
+  bool explore_presence(const NumberSet &region);
+  void explore_what_is_in_force(const NumberSet &region);
+  bool is_small(const NumberSet &set) const;
+  void explore_independent_sets(const NumberSet &set);
+  std::vector<Bound> bounds_within(const NumberSet &set, bool with_containers) const;
+  void ask_beside(const NumberSet &set, const std::vector<Bound> &bounds);
   void find_other_triggers();
+  void find_triggers_of(const NumberSet &core, std::uint32_t message, const element::SchemaNode *kind);
+  void leave_unfinished(const NumberSet &set);
+  const std::string &point_of(std::uint32_t message) const { return context_.messages[message].verdict.point; }
 
   const SearchContext &context_;
   const Locality &locality_;
   FoundConflicts conflicts_;
-  NumberSet parties_;  ///< of all conflicts
-  bool is_proven_ = true;
+  std::map<std::uint32_t, std::vector<std::size_t>> by_message_;
+  NumberSet members_;  ///< parties and triggers of all conflicts
+  std::set<NumberSet> explored_;
+  std::set<std::string> unfinished_points_;
 };
 
 /// All but as many of a conflict's parties as must go.

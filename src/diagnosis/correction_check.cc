@@ -99,7 +99,7 @@ bool CorrectionCheck::is_limit_exceeded(const FoundConflict &conflict) const {
 }
 
 bool CorrectionCheck::is_proven_by_enumeration(const std::vector<bool> &is_own) const {
-  FoundConflicts left = find_all_by_enumeration(context_);
+  FoundConflicts left = find_all_by_enumeration(context_, context_.all());
   for (FoundConflict &conflict : left) find_triggers(context_, conflict);
   drop_mended(context_, left);
   left = with_cumulative_joined(context_.messages, std::move(left));

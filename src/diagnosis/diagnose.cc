@@ -1,6 +1,8 @@
 #include "diagnosis/diagnose.h"
 
 #include <algorithm>
+#include <set>
+#include <string>
 #include <utility>
 
 #include "diagnosis/advice_search.h"
@@ -30,7 +32,7 @@ class Diagnoser {
 
   Diagnosis run(const host::Verdict &verdict) {
     find_conflicts(verdict);
-    join_limits(context_, conflicts_);
+    join_limits_of_groups();
     const std::vector<ConflictGroup> groups = group_conflicts(context_, conflicts_);
     AdviceSearch advice(context_, conflicts_, groups);
     advice.for_each();
@@ -44,40 +46,84 @@ class Diagnoser {
     if (!options_.all_findings) {
       std::erase_if(diagnosis.findings, [](const Finding &finding) { return !finding.from_device; });
     }
-    finish(diagnosis);
+    finish(verdict, diagnosis);
     return diagnosis;
   }
 
  private:
   // Every set of a few entries can be asked about; of many entries what is near each other, and then the whole.
   void find_conflicts(const host::Verdict &verdict) {
-    const std::uint64_t most = std::min(options_.enumerated_sets, options_.budget.calls);
-    if (entries_.size() < 32 && count_closed_sets(entries_, most + 1) <= most) {
+    if (is_enumerable()) {
       context_.is_enumerated = true;
-      conflicts_ = find_all_by_enumeration(context_);
-      for (FoundConflict &conflict : conflicts_) find_triggers(context_, conflict);
-      drop_mended(context_, conflicts_);
-      return;
+      conflicts_ = find_all_by_enumeration(context_, entries_.all());
+      for (FoundConflict &conflict : conflicts_) {
+        find_triggers(context_, conflict);
+        conflict.is_minimal = !oracle_.has_ended();
+      }
+    } else {
+      search_conflicts(verdict);
     }
+    has_asked_all_ = !oracle_.has_ended();
+    FoundConflicts kept = conflicts_;
+    drop_mended(context_, kept);
+    if (oracle_.has_ended()) add_points_of(conflicts_);
+    conflicts_ = std::move(kept);
+  }
+
+  bool is_enumerable() const {
+    const std::uint64_t most = std::min(options_.enumerated_sets, options_.budget.calls);
+    return entries_.size() <= kMostMaskedEntries && count_closed_sets(entries_, entries_.all(), most + 1) <= most;
+  }
+
+  void search_conflicts(const host::Verdict &verdict) {
     locality_.emplace(entries_);
     if (entries_.size() > kFewEntries) context_.locality = &*locality_;
     ConflictSearch search(context_, *locality_);
     for (const Message &said : device_messages(verdict)) search.find(messages_.number_of(said.verdict));
     if (options_.all_findings) search.find_all();
     conflicts_ = search.conflicts();
-    is_proven_ = search.is_proven();
-    drop_mended(context_, conflicts_);
+    unfinished_points_ = search.unfinished_points();
   }
 
-  void finish(Diagnosis &diagnosis) const {
+  void add_points_of(const FoundConflicts &conflicts) {
+    for (const FoundConflict &conflict : conflicts) {
+      unfinished_points_.insert(messages_[conflict.message].verdict.point);
+    }
+  }
+
+  /// A limit may be joined of what was found in parts, which takes questions.
+  void join_limits_of_groups() {
+    const bool had_ended = oracle_.has_ended();
+    join_limits(context_, conflicts_);
+    if (!oracle_.has_ended()) return;
+    for (FoundConflict &conflict : conflicts_) {
+      if (!messages_[conflict.message].counts()) continue;
+      conflict.is_minimal = false;
+      if (!had_ended) unfinished_points_.insert(messages_[conflict.message].verdict.point);
+    }
+  }
+
+  void finish(const host::Verdict &verdict, Diagnosis &diagnosis) const {
     diagnosis.calls = oracle_.calls();
     diagnosis.end = oracle_.end();
     diagnosis.contract_violation = oracle_.contract_violation();
-    if (is_proven_ && diagnosis.end == SearchEnd::complete) return;
-    for (const rules::Rule &rule : rules::all_rules()) diagnosis.unproven_rules.emplace_back(rule.id);
+    for (const rules::Rule &rule : rules::all_rules()) {
+      const bool is_unasked = !has_asked_all_ && !is_accepted_by_device(verdict, rule.point);
+      if (is_unasked || unfinished_points_.count(rule.point) != 0) diagnosis.unproven_rules.push_back(rule.id);
+    }
   }
 
- private:
+  /// A point that accepts the whole commit leaves nothing to find. A point answers for all its nodes before the next.
+  static bool is_accepted_by_device(const host::Verdict &verdict, const std::string &point) {
+    bool is_asked = verdict.points.size() == verdict.points_fired;
+    for (const host::PointVerdict &answer : verdict.points) {
+      if (answer.point != point) continue;
+      if (answer.answer != host::Answer::accepted) return false;
+      is_asked = true;
+    }
+    return is_asked;
+  }
+
   /// What the device says comes first, in its words.
   void mark_device_findings(const host::Verdict &verdict, std::vector<Finding> &findings) {
     auto place = findings.begin();
@@ -105,7 +151,8 @@ class Diagnoser {
   Oracle oracle_;
   SearchContext context_;
   std::optional<Locality> locality_;
-  bool is_proven_ = true;
+  bool has_asked_all_ = false;
+  std::set<std::string> unfinished_points_;
   FoundConflicts conflicts_;
 };
 

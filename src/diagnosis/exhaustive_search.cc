@@ -8,23 +8,35 @@ namespace {
 
 using Mask = std::uint32_t;
 
-std::vector<Mask> closed_sets(const Entries &entries) {
-  std::vector<Mask> sets{0};
-  for (std::uint32_t entry = 0; entry < entries.size(); ++entry) {
-    const std::uint32_t around = entries[entry].parent;
-    const Mask needed = around == kNone ? 0 : Mask{1} << around;
-    const std::size_t before = sets.size();
-    for (std::size_t i = 0; i < before; ++i) {
-      if ((sets[i] & needed) == needed) sets.push_back(sets[i] | Mask{1} << entry);
-    }
+/// For each entry of the universe the place of the one next around it, or kNone.
+std::vector<std::uint32_t> places_around(const Entries &entries, const NumberSet &universe) {
+  std::vector<std::uint32_t> places;
+  for (const std::uint32_t entry : universe) {
+    std::uint32_t around = entries[entry].parent;
+    while (around != kNone && !contains(universe, around)) around = entries[around].parent;
+    const auto place = std::lower_bound(universe.begin(), universe.end(), around);
+    places.push_back(around == kNone ? kNone : static_cast<std::uint32_t>(place - universe.begin()));
   }
-  std::stable_sort(sets.begin(), sets.end(), [](Mask a, Mask b) { return std::popcount(a) < std::popcount(b); });
-  return sets;
+  return places;
 }
 
-NumberSet set_of(Mask mask) {
+std::vector<Mask> closed_masks(const Entries &entries, const NumberSet &universe) {
+  const std::vector<std::uint32_t> around = places_around(entries, universe);
+  std::vector<Mask> masks{0};
+  for (std::uint32_t place = 0; place < universe.size(); ++place) {
+    const Mask needed = around[place] == kNone ? 0 : Mask{1} << around[place];
+    const std::size_t before = masks.size();
+    for (std::size_t i = 0; i < before; ++i) {
+      if ((masks[i] & needed) == needed) masks.push_back(masks[i] | Mask{1} << place);
+    }
+  }
+  std::stable_sort(masks.begin(), masks.end(), [](Mask a, Mask b) { return std::popcount(a) < std::popcount(b); });
+  return masks;
+}
+
+NumberSet set_of(const NumberSet &universe, Mask mask) {
   NumberSet set;
-  for (; mask != 0; mask &= mask - 1) set.push_back(static_cast<std::uint32_t>(std::countr_zero(mask)));
+  for (; mask != 0; mask &= mask - 1) set.push_back(universe[static_cast<std::size_t>(std::countr_zero(mask))]);
   return set;
 }
 
@@ -41,22 +53,28 @@ bool is_above_known(const std::vector<Minimal> &known, Mask set, std::uint32_t m
 
 }  // namespace
 
-std::uint64_t count_closed_sets(const Entries &entries, std::uint64_t most) {
-  std::vector<std::uint64_t> sets(entries.size(), 1);  // that hold the entry, of it and what stands in it
+std::vector<NumberSet> closed_sets(const Entries &entries, const NumberSet &universe) {
+  std::vector<NumberSet> sets;
+  for (const Mask mask : closed_masks(entries, universe)) sets.push_back(set_of(universe, mask));
+  return sets;
+}
+
+std::uint64_t count_closed_sets(const Entries &entries, const NumberSet &universe, std::uint64_t most) {
+  const std::vector<std::uint32_t> around = places_around(entries, universe);
+  std::vector<std::uint64_t> sets(universe.size(), 1);  // that hold the entry, of it and what stands in it
   std::uint64_t all = 1;
-  for (std::uint32_t entry = entries.size(); entry-- > 0;) {
-    const std::uint32_t around = entries[entry].parent;
-    std::uint64_t &outer = around == kNone ? all : sets[around];
-    outer = std::min(most, outer * (sets[entry] + 1));
+  for (std::size_t place = universe.size(); place-- > 0;) {
+    std::uint64_t &outer = around[place] == kNone ? all : sets[around[place]];
+    outer = std::min(most, outer * (sets[place] + 1));
   }
   return all;
 }
 
-FoundConflicts find_all_by_enumeration(const SearchContext &context) {
+FoundConflicts find_all_by_enumeration(const SearchContext &context, const NumberSet &universe, bool is_start) {
   std::vector<Minimal> minimal;
-  for (const Mask mask : closed_sets(context.entries)) {
+  for (const Mask mask : closed_masks(context.entries, universe)) {
     if (mask == 0) continue;
-    const std::optional<NumberSet> answer = context.oracle.ask({set_of(mask), {}});
+    const std::optional<NumberSet> answer = context.oracle.ask({set_of(universe, mask), {}, is_start});
     if (!answer) break;
     for (const std::uint32_t message : *answer) {
       if (!is_above_known(minimal, mask, message)) minimal.push_back({mask, message});
@@ -64,9 +82,11 @@ FoundConflicts find_all_by_enumeration(const SearchContext &context) {
   }
   FoundConflicts conflicts;
   for (const Minimal &one : minimal) {
-    NumberSet set = set_of(one.set);
-    NumberSet parties = context.entries.innermost(set);
-    conflicts.push_back({std::move(set), one.message, std::move(parties), {}, 1, false, true});
+    FoundConflict conflict;
+    conflict.entries = set_of(universe, one.set);
+    conflict.message = one.message;
+    conflict.parties = context.entries.innermost(conflict.entries);
+    conflicts.push_back(std::move(conflict));
   }
   return conflicts;
 }

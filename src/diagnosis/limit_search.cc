@@ -7,6 +7,7 @@
 
 #include "diagnosis/confirmation.h"
 #include "diagnosis/minimisation.h"
+#include "diagnosis/name_hints.h"
 #include "diagnosis/port_use.h"
 
 namespace diagnosis {
@@ -67,11 +68,8 @@ class LimitSearch {
   std::size_t weight(std::uint32_t entry) const {
     if (!rule_.starts_with("encapsulation")) return 1;
     const std::optional<PortUse> use = port_use(entries_, entry);
-    if (rule_ == "encapsulation-interface-range-limit" && text_.find(use->port) == std::string_view::npos) return 0;
-    if (rule_ == "encapsulation-vlan-limit") return use->vlans.size();
-    return static_cast<std::size_t>(std::count_if(use->vlans.begin(), use->vlans.end(), [](const Vlans &vlans) {
-      return vlans.first != 0 && vlans.first < vlans.last;
-    }));
+    if (rule_ == "encapsulation-interface-range-limit" && !holds_name(text_, use->port)) return 0;
+    return rule_ == "encapsulation-vlan-limit" ? use->counted_vlans : use->counted_ranges;
   }
 
   /// What the commit adds comes first, then what takes most.

@@ -55,6 +55,10 @@ std::optional<NumberSet> Oracle::ask_normalised(const RestrictedCommit &commit) 
     if (known != known_.end()) return known->second;
   }
   if (has_ended()) return std::nullopt;
+  if (calls_ >= options_.budget.calls) {
+    end_ = SearchEnd::calls;
+    return std::nullopt;
+  }
   if (options_.progress) options_.progress(calls_, findings);
   ++calls_;
   try {
@@ -77,7 +81,6 @@ bool Oracle::reproduces(const NumberSet &entries, std::uint32_t message) {
 
 bool Oracle::has_ended() {
   if (end_ != SearchEnd::complete) return true;
-  if (calls_ >= options_.budget.calls) end_ = SearchEnd::calls;
   if (now() - begin_ >= options_.budget.time) end_ = SearchEnd::time;
   if (options_.is_interrupted && options_.is_interrupted()) end_ = SearchEnd::interrupted;
   return end_ != SearchEnd::complete;

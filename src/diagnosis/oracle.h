@@ -32,7 +32,8 @@ class Oracle {
   /// What every question takes back; see TakenBack.
   const NumberSet &taken_back() const { return taken_back_; }
 
-  /// The search must end: the budget is used up, or the library broke its contract.
+  /// The search must end: a question was refused because the calls are used up, the time is over, the user interrupts,
+  /// or the library broke its contract. Asked in loops that take long without a question, too.
   bool has_ended();
   SearchEnd end() const { return end_; }
   std::uint64_t calls() const { return calls_; }

@@ -1,16 +1,15 @@
 #include "diagnosis/port_use.h"
 
-#include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "element/datastore/lookup.h"
+#include "l2vpn/port_claims.h"
 
 namespace diagnosis {
 namespace {
 
 using element::Node;
-
-constexpr std::uint32_t kLastVlan = 4094;
 
 std::string key_text(const Node &entry) { return element::to_text(entry.keys.front()); }
 
@@ -28,15 +27,15 @@ class Side {
     const Node *own = node(entry);
     if (own == nullptr) return std::nullopt;
     const std::string_view name = own->schema->name;
-    if (name == "service-port") return PortUse{"service-port-" + key_text(*own), {{0, kLastVlan}}};
+    if (name == "service-port") return whole_port("service-port-" + key_text(*own));
     const std::uint32_t around = entries_[entry].parent;
     if (around == kNone) return std::nullopt;
     const Node *outer = node(around);
-    if (name == "access-interface") return PortUse{key_text(*own), attachment_vlans(*own, outer)};
+    if (name == "access-interface") return attachment_use(*own, outer);
     if (name != "interface") return std::nullopt;
-    if (outer->schema->name != "vlan") return PortUse{key_text(*own), {{0, kLastVlan}}};
+    if (outer->schema->name != "vlan") return whole_port(key_text(*own));
     const std::uint32_t vlan = element::number(outer->keys.front()).value_or(0);
-    return PortUse{key_text(*own), {{vlan, vlan}}};
+    return PortUse{key_text(*own), {{vlan, vlan}}, 0, 0};
   }
 
   std::optional<std::string> pseudowire(std::uint32_t entry) const {
@@ -48,18 +47,21 @@ class Side {
   }
 
  private:
-  static std::vector<Vlans> attachment_vlans(const Node &attachment, const Node *vpn) {
-    std::vector<Vlans> vlans;
-    if (element::find_below(&attachment, {"encapsulation", "untagged"}) != nullptr) vlans.push_back({0, 0});
-    std::optional<std::uint32_t> own = element::number_below(&attachment, {"dot1q"});
-    if (!own) own = element::number_below(vpn, {"bridge-domain", "dot1q"});
-    if (own) vlans.push_back({*own, *own});
-    for (const Node &range : element::entries_below(&attachment, {"encapsulation", "dot1q-range"})) {
-      vlans.push_back(
-          {element::number(range.keys.front()).value_or(0), element::number(range.keys.back()).value_or(0)});
+  static PortUse whole_port(std::string port) { return {std::move(port), {l2vpn::kWholePort}, 0, 0}; }
+
+  static PortUse attachment_use(const Node &node, const Node *vpn) {
+    const l2vpn::Attachment attachment = l2vpn::read_attachment(node);
+    std::optional<std::uint32_t> own = attachment.dot1q;
+    if (!own) own = element::number_below(vpn, {l2vpn::name::bridge_domain, l2vpn::name::dot1q});
+    const bool has_encapsulation = attachment.untagged || !attachment.ranges.empty();
+    PortUse use{attachment.interface, {}, 0, 0};
+    for (const l2vpn::VlanClaim &claim : l2vpn::vlan_claims(attachment, own)) {
+      use.vlans.push_back(claim.vlans);
+      if (!has_encapsulation || claim.absorbed || claim.vlans == l2vpn::kUntagged) continue;
+      ++use.counted_vlans;
+      if (claim.vlans.first < claim.vlans.last) ++use.counted_ranges;
     }
-    if (vlans.empty()) vlans.push_back({0, kLastVlan});
-    return vlans;
+    return use;
   }
 
   const Entries &entries_;
@@ -88,8 +90,7 @@ std::vector<Vlans> shared_vlans(const std::vector<Vlans> &a, const std::vector<V
   std::vector<Vlans> shared;
   for (const Vlans &one : a) {
     for (const Vlans &other : b) {
-      const Vlans both{std::max(one.first, other.first), std::min(one.last, other.last)};
-      if (both.first <= both.last) shared.push_back(both);
+      if (const std::optional<Vlans> both = l2vpn::overlap(one, other)) shared.push_back(*both);
     }
   }
   return shared;

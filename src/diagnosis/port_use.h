@@ -1,25 +1,28 @@
 #ifndef DIAGNOSIS_PORT_USE_H
 #define DIAGNOSIS_PORT_USE_H
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "diagnosis/entries.h"
+#include "l2vpn/configuration.h"
 
 namespace diagnosis {
 
 /// VLANs of a port, both ends included; 0 stands for the frames without a tag.
-struct Vlans {
-  std::uint32_t first = 0;
-  std::uint32_t last = 0;
-};
+using Vlans = l2vpn::VlanRange;
 
 /// What an entry takes of a port.
 struct PortUse {
   std::string port;
   std::vector<Vlans> vlans;
+  /// How many of these a card counts where it limits VLANs by encapsulation: those of an attachment with an
+  /// encapsulation, untagged frames and what an earlier one absorbs excepted.
+  std::size_t counted_vlans = 0;
+  std::size_t counted_ranges = 0;  ///< those of them that hold more than one VLAN
 };
 
 /// What the entry takes in the candidate configuration, or, of a removed one, in the running configuration. Nothing for

@@ -46,6 +46,7 @@ struct FoundConflict {
   std::size_t too_many = 1;  ///< so many of the parties must go
   bool is_preexisting = false;
   bool is_minimal = true;
+  bool is_confirmed = false;  ///< asked: drawn beside all that is party of no other conflict known by then
 
   NumberSet innermost() const { return united(parties, triggers); }
 };

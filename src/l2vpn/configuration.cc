@@ -24,11 +24,6 @@ std::vector<VlanRange> read_ranges(const Node &attachment) {
   return ranges;
 }
 
-Attachment read_attachment(const Node &entry) {
-  return {key_of(entry), number_below(&entry, {name::dot1q}),
-          find_below(&entry, {name::encapsulation, name::untagged}) != nullptr, read_ranges(entry)};
-}
-
 void read_attachments(const Node *parent, Vpn &vpn) {
   for (const Node &entry : entries_below(parent, {name::access_interface})) {
     vpn.attachments.push_back(read_attachment(entry));
@@ -102,6 +97,12 @@ void read_service_ports(const Node &root, std::vector<ServicePort> &ports) {
 }
 
 }  // namespace
+
+Attachment read_attachment(const Node &access_interface) {
+  return {key_of(access_interface), number_below(&access_interface, {name::dot1q}),
+          find_below(&access_interface, {name::encapsulation, name::untagged}) != nullptr,
+          read_ranges(access_interface)};
+}
 
 const Attachment *Vpn::find_attachment(std::string_view interface) const {
   const auto found = std::find_if(attachments.begin(), attachments.end(), [interface](const Attachment &attachment) {

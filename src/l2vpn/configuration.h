@@ -87,6 +87,9 @@ struct Configuration {
   const Vpn *find(const VpnKey &key) const;
 };
 
+/// An attachment of a sorted tree.
+Attachment read_attachment(const element::Node &access_interface);
+
 /// The operator's nodes of a sorted tree; everything in key order, attachments, ranges and neighbours too. A number of
 /// the wrong type is as good as missing; nothing is kept of the tree.
 Configuration read_configuration(const element::Tree &tree);

@@ -21,38 +21,26 @@ PortClaim claim_of(Claimant claimant, ClaimKind kind, const std::string &port, s
   return claim;
 }
 
-std::optional<std::uint32_t> own_vlan(const Vpn &vpn, const Attachment &attachment) {
-  const std::optional<std::uint32_t> vlan = vpn.key.family == Family::vpls ? vpn.dot1q : attachment.dot1q;
-  return vlan == 0U ? std::nullopt : vlan;
+VlanClaim &add(std::vector<VlanClaim> &claims, ClaimKind kind, VlanRange vlans) {
+  const bool is_absorbed = std::any_of(claims.begin(), claims.end(),
+                                       [&vlans](const VlanClaim &claim) { return claim.vlans.first == vlans.first; });
+  return claims.emplace_back(VlanClaim{kind, vlans, false, is_absorbed});
 }
 
-class AttachmentClaims {
- public:
-  AttachmentClaims(const VpnKey &vpn, const std::string &interface)
-      : frame_(claim_of(vpn.family == Family::vpls ? Claimant::vpls : Claimant::vpws, ClaimKind::whole_port, interface,
-                        vpn.name, attachment_path(vpn, interface))) {
-    frame_.group = vpn.group;
+/// The path of the leaf, range or attachment that makes the claim.
+std::string source_of(const VlanClaim &claim, const VpnKey &vpn, const std::string &interface) {
+  switch (claim.kind) {
+    case ClaimKind::untagged:
+      return untagged_path(vpn, interface);
+    case ClaimKind::own_vlan:
+      return own_vlan_path(vpn, interface);
+    case ClaimKind::range:
+      return range_path(vpn, interface, claim.vlans.first, claim.vlans.last);
+    case ClaimKind::whole_port:
+      break;
   }
-
-  PortClaim &add(ClaimKind kind, VlanRange vlans, std::string source) {
-    const auto begins_there = [&vlans](const PortClaim &claim) { return claim.vlans.first == vlans.first; };
-    const bool is_absorbed = std::any_of(claims_.begin(), claims_.end(), begins_there);
-    PortClaim &claim = claims_.emplace_back(frame_);
-    claim.kind = kind;
-    claim.vlans = vlans;
-    claim.source = std::move(source);
-    claim.absorbed = is_absorbed;
-    return claim;
-  }
-
-  void add_whole_port() { add(ClaimKind::whole_port, kWholePort, frame_.path); }
-
-  std::vector<PortClaim> take() { return std::move(claims_); }
-
- private:
-  PortClaim frame_;
-  std::vector<PortClaim> claims_;
-};
+  return attachment_path(vpn, interface);
+}
 
 void add_static_members(const Configuration &configuration, std::vector<PortClaim> &claims) {
   for (const StaticMember &member : configuration.static_members) {
@@ -87,20 +75,32 @@ void add_snooping(const Configuration &configuration, std::vector<PortClaim> &cl
 
 }  // namespace
 
+std::vector<VlanClaim> vlan_claims(const Attachment &attachment, std::optional<std::uint32_t> own_vlan) {
+  const std::uint32_t own = own_vlan.value_or(0);
+  std::vector<VlanClaim> claims;
+  if (attachment.untagged) add(claims, ClaimKind::untagged, kUntagged);
+  if (own != 0) {
+    add(claims, ClaimKind::own_vlan, {own, own}).beside_untagged = attachment.untagged && attachment.ranges.empty();
+  }
+  for (const VlanRange &range : attachment.ranges) add(claims, ClaimKind::range, range);
+  if (claims.empty()) add(claims, ClaimKind::whole_port, kWholePort);
+  return claims;
+}
+
 std::vector<PortClaim> claims_of(const Vpn &vpn, const Attachment &attachment) {
-  const std::string &interface = attachment.interface;
-  const std::optional<std::uint32_t> own = own_vlan(vpn, attachment);
-  AttachmentClaims claims(vpn.key, interface);
-  if (attachment.untagged) claims.add(ClaimKind::untagged, kUntagged, untagged_path(vpn.key, interface));
-  if (own) {
-    PortClaim &claim = claims.add(ClaimKind::own_vlan, {*own, *own}, own_vlan_path(vpn.key, interface));
-    claim.beside_untagged = attachment.untagged && attachment.ranges.empty();
+  const bool is_vpls = vpn.key.family == Family::vpls;
+  std::vector<PortClaim> claims;
+  for (const VlanClaim &taken : vlan_claims(attachment, is_vpls ? vpn.dot1q : attachment.dot1q)) {
+    PortClaim &claim =
+        claims.emplace_back(claim_of(is_vpls ? Claimant::vpls : Claimant::vpws, taken.kind, attachment.interface,
+                                     vpn.key.name, attachment_path(vpn.key, attachment.interface)));
+    claim.group = vpn.key.group;
+    claim.vlans = taken.vlans;
+    claim.source = source_of(taken, vpn.key, attachment.interface);
+    claim.beside_untagged = taken.beside_untagged;
+    claim.absorbed = taken.absorbed;
   }
-  for (const VlanRange &range : attachment.ranges) {
-    claims.add(ClaimKind::range, range, range_path(vpn.key, interface, range.first, range.last));
-  }
-  if (!attachment.untagged && !own && attachment.ranges.empty()) claims.add_whole_port();
-  return claims.take();
+  return claims;
 }
 
 std::vector<PortClaim> port_claims(const Configuration &configuration) {

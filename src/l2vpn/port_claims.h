@@ -40,6 +40,17 @@ struct PortClaim {
   bool absorbed = false;
 };
 
+/// What an attachment takes of its port by one of its leafs or ranges.
+struct VlanClaim {
+  ClaimKind kind = ClaimKind::whole_port;
+  VlanRange vlans;
+  bool beside_untagged = false;  ///< as of a PortClaim
+  bool absorbed = false;         ///< as of a PortClaim
+};
+
+/// The claims of an attachment in the order of claims_of; `own_vlan` is its own, a VLAN 0 is none.
+std::vector<VlanClaim> vlan_claims(const Attachment &attachment, std::optional<std::uint32_t> own_vlan);
+
 /// The claims of one attachment of the VPN, in the order in which the library records them: untagged frames, its own
 /// VLAN, its ranges in key order. Without encapsulation it takes its own VLAN, or the whole port where it has none. The
 /// own VLAN is the bridge domain's for a VPLS VPN; a VLAN 0 is none.

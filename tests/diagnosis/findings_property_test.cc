@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 
+#include "tests/diagnosis/judged_element.h"
 #include "tests/diagnosis/random_commits.h"
 #include "tests/diagnosis/told_findings.h"
 
@@ -25,16 +27,23 @@ void add(Standings &standings, FindingText text) {
   standings.emplace(text.text(), standing);
 }
 
-Standings told(const Diagnosis &diagnosis) {
+using Rules = std::set<std::string>;
+
+/// Those of the rules that are named as not looked at in full are left out.
+Standings told(const Diagnosis &diagnosis, const Rules &left_out) {
   Standings standings;
-  for (const diagnosis::Finding &finding : diagnosis.findings) add(standings, brute_force::finding_text(finding));
+  for (const diagnosis::Finding &finding : diagnosis.findings) {
+    FindingText text = brute_force::finding_text(finding);
+    if (left_out.count(text.rule) == 0) add(standings, std::move(text));
+  }
   return standings;
 }
 
-Standings expected(const ConflictSearch &search) {
+Standings expected(const ConflictSearch &search, const Rules &left_out) {
   Standings standings;
   for (const ExpectedFinding &finding : brute_force::expected_findings(search)) {
-    add(standings, brute_force::finding_text(search, finding));
+    FindingText text = brute_force::finding_text(search, finding);
+    if (left_out.count(text.rule) == 0) add(standings, std::move(text));
   }
   return standings;
 }
@@ -52,17 +61,35 @@ void expect_same_standing(const Standings &told, const Standings &expected) {
   }
 }
 
-void expect_findings_of_brute_force(const Configurations &commit) {
+Diagnosis expect_findings_of_brute_force(const Configurations &commit, const diagnosis::Options &options) {
   const ConflictSearch search(commit);
-  const Diagnosis found = diagnose(commit);
+  Diagnosis found = JudgedElement::instance().diagnose(commit, options);
   EXPECT_EQ(found.end, diagnosis::SearchEnd::complete);
-  EXPECT_TRUE(found.unproven_rules.empty());
-  const Standings told_ones = told(found);
-  const Standings expected_ones = expected(search);
-  ASSERT_EQ(texts(told_ones), texts(expected_ones));
-  expect_same_standing(told_ones, expected_ones);
+  const Rules left_out(found.unproven_rules.begin(), found.unproven_rules.end());
+  const Standings told_ones = told(found, left_out);
+  const Standings expected_ones = expected(search, left_out);
+  EXPECT_EQ(texts(told_ones), texts(expected_ones));
+  if (!testing::Test::HasFailure()) expect_same_standing(told_ones, expected_ones);
+  return found;
 }
 
-TEST(FindingsProperty, findings_are_those_of_brute_force) { for_each_commit(150, expect_findings_of_brute_force); }
+TEST(FindingsProperty, of_enumeration_are_those_of_brute_force) {
+  for_each_commit(150, [](const Configurations &commit) {
+    const Diagnosis found = expect_findings_of_brute_force(commit, {.with_repairs = false, .budget = ample()});
+    EXPECT_TRUE(found.unproven_rules.empty());
+  });
+}
+
+TEST(FindingsProperty, of_the_search_in_large_commits_are_those_of_brute_force) {
+  std::size_t complete = 0;
+  std::size_t all = 0;
+  for_each_commit(150, [&](const Configurations &commit) {
+    const Diagnosis found =
+        expect_findings_of_brute_force(commit, {.with_repairs = false, .budget = ample(), .enumerated_sets = 0});
+    complete += found.unproven_rules.empty() ? 1U : 0U;
+    ++all;
+  });
+  EXPECT_GE(complete, all * 9 / 10) << "of so few nothing is claimed to be left out";
+}
 
 }  // namespace

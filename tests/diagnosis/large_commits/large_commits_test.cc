@@ -36,8 +36,8 @@ std::string test_name(const testing::TestParamInfo<std::string> &info) {
   return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Rules, LargeCommits, testing::Values("access-same-dot1q", "pw-id-moved"), test_name);
-INSTANTIATE_TEST_SUITE_P(DISABLED_Rules, LargeCommits, testing::Values("access-static-member"), test_name);
+INSTANTIATE_TEST_SUITE_P(Rules, LargeCommits,
+                         testing::Values("access-same-dot1q", "pw-id-moved", "access-static-member"), test_name);
 
 /// `conflicts` pairs of new VPNs on one VLAN each, among `vpns` clean ones.
 brute_force::Configurations commit_with(std::size_t vpns, std::size_t conflicts) {

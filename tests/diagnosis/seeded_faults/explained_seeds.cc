@@ -76,8 +76,12 @@ void ExplainedSeeds::expect_findings() {
 }
 
 const SeededFault &ExplainedSeeds::seeded_as(const Finding &finding) const {
-  return *std::find_if(commit_.faults.begin(), commit_.faults.end(),
-                       [&](const SeededFault &fault) { return fault.rule == rule_of(finding); });
+  const auto is_of_rule = [&](const SeededFault &fault) { return fault.rule == rule_of(finding); };
+  const auto is_same = [&](const SeededFault &fault) {
+    return is_of_rule(fault) && fault.text && text_of(fault) == text_of({fault.rule, finding.verdict.text, {}});
+  };
+  const auto same = std::find_if(commit_.faults.begin(), commit_.faults.end(), is_same);
+  return same != commit_.faults.end() ? *same : *std::find_if(commit_.faults.begin(), commit_.faults.end(), is_of_rule);
 }
 
 std::set<Message> ExplainedSeeds::answers(const brute_force::Configurations &commit) {
@@ -154,7 +158,8 @@ void ExplainedSeeds::expect_parties_to_draw() {
       return holds_or_is_around(own, path) || of_others.count(path) == 0;
     };
     EXPECT_EQ(answers(restricted(commit_.configurations, beside)).count(message), 1U) << "beside the others";
-    if (finding.conflicts.size() != 1 || finding.parties.size() > 20 || finding.enough > 1) continue;
+    // Of what a limit counts one entry may weigh more than another; how many are enough is told instead.
+    if (finding.conflicts.size() != 1 || finding.parties.size() > 20 || finding.enough > 0) continue;
     for (const std::string &party : own) {
       Paths rest = own;
       rest.erase(party);

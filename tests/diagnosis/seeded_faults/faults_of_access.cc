@@ -73,10 +73,13 @@ SeededFault static_member(Draft &draft, NamePool &names) {
   const Arrival arrival_of_member = names.coin() ? Arrival::added : Arrival::stands;
   attach(draft, names, vpn, port, takes_range ? range_claim(first, 0) : vlan_claim(first), arrival);
   put(draft, member, arrival_of_member);
+  std::vector<SeededFault> besides;
+  if (arrival_of_member == Arrival::added) besides.push_back(member_in_vlan(vpn, arrival, port, vlan));
   return {"access-static-member",
           fmt::format("{} interface {} is already assigned to dot1q vlan {}. It must be configured to another dot1q",
                       vpn.text(), port, vlan),
-          {{vpn.attachment(port), status_of(arrival)}, {member, status_of(arrival_of_member)}}};
+          {{vpn.attachment(port), status_of(arrival)}, {member, status_of(arrival_of_member)}},
+          besides};
 }
 
 SeededFault whole_port_twice(Draft &draft, NamePool &names) {

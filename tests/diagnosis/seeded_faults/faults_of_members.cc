@@ -51,6 +51,7 @@ SeededFault whole_port_of_member(Draft &draft, NamePool &names) {
     draft.both(member_of(higher, port));
     fault.parties.push_back({member_of(higher, port), ChangeStatus::unchanged});
   }
+  if (arrival_of_member == Arrival::added) fault.besides.push_back(member_on_port(vpn, arrival, port, vlan));
   return fault;
 }
 
@@ -61,9 +62,7 @@ SeededFault member_on_whole_port(Draft &draft, NamePool &names) {
   attach(draft, names, vpn, port, {}, Arrival::stands);
   put(draft, member_of(vlan, port), Arrival::added);
   if (names.coin()) draft.both(fmt::format("/config/vlan{{{}}}", vlan));
-  return {"member-on-port-based-vpn",
-          fmt::format("vlan {} interface {} is already assigned to mpls l2vpn {}", vlan, port, vpn.text()),
-          {{vpn.attachment(port), ChangeStatus::unchanged}, {member_of(vlan, port), ChangeStatus::added}}};
+  return member_on_port(vpn, Arrival::stands, port, vlan);
 }
 
 SeededFault member_in_vlan_of_vpn(Draft &draft, NamePool &names) {
@@ -73,11 +72,7 @@ SeededFault member_in_vlan_of_vpn(Draft &draft, NamePool &names) {
   const auto vlan = static_cast<std::uint16_t>(first + names.number(kVlansOfABlock));
   attach(draft, names, vpn, port, names.coin() ? vlan_claim(vlan) : range_claim(first, 0), Arrival::stands);
   put(draft, member_of(vlan, port), Arrival::added);
-  return {"member-same-dot1q",
-          fmt::format("vlan {} interface {} is already assigned to mpls l2vpn {} with the same dot1q. It must be "
-                      "configured to another dot1q vlan",
-                      vlan, port, vpn.text()),
-          {{vpn.attachment(port), ChangeStatus::unchanged}, {member_of(vlan, port), ChangeStatus::added}}};
+  return member_in_vlan(vpn, Arrival::stands, port, vlan);
 }
 
 Claim draw_part_of_port(NamePool &names) {
@@ -171,6 +166,22 @@ SeededFault port_based_service(Draft &draft, NamePool &names) {
 }
 
 }  // namespace
+
+SeededFault member_in_vlan(const Vpn &vpn, Arrival arrival_of_vpn, const std::string &port, std::uint16_t vlan) {
+  return {"member-same-dot1q",
+          fmt::format("vlan {} interface {} is already assigned to mpls l2vpn {} with the same dot1q. It must be "
+                      "configured to another dot1q vlan",
+                      vlan, port, vpn.text()),
+          {{vpn.attachment(port), status_of(arrival_of_vpn)}, {member_of(vlan, port), ChangeStatus::added}},
+          {}};
+}
+
+SeededFault member_on_port(const Vpn &vpn, Arrival arrival_of_vpn, const std::string &port, std::uint16_t vlan) {
+  return {"member-on-port-based-vpn",
+          fmt::format("vlan {} interface {} is already assigned to mpls l2vpn {}", vlan, port, vpn.text()),
+          {{vpn.attachment(port), status_of(arrival_of_vpn)}, {member_of(vlan, port), ChangeStatus::added}},
+          {}};
+}
 
 std::vector<FaultKind> port_faults() { return {{"access-port-based-static-member", whole_port_of_member}}; }
 

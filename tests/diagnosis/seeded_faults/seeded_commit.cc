@@ -40,7 +40,11 @@ SeededCommit draw_commit(std::string_view rule, std::uint32_t seed, std::size_t 
   put_background(draft, names);
   put_clean_vpns(draft, names, clean_vpns);
   std::vector<SeededFault> faults;
-  for (const std::size_t kind : draw_kinds(rule, names)) faults.push_back(fault_kinds()[kind].seed(draft, names));
+  for (const std::size_t kind : draw_kinds(rule, names)) {
+    SeededFault fault = fault_kinds()[kind].seed(draft, names);
+    faults.insert(faults.end(), fault.besides.begin(), fault.besides.end());
+    faults.push_back(std::move(fault));
+  }
   return {std::move(faults), {tree_of(draft.running), tree_of(draft.candidate)}};
 }
 

@@ -23,6 +23,7 @@ struct SeededFault {
   std::string rule;
   std::optional<std::string> text;     ///< nothing where its numbers depend on all else that is seeded
   std::vector<ExpectedParty> parties;  ///< in any order; of a limit none, for there it is counted
+  std::vector<SeededFault> besides{};  ///< what some of the parties draw as well
 };
 
 /// Writes one fault into a commit.
@@ -65,6 +66,10 @@ struct ConflictingPair {
   const Vpn &later() const;
   const Vpn &earlier() const;
 };
+
+/// What a static member draws that is added to a VLAN, or to the port, of this VPN: it is looked at, too.
+SeededFault member_in_vlan(const Vpn &vpn, Arrival arrival_of_vpn, const std::string &port, std::uint16_t vlan);
+SeededFault member_on_port(const Vpn &vpn, Arrival arrival_of_vpn, const std::string &port, std::uint16_t vlan);
 
 /// Of any families and arrivals; the commit touches at least one of them.
 ConflictingPair draw_conflicting_pair(NamePool &names);
