@@ -9,9 +9,13 @@
 
 #include "tests/diagnosis/seeded_faults/background.h"
 #include "tests/diagnosis/seeded_faults/explained_seeds.h"
+#include "tests/diagnosis/seeded_faults/name_pool.h"
 #include "tests/diagnosis/seeds.h"
 
 namespace seeded {
+
+const std::uint32_t kVpnLimit = 1000;
+
 namespace {
 
 // A sanitizer makes each question many times slower.

@@ -11,8 +11,9 @@
 
 namespace seeded {
 
-/// The card's limits. Small, so that commits that exceed them stay small; that of the VPNs is the test program's own.
-inline constexpr std::uint32_t kVpnLimit = SEEDED_VPN_LIMIT;
+/// The card's limits. Small, so that commits that exceed them stay small; the most VPNs are the test program's own,
+/// which defines them.
+extern const std::uint32_t kVpnLimit;
 inline constexpr std::uint32_t kAccessInterfaceLimit = 6;
 inline constexpr std::uint32_t kEncapsulationVlanLimit = 140;
 inline constexpr std::uint32_t kEncapsulationRangeLimit = 90;

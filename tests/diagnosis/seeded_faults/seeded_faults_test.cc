@@ -11,9 +11,13 @@
 #include "rules/rule.h"
 #include "tests/diagnosis/seeded_faults/background.h"
 #include "tests/diagnosis/seeded_faults/explained_seeds.h"
+#include "tests/diagnosis/seeded_faults/name_pool.h"
 #include "tests/diagnosis/seeds.h"
 
 namespace seeded {
+
+const std::uint32_t kVpnLimit = 120;
+
 namespace {
 
 constexpr std::uint32_t kCommitsOfARule = 4;

@@ -1,0 +1,1 @@
+// Holds the precompiled headers of the tests; has no code of its own.
