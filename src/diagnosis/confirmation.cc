@@ -149,6 +149,7 @@ void drop_mended(const SearchContext &context, FoundConflicts &conflicts) {
 // Where the fault is in force without an entry, that entry only makes the library look. What stood around it alone goes
 // with it, unless the fault is its own.
 void find_triggers(const SearchContext &context, FoundConflict &conflict) {
+  if (conflict.enough_of_any != 0) return;  // a limit whose triggers are known
   const bool counts = context.messages[conflict.message].counts();
   if (counts && !is_in_force(context, conflict.entries, conflict.message)) return;
   NumberSet core = conflict.entries;

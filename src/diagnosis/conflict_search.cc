@@ -30,7 +30,7 @@ constexpr std::size_t kMostTriggers = 16;
 
 Bound bound_of(const FoundConflict &conflict) {
   const std::size_t parties = conflict.parties.size();
-  return {conflict.parties, parties - std::min(parties, conflict.too_many)};
+  return {conflict.parties, parties - std::min(parties, conflict.surplus())};
 }
 
 void ConflictSearch::find_all() {
@@ -110,7 +110,7 @@ bool ConflictSearch::record(FoundConflict conflict) {
 NumberSet ConflictSearch::without_parties(const NumberSet &set, const FoundConflict &conflict) const {
   NumberSet gone = conflict.parties.empty() ? conflict.triggers : conflict.parties;
   if (conflict.too_many > 1 || context_.messages[conflict.message].counts()) {
-    gone.erase(gone.begin(), gone.end() - static_cast<std::ptrdiff_t>(std::min(gone.size(), conflict.too_many)));
+    gone.erase(gone.begin(), gone.end() - static_cast<std::ptrdiff_t>(std::min(gone.size(), conflict.surplus())));
   }
   return context_.entries.without(set, gone);
 }
@@ -223,7 +223,7 @@ std::vector<Bound> ConflictSearch::bounds_within(const NumberSet &set, bool with
       return context_.entries[member].end > member + 1;
     });
     if (is_of_container && !with_containers && !context_.messages[conflict.message].counts()) continue;
-    const std::size_t most = members.size() - std::min(members.size(), conflict.too_many);
+    const std::size_t most = members.size() - std::min(members.size(), conflict.surplus());
     bounds.push_back({std::move(members), most});
   }
   return bounds;

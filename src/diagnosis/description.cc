@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <unordered_map>
 
 namespace diagnosis {
 namespace {
@@ -46,14 +47,25 @@ void name_party(Party &party) {
   }
 }
 
-std::vector<std::size_t> places_in(const NumberSet &set, const std::vector<std::uint32_t> &order) {
-  std::vector<std::size_t> places;
-  for (const std::uint32_t number : set) {
-    const auto found = std::find(order.begin(), order.end(), number);
-    if (found != order.end()) places.push_back(static_cast<std::size_t>(found - order.begin()));
+/// The places of numbers in an order.
+class Places {
+ public:
+  explicit Places(const std::vector<std::uint32_t> &order) {
+    for (std::size_t place = 0; place < order.size(); ++place) places_.emplace(order[place], place);
   }
-  return places;
-}
+
+  std::vector<std::size_t> of(const NumberSet &set) const {
+    std::vector<std::size_t> places;
+    for (const std::uint32_t number : set) {
+      const auto found = places_.find(number);
+      if (found != places_.end()) places.push_back(found->second);
+    }
+    return places;
+  }
+
+ private:
+  std::unordered_map<std::uint32_t, std::size_t> places_;
+};
 
 // What the commit touches comes first.
 std::vector<Party> describe_all(const Entries &entries, NumberSet &numbers) {
@@ -126,12 +138,14 @@ Finding describe_finding(const SearchContext &context, const FoundConflicts &con
                   {},
                   context.messages[first.message].rule_id()};
   if (context.messages[first.message].counts()) finding.enough = first.too_many;
+  const Places party_places(parties);
+  const Places trigger_places(triggers);
   for (const std::size_t i : group) {
     const FoundConflict &conflict = conflicts[i];
     finding.is_preexisting = finding.is_preexisting || conflict.is_preexisting;
     finding.is_minimal = finding.is_minimal && conflict.is_minimal;
-    finding.conflicts.push_back({context.messages[conflict.message].verdict, places_in(conflict.parties, parties),
-                                 places_in(conflict.triggers, triggers)});
+    finding.conflicts.push_back({context.messages[conflict.message].verdict, party_places.of(conflict.parties),
+                                 trigger_places.of(conflict.triggers)});
   }
   return finding;
 }

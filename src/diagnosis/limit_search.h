@@ -5,8 +5,9 @@
 
 namespace diagnosis {
 
-/// What a limit's message counts of `entries`, which are closed and draw it, and how many of them are too many: the
-/// fewest without which the message is gone, by bisection. Those that take most of the limit are left out first.
+/// The conflict of a limit that the closed set `entries` draws. Its parties are all that the limit counts in the whole
+/// commit, or, where these alone do not draw it, in the set; how many of them are too many is asked. Where the counted
+/// do not draw it without something that makes the library look, that is the trigger.
 FoundConflict find_exceeded_limit(const SearchContext &context, const NumberSet &entries, std::uint32_t message);
 
 /// Makes one conflict of those of one limit that share a party, with all that it counts.

@@ -3,7 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
+
+#include "rules/limit_message.h"
 
 namespace diagnosis {
 namespace {
@@ -33,6 +36,12 @@ std::string_view identity(const rules::Rule *rule, std::string_view text) {
   return rule->lists ? without_list(*rule, text) : text;
 }
 
+/// What a limit's text counts; -1 where it tells no number.
+std::int64_t configured(const std::string &text) {
+  const std::optional<rules::LimitNumbers> numbers = rules::parse_limit_message(text);
+  return numbers ? numbers->configured.value_or(-1) : -1;
+}
+
 }  // namespace
 
 std::vector<Message> device_messages(const host::Verdict &verdict) {
@@ -54,6 +63,8 @@ std::uint32_t Messages::number_of(const host::PointVerdict &answer) {
   std::string key = fmt::format("{} {} {}", answer.point, static_cast<int>(answer.answer), identity(rule, answer.text));
   const auto [known, is_new] = numbers_.try_emplace(std::move(key), static_cast<std::uint32_t>(messages_.size()));
   if (is_new) messages_.push_back({answer, rule});
+  Message &message = messages_[known->second];
+  if (message.counts() && configured(answer.text) > configured(message.verdict.text)) message.verdict = answer;
   return known->second;
 }
 

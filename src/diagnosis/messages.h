@@ -14,7 +14,7 @@ namespace diagnosis {
 
 /// A message of the library, wherever its point fired.
 struct Message {
-  host::PointVerdict verdict;         ///< as it was given first
+  host::PointVerdict verdict;         ///< as it was given first; a limit's as it counted most
   const rules::Rule *rule = nullptr;  ///< null where the rule table does not know it
 
   /// Empty where the rule table does not know it.

@@ -77,13 +77,20 @@ class Builder {
            (last < commit_.entries.size() && commit_.entries[last] == node.first_thing + node.things - 1);
   }
 
-  /// A part that is taken back stands around the node or below it.
+  /// A part that is taken back stands below the node, or is that of changes in place of the entry it belongs to.
   bool holds_reverted(std::uint32_t number) const {
-    const std::uint32_t end = tree_[number].end;
-    return std::any_of(commit_.reverted.begin(), commit_.reverted.end(), [&](std::uint32_t part) {
-      const std::uint32_t begin = changes_[part].node;
-      return begin < end && number < tree_[begin].end;
-    });
+    if (commit_.reverted.empty()) return false;
+    const std::uint32_t own = tree_[number].entry;
+    return has_reverted_in(number, tree_[number].end) ||
+           (own != kNone && has_reverted_in(entries_[own].node, entries_[own].node + 1));
+  }
+
+  /// A part that is taken back begins in the range of nodes.
+  bool has_reverted_in(std::uint32_t begin, std::uint32_t end) const {
+    const auto first =
+        std::lower_bound(commit_.reverted.begin(), commit_.reverted.end(), begin,
+                         [this](std::uint32_t part, std::uint32_t node) { return changes_[part].node < node; });
+    return first != commit_.reverted.end() && changes_[*first].node < end;
   }
 
   void share(const MergedNode &node, const Node &from, element::Nodes &siblings) {

@@ -46,9 +46,13 @@ struct FoundConflict {
   std::size_t too_many = 1;  ///< so many of the parties must go
   bool is_preexisting = false;
   bool is_minimal = true;
-  bool is_confirmed = false;  ///< asked: drawn beside all that is party of no other conflict known by then
+  bool is_confirmed = false;      ///< asked: drawn beside all that is party of no other conflict known by then
+  std::size_t enough_of_any = 0;  ///< a limit's: so many are enough, whichever they are; 0: it was not asked about
 
   NumberSet innermost() const { return united(parties, triggers); }
+
+  /// So many parties are enough to leave out, whichever they are.
+  std::size_t surplus() const { return enough_of_any != 0 ? enough_of_any : too_many; }
 };
 
 using FoundConflicts = std::vector<FoundConflict>;

@@ -1,7 +1,7 @@
 #include "headroom/limit_usage.h"
 
 #include "headroom/boundary.h"
-#include "headroom/limit_message.h"
+#include "rules/limit_message.h"
 #include "rules/rule.h"
 
 namespace headroom {
@@ -23,7 +23,7 @@ struct Start {
 /// The count that the limit's own message gives for the candidate with `more` additions; nothing for other messages.
 std::optional<Count> own_count(const LimitProbe &probe, const Answer &answer, std::uint64_t more) {
   const bool is_own = answer.rule == probe.rule && answer.message.find(probe.named) != std::string::npos;
-  const auto numbers = is_own ? parse_limit_message(answer.message) : std::nullopt;
+  const auto numbers = is_own ? rules::parse_limit_message(answer.message) : std::nullopt;
   if (!numbers) return std::nullopt;
 
   if (!probe.used)

@@ -1,11 +1,11 @@
-#ifndef HEADROOM_LIMIT_MESSAGE_H
-#define HEADROOM_LIMIT_MESSAGE_H
+#ifndef RULES_LIMIT_MESSAGE_H
+#define RULES_LIMIT_MESSAGE_H
 
 #include <cstdint>
 #include <optional>
 #include <string_view>
 
-namespace headroom {
+namespace rules {
 
 /// The numbers in a message about a limit.
 struct LimitNumbers {
@@ -17,6 +17,6 @@ struct LimitNumbers {
 /// without a number.
 std::optional<LimitNumbers> parse_limit_message(std::string_view message);
 
-}  // namespace headroom
+}  // namespace rules
 
 #endif

@@ -1,10 +1,10 @@
-#include "headroom/limit_message.h"
+#include "rules/limit_message.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using headroom::parse_limit_message;
+using rules::parse_limit_message;
 
 struct Case {
   std::string message;

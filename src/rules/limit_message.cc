@@ -1,8 +1,8 @@
-#include "headroom/limit_message.h"
+#include "rules/limit_message.h"
 
 #include <charconv>
 
-namespace headroom {
+namespace rules {
 namespace {
 
 constexpr std::string_view digits = "0123456789";
@@ -30,4 +30,4 @@ std::optional<LimitNumbers> parse_limit_message(std::string_view message) {
   return LimitNumbers{take_last_number(message), *allowed};
 }
 
-}  // namespace headroom
+}  // namespace rules
