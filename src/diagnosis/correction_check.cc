@@ -16,6 +16,12 @@ constexpr std::size_t kMostSurroundings = 8;
 // So many conflicts, one beside the other, are taken out of what is asked about until the library accepts the rest.
 constexpr std::size_t kDeepest = 12;
 
+// What is near is enumerated if it has so many closed sets.
+constexpr std::uint64_t kMostSetsNear = 512;
+
+// So many parties of other conflicts are asked about with each entry whose change is taken back.
+constexpr std::size_t kMostPartners = 64;
+
 /// The entries that the parts are about, with those added in them.
 NumberSet entries_of(const SearchContext &context, const NumberSet &parts) {
   NumberSet entries;
@@ -60,7 +66,8 @@ bool CorrectionCheck::helps(const std::vector<std::size_t> &findings, const Numb
   const std::vector<bool> is_own = conflicts_of(findings);
   const TakenBack taken_back(context_.oracle, parts);
   if (is_seen_to_stay(is_own, parts)) return false;
-  const bool is_proven = context_.is_enumerated ? is_proven_by_enumeration(is_own) : is_proven_around(is_own, parts);
+  const bool is_proven = context_.is_enumerated ? is_proven_by_enumeration(is_own, context_.all())
+                                                : is_proven_near(is_own, parts) && is_proven_around(is_own, parts);
   return is_proven && !context_.oracle.has_ended();
 }
 
@@ -72,18 +79,21 @@ std::vector<bool> CorrectionCheck::conflicts_of(const std::vector<std::size_t> &
   return is_own;
 }
 
-// Few questions show that most sets are no help: a conflict that is drawn by its own entries and by the whole stays;
-// a message that the whole commit does not draw is new.
+// Few questions show that most sets are no help: a conflict that is drawn by its own entries, alone and with what is
+// beside them, stays; a message that the whole commit does not draw is new.
 bool CorrectionCheck::is_seen_to_stay(const std::vector<bool> &is_own, const NumberSet &parts) const {
-  const bool is_small = context_.locality == nullptr;
-  const std::optional<NumberSet> whole =
-      is_small ? context_.oracle.ask({context_.all(), {}}) : std::optional<NumberSet>();
-  if (whole && !is_subset(*whole, messages_)) return true;
+  std::optional<NumberSet> whole;
+  if (context_.locality == nullptr) {
+    whole = context_.oracle.ask({context_.all(), {}});
+    if (!whole || !is_subset(*whole, messages_)) return true;
+  }
   for (std::size_t i = 0; i < conflicts_.size(); ++i) {
     if (!is_own[i]) continue;
     if (!context_.is_enumerated && is_limit_exceeded(conflicts_[i])) return true;
     if (!context_.oracle.reproduces(conflicts_[i].entries, conflicts_[i].message)) continue;
-    if (!is_small || (whole && contains(*whole, conflicts_[i].message))) return true;
+    const bool is_drawn = context_.is_enumerated ? whole && contains(*whole, conflicts_[i].message)
+                                                 : is_beside_known(is_own, conflicts_[i]);
+    if (is_drawn) return true;
   }
   return context_.oracle.has_ended() || parts.empty();
 }
@@ -98,8 +108,8 @@ bool CorrectionCheck::is_limit_exceeded(const FoundConflict &conflict) const {
   return context_.oracle.reproduces(context_.entries.closure(counted), conflict.message);
 }
 
-bool CorrectionCheck::is_proven_by_enumeration(const std::vector<bool> &is_own) const {
-  FoundConflicts left = find_all_by_enumeration(context_, context_.all());
+bool CorrectionCheck::is_proven_by_enumeration(const std::vector<bool> &is_own, const NumberSet &universe) const {
+  FoundConflicts left = find_all_by_enumeration(context_, universe);
   for (FoundConflict &conflict : left) find_triggers(context_, conflict);
   drop_mended(context_, left);
   left = with_cumulative_joined(context_.messages, std::move(left));
@@ -121,14 +131,29 @@ bool CorrectionCheck::is_known(const std::vector<bool> &is_own, const FoundConfl
   return is_known;
 }
 
+/// What is near the parts and the findings is enumerated where it is little.
+bool CorrectionCheck::is_proven_near(const std::vector<bool> &is_own, const NumberSet &parts) const {
+  if (!locality_) locality_.emplace(context_.entries);
+  const NumberSet near = context_.entries.without(locality_->around(what_is_about(is_own, parts)), context_.gone());
+  const bool is_little = near.size() <= kMostMaskedEntries &&
+                         count_closed_sets(context_.entries, near, kMostSetsNear + 1) <= kMostSetsNear;
+  return !is_little || is_proven_by_enumeration(is_own, near);
+}
+
+/// The entries of the findings and of the parts, with those that they need.
+NumberSet CorrectionCheck::what_is_about(const std::vector<bool> &is_own, const NumberSet &parts) const {
+  NumberSet entries = context_.entries.closure(entries_of(context_, parts));
+  for (std::size_t i = 0; i < conflicts_.size(); ++i) {
+    if (is_own[i]) entries = united(entries, conflicts_[i].entries);
+  }
+  return entries;
+}
+
 // What the parts were about and the findings' own entries are always there; beside them those parties of other
 // conflicts that go together.
 bool CorrectionCheck::is_proven_around(const std::vector<bool> &is_own, const NumberSet &parts) const {
-  const NumberSet gone = context_.changes.gone_without(parts);
-  NumberSet kept = context_.entries.closure(entries_of(context_, parts));
-  for (std::size_t i = 0; i < conflicts_.size(); ++i) {
-    if (is_own[i]) kept = united(kept, conflicts_[i].entries);
-  }
+  const NumberSet gone = context_.gone();
+  NumberSet kept = what_is_about(is_own, parts);
   const NumberSet scope = context_.scope(kept);
   kept = context_.entries.without(kept, gone);
   NumberSet others;
@@ -138,12 +163,28 @@ bool CorrectionCheck::is_proven_around(const std::vector<bool> &is_own, const Nu
     others = united(others, conflicts_[i].parties);
     bounds.push_back(bound_of(conflicts_[i]));
   }
+  if (!holds_known_pairs(is_own, entries_of(context_, parts), united(others, kept))) return false;
   others = minus(others, kept);
   const IndependentSets independent = independent_sets(bounds, kept, kMostSurroundings);
   return std::all_of(independent.sets.begin(), independent.sets.end(), [&](const NumberSet &beside) {
     const NumberSet left = context_.entries.without(scope, minus(others, beside));
     return holds_known_only(is_own, context_.entries.closure(united(left, kept)), kDeepest);
   });
+}
+
+/// A party of a conflict that it has alone stands in no set beside the others: what it has with an entry whose change
+/// is taken back is asked of the two.
+bool CorrectionCheck::holds_known_pairs(const std::vector<bool> &is_own, const NumberSet &reverted,
+                                        const NumberSet &others) const {
+  for (const std::uint32_t one : context_.entries.without(reverted, context_.gone())) {
+    std::size_t asked = 0;
+    for (const std::uint32_t other : others) {
+      if (asked++ == kMostPartners) break;
+      const NumberSet pair = one < other ? NumberSet{one, other} : NumberSet{other, one};
+      if (one != other && !holds_known_only(is_own, context_.entries.closure(pair), 0)) return false;
+    }
+  }
+  return true;
 }
 
 /// What the entries draw is known. A conflict is taken out in every way, for it may hide others.
@@ -166,14 +207,22 @@ bool CorrectionCheck::holds_known_only(const std::vector<bool> &is_own, const Nu
          });
 }
 
-/// The message is still drawn beside all that is party of no known conflict: nothing mends it.
+/// The message is still drawn beside all that is party of no known conflict, with or without the findings' own, which
+/// may be gone: nothing mends it.
 bool CorrectionCheck::is_beside_known(const std::vector<bool> &is_own, const FoundConflict &conflict) const {
+  NumberSet own;
   NumberSet others;
   for (std::size_t i = 0; i < conflicts_.size(); ++i) {
-    if (!is_own[i]) others = united(others, conflicts_[i].innermost());
+    NumberSet &set = is_own[i] ? own : others;
+    set = united(set, conflicts_[i].innermost());
   }
-  const NumberSet rest = minus(context_.scope(conflict.entries), others);
-  return context_.oracle.reproduces(context_.entries.closure(united(rest, conflict.entries)), conflict.message);
+  const NumberSet beside = minus(context_.scope(conflict.entries), others);
+  return is_drawn_beside(conflict, beside) || is_drawn_beside(conflict, minus(beside, own));
+}
+
+bool CorrectionCheck::is_drawn_beside(const FoundConflict &conflict, const NumberSet &beside) const {
+  const NumberSet entries = context_.entries.closure(united(beside, conflict.entries));
+  return context_.oracle.reproduces(entries, conflict.message);
 }
 
 }  // namespace diagnosis

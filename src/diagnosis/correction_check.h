@@ -1,6 +1,7 @@
 #ifndef DIAGNOSIS_CORRECTION_CHECK_H
 #define DIAGNOSIS_CORRECTION_CHECK_H
 
+#include <optional>
 #include <vector>
 
 #include "diagnosis/grouping.h"
@@ -28,16 +29,21 @@ class CorrectionCheck {
   std::vector<bool> conflicts_of(const std::vector<std::size_t> &findings) const;
   bool is_seen_to_stay(const std::vector<bool> &is_own, const NumberSet &parts) const;
   bool is_limit_exceeded(const FoundConflict &conflict) const;
-  bool is_proven_by_enumeration(const std::vector<bool> &is_own) const;
+  bool is_proven_by_enumeration(const std::vector<bool> &is_own, const NumberSet &universe) const;
+  bool is_proven_near(const std::vector<bool> &is_own, const NumberSet &parts) const;
+  NumberSet what_is_about(const std::vector<bool> &is_own, const NumberSet &parts) const;
   bool is_known(const std::vector<bool> &is_own, const FoundConflict &conflict) const;
   bool is_proven_around(const std::vector<bool> &is_own, const NumberSet &parts) const;
+  bool holds_known_pairs(const std::vector<bool> &is_own, const NumberSet &reverted, const NumberSet &others) const;
   bool holds_known_only(const std::vector<bool> &is_own, const NumberSet &entries, std::size_t depth) const;
+  bool is_drawn_beside(const FoundConflict &conflict, const NumberSet &beside) const;
   bool is_beside_known(const std::vector<bool> &is_own, const FoundConflict &conflict) const;
 
   const SearchContext &context_;
   const FoundConflicts &conflicts_;
   const std::vector<ConflictGroup> &groups_;
   NumberSet messages_;  ///< of all conflicts
+  mutable std::optional<Locality> locality_;
 };
 
 }  // namespace diagnosis

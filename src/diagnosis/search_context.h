@@ -24,6 +24,9 @@ struct SearchContext {
                                        : changes.status_without(oracle.taken_back(), entry);
   }
 
+  /// The entries that are not there in the commit that is asked about, those in them not told.
+  NumberSet gone() const { return changes.gone_without(oracle.taken_back()); }
+
   /// The entries of the commit that is asked about.
   NumberSet all() const { return present(entries.all()); }
 
@@ -33,7 +36,7 @@ struct SearchContext {
  private:
   NumberSet present(NumberSet set) const {
     if (oracle.taken_back().empty()) return set;
-    return entries.without(set, changes.gone_without(oracle.taken_back()));
+    return entries.without(set, gone());
   }
 };
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/diagnosis/correction_search.h"
+#include "tests/diagnosis/judged_element.h"
 #include "tests/diagnosis/random_commits.h"
 #include "tests/diagnosis/told_advice.h"
 #include "tests/diagnosis/told_findings.h"
@@ -55,15 +56,21 @@ void expect_best(const diagnosis::Advice &advice, const std::set<PartSet> &told,
   }
 }
 
-void expect_advice_of_finding(CorrectionSearch &search, const diagnosis::Finding &finding) {
-  SCOPED_TRACE(brute_force::finding_text(finding).text());
+std::set<PartSet> expect_help(CorrectionSearch &search, const diagnosis::Finding &finding) {
   const std::set<Complaint> complaints = told_complaints(finding);
-  const std::set<PartSet> told = brute_force::alternatives(search.parts(), finding.advice);
+  std::set<PartSet> told = brute_force::alternatives(search.parts(), finding.advice);
   EXPECT_FALSE(told.empty());
   for (const PartSet &set : told) {
     EXPECT_TRUE(brute_force::is_closed(search.parts(), set)) << brute_force::text_of(set);
     EXPECT_TRUE(search.helps(set, complaints)) << brute_force::text_of(set);
   }
+  return told;
+}
+
+void expect_advice_of_finding(CorrectionSearch &search, const diagnosis::Finding &finding) {
+  SCOPED_TRACE(brute_force::finding_text(finding).text());
+  const std::set<PartSet> told = expect_help(search, finding);
+  const std::set<Complaint> complaints = told_complaints(finding);
   const std::vector<PartSet> best = search.best_for(complaints, kMostTakenBack);
   if (!best.empty()) expect_best(finding.advice, told, {best.begin(), best.end()});
 }
@@ -85,5 +92,25 @@ void expect_best_advice(const Configurations &commit) {
 }
 
 TEST(AdviceProperty, advice_helps_and_none_is_better) { for_each_commit(60, expect_best_advice); }
+
+/// The way of larger commits, taken on small ones: what it advises helps.
+void expect_advice_of_the_way_for_larger_commits(const Configurations &commit) {
+  CorrectionSearch search(commit);
+  if (search.parts().size() > kMostParts) return;
+  const diagnosis::Diagnosis found =
+      JudgedElement::instance().diagnose(commit, {.with_repairs = false, .budget = ample(), .enumerated_sets = 0});
+  for (const diagnosis::Finding &finding : found.findings) {
+    SCOPED_TRACE(brute_force::finding_text(finding).text());
+    expect_help(search, finding);
+  }
+  for (const PartSet &set : brute_force::alternatives(search.parts(), found.advice)) {
+    EXPECT_TRUE(search.is_accepted_without(set)) << brute_force::text_of(set);
+  }
+  EXPECT_EQ(found.advice.alternatives.empty(), found.findings.empty());
+}
+
+TEST(AdviceProperty, advice_helps_where_sets_are_not_enumerated) {
+  for_each_commit(60, expect_advice_of_the_way_for_larger_commits);
+}
 
 }  // namespace
