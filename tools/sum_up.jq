@@ -12,6 +12,7 @@ reduce (inputs | .summary) as $next (
   | ."accepted-with-warnings" += $next."accepted-with-warnings"
   | .rejected += $next.rejected
   | ."not-decided" += $next."not-decided"
+  | if $next."with-foreign-nodes" then ."with-foreign-nodes" += $next."with-foreign-nodes" else . end
   | .findings = (.findings + $next.findings | findings)
   | .status = ([.status, $next.status] | max_by(badness))
 )

@@ -24,6 +24,7 @@ struct CheckReport {
   host::Verdict verdict;
   std::optional<host::Verdict> rollback;  ///< on the way back, where it was asked for; see CommitReport::rollback
   bool with_trace = false;
+  std::optional<InputSources> foreign;  ///< whose modules are to be listed, where that was asked for
 };
 
 /// The points that were asked, by answer.

@@ -9,6 +9,7 @@
 
 #include "host/run/commit.h"
 #include "report/finding.h"
+#include "report/passed_over.h"
 #include "report/unreadable_names.h"
 
 namespace report {
@@ -38,6 +39,7 @@ struct CommitReport {
   std::string name;                        ///< as its user named it: its folder, or the candidate's file
   std::optional<host::Decision> decision;  ///< nothing: there is an error instead
   std::string error;                       ///< why it could not be decided, one line
+  PassedOver passed_over;                  ///< of the files; nothing for a rollback
   std::vector<UnreadableName> unreadable;  ///< beside the verdict, whatever it is
   std::vector<Finding> findings;
   AdviceReport advice;  ///< for all findings together

@@ -56,8 +56,7 @@ std::vector<diagnosis::ChangePart> outermost(const std::vector<diagnosis::Change
 
 class Source {
  public:
-  Source(const std::filesystem::path &file, const element::ConfigurationText &text)
-      : file_(file.string()), lines_(text) {}
+  Source(const std::filesystem::path &file, const element::SourceLines &lines) : file_(file.string()), lines_(lines) {}
 
   FilePlace place_of(const element::Path &path) const { return {file_, lines_.line_of(path).value_or(0)}; }
 
@@ -68,8 +67,10 @@ class Source {
 
 class FindingMaker {
  public:
-  FindingMaker(const element::Schema &schema, const InputFiles &files, const InputTexts &texts)
-      : schema_(schema), running_(files.running, texts.running), candidate_(files.candidate, texts.candidate) {}
+  FindingMaker(const element::Schema &schema, const InputFiles &files, const InputSources &sources)
+      : schema_(schema),
+        running_(files.running, sources.running.lines),
+        candidate_(files.candidate, sources.candidate.lines) {}
 
   Finding make(const diagnosis::Finding &found, bool from_device) const {
     Finding finding = make_bare(found.verdict, found.rule, from_device);
@@ -193,11 +194,11 @@ bool says(const diagnosis::Finding &finding, const host::PointVerdict &message) 
 }  // namespace
 
 void add_findings(CommitReport &commit, const diagnosis::Diagnosis &diagnosis, const host::Verdict &verdict,
-                  const element::Schema &schema, const InputFiles &files, const InputTexts &texts) {
+                  const element::Schema &schema, const InputFiles &files, const InputSources &sources) {
   const std::vector<diagnosis::Message> messages = diagnosis::device_messages(verdict);
   if (messages.empty()) return;
 
-  const FindingMaker maker(schema, files, texts);
+  const FindingMaker maker(schema, files, sources);
   // The same message may be drawn a second time behind the first: only the first is the device's.
   std::vector<const diagnosis::Finding *> left;
   for (const diagnosis::Finding &found : diagnosis.findings) left.push_back(&found);

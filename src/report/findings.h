@@ -14,7 +14,7 @@ namespace report {
 /// device would say next. `texts` are what was read from `files`; they are parsed for lines only where there is a
 /// finding.
 void add_findings(CommitReport &commit, const diagnosis::Diagnosis &diagnosis, const host::Verdict &verdict,
-                  const element::Schema &schema, const InputFiles &files, const InputTexts &texts);
+                  const element::Schema &schema, const InputFiles &files, const InputSources &sources);
 
 }  // namespace report
 

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "element/input/configuration_text.h"
+#include "element/input/configuration_source.h"
 
 namespace report {
 
@@ -14,10 +14,10 @@ struct InputFiles {
   std::filesystem::path candidate;
 };
 
-/// The configurations of a commit as they were read from their files.
-struct InputTexts {
-  element::ConfigurationText running;
-  element::ConfigurationText candidate;
+/// What is known of the files of a commit's configurations, once they were read.
+struct InputSources {
+  element::ConfigurationSource running;
+  element::ConfigurationSource candidate;
 };
 
 }  // namespace report

@@ -19,6 +19,7 @@ void SeriesSummary::add(const CommitReport &commit) {
 
   ++commits;
   ++count_of(*this, commit);
+  if (!commit.passed_over.is_nothing()) ++with_foreign_nodes;
   for (const Finding &finding : commit.findings) {
     RuleCount &count = findings[finding.rule];
     ++(finding.suppressed ? count.suppressed : count.open);

@@ -22,6 +22,7 @@ struct SeriesSummary {
   std::size_t accepted_with_warnings = 0;
   std::size_t rejected = 0;
   std::size_t not_decided = 0;
+  std::size_t with_foreign_nodes = 0;         ///< commits that have nodes of other modules, which were passed over
   std::map<std::string, RuleCount> findings;  ///< by rule id; "" for messages that the rule table does not know
 
   /// Suppressions that fit no finding of any commit. Empty as soon as one commit was not decided.

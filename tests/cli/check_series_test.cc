@@ -41,7 +41,7 @@ class CheckSeries : public testing::Test {
   }
 
   /// A candidate that is no configuration.
-  std::string unusable() { return add("", "\"no-such-module:x\": 1"); }
+  std::string unusable() { return add("", "\"base:no-such-node\": 1"); }
 
   std::string missing() { return unchanged() + "/no-such-folder"; }
 
@@ -88,7 +88,7 @@ TEST_F(CheckSeries, every_commit_has_its_line_its_findings_and_its_place_in_the_
                              "   at /mpls/l2vpn-config/l2vpn/vpws-group{metro} (" +
                              names[3] + "/candidate.json:1)\n\n" + names[4] + ": not decided: " + names[4] +
                              ": is no directory that can be read\n" + names[5] + ": not decided: " + names[5] +
-                             "/candidate.json:1: No module named \"no-such-module\" in the context; "
+                             "/candidate.json:1: \"no-such-node\" of module base is not in the data model here; "
                              "expected one of base:config, mpls:mpls\n" +
                              names[6] +
                              ": accepted\n"

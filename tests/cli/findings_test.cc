@@ -65,7 +65,7 @@ class Findings : public testing::Test {
     host::Verdict verdict;
     verdict.points = std::move(said);
     report::CommitReport commit;
-    report::add_findings(commit, diagnosis, verdict, schema, files(), texts);
+    report::add_findings(commit, diagnosis, verdict, schema, files(), sources);
     return commit.findings;
   }
 
@@ -80,9 +80,10 @@ class Findings : public testing::Test {
     return text.substr(folder.path().size() + 1);
   }
 
-  report::InputTexts texts{{running, element::InputFormat::json}, {candidate, element::InputFormat::json}};
   CommitFolder folder;
   element::Schema schema;
+  report::InputSources sources{parse_configuration_file(schema, running, "running.json").source,
+                               parse_configuration_file(schema, candidate, "candidate.json").source};
   element::Tree tree{schema};
   diagnosis::Diagnosis diagnosis;
 };

@@ -49,7 +49,7 @@ class PlanCommand : public testing::Test {
       EXPECT_EQ(content_of(step / "element.json"), content_of(commit + "/element.json"));
       before = step / ("candidate" + ending);
     }
-    EXPECT_EQ(content_of(before), content_of(commit + "/candidate" + ending));
+    expect_same(before, commit + "/candidate" + ending);
     EXPECT_FALSE(fs::exists(fs::path(steps) / std::to_string(count + 1)));
   }
 

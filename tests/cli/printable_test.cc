@@ -17,6 +17,7 @@ TEST(Printable, text_stays_as_it_is_and_control_characters_become_escapes) {
        "b",
        "a\\x9bb"},
       {"a\xc2\xa0", "a\xc2\xa0"},
+      {"\u202eabc\u2066\u061c\u2028", "\\u202eabc\\u2066\\u061c\\u2028"},
       {"cut \xc2", "cut \xc2"},
   };
   for (const auto &[text, expected] : rows) EXPECT_EQ(report::printable(text), expected);

@@ -9,7 +9,6 @@
 
 namespace {
 
-using element::position_at;
 using element::read_input;
 
 template <typename Error>
@@ -58,24 +57,10 @@ TEST(InputText, file_beyond_the_largest_size) {
             file.path().string() + ": is larger than 1073741824 bytes; expected a file of at most that size");
 }
 
-TEST(InputText, position_counts_from_one) {
-  struct Row {
-    const char *text;
-    std::size_t offset;
-    std::size_t line;
-    std::size_t column;
-  };
-  const std::vector<Row> rows{{"", 0, 1, 1},     {"ab", 1, 1, 2},   {"a\nb", 1, 1, 2},
-                              {"a\nb", 2, 2, 1}, {"\n\n", 2, 3, 1}, {"a\nb", 99, 2, 2}};
-  for (const Row &row : rows) {
-    const element::Position position = position_at(row.text, row.offset);
-    EXPECT_EQ(position.line, row.line) << row.text << " at " << row.offset;
-    EXPECT_EQ(position.column, row.column) << row.text << " at " << row.offset;
-  }
-}
-
 TEST(InputText, quote_is_one_printable_line) {
   EXPECT_EQ(element::one_line("a \"b\"\n\x1b[31m\xff"), R"(a "b"\x0a\x1b[31m\xff)");
+  EXPECT_EQ(element::one_line("z\xc3\xbcrich \xc2\x9b \xe2\x80\xae \xe2\x80"),
+            "z\xc3\xbcrich \\x9b \\u202e \\xe2\\x80");
   EXPECT_EQ(element::one_line(std::string(400, 'y')), std::string(400, 'y'));
   EXPECT_EQ(element::one_line(std::string(401, 'y')), std::string(400, 'y') + "...");
 }

@@ -6,7 +6,7 @@
 #include "configuration_text.h"
 #include "drawn_configuration.h"
 #include "element/input/configuration.h"
-#include "temporary_file.h"
+#include "element/input/source_tree.h"
 #include "written_configuration.h"
 
 namespace {
@@ -31,8 +31,7 @@ struct Text {
 
 void expect_places(const std::vector<Text> &rows) {
   for (const auto &[name, text, places] : rows) {
-    const TemporaryFile file(text);
-    const SourceLines lines(element::read_configuration_with_text(test_schema(), file.path()).text);
+    const SourceLines lines = element::parse_configuration_file(test_schema(), text, "candidate").source.lines;
     for (const auto &[path, line] : places) EXPECT_EQ(line_of(lines, path), line) << name << ": " << path;
   }
 }
@@ -115,7 +114,7 @@ TEST(SourceLines, names_with_escapes) {
   expect_places(
       {{"XML",
         base_xml("<vlan><id>1</id>\n" + xml("&lt;&amp;&gt;&quot;&apos;") + xml("&#x20ac;&#233;&#x1F600;&#36;") +
-                 xml("a<![CDATA[<!-- & -->]]>b") + xml("]]> b") + xml("c\r\n") + "</vlan>"),
+                 xml("a<![CDATA[<!-- & -->]]>b") + xml("]]&gt; b") + xml("c&#13;\r\n") + "</vlan>"),
         {{interface("<&>\\\"'"), 3},
          {interface("\xe2\x82\xac\xc3\xa9\xf0\x9f\x98\x80$"), 4},
          {interface("a<!-- & -->b"), 5},
@@ -147,18 +146,23 @@ TEST(SourceLines, what_stands_around_the_elements) {
       {{"a row of elements", "\n\n\n" + row, places},
        {"byte order mark and declaration", "\xef\xbb\xbf\r\n<?xml version=\"1.0\"\nencoding=\"latin1\"?>\r\n" + row,
         places},
-       {"comments that are none in strict XML", "<!-- -- <config>\n ---><!-->--><!--\n\n-->" + row, places},
-       {"a second declaration",
-        "\n<?xml version=\"1.0\"?>\n<?\n?>" + row +
-            "<?"
-            "?>",
+       {"comments and instructions", "<!-- - <config>\n --><?x\n?><!--\n-->" + row + "<!-- <config> --><?x?>", places},
+       {"a reply",
+        "<rpc-reply xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'\n message-id='1'>\n<data>\n" + row +
+            "</data></rpc-reply>\n]]>]]>\n",
         places},
+       {"chunks",
+        "\n#2\n<c\n#" + std::to_string(row.size() + 15) + "\nonfig>" + row + "</config>\n##\n",
+        {{"/config", 5}, {"/config/vlan{5}", 6}, {"/mpls/ldp/interface{a}", 9}}},
+       {"nodes of other modules",
+        "\n\n\n" + base_xml("<x xmlns='urn:x'>\n</x><vlan><id>5</id></vlan>"),
+        {{"/config", 4}, {"/config/vlan{5}", 6}}},
        {"NETCONF's wrapper",
         "<config xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'\n\n a='>'>\n" + row + "\n</config>", places},
        {"NETCONF's wrapper with a prefix",
         "<nc:data xmlns:nc='urn:ietf:params:xml:ns:netconf:base:1.0'><!--\n\n\n-->" + row + "</nc:data>", places},
        {"attributes with brackets",
-        "<mpls xmlns='urn:element:mpls' xmlns:a='<!--' xmlns:b=\"/>\"\n><ldp xmlns='urn:element:ldp'\n>\n"
+        "<mpls xmlns='urn:element:mpls' xmlns:a='&lt;!--' xmlns:b=\"/>\"\n><ldp xmlns='urn:element:ldp'\n>\n"
         "<interface><name>a</name></interface></ldp></mpls>",
         {{"/mpls", 1}, {"/mpls/ldp", 2}, {"/mpls/ldp/interface{a}", 4}}}});
 }
@@ -182,21 +186,12 @@ TEST(SourceLines, what_the_file_does_not_hold) {
                  {"an empty list", base_json("\"vlan\": []"), nowhere}});
 }
 
-// Whatever the text, no byte outside it is read.
-TEST(SourceLines, xml_that_breaks_off_or_is_out_of_order) {
-  const std::string text = base_xml("<vlan a='b'><id>&#53;</id><![CDATA[]]><!-- --><?x?></vlan>");
-  for (std::size_t size = 1; size <= text.size(); ++size) {
-    EXPECT_NO_THROW(SourceLines({text.substr(0, size), element::InputFormat::xml})) << size;
-  }
-  const SourceLines closes_more({"</a></b><config>\n<vlan></c></d></e><mpls/>", element::InputFormat::xml});
-  EXPECT_EQ(line_of(closes_more, "/mpls"), 2U);
-}
-
 RC_GTEST_PROP(SourceLinesProperty, every_node_is_found_at_its_line, ()) {
   const element::Tree tree = tree_of(*rc::gen::nonEmpty(drawn_configuration()));
   for (const auto writer : {written_as_xml, written_as_json}) {
     const WrittenConfiguration written = writer(tree, *rc::gen::arbitrary<std::uint32_t>());
-    const SourceLines lines(element::prepare_configuration(written.text, "candidate"));
+    element::InputPieces input(written.text, "candidate");
+    const SourceLines lines(read_own_configuration(test_schema(), input, {}).tree);
     for (const auto &[path, line] : written.lines) {
       RC_LOG() << path << " in\n" << written.text << '\n';
       RC_ASSERT(line_of(lines, path) == Line(line));

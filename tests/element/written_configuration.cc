@@ -70,6 +70,10 @@ std::string escaped_for_xml(const std::string &text) {
       escaped += "&amp;";
     } else if (c == '<') {
       escaped += "&lt;";
+    } else if (c == '>') {
+      escaped += "&gt;";
+    } else if (c == '\r') {
+      escaped += "&#13;";
     } else {
       escaped += c;
     }
@@ -79,7 +83,7 @@ std::string escaped_for_xml(const std::string &text) {
 
 class XmlWriter : public Writer {
  public:
-  explicit XmlWriter(std::uint32_t seed) : Writer(seed, {"", "", "\n", " \r\n", "<!-- --\n-->", "<?x\n\n?>"}) {}
+  explicit XmlWriter(std::uint32_t seed) : Writer(seed, {"", "", "\n", " \r\n", "<!-- -\n-->", "<?x\n\n?>"}) {}
 
   WrittenConfiguration write(const Tree &tree) {
     for (const Node &top : tree.root().children) write_node(top, {{top.schema, {}}});

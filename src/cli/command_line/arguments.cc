@@ -42,10 +42,16 @@ void add_choice(CLI::App &command, const std::string &option, const std::map<std
       ->type_name("NAME");
 }
 
+void add_foreign_options(CLI::App &command, InputArguments &input) {
+  command.add_flag("--strict", input.strict, "Refuse nodes of modules that are not the element's");
+  command.add_flag("--list-foreign", input.list_foreign, "List the modules whose nodes are passed over");
+}
+
 void add_files(CLI::App &command, InputArguments &input) {
   command.add_option("--element", input.element, "Element profile (JSON)")->type_name("FILE");
   command.add_option("--running", input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
   command.add_option("--candidate", input.candidate, "Configuration to commit (XML or JSON)")->type_name("FILE");
+  add_foreign_options(command, input);
 }
 
 void add_budget(CLI::App &command, diagnosis::Budget &budget) {
@@ -98,6 +104,7 @@ CLI::App *add_show(CLI::App &program, ShowArguments &show) {
   command->add_option("PATH", show.path, "Print what stands at or below this path; default: all derived trees")
       ->type_name("");
   command->add_flag("--running-config", show.running, "Print from the running configuration, not the candidate");
+  add_foreign_options(*command, show.input);
   return command;
 }
 
@@ -147,6 +154,7 @@ CLI::App *add_headroom(CLI::App &program, HeadroomArguments &headroom) {
   command->add_option("--running", headroom.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
   command->add_option("--candidate", headroom.input.candidate, "Configuration to commit (XML or JSON)")
       ->type_name("FILE");
+  add_foreign_options(*command, headroom.input);
   command->add_option("--plugin", headroom.plugin, "Validation library to ask")->type_name("FILE");
   add_choice(*command, "--format", table_formats, headroom.format, "Format of the result; text unless it is given");
   return command;

@@ -18,6 +18,8 @@ struct InputArguments {
   std::string element;
   std::string running;
   std::string candidate;
+  bool strict = false;        ///< nodes of modules that are not the element's are an error
+  bool list_foreign = false;  ///< list the modules of such nodes
 };
 
 enum class Format { text, json, sarif, junit, github };

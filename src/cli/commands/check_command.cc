@@ -6,6 +6,7 @@
 #include "cli/commands/rollback.h"
 #include "cli/commands/search.h"
 #include "cli/input/commit_input.h"
+#include "cli/input/foreign_nodes.h"
 #include "cli/input/plugin_file.h"
 #include "cli/terminal/colour.h"
 #include "host/run/plugin.h"
@@ -40,7 +41,7 @@ std::string name_of(const InputArguments &input) { return input.directory.empty(
 ExitStatus check(const CheckArguments &arguments, const Environment &environment) {
   report::Suppressions suppressions;
   if (!arguments.suppressions.empty()) suppressions = report::Suppressions::read(arguments.suppressions);
-  const CommitInput input(find_input_files(arguments.input));
+  const CommitInput input(find_input_files(arguments.input), read_options(arguments.input));
   host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
 
@@ -51,9 +52,12 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
   report.build_id = plugin.build_id();
   report.changes = report::list_changes(input.transaction().changes, arguments.derived);
   report.with_trace = arguments.trace;
+  report.commit.passed_over = report::count_passed_over(input.sources());
+  if (arguments.input.list_foreign) report.foreign = input.sources();
 
   const report::TextStyle style(wants_colour(arguments, environment));
   std::ostream &human = arguments.format == Format::text ? environment.out : environment.err;
+  tell_foreign_nodes(human, arguments.input, input.files(), input.sources());
   report::write_changes(human, report.changes, style);
   // A library that meets a broken data model stops the process: what was found out by then must be out.
   human.flush();

@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "cli/input/headroom_inputs.h"
 #include "cli/input/plugin_file.h"
 #include "cli/terminal/progress.h"
 #include "cli/workers/headroom_workers.h"
-#include "element/input/configuration.h"
 #include "headroom/measure.h"
 #include "host/run/plugin.h"
 #include "host/seam/host_session.h"
@@ -30,8 +30,8 @@ report::HeadroomReport measure_here(const HeadroomInputs &inputs, const fs::path
                                     const Environment &environment) {
   const fs::path &file = inputs.elements.front();
   const element::Schema schema;
-  const headroom::Commit commit{element::read_configuration(schema, inputs.running),
-                                element::read_configuration(schema, inputs.candidate), element::read_profile(file)};
+  auto [running, candidate] = read_configurations(schema, inputs, environment.err);
+  const headroom::Commit commit{std::move(running), std::move(candidate), element::read_profile(file)};
   const host::Plugin plugin = load(plugin_file, commit.profile);
   Progress progress(environment.err, environment.err_is_terminal, environment.clock);
   const auto tell = [&progress](std::size_t done, std::size_t total) {

@@ -5,6 +5,7 @@
 #include "cli/command_line/errors.h"
 #include "cli/commands/search.h"
 #include "cli/input/commit_input.h"
+#include "cli/input/foreign_nodes.h"
 #include "cli/input/plugin_file.h"
 #include "cli/terminal/output_file.h"
 #include "host/run/plugin.h"
@@ -51,7 +52,8 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   // Found out before a search that may take a minute.
   { const OutputFile can_be_written(arguments.output); }
 
-  const CommitInput input(find_input_files(arguments.input));
+  const CommitInput input(find_input_files(arguments.input), read_options(arguments.input));
+  tell_foreign_nodes(environment.err, arguments.input, input.files(), input.sources());
   host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
   const host::Verdict verdict = host::validate_commit(plugin, session, input.transaction());

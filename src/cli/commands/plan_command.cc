@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "cli/commands/step_folders.h"
+#include "cli/input/foreign_nodes.h"
 #include "cli/input/plugin_file.h"
 #include "cli/terminal/output_folder.h"
 #include "cli/terminal/progress.h"
@@ -72,7 +73,8 @@ void tell_none(std::ostream &out, const diagnosis::Plan &plan) {
 ExitStatus plan(const PlanArguments &arguments, const Environment &environment) {
   // Found out before a search that may take a minute.
   OutputFolder output(arguments.output);
-  const CommitInput input(find_input_files(arguments.input));
+  const CommitInput input(find_input_files(arguments.input), read_options(arguments.input));
+  tell_foreign_nodes(environment.err, arguments.input, input.files(), input.sources());
   host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
   const diagnosis::Plan found = search(arguments, environment, input, plugin, session);

@@ -75,7 +75,7 @@ void search(const CheckArguments &arguments, const Environment &environment, con
   report.commit.search.end = end_of(diagnosis);
   report.commit.search.unproven_rules = diagnosis.unproven_rules;
   report.commit.search.contract_violation = diagnosis.contract_violation;
-  report::add_findings(report.commit, diagnosis, verdict, input.schema(), input.files(), input.texts());
+  report::add_findings(report.commit, diagnosis, verdict, input.schema(), input.files(), input.sources());
 }
 
 }  // namespace cli

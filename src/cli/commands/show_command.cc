@@ -4,6 +4,7 @@
 
 #include "cli/command_line/errors.h"
 #include "cli/input/commit_input.h"
+#include "cli/input/foreign_nodes.h"
 #include "report/escape/printable.h"
 #include "report/value_text.h"
 
@@ -73,7 +74,8 @@ bool print_at(Printer &printer, const element::Tree &tree, const std::string &te
 }  // namespace
 
 ExitStatus show(const ShowArguments &arguments, const Environment &environment) {
-  const CommitInput input(find_input_files(arguments.input));
+  const CommitInput input(find_input_files(arguments.input), read_options(arguments.input));
+  tell_foreign_nodes(environment.err, arguments.input, input.files(), input.sources());
   const element::Transaction &transaction = input.transaction();
   const element::Tree &tree = arguments.running ? transaction.running : transaction.candidate;
 

@@ -5,23 +5,23 @@
 
 #include "cli/input/input_files.h"
 #include "element/datastore/transaction.h"
+#include "element/input/own_configuration.h"
 #include "element/profile/profile.h"
 #include "element/schema/schema.h"
 
 namespace cli {
 
-/// A commit with its element's profile and schema. Each file is read only once, so any of them may be a pipe; the texts
-/// are kept, because findings need their lines.
+/// A commit with its element's profile and schema. Each file is read only once, so any of them may be a pipe.
 class CommitInput {
  public:
   /// Throws element::InputError, or element::FileError for a file that cannot be read.
-  explicit CommitInput(InputFiles files);
+  explicit CommitInput(InputFiles files, const element::ReadOptions &options = {});
 
   /// The way back: from the candidate to the running configuration.
   CommitInput reversed() const;
 
   const InputFiles &files() const { return files_; }
-  const report::InputTexts &texts() const { return texts_; }
+  const report::InputSources &sources() const { return sources_; }
   const element::Profile &profile() const { return profile_; }
   const element::Schema &schema() const { return *schema_; }
   const element::Transaction &transaction() const { return *transaction_; }
@@ -30,7 +30,7 @@ class CommitInput {
   CommitInput() = default;
 
   InputFiles files_;
-  report::InputTexts texts_;
+  report::InputSources sources_;
   element::Profile profile_;
   std::shared_ptr<const element::Schema> schema_;
   std::unique_ptr<const element::Transaction> transaction_;

@@ -13,7 +13,6 @@
 #include "cli/terminal/progress.h"
 #include "cli/workers/worker_failure.h"
 #include "element/datastore/transaction.h"
-#include "element/input/configuration.h"
 #include "element/input/input_error.h"
 #include "process/batch.h"
 #include "process/interrupts.h"
@@ -24,10 +23,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void require_readable(const HeadroomInputs &inputs) {
+void require_readable(const HeadroomInputs &inputs, std::ostream &err) {
   const element::Schema schema;
-  const element::Tree running = element::read_configuration(schema, inputs.running);
-  const element::Tree candidate = element::read_configuration(schema, inputs.candidate);
+  const auto [running, candidate] = read_configurations(schema, inputs, err);
   for (const fs::path &file : inputs.elements) {
     const element::Profile profile = element::read_profile(file);
     try {
@@ -73,7 +71,7 @@ std::vector<process::Result> run(const process::Batch &batch, const Environment 
 
 report::HeadroomReport measure_in_workers(const HeadroomInputs &inputs, const fs::path &plugin_file,
                                           const Environment &environment) {
-  require_readable(inputs);
+  require_readable(inputs, environment.err);
   const std::vector<process::Result> results = run(make_batch(inputs, plugin_file, environment.program), environment);
   report::HeadroomReport report;
   for (std::size_t i = 0; i < results.size(); ++i) {

@@ -1,17 +1,14 @@
 #include "element/input/configuration.h"
 
-#include <fmt/format.h>
 #include <libyang/libyang.h>
 
-#include <algorithm>
 #include <memory>
 #include <new>
+#include <optional>
+#include <string>
 #include <utility>
 
-#include "element/input/configuration_text.h"
 #include "element/input/configuration_tree.h"
-#include "element/input/input_error.h"
-#include "element/input/input_text.h"
 #include "element/input/parse_fault.h"
 
 namespace element {
@@ -25,76 +22,53 @@ struct FreeInput {
 };
 using Data = std::unique_ptr<lyd_node, FreeData>;
 
-/// A configuration file on its way to a tree.
-struct Source {
-  const Schema &schema;
-  const std::string &origin;
-  const std::string &text;
-  std::size_t begin;  ///< of what is not blank
-  InputFormat format;
-
-  std::size_t lines_above() const { return position_at(text, begin).line - 1; }
-};
-
-struct Parsed {
-  LY_ERR result = LY_SUCCESS;
-  Data data;
-};
-
-// The parser begins where the blanks end, for it counts the lines before a JSON object twice.
-Parsed parse(const Source &source, std::uint32_t options, std::uint32_t validation) {
+/// Null if libyang refuses the text; its records say why.
+std::optional<Data> parse(const Schema &schema, const OwnConfiguration &own) {
   ly_in *input = nullptr;
-  if (ly_in_new_memory(source.text.c_str() + source.begin, &input) != LY_SUCCESS) throw std::bad_alloc();
+  if (ly_in_new_memory(own.text.c_str(), &input) != LY_SUCCESS) throw std::bad_alloc();
   const std::unique_ptr<ly_in, FreeInput> owner(input);
   lyd_node *data = nullptr;
-  Parsed parsed;
-  parsed.result =
-      lyd_parse_data(source.schema.context(), nullptr, input, source.format == InputFormat::xml ? LYD_XML : LYD_JSON,
-                     LYD_PARSE_STRICT | LYD_PARSE_NO_STATE | options, validation, &data);
-  parsed.data.reset(data);
-  return parsed;
+  const LY_ERR result =
+      lyd_parse_data(schema.context(), nullptr, input, own.format == InputFormat::xml ? LYD_XML : LYD_JSON,
+                     LYD_PARSE_STRICT | LYD_PARSE_NO_STATE, LYD_VALIDATE_NO_STATE, &data);
+  Data tree(data);
+  return result == LY_SUCCESS ? std::optional(std::move(tree)) : std::nullopt;
 }
 
-/// libyang names a mandatory node that is missing without saying in which entry: the one is looked up that lacks it.
-std::string missing_path(const Source &source, const std::string &schema_path) {
-  const lysc_node *wanted = lys_find_path(source.schema.context(), nullptr, schema_path.c_str(), 0);
-  const Parsed unchecked = parse(source, LYD_PARSE_ONLY, 0);
-  const std::string parent = wanted == nullptr ? "" : path_of_instance_without(unchecked.data.get(), *wanted);
-  return parent.empty() ? schema_path : fmt::format("{}/{}", parent, wanted->name);
-}
+ConfigurationFile read(const Schema &schema, InputPieces &input, const ReadOptions &options) {
+  OwnConfiguration own = read_own_configuration(schema, input, options);
+  const bool is_empty = own.tree.size() == 1;
+  ConfigurationSource source{own.format, SourceLines(std::move(own.tree)), std::move(own.passed_over)};
+  // libyang takes no text without an element.
+  if (is_empty) return {Tree(schema), std::move(source)};
 
-[[noreturn]] void throw_fault(const Source &source) {
-  ParseFault fault = first_fault(source.schema, source.format, source.lines_above());
-  if (!fault.missing_node.empty()) fault.path = missing_path(source, fault.missing_node);
-  throw to_input_error(source.origin, fault);
-}
-
-Tree to_tree(const Source &source) {
-  const CollectedMessages messages(source.schema);
-  const Parsed parsed = parse(source, 0, LYD_VALIDATE_NO_STATE);
-  if (parsed.result != LY_SUCCESS) throw_fault(source);
-  return operators_tree(source.schema, parsed.data.get(), source.origin);
-}
-
-ConfigurationWithText parse_text(const Schema &schema, std::string text, const std::string &origin) {
-  ConfigurationText prepared = prepare_configuration(std::move(text), origin);
-  const std::size_t begin = std::min(prepared.text.find_first_not_of(kBlank), prepared.text.size());
-  Tree tree = to_tree({schema, origin, prepared.text, begin, prepared.format});
-  return {std::move(tree), std::move(prepared)};
+  const CollectedMessages messages(schema);
+  const std::optional<Data> data = parse(schema, own);
+  if (!data) throw first_fault(schema, source.lines, input.origin());
+  std::string().swap(own.text);
+  return {operators_tree(schema, data->get()), std::move(source)};
 }
 
 }  // namespace
 
-Tree read_configuration(const Schema &schema, const std::filesystem::path &file) {
-  return read_configuration_with_text(schema, file).tree;
+ConfigurationFile read_configuration_file(const Schema &schema, const std::filesystem::path &file,
+                                          const ReadOptions &options) {
+  InputPieces input(file);
+  return read(schema, input, options);
 }
 
-ConfigurationWithText read_configuration_with_text(const Schema &schema, const std::filesystem::path &file) {
-  return parse_text(schema, read_input(file), file.string());
+Tree read_configuration(const Schema &schema, const std::filesystem::path &file) {
+  return read_configuration_file(schema, file).tree;
+}
+
+ConfigurationFile parse_configuration_file(const Schema &schema, std::string_view text, const std::string &origin,
+                                           const ReadOptions &options) {
+  InputPieces input(text, origin);
+  return read(schema, input, options);
 }
 
 Tree parse_configuration(const Schema &schema, std::string_view text, const std::string &origin) {
-  return parse_text(schema, std::string(text), origin).tree;
+  return parse_configuration_file(schema, text, origin).tree;
 }
 
 }  // namespace element

@@ -8,6 +8,7 @@
 
 #include "element/input/input_error.h"
 #include "element/input/input_file.h"
+#include "element/input/utf8.h"
 
 namespace element {
 namespace {
@@ -45,33 +46,23 @@ std::string read_input(const std::filesystem::path &file) {
   return text;
 }
 
-Position position_at(std::string_view text, std::size_t offset) {
-  const std::string_view before = text.substr(0, std::min(offset, text.size()));
-  Position position;
-  position.line += static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
-  const std::size_t line_break = before.rfind('\n');
-  position.column += line_break == std::string_view::npos ? before.size() : before.size() - line_break - 1;
-  return position;
-}
-
-std::size_t LineCounter::line_at(std::size_t offset) {
-  const std::string_view passed = text_.substr(counted_, offset - counted_);
-  line_ += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
-  counted_ = offset;
-  return line_;
-}
-
 std::string one_line(std::string_view text) {
   std::string line;
-  for (const char c : text.substr(0, kLongestQuote)) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x20 || byte > 0x7e) {
-      line += fmt::format("\\x{:02x}", byte);
+  std::string_view rest = text;
+  while (!rest.empty() && text.size() - rest.size() < kLongestQuote) {
+    const std::string_view before = rest;
+    const char32_t character = take_character(rest);
+    const std::string_view bytes = before.substr(0, before.size() - rest.size());
+    const bool is_invalid = character == kReplacementCharacter && bytes.size() == 1;
+    if (is_invalid) {
+      line += escape_of(static_cast<unsigned char>(bytes.front()));
+    } else if (steers_terminal(character)) {
+      line += escape_of(character);
     } else {
-      line += c;
+      line += bytes;
     }
   }
-  if (text.size() > kLongestQuote) line += "...";
+  if (!rest.empty()) line += "...";
   return line;
 }
 

@@ -26,25 +26,8 @@ struct Position {
 /// kMaxInputSize.
 std::string read_input(const std::filesystem::path &file);
 
-/// The position of the byte at `offset`. An offset past the end gives the position after the last byte.
-Position position_at(std::string_view text, std::size_t offset);
-
-/// Counts the lines of a text for a reader that moves forward only. The text must outlive the counter.
-class LineCounter {
- public:
-  explicit LineCounter(std::string_view text) : text_(text) {}
-
-  /// The line, from 1, of the byte at `offset`. Precondition: offsets do not decrease from call to call.
-  std::size_t line_at(std::size_t offset);
-
- private:
-  std::string_view text_;
-  std::size_t counted_ = 0;
-  std::size_t line_ = 1;
-};
-
-/// A piece of input for use in a one-line message: every byte that is not printable ASCII becomes \xNN, and text beyond
-/// 400 bytes is cut off with "...".
+/// A piece of input for use in a one-line message: a character that steers_terminal becomes its escape_of, a byte that
+/// is not UTF-8 \xNN; text beyond 400 bytes is cut off with "...".
 std::string one_line(std::string_view text);
 
 }  // namespace element

@@ -6,9 +6,8 @@
 
 namespace element {
 
-/// Throws InputError, which names `origin` as the file, if the text is not exactly one well-formed JSON value, is
-/// nested more than 100 levels deep, or has an object with two members of the same name. Module prefixes are ignored in
-/// that comparison: "base:vlan" equals "vlan". No document is built in memory.
+/// Throws InputError, which names `origin` as the file, if the text is not exactly one well-formed JSON value as
+/// read_json takes it, or has an object with two members of the same name. No document is built in memory.
 void require_json(std::string_view text, const std::string &origin);
 
 }  // namespace element

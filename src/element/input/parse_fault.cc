@@ -5,9 +5,12 @@
 
 #include <charconv>
 #include <new>
+#include <vector>
 
 #include "element/input/expectation.h"
 #include "element/input/input_text.h"
+#include "element/input/source_tree.h"
+#include "element/input/yang_path.h"
 
 namespace element {
 namespace {
@@ -15,6 +18,7 @@ namespace {
 constexpr std::string_view kLineMark = "ine number ";
 constexpr std::string_view kDataMark = "Data location \"";
 constexpr std::string_view kSchemaMark = "Schema location \"";
+constexpr std::string_view kDuplicate = "Duplicate instance";
 
 /// What follows `mark` in a record's place ("Data location "/a/b", line number 3."), or empty.
 std::string_view after(std::string_view place, std::string_view mark) {
@@ -41,20 +45,47 @@ const ly_err_item *first_error(const ly_ctx *context) {
   return nullptr;
 }
 
-ParseFault described(const Schema &schema, InputFormat format, const ly_err_item &record) {
-  const std::string_view place = record.path == nullptr ? "" : record.path;
-  const std::string_view schema_path = quoted(after(place, kSchemaMark));
-  std::string_view message = record.msg;
-  if (message.ends_with('.')) message.remove_suffix(1);
+/// What libyang says, and where.
+struct ParserRecord {
+  std::string_view message;
+  std::size_t line = 0;  ///< 0: not known
+  Path path;
+  bool is_rule = false;
+};
 
-  ParseFault fault;
-  fault.line = number(after(place, kLineMark));
-  fault.path = schema_path.empty() ? quoted(after(place, kDataMark)) : schema_path;
-  fault.message = message;
-  if (is_about_missing_node(message)) fault.missing_node = schema_path;
-  const bool is_rule = record.apptag != nullptr && std::string_view(record.apptag) == "must-violation";
-  fault.expected = expected_instead(schema, format, {record.vecode, message, fault.path, is_rule});
-  return fault;
+ParserRecord read_record(const Schema &schema, const ly_err_item &item) {
+  const std::string_view place = item.path == nullptr ? "" : item.path;
+  const std::string_view schema_path = quoted(after(place, kSchemaMark));
+  ParserRecord record;
+  record.message = item.msg;
+  if (record.message.ends_with('.')) record.message.remove_suffix(1);
+  record.line = number(after(place, kLineMark));
+  record.path = path_of_parser(schema, schema_path.empty() ? quoted(after(place, kDataMark)) : schema_path);
+  record.is_rule = item.apptag != nullptr && std::string_view(item.apptag) == "must-violation";
+  return record;
+}
+
+/// Where the file has what is wrong.
+struct FaultPlace {
+  std::size_t line = 0;  ///< 0: not known
+  std::string path;
+};
+
+/// The parser's line is that of the node which it reads; it may complain of one above.
+FaultPlace place_of(const ParserRecord &record, const SourceTree &tree) {
+  const std::vector<SourceTree::NodeId> way = record.line < 2 || record.line > tree.size()
+                                                  ? std::vector<SourceTree::NodeId>()
+                                                  : tree.way_to(static_cast<SourceTree::NodeId>(record.line - 1));
+  if (record.path.empty() || way.size() < record.path.size()) return {0, to_text(record.path)};
+  const SourceTree::NodeId node = way[record.path.size() - 1];
+  return {tree.line(node), path_text(tree, node)};
+}
+
+InputError make_error(const std::string &origin, const FaultPlace &place, const std::string &fault,
+                      const std::string &expected) {
+  const std::string line = place.line == 0 ? "" : fmt::format(":{}", place.line);
+  return InputError(
+      fmt::format("{}{}: {}: {}; expected {}", origin, line, one_line(place.path), one_line(fault), expected));
 }
 
 }  // namespace
@@ -69,21 +100,22 @@ CollectedMessages::~CollectedMessages() {
   ly_err_clean(context_, nullptr);
 }
 
-ParseFault first_fault(const Schema &schema, InputFormat format, std::size_t lines_above) {
-  const ly_err_item *record = first_error(schema.context());
-  // A character that may not stand in a name stops the parser without a word.
-  if (record == nullptr) return {0, "", "character that may not stand where it does", well_formed(format), ""};
-  if (record->no == LY_EMEM) throw std::bad_alloc();
-  ParseFault fault = described(schema, format, *record);
-  if (fault.line != 0) fault.line += lines_above;
-  return fault;
-}
-
-InputError to_input_error(const std::string &origin, const ParseFault &fault) {
-  const std::string line = fault.line == 0 ? "" : fmt::format(":{}", fault.line);
-  const std::string path = fault.path.empty() ? "" : one_line(fault.path) + ": ";
-  return InputError(
-      fmt::format("{}{}: {}{}; expected {}", origin, line, path, one_line(fault.message), fault.expected));
+InputError first_fault(const Schema &schema, const SourceLines &lines, const std::string &origin) {
+  const ly_err_item *item = first_error(schema.context());
+  if (item == nullptr || item->no == LY_EMEM) throw std::bad_alloc();
+  const ParserRecord record = read_record(schema, *item);
+  FaultPlace place = record.line == 0 ? FaultPlace{lines.line_of(record.path).value_or(0), to_text(record.path)}
+                                      : place_of(record, lines.tree());
+  if (record.message.starts_with(kDuplicate)) {
+    const std::vector<std::size_t> given = lines.lines_of(record.path);
+    if (given.size() > 1) {
+      return make_error(origin, {given[1], to_text(record.path)},
+                        fmt::format("given twice, first on line {}", given[0]), "each entry once");
+    }
+  }
+  const SchemaNode *node = record.path.empty() ? nullptr : record.path.back().schema;
+  return make_error(origin, place, std::string(record.message),
+                    expected_instead(schema, node, {record.message, record.is_rule}));
 }
 
 }  // namespace element

@@ -1,7 +1,6 @@
 #include "element/input/source_lines.h"
 
-#include <algorithm>
-#include <string_view>
+#include <utility>
 
 #include "element/input/source_tree.h"
 
@@ -10,66 +9,58 @@ namespace {
 
 using NodeId = SourceTree::NodeId;
 
-constexpr std::string_view kLineSpace = " \t\r\n";
-
-/// The text as value_from_text takes it: libyang takes blanks around a number, and a plus sign.
-std::string_view bare(std::string_view text, ValueType type) {
-  if (type == ValueType::text) return text;
-  text.remove_prefix(std::min(text.find_first_not_of(kLineSpace), text.size()));
-  text = text.substr(0, text.find_last_not_of(kLineSpace) + 1);
-  if (text.starts_with('+')) text.remove_prefix(1);
-  return text;
-}
-
-/// The first node of this name from `node` up to `end`; `end` where there is none.
-NodeId find_named(const SourceTree &tree, NodeId node, NodeId end, std::string_view name) {
-  while (node != end && tree.name(node) != name) node = tree.end(node);
-  return node;
-}
-
-bool has_key(const SourceTree &tree, NodeId entry, const SchemaNode &leaf, const Value &key) {
-  const NodeId end = tree.end(entry);
-  const NodeId node = find_named(tree, tree.first_child(entry), end, leaf.name);
-  if (node == end) return false;
-  const std::optional<Value> value = value_from_text(leaf, bare(tree.text(node), leaf.type));
-  return value && compare(*value, key) == 0;
-}
-
 bool has_keys(const SourceTree &tree, NodeId entry, const PathStep &step) {
+  const NodeId end = tree.end(entry);
   for (std::size_t i = 0; i < step.keys.size(); ++i) {
-    if (!has_key(tree, entry, *step.schema->children[i], step.keys[i])) return false;
+    const NodeId leaf = tree.find_from(tree.first_child(entry), end, *step.schema->children[i]);
+    if (leaf == end) return false;
+    const std::optional<Value> value = key_value(tree, leaf);
+    if (!value || compare(*value, step.keys[i]) != 0) return false;
   }
   return true;
 }
 
-std::optional<NodeId> find_below(const SourceTree &tree, NodeId parent, const PathStep &step) {
+enum class Wanted { first, all };
+
+/// Appends the children of `parent` that the step means. There is one at most unless the file is not valid.
+void append_matches(const SourceTree &tree, NodeId parent, const PathStep &step, Wanted wanted,
+                    std::vector<NodeId> &matches) {
   const NodeId end = tree.end(parent);
-  NodeId node = find_named(tree, tree.first_child(parent), end, step.schema->name);
-  while (node != end && !has_keys(tree, node, step)) node = find_named(tree, tree.end(node), end, step.schema->name);
-  return node == end ? std::nullopt : std::optional(node);
+  for (NodeId node = tree.find_from(tree.first_child(parent), end, *step.schema); node != end;
+       node = tree.find_from(tree.end(node), end, *step.schema)) {
+    if (!has_keys(tree, node, step)) continue;
+    matches.push_back(node);
+    if (wanted == Wanted::first) break;
+  }
 }
 
-SourceTree read_source(const ConfigurationText &configuration) {
-  return configuration.format == InputFormat::xml ? read_xml_source(configuration.text)
-                                                  : read_json_source(configuration.text);
+std::vector<NodeId> find(const SourceTree &tree, const Path &path, Wanted wanted) {
+  std::vector<NodeId> nodes{tree.root()};
+  for (const PathStep &step : path) {
+    const bool is_whole_list = step.schema->kind == NodeKind::list && step.keys.empty();
+    if (is_whole_list && &step != &path.back()) return {};
+    std::vector<NodeId> below;
+    for (const NodeId node : nodes) append_matches(tree, node, step, wanted, below);
+    nodes = std::move(below);
+  }
+  return path.empty() ? std::vector<NodeId>() : nodes;
 }
 
 }  // namespace
 
-SourceLines::SourceLines(const ConfigurationText &configuration)
-    : tree_(std::make_unique<const SourceTree>(read_source(configuration))) {}
+SourceLines::SourceLines() : SourceLines(SourceTree()) {}
 
-SourceLines::~SourceLines() = default;
+SourceLines::SourceLines(SourceTree tree) : tree_(std::make_shared<const SourceTree>(std::move(tree))) {}
 
 std::optional<std::size_t> SourceLines::line_of(const Path &path) const {
-  std::optional<NodeId> node = tree_->root();
-  for (const PathStep &step : path) {
-    const bool is_whole_list = step.schema->kind == NodeKind::list && step.keys.empty();
-    if (is_whole_list && &step != &path.back()) return std::nullopt;
-    node = find_below(*tree_, *node, step);
-    if (!node) return std::nullopt;
-  }
-  return path.empty() ? std::nullopt : std::optional(tree_->line(*node));
+  const std::vector<NodeId> nodes = find(*tree_, path, Wanted::first);
+  return nodes.empty() ? std::nullopt : std::optional(tree_->line(nodes.front()));
+}
+
+std::vector<std::size_t> SourceLines::lines_of(const Path &path) const {
+  std::vector<std::size_t> lines;
+  for (const NodeId node : find(*tree_, path, Wanted::all)) lines.push_back(tree_->line(node));
+  return lines;
 }
 
 }  // namespace element

@@ -1,5 +1,6 @@
 #include "element/input/utf8.h"
 
+#include <fmt/format.h>
 #include <utf8.h>
 
 #include <cstdint>
@@ -57,6 +58,19 @@ char32_t take_character(std::string_view &text) {
   }
   text.remove_prefix(size);
   return code;
+}
+
+bool steers_terminal(char32_t code) {
+  const auto is_of = [code](char32_t first, char32_t last) { return first <= code && code <= last; };
+  const bool is_control = code < 0x20 || is_of(0x7f, 0x9f);
+  const bool is_separator = is_of(0x2028, 0x2029);
+  const bool is_direction = code == 0x061c || is_of(0x200e, 0x200f) || is_of(0x202a, 0x202e) || is_of(0x2066, 0x2069);
+  return is_control || is_separator || is_direction;
+}
+
+std::string escape_of(char32_t code) {
+  const auto number = static_cast<std::uint32_t>(code);
+  return number < 0x100 ? fmt::format("\\x{:02x}", number) : fmt::format("\\u{:04x}", number);
 }
 
 std::string to_utf8(char32_t code) {

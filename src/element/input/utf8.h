@@ -25,6 +25,13 @@ std::string replace_invalid_utf8(std::string_view text);
 /// character is removed alone and returned as U+FFFD.
 char32_t take_character(std::string_view &text);
 
+/// Whether a terminal obeys the character in place of showing it: control characters, separators of lines, and the
+/// marks that change the direction of writing, with which a name could look like another one.
+bool steers_terminal(char32_t code);
+
+/// "\x1b" for a code point below U+0100, "\u202e" for another one.
+std::string escape_of(char32_t code);
+
 /// The code point in UTF-8; empty for a surrogate or a number above U+10FFFF.
 std::string to_utf8(char32_t code);
 

@@ -55,7 +55,7 @@ namespace {
 
 constexpr char kSeparator = '\n';                   ///< between namespace and name, for the parser allows it in neither
 constexpr std::string_view kMessageEnd = "]]>]]>";  ///< behind a message in NETCONF 1.0
-constexpr std::size_t kLongestToken = std::size_t{1} << 20;
+constexpr std::size_t kLongestTag = std::size_t{1} << 20;
 
 struct FreeParser {
   void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
@@ -72,9 +72,9 @@ QualifiedName split(std::string_view text) {
   return {text.substr(0, separator), text.substr(separator + 1)};
 }
 
-class Reader {
+class XmlParsing {
  public:
-  Reader(InputPieces &input, XmlEvents &events)
+  XmlParsing(InputPieces &input, XmlEvents &events)
       : input_(input), framing_(input), events_(events), parser_(XML_ParserCreateNS("UTF-8", kSeparator)) {
     if (!parser_) throw std::bad_alloc();
   }
@@ -145,8 +145,8 @@ class Reader {
   }
 
   void require_short_token() {
-    if (is_in_document_ && offset_ - static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get())) > kLongestToken) {
-      refuse(lines_.line(), fmt::format("tag or comment of more than {} bytes; expected a shorter one", kLongestToken));
+    if (is_in_document_ && offset_ - static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get())) > kLongestTag) {
+      refuse(lines_.line(), fmt::format("tag or comment of more than {} bytes; expected a shorter one", kLongestTag));
     }
   }
 
@@ -192,7 +192,7 @@ class Reader {
   /// Exceptions do not pass through the parser, which is no C++.
   template <typename Function>
   static void guarded(void *data, Function function) noexcept {
-    auto &reader = *static_cast<Reader *>(data);
+    auto &reader = *static_cast<XmlParsing *>(data);
     if (reader.failure_) return;
     try {
       function(reader);
@@ -203,16 +203,16 @@ class Reader {
   }
 
   static void on_start(void *data, const char *name, const char **attributes) {
-    guarded(data, [&](Reader &reader) { reader.start(name, attributes); });
+    guarded(data, [&](XmlParsing &reader) { reader.start(name, attributes); });
   }
   static void on_end(void *data, const char *) {
-    guarded(data, [](Reader &reader) { reader.end(); });
+    guarded(data, [](XmlParsing &reader) { reader.end(); });
   }
   static void on_text(void *data, const char *text, int size) {
-    guarded(data, [&](Reader &reader) { reader.events_.text({text, static_cast<std::size_t>(size)}); });
+    guarded(data, [&](XmlParsing &reader) { reader.events_.text({text, static_cast<std::size_t>(size)}); });
   }
   static void on_document_type(void *data, const char *, const char *, const char *, int) {
-    guarded(data, [](Reader &reader) {
+    guarded(data, [](XmlParsing &reader) {
       reader.refuse(reader.lines_.line(), "document type declaration; expected XML without one");
     });
   }
@@ -245,6 +245,6 @@ std::vector<XmlAttribute> XmlElement::attributes() const {
 
 std::size_t XmlElement::line() const { return lines_.line(); }
 
-std::size_t read_xml(InputPieces &input, XmlEvents &events) { return Reader(input, events).read(); }
+std::size_t read_xml(InputPieces &input, XmlEvents &events) { return XmlParsing(input, events).read(); }
 
 }  // namespace element

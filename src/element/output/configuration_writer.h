@@ -4,7 +4,7 @@
 #include <string>
 
 #include "element/datastore/tree.h"
-#include "element/input/configuration_text.h"
+#include "element/input/configuration_format.h"
 
 namespace element {
 

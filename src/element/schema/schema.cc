@@ -278,6 +278,7 @@ Schema::Schema() {
   }
   for (const char *name : kModulesInOrder) {
     const lys_module *module = ly_ctx_get_module_implemented(context, name);
+    modules_.push_back({module->name, module->ns});
     if (module->compiled->data != nullptr) read_children(module->compiled->data, root_);
   }
   std::map<std::uint32_t, std::string> names;
@@ -285,6 +286,17 @@ Schema::Schema() {
 }
 
 void Schema::DestroyContext::operator()(ly_ctx *context) const { ly_ctx_destroy(context); }
+
+const Module *Schema::find_module(std::string_view name) const {
+  const auto found = std::find_if(modules_.begin(), modules_.end(), [&](const Module &m) { return m.name == name; });
+  return found == modules_.end() ? nullptr : &*found;
+}
+
+const Module *Schema::find_namespace(std::string_view name_space) const {
+  const auto found =
+      std::find_if(modules_.begin(), modules_.end(), [&](const Module &m) { return m.name_space == name_space; });
+  return found == modules_.end() ? nullptr : &*found;
+}
 
 const SchemaNode *Schema::find(std::string_view path) const {
   const SchemaNode *node = &root_;

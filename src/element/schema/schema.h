@@ -72,6 +72,12 @@ std::uint32_t node_tag(std::string_view name);
 /// Converts text to a value of the leaf's type; nothing if it is not one.
 std::optional<Value> value_from_text(const SchemaNode &leaf, std::string_view text);
 
+/// A YANG module of the data model.
+struct Module {
+  std::string name;
+  std::string name_space;
+};
+
 /// The data model of the element: the YANG modules that are embedded in the program, compiled. No other module is
 /// loaded.
 class Schema {
@@ -85,6 +91,10 @@ class Schema {
   /// The node at a path of names without keys, prefixes optional ("/mpls/l2vpn-config"), or null.
   const SchemaNode *find(std::string_view path) const;
 
+  /// The module that has nodes in the data model and this name, or this namespace; or null.
+  const Module *find_module(std::string_view name) const;
+  const Module *find_namespace(std::string_view name_space) const;
+
   /// The libyang context, for parsing configuration.
   ly_ctx *context() const { return context_.get(); }
 
@@ -95,6 +105,7 @@ class Schema {
 
   std::unique_ptr<ly_ctx, DestroyContext> context_;
   SchemaNode root_;
+  std::vector<Module> modules_;
 };
 
 }  // namespace element

@@ -32,14 +32,16 @@ ordered_json summary_json(const SeriesSummary &summary, int exit_status) {
     json["suppressed"] = count.suppressed;
     findings.push_back(json);
   }
-  return {{"commits", summary.commits},
-          {"accepted", summary.accepted},
-          {"accepted-with-warnings", summary.accepted_with_warnings},
-          {"rejected", summary.rejected},
-          {"not-decided", summary.not_decided},
-          {"findings", findings},
-          {"unused-suppressions", summary.unused_suppressions},
-          {"status", exit_status}};
+  ordered_json json{{"commits", summary.commits},
+                    {"accepted", summary.accepted},
+                    {"accepted-with-warnings", summary.accepted_with_warnings},
+                    {"rejected", summary.rejected},
+                    {"not-decided", summary.not_decided},
+                    {"findings", findings},
+                    {"unused-suppressions", summary.unused_suppressions},
+                    {"status", exit_status}};
+  if (summary.with_foreign_nodes != 0) json["with-foreign-nodes"] = summary.with_foreign_nodes;
+  return json;
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "report/json/array.h"
 #include "report/json/finding_json.h"
 #include "report/json/node_json.h"
+#include "report/json/passed_over_json.h"
 #include "report/json/unreadable_json.h"
 #include "report/rollback.h"
 
@@ -85,6 +86,7 @@ CommitReport read(const ordered_json &json, const std::string &name) {
   CommitReport commit;
   commit.name = name;
   commit.decision = read_decision(json.at("decision").get<std::string>());
+  if (json.contains("passed-over")) commit.passed_over = read_passed_over(json.at("passed-over"));
   commit.unreadable = read_unreadable(json);
   commit.findings = read_findings(json.at("findings"));
   commit.advice = read_advice(json.at("advice"));
@@ -104,6 +106,7 @@ void write_json(std::ostream &out, const CheckReport &report) {
   json["inputs"] = {{"element", report.inputs.element.string()},
                     {"running", report.inputs.running.string()},
                     {"candidate", report.inputs.candidate.string()}};
+  if (!report.commit.passed_over.is_nothing()) json["passed-over"] = passed_over_json(report);
   json["decision"] = decision_name(report.verdict.decision);
   json["total"] = total_json(report.verdict);
   json["points"] = array(report.verdict.points, point_json);

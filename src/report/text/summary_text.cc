@@ -14,6 +14,9 @@ void write_summary(std::ostream &out, const SeriesSummary &summary) {
                                     {summary.not_decided, "not decided"}}) {
     out << fmt::format("  {:>6} {}\n", count, text);
   }
+  if (summary.with_foreign_nodes != 0) {
+    out << fmt::format("commits with nodes of other modules, passed over: {}\n", summary.with_foreign_nodes);
+  }
   if (summary.findings.empty()) return;
   out << "findings by rule:\n";
   for (const auto &[rule, count] : summary.findings) {

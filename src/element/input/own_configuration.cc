@@ -1,0 +1,25 @@
+#include "element/input/own_configuration.h"
+
+#include <fmt/format.h>
+
+#include "element/input/input_error.h"
+#include "element/input/input_text.h"
+#include "element/input/json_configuration.h"
+#include "element/input/xml_configuration.h"
+
+namespace element {
+
+OwnConfiguration read_own_configuration(const Schema &schema, InputPieces &input, const ReadOptions &options) {
+  const char first = input.skip_blanks();
+  // '#' begins NETCONF's chunks.
+  if (first == '<' || first == '#') return read_xml_configuration(schema, input, options);
+  if (first == '{') return read_json_configuration(schema, input, options);
+  if (first == 0) {
+    throw InputError(
+        fmt::format("{}: empty; expected XML elements or a JSON object ({{}} configures nothing)", input.origin()));
+  }
+  throw InputError(fmt::format("{}:{}: neither XML nor JSON begins with {}; expected '<' or '{{'", input.origin(),
+                               input.next().line, one_line({&first, 1})));
+}
+
+}  // namespace element

@@ -1,0 +1,30 @@
+#ifndef ELEMENT_INPUT_PASSED_OVER_H
+#define ELEMENT_INPUT_PASSED_OVER_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace element {
+
+/// Nodes of a module that is not the element's.
+struct ForeignModule {
+  std::string name;       ///< the module's namespace in XML, its name in JSON
+  std::size_t nodes = 0;  ///< containers, leafs, and entries of lists and leaf-lists
+  std::size_t line = 0;   ///< of the first one in the file
+};
+
+/// What a configuration holds beside the element's own nodes, and was not read.
+struct PassedOver {
+  std::vector<ForeignModule> modules;  ///< sorted by name
+
+  std::size_t nodes() const {
+    std::size_t count = 0;
+    for (const ForeignModule &module : modules) count += module.nodes;
+    return count;
+  }
+};
+
+}  // namespace element
+
+#endif

@@ -1,0 +1,19 @@
+#ifndef REPORT_JSON_PASSED_OVER_JSON_H
+#define REPORT_JSON_PASSED_OVER_JSON_H
+
+#include <nlohmann/json_fwd.hpp>
+
+#include "report/check_report.h"
+
+namespace report {
+
+/// {"running": {"nodes": 212, "modules": 87}, "candidate": ...}, each with a "list" of the modules where that was asked
+/// for.
+nlohmann::ordered_json passed_over_json(const CheckReport &report);
+
+/// Throws nlohmann::ordered_json::exception for another document.
+PassedOver read_passed_over(const nlohmann::ordered_json &json);
+
+}  // namespace report
+
+#endif
