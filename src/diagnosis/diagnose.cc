@@ -71,7 +71,8 @@ class Diagnoser {
   }
 
   bool is_enumerable() const {
-    const std::uint64_t most = std::min(options_.enumerated_sets, options_.budget.calls);
+    // The empty set is not asked about.
+    const std::uint64_t most = std::min(options_.enumerated_sets, options_.budget.calls + 1);
     return entries_.size() <= kMostMaskedEntries && count_closed_sets(entries_, entries_.all(), most + 1) <= most;
   }
 
