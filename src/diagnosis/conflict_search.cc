@@ -200,7 +200,8 @@ void ConflictSearch::ask_beside(const NumberSet &set, const std::vector<Bound> &
   for (const Bound &bound : bounds) members.insert(members.end(), bound.parties.begin(), bound.parties.end());
   normalise(members);
   IndependentSets independent{{{}}, false};
-  if (members.size() <= kMostCoveredParties) independent = independent_sets(bounds, {}, kMostSets);
+  if (members.size() <= kMostCoveredParties)
+    independent = independent_sets(bounds, {}, kMostSets, [this] { return context_.oracle.has_ended(); });
   if (!independent.is_covering) leave_unfinished(set);
   const std::size_t known = conflicts_.size();
   for (const NumberSet &beside : independent.sets) {

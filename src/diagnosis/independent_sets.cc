@@ -83,14 +83,14 @@ class Covering {
     std::iota(order_.begin(), order_.end(), Index{0});
   }
 
-  IndependentSets run(std::size_t most_sets) {
+  IndependentSets run(std::size_t most_sets, const std::function<bool()> &is_over) {
     if (parties_.empty()) return {{{}}, true};
     IndependentSets result;
     add_sets_of_words(result, most_sets);
     for (Index seed = 0; seed < parties_.size(); ++seed) {
       for (Index partner = seed; partner < parties_.size(); ++partner) {
         if (!uncovered_[seed].test(partner) || !may_be_together(seed, partner)) continue;
-        if (result.sets.size() == most_sets) return {std::move(result.sets), false};
+        if (result.sets.size() == most_sets || (is_over && is_over())) return {std::move(result.sets), false};
         Chosen begin{Bits(parties_.size(), false), room_};
         add(begin, seed);
         if (partner != seed) add(begin, partner);
@@ -239,8 +239,9 @@ class Covering {
 
 }  // namespace
 
-IndependentSets independent_sets(const std::vector<Bound> &bounds, const NumberSet &kept, std::size_t most_sets) {
-  return Covering(bounds, kept).run(most_sets);
+IndependentSets independent_sets(const std::vector<Bound> &bounds, const NumberSet &kept, std::size_t most_sets,
+                                 const std::function<bool()> &is_over) {
+  return Covering(bounds, kept).run(most_sets, is_over);
 }
 
 }  // namespace diagnosis

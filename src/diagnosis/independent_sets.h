@@ -2,6 +2,7 @@
 #define DIAGNOSIS_INDEPENDENT_SETS_H
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "diagnosis/entries.h"
@@ -22,8 +23,9 @@ struct IndependentSets {
 
 /// Sets of the parties that keep to all bounds together with the entries of `kept`, at most `most_sets` of them: a
 /// greedy covering array of strength two. A fault that two parties have with each other, or one with what is no party,
-/// is in one of them. Without parties it is one empty set.
-IndependentSets independent_sets(const std::vector<Bound> &bounds, const NumberSet &kept, std::size_t most_sets);
+/// is in one of them. Without parties it is one empty set. No further set is made once `is_over` says so.
+IndependentSets independent_sets(const std::vector<Bound> &bounds, const NumberSet &kept, std::size_t most_sets,
+                                 const std::function<bool()> &is_over = {});
 
 }  // namespace diagnosis
 
