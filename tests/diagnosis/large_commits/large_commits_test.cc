@@ -56,13 +56,28 @@ brute_force::Configurations commit_with(std::size_t vpns, std::size_t conflicts)
   return {tree_of(draft.running), tree_of(draft.candidate)};
 }
 
-std::uint64_t calls_for(std::size_t vpns, std::size_t conflicts) {
+std::uint64_t calls_for(const brute_force::Configurations &commit, std::size_t findings) {
   const diagnosis::Diagnosis found = JudgedElement::instance().diagnose(
-      commit_with(vpns, conflicts),
-      {.with_repairs = false, .budget = {.calls = 1'000'000, .time = std::chrono::hours(24)}});
-  EXPECT_EQ(found.findings.size(), conflicts);
+      commit, {.with_repairs = false, .budget = {.calls = 1'000'000, .time = std::chrono::hours(24)}});
+  EXPECT_EQ(found.findings.size(), findings);
   EXPECT_EQ(found.end, diagnosis::SearchEnd::complete);
   return found.calls;
+}
+
+std::uint64_t calls_for(std::size_t vpns, std::size_t conflicts) {
+  return calls_for(commit_with(vpns, conflicts), conflicts);
+}
+
+/// A VPN with as many new neighbours, more than the element allows pseudowires.
+brute_force::Configurations commit_with_neighbors(std::size_t neighbors) {
+  NamePool names(7);
+  Draft draft;
+  const Vpn vpn = draw_vpn(names, Family::vpls);
+  for (std::size_t i = 0; i < neighbors; ++i) {
+    const std::string address = "172.16." + std::to_string(i / 250) + "." + std::to_string(1 + i % 250);
+    put(draft, vpn.neighbor(address) + "/pw-id = " + std::to_string(1000 + i), Arrival::added);
+  }
+  return {tree_of(draft.running), tree_of(draft.candidate)};
 }
 
 TEST(Calls, of_one_conflict_grow_with_the_logarithm_of_the_commit) {
@@ -77,6 +92,14 @@ TEST(Calls, grow_no_faster_than_the_conflicts) {
   const std::uint64_t twenty = calls_for(300, 20);
   EXPECT_LT(five / 5, 120U);
   EXPECT_LT(twenty / 20, 2 * five / 5);
+}
+
+// Its text tells how many are too many; that is asked, and not searched for.
+TEST(Calls, of_a_limit_grow_no_faster_than_what_it_counts) {
+  const std::uint64_t few = calls_for(commit_with_neighbors(1100), 1);
+  const std::uint64_t many = calls_for(commit_with_neighbors(2200), 1);
+  EXPECT_LT(few, 80U);
+  EXPECT_LT(many, 2 * few);
 }
 
 }  // namespace
