@@ -12,6 +12,8 @@
 #include "diagnosis/exhaustive_search.h"
 #include "diagnosis/grouping.h"
 #include "diagnosis/limit_search.h"
+#include "diagnosis/order_repair.h"
+#include "diagnosis/repair_search.h"
 
 namespace diagnosis {
 namespace {
@@ -23,7 +25,10 @@ class Diagnoser {
  public:
   Diagnoser(const host::Plugin &plugin, host::HostSession &session, const element::Transaction &transaction,
             const Options &options)
-      : options_(options),
+      : plugin_(plugin),
+        session_(session),
+        transaction_(transaction),
+        options_(options),
         tree_(transaction),
         entries_(tree_),
         changes_(entries_),
@@ -42,6 +47,8 @@ class Diagnoser {
       diagnosis.findings.back().advice = describe_advice(context_, advice.for_each()[group]);
     }
     if (!groups.empty()) diagnosis.advice = describe_advice(context_, advice.for_all());
+    diagnosis.end = oracle_.end();
+    if (options_.with_repairs) add_repairs(verdict, groups, diagnosis);
     mark_device_findings(verdict, diagnosis.findings);
     if (!options_.all_findings) {
       std::erase_if(diagnosis.findings, [](const Finding &finding) { return !finding.from_device; });
@@ -104,9 +111,23 @@ class Diagnoser {
     }
   }
 
+  /// The end of the search for repairs ends no other.
+  void add_repairs(const host::Verdict &verdict, const std::vector<ConflictGroup> &groups, Diagnosis &diagnosis) {
+    std::vector<Finding> &findings = diagnosis.findings;
+    RepairSearch search(context_, conflicts_, groups, session_.profile());
+    for (std::size_t group = 0; group < groups.size(); ++group) {
+      if (is_told(verdict, findings[group])) findings[group].repairs = search.for_group(group);
+    }
+    const OrderRepair order = find_order_repair(plugin_, session_, transaction_, context_, conflicts_, options_);
+    for (Finding &finding : findings) {
+      if (order.repair && finding.verdict.answer == host::Answer::rejected) finding.repairs.push_back(*order.repair);
+    }
+    diagnosis.has_all_repairs = oracle_.end() == SearchEnd::complete && order.is_searched;
+    if (oracle_.end() == SearchEnd::contract_violation) diagnosis.end = SearchEnd::contract_violation;
+  }
+
   void finish(const host::Verdict &verdict, Diagnosis &diagnosis) const {
     diagnosis.calls = oracle_.calls();
-    diagnosis.end = oracle_.end();
     diagnosis.contract_violation = oracle_.contract_violation();
     for (const rules::Rule &rule : rules::all_rules()) {
       const bool is_unasked = !has_asked_all_ && !is_accepted_by_device(verdict, rule.point);
@@ -125,16 +146,24 @@ class Diagnoser {
     return is_asked;
   }
 
+  bool says(const Finding &finding, const Message &said) {
+    return std::any_of(finding.conflicts.begin(), finding.conflicts.end(), [&](const Conflict &conflict) {
+      return messages_.number_of(conflict.verdict) == messages_.number_of(said.verdict);
+    });
+  }
+
+  bool is_told(const host::Verdict &verdict, const Finding &finding) {
+    const auto answers = device_messages(verdict);
+    return options_.all_findings ||
+           std::any_of(answers.begin(), answers.end(), [&](const Message &said) { return says(finding, said); });
+  }
+
   /// What the device says comes first, in its words.
   void mark_device_findings(const host::Verdict &verdict, std::vector<Finding> &findings) {
     auto place = findings.begin();
     for (const Message &said : device_messages(verdict)) {
-      const std::uint32_t message = messages_.number_of(said.verdict);
-      const auto says_it = [&](const Finding &finding) {
-        return std::any_of(finding.conflicts.begin(), finding.conflicts.end(),
-                           [&](const Conflict &conflict) { return messages_.number_of(conflict.verdict) == message; });
-      };
-      const auto found = std::find_if(place, findings.end(), says_it);
+      const auto found =
+          std::find_if(place, findings.end(), [&](const Finding &finding) { return says(finding, said); });
       if (found == findings.end()) continue;
       found->from_device = true;
       found->verdict = said.verdict;
@@ -144,6 +173,9 @@ class Diagnoser {
     }
   }
 
+  const host::Plugin &plugin_;
+  host::HostSession &session_;
+  const element::Transaction &transaction_;
   const Options &options_;
   MergedTree tree_;
   Entries entries_;

@@ -111,6 +111,7 @@ struct Diagnosis {
   Advice advice;                  ///< for all findings together
   std::uint64_t calls = 0;        ///< how often the library was asked about a reduced commit
   SearchEnd end = SearchEnd::complete;
+  bool has_all_repairs = true;              ///< false: the search for repairs, which comes last, was ended
   std::vector<std::string> unproven_rules;  ///< ids of rules of which there may be further findings
   std::string contract_violation;           ///< what the library did against its contract, or empty
 };

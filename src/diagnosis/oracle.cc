@@ -1,5 +1,8 @@
 #include "diagnosis/oracle.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace diagnosis {
 namespace {
 
@@ -54,6 +57,17 @@ std::optional<NumberSet> Oracle::ask_normalised(const RestrictedCommit &commit) 
     const auto known = known_.find(commit);
     if (known != known_.end()) return known->second;
   }
+  std::optional<NumberSet> answer =
+      ask_library([&] { return make_transaction(commit, entries_, changes_, projector_); });
+  if (is_kept && answer) known_.emplace(commit, *answer);
+  return answer;
+}
+
+std::optional<NumberSet> Oracle::ask(element::Tree running, element::Tree candidate) {
+  return ask_library([&] { return element::make_transaction(std::move(running), std::move(candidate), projector_); });
+}
+
+std::optional<NumberSet> Oracle::ask_library(const std::function<std::unique_ptr<element::Transaction>()> &make) {
   if (has_ended()) return std::nullopt;
   if (calls_ >= options_.budget.calls) {
     end_ = SearchEnd::calls;
@@ -62,16 +76,17 @@ std::optional<NumberSet> Oracle::ask_normalised(const RestrictedCommit &commit) 
   if (options_.progress) options_.progress(calls_, findings);
   ++calls_;
   try {
-    const auto transaction = make_transaction(commit, entries_, changes_, projector_);
-    const host::Verdict verdict = host::validate_commit(plugin_, session_, *transaction, {.all_points = true});
-    NumberSet answer = messages_.numbers_of(verdict);
-    if (is_kept) known_.emplace(commit, answer);
-    return answer;
+    return messages_.numbers_of(host::validate_commit(plugin_, session_, *make(), {.all_points = true}));
   } catch (const host::ContractError &error) {
     end_ = SearchEnd::contract_violation;
     contract_violation_ = error.what();
     return std::nullopt;
   }
+}
+
+std::chrono::milliseconds Oracle::time_left() const {
+  const auto used = std::chrono::duration_cast<std::chrono::milliseconds>(now() - begin_);
+  return std::max(options_.budget.time - used, std::chrono::milliseconds(0));
 }
 
 bool Oracle::reproduces(const NumberSet &entries, std::uint32_t message) {

@@ -3,6 +3,8 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -26,6 +28,9 @@ class Oracle {
   /// `taken_back()` are taken back in it, too.
   std::optional<NumberSet> ask(const RestrictedCommit &commit);
 
+  /// The same of a commit to an element that has the running configuration: operator's nodes, sorted.
+  std::optional<NumberSet> ask(element::Tree running, element::Tree candidate);
+
   /// The commit restricted to a closed set of entries draws the message; not where the search has ended.
   bool reproduces(const NumberSet &entries, std::uint32_t message);
 
@@ -38,6 +43,10 @@ class Oracle {
   SearchEnd end() const { return end_; }
   std::uint64_t calls() const { return calls_; }
   std::uint64_t calls_left() const { return options_.budget.calls - calls_; }
+  std::chrono::milliseconds time_left() const;
+
+  /// Counts calls that another search made on the same budget.
+  void add_calls(std::uint64_t calls) { calls_ += calls; }
   const std::string &contract_violation() const { return contract_violation_; }
 
   std::size_t findings = 0;  ///< so far, for the progress
@@ -52,6 +61,7 @@ class Oracle {
   std::chrono::steady_clock::time_point now() const;
   RestrictedCommit normalised(RestrictedCommit commit) const;
   std::optional<NumberSet> ask_normalised(const RestrictedCommit &commit);
+  std::optional<NumberSet> ask_library(const std::function<std::unique_ptr<element::Transaction>()> &make);
 
   const host::Plugin &plugin_;
   host::HostSession &session_;

@@ -30,6 +30,7 @@ struct SearchReport {
   std::uint64_t budget_calls = 0;
   double budget_seconds = 0;
   SearchEnd end = SearchEnd::complete;
+  bool has_all_repairs = true;              ///< false: the search for repairs, which comes last, was ended
   std::vector<std::string> unproven_rules;  ///< ids of rules of which there may be further findings
   std::string contract_violation;           ///< what the library did against its contract; empty for the other ends
 };

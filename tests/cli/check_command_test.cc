@@ -181,7 +181,7 @@ TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_stand
     ],
     "advice": {"alternatives": [], "enough": 0, "choices": [], "minimal": false, "all-alternatives": true},
     "search": {"all-faults": false, "calls": 0, "budget": {"calls": 0, "seconds": 60.0}, "complete": false,
-               "ended-by": "calls", "unproven-rules": []},
+               "ended-by": "calls", "all-repairs": false, "unproven-rules": []},
     "unused-suppressions": []})");
   auto document = nlohmann::json::parse(json.out);
   EXPECT_EQ(document["library"]["file"], ANSWERING_PLUGIN_FILE);

@@ -77,6 +77,9 @@ TEST_F(CheckFindings, a_rejection_is_explained_with_both_parties_and_their_lines
           "   to do: take back + " +
           south + " (" + rejected +
           "/candidate.xml:12)\n"
+          "      or: change " +
+          south + "/dot1q (" + rejected +
+          "/candidate.xml:14) to what is free on this port: 211, 209 or 212\n"
           "\nwhy: vpnval explain access-same-dot1q\n"
           "what else is wrong, if anything: vpnval check --all-faults\n");
 }

@@ -28,10 +28,10 @@ report::CheckReport full_report() {
   report::Finding &last = report.commit.findings[3];
   last.advice.alternatives[0][0].details = {last.parties[0].details[0], last.parties[1].details[0]};
   last.advice.has_all_alternatives = false;
-  last.repairs = {{report::RepairKind::free_vlans, last.path + "/dot1q", last.place, {"211-4094"}, true},
+  last.repairs = {{report::RepairKind::free_vlans, last.path + "/dot1q", last.place, {"211", "209"}, true},
                   {report::RepairKind::free_pw_ids, last.path, std::nullopt, {"7", "8"}, false},
                   {report::RepairKind::interface_name, last.path, last.place, {"ge-1"}, false},
-                  {report::RepairKind::two_commits, "", std::nullopt, {}, false}};
+                  {report::RepairKind::two_commits, "", std::nullopt, {"2"}, false}};
   report.commit.advice.alternatives = {{{last.parties[0].node, {}}, {last.triggers[0].node, {}}}};
   report.commit.search = {.all_faults = true,
                           .calls = 500,
@@ -89,14 +89,14 @@ TEST(FindingJson, a_repair_names_what_to_change_and_its_values) {
   const auto repairs = nlohmann::ordered_json::parse(written(full_report())).at("findings").at(3).at("repairs");
   EXPECT_EQ(repairs.at(0), nlohmann::ordered_json::parse(R"({"kind": "free-vlans", "path": ")" + same_dot1q().path +
                                                          R"(/dot1q", "place": {"file": "night/42/candidate.xml",
-                           "line": 11}, "values": ["211-4094"], "on-all-ports": true})"));
-  EXPECT_EQ(repairs.at(3), nlohmann::ordered_json::parse(R"({"kind": "two-commits", "values": []})"));
+                           "line": 11}, "values": ["211", "209"], "on-all-ports": true})"));
+  EXPECT_EQ(repairs.at(3), nlohmann::ordered_json::parse(R"({"kind": "two-commits", "values": ["2"]})"));
 }
 
 TEST(FindingJson, a_bound_that_ended_the_search_is_named) {
   const auto expected = nlohmann::ordered_json::parse(
       R"({"all-faults": true, "calls": 500, "budget": {"calls": 500, "seconds": 2.5}, "complete": false,
-          "ended-by": "calls", "unproven-rules": ["vpn-limit"]})");
+          "ended-by": "calls", "all-repairs": true, "unproven-rules": ["vpn-limit"]})");
   EXPECT_EQ(nlohmann::ordered_json::parse(written(full_report())).at("search"), expected);
 }
 

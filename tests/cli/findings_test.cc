@@ -250,12 +250,12 @@ TEST_F(Findings, with_an_entry_that_is_to_be_taken_back_goes_all_it_holds) {
 TEST_F(Findings, a_repair_has_the_line_of_what_it_changes) {
   const std::string dot1q = east + "/access-interface{ge-1}/dot1q";
   find(rejection("no"), {});
-  diagnosis.findings[0].repairs = {{diagnosis::RepairKind::free_vlans, path(dot1q), {"201-4094"}, true},
-                                   {diagnosis::RepairKind::two_commits, {}, {}, false}};
+  diagnosis.findings[0].repairs = {{diagnosis::RepairKind::free_vlans, path(dot1q), {"202"}, true},
+                                   {diagnosis::RepairKind::two_commits, {}, {"2"}, false}};
   const auto repairs = make({rejection("no")}).at(0).repairs;
   EXPECT_EQ(repairs.at(0).path, dot1q);
   EXPECT_EQ(place(repairs.at(0).place.value()), "candidate.json:10");
-  EXPECT_EQ(repairs.at(0).values, std::vector<std::string>{"201-4094"});
+  EXPECT_EQ(repairs.at(0).values, std::vector<std::string>{"202"});
   EXPECT_TRUE(repairs.at(0).on_all_ports);
   EXPECT_EQ(repairs.at(1).kind, report::RepairKind::two_commits);
   EXPECT_FALSE(repairs.at(1).place);

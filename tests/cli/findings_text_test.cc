@@ -164,18 +164,18 @@ TEST(FindingsText, changes_in_place_are_taken_back_leaf_by_leaf) {
 TEST(FindingsText, a_repair_is_told_after_what_can_be_taken_back) {
   report::Finding finding = same_dot1q();
   const report::FilePlace place{"c", 5};
-  finding.repairs = {{report::RepairKind::free_vlans, "/a/dot1q", place, {"1-6", "8-4094"}, false},
+  finding.repairs = {{report::RepairKind::free_vlans, "/a/dot1q", place, {"8", "6", "9"}, false},
                      {report::RepairKind::free_vlans, "/a/dot1q", place, {"9"}, true},
                      {report::RepairKind::free_pw_ids, "/a/pw-id", place, {"7"}, false},
-                     {report::RepairKind::interface_name, "/a/interface{ge1}", std::nullopt, {"ge-1"}, false},
-                     {report::RepairKind::two_commits, "", std::nullopt, {}, false}};
+                     {report::RepairKind::interface_name, "/a/interface{ge1}", std::nullopt, {"ge-1", "ge-2"}, false},
+                     {report::RepairKind::two_commits, "", std::nullopt, {"2"}, false}};
   EXPECT_NE(text_of(decided({finding}))
                 .find("(night/42/candidate.xml:11)\n"
-                      "      or: change /a/dot1q (c:5) to VLANs that are free on this port: 1-6, 8-4094\n"
-                      "      or: change /a/dot1q (c:5) to VLANs that are free on every port of the VPN: 9\n"
+                      "      or: change /a/dot1q (c:5) to what is free on this port: 8, 6 or 9\n"
+                      "      or: change /a/dot1q (c:5) to what is free on every port of the VPN: 9\n"
                       "      or: change /a/pw-id (c:5) to a pw-id that is free towards this neighbour: 7\n"
-                      "      or: rename /a/interface{ge1}, the element has: ge-1\n"
-                      "      or: make two commits of it: vpnval plan\n"),
+                      "      or: rename /a/interface{ge1} to an interface that the element has: ge-1 or ge-2\n"
+                      "      or: make 2 commits of it, one after the other: vpnval plan DIR -o STEPS\n"),
             std::string::npos)
       << text_of(decided({finding}));
 }
@@ -228,6 +228,9 @@ TEST(FindingsText, what_ended_the_search_is_told_at_the_finding_and_at_the_end) 
     const std::string text = text_of(commit);
     EXPECT_NE(text.find("\n" + line + "\n"), std::string::npos) << text;
   };
+  commit.search.end = report::SearchEnd::complete;
+  commit.search.has_all_repairs = false;
+  has("search stopped: not every value that may be changed was asked about");
   commit.search.end = report::SearchEnd::interrupted;
   commit.search.unproven_rules = {"vpn-limit"};
   has("search stopped: interrupted; there may be further findings of vpn-limit");

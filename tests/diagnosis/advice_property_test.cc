@@ -6,6 +6,7 @@
 #include "tests/diagnosis/judged_element.h"
 #include "tests/diagnosis/random_commits.h"
 #include "tests/diagnosis/told_advice.h"
+#include "tests/diagnosis/told_complaints.h"
 #include "tests/diagnosis/told_findings.h"
 
 namespace {
@@ -19,20 +20,6 @@ constexpr std::size_t kMostParts = 12;
 
 /// Sets of more parts are not tried for one finding: each takes a search for conflicts.
 constexpr std::size_t kMostTakenBack = 2;
-
-std::set<Complaint> told_complaints(const diagnosis::Finding &finding) {
-  const brute_force::Message message = brute_force::message_of(finding.verdict);
-  std::set<Complaint> complaints;
-  if (brute_force::is_of_counting_rule(message) || brute_force::is_of_listing_rule(message)) {
-    std::set<std::string> parties;
-    for (const diagnosis::Party &party : finding.parties) parties.insert(to_text(party.path));
-    return {{message, parties}};
-  }
-  for (const diagnosis::Conflict &conflict : finding.conflicts) {
-    complaints.insert({brute_force::message_of(conflict.verdict), brute_force::party_paths(finding, conflict)});
-  }
-  return complaints;
-}
 
 std::set<std::string> lines_of(const std::set<PartSet> &sets) {
   std::set<std::string> lines;
@@ -57,7 +44,7 @@ void expect_best(const diagnosis::Advice &advice, const std::set<PartSet> &told,
 }
 
 std::set<PartSet> expect_help(CorrectionSearch &search, const diagnosis::Finding &finding) {
-  const std::set<Complaint> complaints = told_complaints(finding);
+  const std::set<Complaint> complaints = brute_force::told_complaints(finding);
   std::set<PartSet> told = brute_force::alternatives(search.parts(), finding.advice);
   EXPECT_FALSE(told.empty());
   for (const PartSet &set : told) {
@@ -70,7 +57,7 @@ std::set<PartSet> expect_help(CorrectionSearch &search, const diagnosis::Finding
 void expect_advice_of_finding(CorrectionSearch &search, const diagnosis::Finding &finding) {
   SCOPED_TRACE(brute_force::finding_text(finding).text());
   const std::set<PartSet> told = expect_help(search, finding);
-  const std::set<Complaint> complaints = told_complaints(finding);
+  const std::set<Complaint> complaints = brute_force::told_complaints(finding);
   const std::vector<PartSet> best = search.best_for(complaints, kMostTakenBack);
   if (!best.empty()) expect_best(finding.advice, told, {best.begin(), best.end()});
 }

@@ -41,6 +41,13 @@ std::vector<PartSet> best_ranked(std::vector<PartSet> sets) {
 
 }  // namespace
 
+bool is_mended(const std::set<Complaint> &finding, const std::set<Complaint> &before,
+               const std::set<Complaint> &after) {
+  return std::all_of(after.begin(), after.end(), [&](const Complaint &complaint) {
+    return !holds_same(finding, complaint) && holds_same(before, complaint);
+  });
+}
+
 std::set<Complaint> complaints_of(const ConflictSearch &search, const ExpectedFinding &finding) {
   std::set<Complaint> complaints;
   for (const Conflict &conflict : finding) {
@@ -73,11 +80,7 @@ std::vector<PartSet> CorrectionSearch::best(std::size_t most_parts,
 }
 
 bool CorrectionSearch::helps(const PartSet &set, const std::set<Complaint> &finding) {
-  const std::set<Complaint> &before = complaints_without({});
-  const std::set<Complaint> &after = complaints_without(set);
-  return std::all_of(after.begin(), after.end(), [&](const Complaint &complaint) {
-    return !holds_same(finding, complaint) && holds_same(before, complaint);
-  });
+  return is_mended(finding, complaints_without({}), complaints_without(set));
 }
 
 bool CorrectionSearch::is_accepted_without(const PartSet &set) const {

@@ -47,6 +47,10 @@ class CorrectionSearch {
   std::map<PartSet, std::set<Complaint>> complaints_;
 };
 
+/// Of the complaints of a commit and of those of a changed one: the finding is gone, and there is no new one. What a
+/// limit counts and what a text lists may change.
+bool is_mended(const std::set<Complaint> &finding, const std::set<Complaint> &before, const std::set<Complaint> &after);
+
 std::set<Complaint> complaints_of(const ConflictSearch &search, const ExpectedFinding &finding);
 
 }  // namespace brute_force

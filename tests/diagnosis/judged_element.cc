@@ -40,3 +40,7 @@ diagnosis::Diagnosis JudgedElement::diagnose(const brute_force::Configurations &
   const auto whole = transaction(commit);
   return diagnosis::diagnose(plugin_, session_, *whole, host::validate_commit(plugin_, session_, *whole), options);
 }
+
+diagnosis::Plan JudgedElement::find_plan(const brute_force::Configurations &commit, const diagnosis::Options &options) {
+  return diagnosis::find_plan(plugin_, session_, *transaction(commit), options);
+}

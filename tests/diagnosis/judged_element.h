@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "diagnosis/diagnose.h"
+#include "diagnosis/plan.h"
 #include "element/datastore/transaction.h"
 #include "tests/diagnosis/merged_entries.h"
 
@@ -31,6 +32,8 @@ class JudgedElement {
   std::vector<host::PointVerdict> ask_all_points(const brute_force::Configurations &commit);
 
   diagnosis::Diagnosis diagnose(const brute_force::Configurations &commit, const diagnosis::Options &options);
+
+  diagnosis::Plan find_plan(const brute_force::Configurations &commit, const diagnosis::Options &options);
 
   /// How often the library was asked, by whomever.
   std::uint64_t questions() const { return questions_; }

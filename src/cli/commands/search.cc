@@ -46,6 +46,7 @@ diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Enviro
   diagnosis::Diagnosis diagnosis;
   if (verdict.decision == host::Decision::accepted) return diagnosis;
   diagnosis.end = diagnosis::SearchEnd::calls;
+  diagnosis.has_all_repairs = false;
   if (is_nothing(options.budget)) return diagnosis;
 
   const process::StopRequest stop;
@@ -73,6 +74,7 @@ void search(const CheckArguments &arguments, const Environment &environment, con
       find_faults({.all_findings = all_faults, .budget = budget}, environment, input, plugin, session, verdict);
   report.commit.search.calls = diagnosis.calls;
   report.commit.search.end = end_of(diagnosis);
+  report.commit.search.has_all_repairs = diagnosis.has_all_repairs;
   report.commit.search.unproven_rules = diagnosis.unproven_rules;
   report.commit.search.contract_violation = diagnosis.contract_violation;
   report::add_findings(report.commit, diagnosis, verdict, input.schema(), input.files(), input.sources());

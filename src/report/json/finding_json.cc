@@ -122,6 +122,7 @@ ordered_json search_json(const SearchReport &search) {
                     {"budget", {{"calls", search.budget_calls}, {"seconds", search.budget_seconds}}},
                     {"complete", is_proven_complete(search)}};
   if (search.end != SearchEnd::complete) json["ended-by"] = end_name(search.end);
+  json["all-repairs"] = search.has_all_repairs;
   json["unproven-rules"] = search.unproven_rules;
   if (!search.contract_violation.empty()) json["contract-violation"] = search.contract_violation;
   return json;
@@ -136,6 +137,7 @@ SearchReport read_search(const ordered_json &json) {
   search.budget_calls = json.at("budget").at("calls").get<std::uint64_t>();
   search.budget_seconds = json.at("budget").at("seconds").get<double>();
   if (json.contains("ended-by")) search.end = read_end(json.at("ended-by").get<std::string>());
+  search.has_all_repairs = json.value("all-repairs", true);
   search.unproven_rules = json.at("unproven-rules").get<std::vector<std::string>>();
   search.contract_violation = json.value("contract-violation", "");
   return search;

@@ -61,19 +61,26 @@ void write_alternatives(std::ostream &out, std::string_view lead, const std::vec
   }
 }
 
+/// "211, 209 or 212".
+std::string any_of(const std::vector<std::string> &values) {
+  if (values.empty()) return {};
+  const auto last = values.end() - 1;
+  return fmt::format("{}{}{}", fmt::join(values.begin(), last, ", "), values.size() > 1 ? " or " : "", *last);
+}
+
 std::string repair_text(const RepairReport &repair) {
   const std::string where = printable(repair.path) + in_brackets(repair.place ? &*repair.place : nullptr);
-  const std::string values = printable(fmt::format("{}", fmt::join(repair.values, ", ")));
+  const std::string values = printable(any_of(repair.values));
   switch (repair.kind) {
     case RepairKind::free_vlans:
-      return fmt::format("change {} to VLANs that are free on {}: {}", where,
+      return fmt::format("change {} to what is free on {}: {}", where,
                          repair.on_all_ports ? "every port of the VPN" : "this port", values);
     case RepairKind::free_pw_ids:
       return fmt::format("change {} to a pw-id that is free towards this neighbour: {}", where, values);
     case RepairKind::interface_name:
-      return fmt::format("rename {}, the element has: {}", where, values);
+      return fmt::format("rename {} to an interface that the element has: {}", where, values);
     case RepairKind::two_commits:
-      return "make two commits of it: vpnval plan";
+      return fmt::format("make {} commits of it, one after the other: vpnval plan DIR -o STEPS", values);
   }
   return {};
 }

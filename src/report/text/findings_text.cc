@@ -115,7 +115,8 @@ std::string search_end_text(const SearchReport &search) {
   if (!is_wanted(search)) return {};
   if (search.end == SearchEnd::complete) {
     const bool is_told = search.all_faults && !search.unproven_rules.empty();
-    return is_told ? "not everything was looked at: " + further_findings(search) : "";
+    if (is_told) return "not everything was looked at: " + further_findings(search);
+    return search.has_all_repairs ? "" : "search stopped: not every value that may be changed was asked about";
   }
   std::string text = "search stopped: " + bound_text(search);
   if (search.all_faults) text += "; " + further_findings(search);
