@@ -32,7 +32,7 @@ struct ConfigurationFile {
 /// "FILE:LINE: PATH: what is wrong; expected ..."; line and path are left out where they are not known.
 ///
 /// The file is read once, so it may be a pipe. Time is linear in its size. Memory is linear in what is the element's
-/// own, at most ten times its size in the file.
+/// own, ten to fifteen times its size in the file.
 ConfigurationFile read_configuration_file(const Schema &schema, const std::filesystem::path &file,
                                           const ReadOptions &options = {});
 
