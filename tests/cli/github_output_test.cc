@@ -29,7 +29,7 @@ TEST(GithubOutput, each_finding_is_an_annotation_at_its_place) {
       "error\n"
       "  file = 'night/42/candidate.xml'\n"
       "  line = '11'\n"
-      "  title = 'access-same-dot1q'\n"
+      "  title = 'access-same-dot1q (the device says)'\n"
       "  | 'vpls-group campus vpn data and vpws-group branches vpn south must not be configured with the same "
       "dot1q on interface gigabit-ethernet-1/1/1'\n"
       "  | '   involved:'\n"
@@ -42,7 +42,7 @@ TEST(GithubOutput, each_finding_is_an_annotation_at_its_place) {
       "warning\n"
       "  file = 'night/42/candidate.xml'\n"
       "  line = '40'\n"
-      "  title = 'member-on-uplink'\n"
+      "  title = 'member-on-uplink (it would say next)'\n"
       "  | \"Some MPLS VPN's have access and uplink interfaces in common.\"\n"
       "  | '   involved:'\n"
       "  | '     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2}: added by this commit "
@@ -56,8 +56,9 @@ TEST(GithubOutput, a_command_is_one_line_and_escapes_what_ends_its_parts) {
   finding.message = "100% of: a, b";
   finding.path = "/a";
   finding.place = {"50%,\n:c.xml", 0};
-  EXPECT_EQ(written({decided({finding})}),
-            "::error file=50%25%2C%0A%3Ac.xml,title=vpn_access_valp::100%25 of: a, b%0A   at /a (50%25,\\n:c.xml)\n");
+  EXPECT_EQ(
+      written({decided({finding})}),
+      "::error file=50%25%2C%0A%3Ac.xml,title=vpn_access_valp (the device says)::100%25 of: a, b%0A   at /a (50%25,\\n:c.xml)\n");
 }
 
 TEST(GithubOutput, what_is_suppressed_is_no_annotation) {
@@ -82,6 +83,18 @@ TEST(GithubOutput, a_search_that_ended_early_is_a_notice) {
             "be further findings; --budget sets the bound\n");
 }
 
+TEST(GithubOutput, the_advice_for_all_findings_is_a_notice) {
+  report::CommitReport commit = decided({same_dot1q(), uplink_warning()});
+  commit.advice.alternatives = {
+      {commit.findings[0].advice.alternatives[0][0], commit.findings[1].advice.alternatives[0][0]}};
+  const std::string notice =
+      "::notice title=night/42::for the commit to be accepted without a warning: take back these 2: + "
+      "/mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1} "
+      "(night/42/candidate.xml:11); + /config/vlan{100}/interface{gigabit-ethernet-1/1/2} "
+      "(night/42/candidate.xml:40)\n";
+  EXPECT_TRUE(written({commit}).ends_with(notice)) << written({commit});
+}
+
 TEST(GithubOutput, hostile_texts_make_no_command_of_their_own) {
   const std::string commands = written({decided({hostile()})});
   EXPECT_EQ(std::count(commands.begin(), commands.end(), '\n'), 1);
@@ -89,7 +102,8 @@ TEST(GithubOutput, hostile_texts_make_no_command_of_their_own) {
   const std::string printed =
       R"(a"b\'c<d>&amp;]]>::error file=x,line=1::y%0A,:\\x0d\\n\\x1b[31mred\\x01 [link](https://example.invalid) {0} caf)"
       "\xef\xbf\xbd";
-  EXPECT_NE(text.find("\n  title = 'access-same-dot1q'\n  | '" + printed + "'\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("\n  title = 'access-same-dot1q (the device says)'\n  | '" + printed + "'\n"), std::string::npos)
+      << text;
 }
 
 }  // namespace

@@ -29,6 +29,7 @@ report::CommitReport named(const std::string &name, report::CommitReport commit)
 }
 
 const std::string uplink_lines[] = {
+    "what it would say next:\n",
     "warning [member-on-uplink]: Some MPLS VPN's have access and uplink interfaces in common.\n",
     "   involved:\n",
     "     + /config/vlan{100}/interface{gigabit-ethernet-1/1/2}: added by this commit (night/42/candidate.xml:40)\n",
@@ -53,6 +54,7 @@ TEST(JunitOutput, each_commit_is_a_case_with_its_outcome) {
                 uplink_text("  out: ") +
                 "case vpnval.check known\n"
                 "  Skipped -: rejected, but every rejection found is suppressed\n"
+                "  out: what the device says:\n"
                 "  out: rejected [vpn-limit]: Maximum number of VPNs has been exceeded. Attempt to configure 5 of 4 "
                 "allowed\n"
                 "  out:    suppressed by known.txt:3: moves tonight\n"
@@ -71,12 +73,14 @@ TEST(JunitOutput, the_rejections_of_a_commit_are_one_failure_that_the_first_one_
       "suite vpnval: tests 1 failures 1 errors 0 skipped 0\n"
       "case vpnval.check night/42\n"
       "  Failure vpn_access_valp: this neighbour is not wanted\n"
+      "    what the device says:\n"
       "    rejected: this neighbour is not wanted\n"
       "       at /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1} "
       "(night/42/candidate.xml:11)\n"
       "    rejected: this neighbour is not wanted\n"
       "       at /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1} "
       "(night/42/candidate.xml:11)\n"
+      "  out: what the device says:\n"
       "  out: rejected [access-same-dot1q]: vpls-group campus vpn data and vpws-group branches vpn south must not be "
       "configured with the same dot1q on interface gigabit-ethernet-1/1/1\n"
       "  out:    suppressed by known.txt:3: moves tonight\n"
@@ -93,15 +97,51 @@ TEST(JunitOutput, a_search_that_ended_early_is_told) {
                                      "findings; --budget sets the bound\n");
 }
 
+TEST(JunitOutput, what_the_device_would_say_next_stands_apart) {
+  report::Finding next = bare(too_many_vpns(5));
+  next.from_device = false;
+  const std::string text = read_back({decided({bare(same_dot1q()), next})});
+  const std::size_t said = text.find("    what the device says:\n    rejected [access-same-dot1q]: ");
+  const std::size_t said_next = text.find("    what it would say next:\n    rejected [vpn-limit]: ");
+  ASSERT_NE(said, std::string::npos) << text;
+  ASSERT_NE(said_next, std::string::npos) << text;
+  EXPECT_LT(said, said_next);
+}
+
+TEST(JunitOutput, the_advice_for_all_findings_is_a_line) {
+  const auto part = [](const report::Finding &finding) { return finding.advice.alternatives[0][0]; };
+  report::CommitReport commit = decided({same_dot1q(), uplink_warning()});
+  commit.advice.alternatives = {{part(commit.findings[0])}, {part(commit.findings[1])}};
+  const std::string one = "+ /config/vlan{100}/interface{gigabit-ethernet-1/1/2} (night/42/candidate.xml:40)";
+  const std::string other =
+      "+ /mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1} "
+      "(night/42/candidate.xml:11)";
+  const std::string lead = "\n  out: for the commit to be accepted without a warning: take back ";
+  EXPECT_TRUE(read_back({commit}).ends_with(lead + "any one of these 2: " + other + "; " + one + "\n"));
+  commit.advice.alternatives[0].push_back(part(commit.findings[1]));
+  EXPECT_TRUE(read_back({commit}).ends_with(lead + "any one of these 2 sets, the whole of it: 1) " + other + "; " +
+                                            one + "; 2) " + one + "\n"));
+  commit.advice = too_many_vpns(5).advice;
+  EXPECT_NE(read_back({commit}).find(lead + "any 1 of these 5: + /mpls/l2vpn-config/l2vpn/vpls-group{campus}/vpn{v1}"),
+            std::string::npos);
+}
+
+TEST(JunitOutput, the_advice_of_the_only_finding_is_told_once) {
+  report::CommitReport commit = decided({same_dot1q()});
+  commit.advice = commit.findings[0].advice;
+  EXPECT_EQ(read_back({commit}).find("for the commit to be accepted"), std::string::npos);
+}
+
 TEST(JunitOutput, hostile_texts_leave_a_report_that_reads_back) {
   const std::string printed =
       R"(a"b'c<d>&amp;]]>::error file=x,line=1::y%0A,:\x0d\n\x1b[31mred\x01 [link](https://example.invalid) {0} caf)"
       "\xef\xbf\xbd";
   const std::string text = read_back({named(hostile_text, decided({hostile()}))});
-  EXPECT_EQ(text.find("suite vpnval: tests 1 failures 1 errors 0 skipped 0\ncase vpnval.check " + printed +
-                      "\n  Failure access-same-dot1q: " + printed + "\n    rejected [access-same-dot1q]: " + printed +
-                      "\n       involved:\n"),
-            0u)
+  EXPECT_EQ(
+      text.find("suite vpnval: tests 1 failures 1 errors 0 skipped 0\ncase vpnval.check " + printed +
+                "\n  Failure access-same-dot1q: " + printed +
+                "\n    what the device says:\n    rejected [access-same-dot1q]: " + printed + "\n       involved:\n"),
+      0u)
       << text;
 }
 

@@ -98,7 +98,7 @@ TEST_F(Rollback, is_a_case_of_its_own_in_junit) {
 
 TEST_F(Rollback, is_marked_in_githubs_commands) {
   const std::string commands = check({"--format", "github"}).out;
-  EXPECT_NE(commands.find("title=pw-id-twice (the way back)::"), std::string::npos) << commands;
+  EXPECT_NE(commands.find("title=pw-id-twice (the device says; the way back)::"), std::string::npos) << commands;
 }
 
 TEST_F(Rollback, a_budget_of_nothing_leaves_the_verdict) {

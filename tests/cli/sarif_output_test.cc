@@ -136,6 +136,22 @@ TEST(SarifOutput, what_makes_the_library_look_is_related_and_said_to_be_that) {
   EXPECT_EQ(result.at("properties").at("preexisting"), true);
 }
 
+TEST(SarifOutput, what_can_be_changed_instead_is_a_property) {
+  report::Finding finding = same_dot1q();
+  EXPECT_FALSE(results_of({decided({finding})}).at(0).at("properties").contains("repairs"));
+  finding.repairs = {{report::RepairKind::free_vlans,
+                      finding.path + "/dot1q",
+                      report::FilePlace{"night/42/candidate.xml", 13},
+                      {"211", "209"},
+                      true},
+                     {report::RepairKind::two_commits, "", std::nullopt, {"2"}, false}};
+  EXPECT_EQ(results_of({decided({finding})}).at(0).at("properties").at("repairs"), json::parse(R"([
+    {"kind": "free-vlans",
+     "path": "/mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/access-interface{gigabit-ethernet-1/1/1}/dot1q",
+     "place": {"file": "night/42/candidate.xml", "line": 13}, "values": ["211", "209"], "on-all-ports": true},
+    {"kind": "two-commits", "values": ["2"]}])"));
+}
+
 TEST(SarifOutput, fingerprints_stay_while_lines_move_and_tell_faults_apart) {
   report::Finding moved = same_dot1q();
   moved.place.line = 500;

@@ -57,8 +57,10 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
   const host::Verdict verdict = host::validate_commit(plugin, session, input.transaction());
+  // The picture shows conflicts alone.
   const diagnosis::Diagnosis diagnosis =
-      find_faults({.all_findings = true, .budget = arguments.budget}, environment, input, plugin, session, verdict);
+      find_faults({.all_findings = true, .with_repairs = false, .budget = arguments.budget}, environment, input, plugin,
+                  session, verdict);
   const vlan_map::Map drawn = map_of(arguments, input, verdict, diagnosis);
 
   OutputFile file(arguments.output);

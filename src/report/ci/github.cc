@@ -38,6 +38,13 @@ void write_command(std::ostream &out, std::string_view command, const FilePlace 
   out << "title=" << property(title) << "::" << message_data(message) << '\n';
 }
 
+/// "access-same-dot1q (the device says)": the runner shows titles in the order of the files, not of the findings.
+std::string title_of(const Finding &finding, bool is_rollback) {
+  return fmt::format("{} ({}{})", finding.rule.empty() ? finding.point : finding.rule,
+                     finding.from_device ? "the device says" : "it would say next",
+                     is_rollback ? "; the way back" : "");
+}
+
 void write_finding(std::ostream &out, const Finding &finding, bool is_rollback) {
   std::ostringstream message;
   message.exceptions(std::ios::badbit);  // else a text would be cut where memory runs out
@@ -45,9 +52,7 @@ void write_finding(std::ostream &out, const Finding &finding, bool is_rollback) 
   write_explanation(message, finding, TextStyle(false));
   std::string text = message.str();
   text.pop_back();
-  const std::string &title = finding.rule.empty() ? finding.point : finding.rule;
-  write_command(out, finding.is_warning ? "warning" : "error", finding.place,
-                is_rollback ? title + " (the way back)" : title, text);
+  write_command(out, finding.is_warning ? "warning" : "error", finding.place, title_of(finding, is_rollback), text);
 }
 
 }  // namespace
@@ -59,8 +64,9 @@ void write_github(std::ostream &out, const std::vector<CommitReport> &commits) {
     for (const Finding &finding : commit.findings) {
       if (!finding.suppressed) write_finding(out, finding, commit.is_rollback);
     }
-    const std::string search_end = search_end_text(commit.search);
-    if (!search_end.empty()) write_command(out, "notice", {}, commit.name, search_end);
+    for (const std::string &notice : {advice_for_all_line(commit), search_end_text(commit.search)}) {
+      if (!notice.empty()) write_command(out, "notice", {}, commit.name, notice);
+    }
   }
 }
 

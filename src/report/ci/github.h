@@ -9,7 +9,8 @@
 namespace report {
 
 /// GitHub's workflow commands, one for each finding that is not suppressed and for each commit that could not be
-/// decided: "::error" or "::warning" with file, line and the rule as title; the message with its explanation.
+/// decided: "::error" or "::warning" with file and line, the rule and whether the device says it as title, the message
+/// with its explanation. A "::notice" for each commit with advice for all its findings, or whose search ended early.
 void write_github(std::ostream &out, const std::vector<CommitReport> &commits);
 
 }  // namespace report

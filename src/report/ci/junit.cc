@@ -48,14 +48,27 @@ std::string finding_text(const Finding &finding) {
   return text.str();
 }
 
+/// The findings that are wanted, what the device says told apart from what it would say next.
+template <typename IsWanted>
+std::string findings_content(const std::vector<Finding> &findings, IsWanted is_wanted) {
+  std::string text;
+  for (const bool from_device : {true, false}) {
+    bool is_first = true;
+    for (const Finding &finding : findings) {
+      if (finding.from_device != from_device || !is_wanted(finding)) continue;
+      if (is_first) text += from_device ? "what the device says:\n" : "what it would say next:\n";
+      is_first = false;
+      text += content(finding_text(finding)) + '\n';
+    }
+  }
+  return text;
+}
+
 void write_failure(std::ostream &out, const std::vector<Finding> &findings) {
   const auto first = std::find_if(findings.begin(), findings.end(), is_open_rejection);
-  out << fmt::format("      <failure message=\"{}\" type=\"{}\">", attribute(first->message),
-                     attribute(first->rule.empty() ? first->point : first->rule));
-  for (const Finding &finding : findings) {
-    if (is_open_rejection(finding)) out << content(finding_text(finding)) << '\n';
-  }
-  out << "</failure>\n";
+  out << fmt::format("      <failure message=\"{}\" type=\"{}\">{}</failure>\n", attribute(first->message),
+                     attribute(first->rule.empty() ? first->point : first->rule),
+                     findings_content(findings, is_open_rejection));
 }
 
 void write_outcome(std::ostream &out, const CommitReport &commit) {
@@ -77,11 +90,10 @@ void write_case(std::ostream &out, const CommitReport &commit) {
   write_outcome(out, commit);
   std::string output;
   for (const UnreadableName &name : commit.unreadable) output += content(to_text(name)) + "\n";
-  for (const Finding &finding : commit.findings) {
-    if (!is_open_rejection(finding)) output += content(finding_text(finding)) + "\n";
+  output += findings_content(commit.findings, [](const Finding &finding) { return !is_open_rejection(finding); });
+  for (const std::string &line : {advice_for_all_line(commit), search_end_text(commit.search)}) {
+    if (!line.empty()) output += content(line) + '\n';
   }
-  const std::string search_end = search_end_text(commit.search);
-  if (!search_end.empty()) output += content(search_end) + '\n';
   if (!output.empty()) out << "      <system-out>" << output << "</system-out>\n";
   out << "    </testcase>\n";
 }

@@ -10,6 +10,8 @@
 
 #include "report/ci/sarif_rules.h"
 #include "report/escape/file_uri.h"
+#include "report/json/advice_json.h"
+#include "report/json/array.h"
 #include "report/text/findings_text.h"
 #include "rules/rule.h"
 
@@ -79,6 +81,7 @@ class ResultWriter {
                           {"from-device", finding.from_device},
                           {"preexisting", finding.is_preexisting},
                           {"minimal", finding.is_minimal}};
+    if (!finding.repairs.empty()) json["properties"]["repairs"] = array(finding.repairs, repair_json);
     if (commit.is_rollback) json["properties"]["rollback"] = true;
     return json;
   }

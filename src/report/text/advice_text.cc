@@ -61,6 +61,31 @@ void write_alternatives(std::ostream &out, std::string_view lead, const std::vec
   }
 }
 
+/// "A; B; and 4 more".
+std::string joined(const std::vector<std::string> &items) {
+  const std::size_t shown = std::min<std::size_t>(items.size(), kLongestList);
+  const std::string rest = shown == items.size() ? "" : fmt::format("; and {} more", grouped(items.size() - shown));
+  return fmt::format("{}{}", fmt::join(items.begin(), items.begin() + static_cast<std::ptrdiff_t>(shown), "; "), rest);
+}
+
+std::string joined(const Parts &parts) {
+  std::vector<std::string> texts;
+  for (const PartReport &part : parts) texts.push_back(part_text(part, TextStyle(false)));
+  return joined(texts);
+}
+
+std::string alternatives_line(const std::vector<Parts> &sets) {
+  const bool is_single = std::all_of(sets.begin(), sets.end(), [](const Parts &parts) { return parts.size() == 1; });
+  if (sets.size() == 1 && is_single) return "take back " + joined(sets.front());
+  if (sets.size() == 1) return fmt::format("take back these {}: {}", grouped(sets[0].size()), joined(sets[0]));
+  std::vector<std::string> texts;
+  for (const Parts &parts : sets) {
+    texts.push_back(is_single ? joined(parts) : fmt::format("{}) {}", texts.size() + 1, joined(parts)));
+  }
+  return fmt::format("take back any one of these {}: {}",
+                     grouped(sets.size()) + (is_single ? "" : " sets, the whole of it"), joined(texts));
+}
+
 /// "211, 209 or 212".
 std::string any_of(const std::vector<std::string> &values) {
   if (values.empty()) return {};
@@ -97,6 +122,14 @@ void write_advice(std::ostream &out, std::string_view lead, const AdviceReport &
   } else if (!advice.alternatives.empty()) {
     write_alternatives(out, lead, advice.alternatives, style);
   }
+}
+
+std::string advice_line(const AdviceReport &advice) {
+  if (advice.enough != 0) {
+    return fmt::format("take back any {} of these {}: {}", grouped(advice.enough), grouped(advice.choices.size()),
+                       joined(advice.choices));
+  }
+  return advice.alternatives.empty() ? "" : alternatives_line(advice.alternatives);
 }
 
 void write_repairs(std::ostream &out, const std::vector<RepairReport> &repairs) {

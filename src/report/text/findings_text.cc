@@ -40,15 +40,21 @@ bool is_same(const AdviceReport &a, const AdviceReport &b) {
 }
 
 /// Of a commit with one finding it says nothing that the finding does not.
-void write_advice_for_all(std::ostream &out, const CommitReport &commit, const TextStyle &style) {
+bool has_advice_for_all(const CommitReport &commit) {
   const bool is_known = commit.findings.size() == 1 && is_same(commit.advice, commit.findings[0].advice);
-  if (!has_advice(commit.advice) || is_known) return;
+  return has_advice(commit.advice) && !is_known;
+}
+
+std::string_view lead_for_all(const CommitReport &commit) {
   const bool has_warnings = std::any_of(commit.findings.begin(), commit.findings.end(),
                                         [](const Finding &finding) { return finding.is_warning; });
+  return has_warnings ? "for the commit to be accepted without a warning:" : "for the commit to be accepted:";
+}
+
+void write_advice_for_all(std::ostream &out, const CommitReport &commit, const TextStyle &style) {
+  if (!has_advice_for_all(commit)) return;
   out << '\n';
-  write_advice(out,
-               has_warnings ? "for the commit to be accepted without a warning:" : "for the commit to be accepted:",
-               commit.advice, style);
+  write_advice(out, lead_for_all(commit), commit.advice, style);
 }
 
 void write_hints(std::ostream &out, const CommitReport &commit) {
@@ -109,6 +115,10 @@ void write_findings(std::ostream &out, const CommitReport &commit, const TextSty
   const std::string end = search_end_text(commit.search);
   if (!end.empty()) out << '\n' << end << '\n';
   write_hints(out, commit);
+}
+
+std::string advice_for_all_line(const CommitReport &commit) {
+  return has_advice_for_all(commit) ? fmt::format("{} {}", lead_for_all(commit), advice_line(commit.advice)) : "";
 }
 
 std::string search_end_text(const SearchReport &search) {
