@@ -86,6 +86,7 @@ class Planner {
       const host::Verdict verdict = host::validate_commit(plugin_, session_, transaction_);
       const Diagnosis diagnosis = diagnose(plugin_, session_, transaction_, verdict, options);
       oracle_.add_calls(diagnosis.calls + 1);
+      if (diagnosis.end == SearchEnd::interrupted) plan.end = SearchEnd::interrupted;
       parts = parts_involved(diagnosis, entries_, changes_);
     }
     if (parts.size() > kMostSplitParts) return {};

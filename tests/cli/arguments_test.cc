@@ -158,6 +158,15 @@ TEST(Arguments, map_takes_a_commit_and_a_file) {
   EXPECT_EQ(other.budget.time, std::chrono::seconds(5));
 }
 
+TEST(Arguments, plan_takes_a_commit_a_folder_and_a_format) {
+  const auto plain = std::get<cli::PlanArguments>(parse({"plan", "folder", "-o", "steps"}));
+  EXPECT_EQ(plain.input.directory, "folder");
+  EXPECT_EQ(plain.output, "steps");
+  EXPECT_EQ(plain.format, cli::TableFormat::text);
+  const auto document = std::get<cli::PlanArguments>(parse({"plan", "folder", "-o", "steps", "--format", "json"}));
+  EXPECT_EQ(document.format, cli::TableFormat::json);
+}
+
 TEST(Arguments, what_cannot_be_carried_out_is_a_usage_error) {
   const std::vector<std::vector<std::string>> wrong{
       {},

@@ -4,29 +4,13 @@
 
 #include <csignal>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "build_paths.h"
-#include "tests/cli/commit_folder.h"
+#include "tests/cli/interrupted.h"
 
 namespace {
 
 const std::string rejected = SOURCE_DIR "/examples/access-two-vpns-one-vlan";
-
-/// Runs the command and sends this process the signal when the search looks at the clock for the n-th time.
-Outcome interrupted(int signal, int nth, const std::vector<std::string> &arguments) {
-  std::ostringstream out;
-  std::ostringstream err;
-  cli::Environment environment = still_environment(out, err, "/nowhere/bin/vpnval", PLUGIN_FILE);
-  int asked = 0;
-  environment.clock = [&asked, signal, nth] {
-    if (++asked == nth) std::raise(signal);
-    return std::chrono::steady_clock::time_point();
-  };
-  const cli::ExitStatus status = cli::run(arguments, environment);
-  EXPECT_GE(asked, nth) << "the search was over before";
-  return {static_cast<int>(status), out.str(), err.str()};
-}
 
 TEST(CheckInterrupted, what_was_found_is_printed_with_the_status_of_the_verdict) {
   for (const int signal : {SIGINT, SIGTERM}) {

@@ -178,6 +178,7 @@ CLI::App *add_plan(CLI::App &program, PlanArguments &plan) {
       ->required()
       ->option_text("DIR");
   command->add_option("--plugin", plan.plugin, "Validation library to ask")->type_name("FILE");
+  add_choice(*command, "--format", table_formats, plan.format, "Format of the result; text unless it is given");
   add_budget(*command, plan.budget);
   return command;
 }

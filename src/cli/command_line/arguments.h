@@ -79,6 +79,7 @@ struct PlanArguments {
   InputArguments input;
   std::string output;  ///< a folder
   std::string plugin;
+  TableFormat format = TableFormat::text;
   diagnosis::Budget budget;
 };
 

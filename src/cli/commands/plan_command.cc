@@ -2,9 +2,11 @@
 
 #include <fmt/format.h>
 
-#include <sstream>
+#include <chrono>
 #include <stdexcept>
+#include <vector>
 
+#include "cli/commands/search.h"
 #include "cli/commands/step_folders.h"
 #include "cli/input/foreign_nodes.h"
 #include "cli/input/plugin_file.h"
@@ -13,17 +15,20 @@
 #include "diagnosis/plan.h"
 #include "host/run/plugin.h"
 #include "host/seam/host_session.h"
+#include "process/interrupts.h"
 #include "report/change_list.h"
-#include "report/escape/printable.h"
-#include "report/text/verdict_text.h"
+#include "report/json/plan_json.h"
+#include "report/text/plan_text.h"
 
 namespace cli {
 namespace {
 
 namespace fs = std::filesystem;
 
-diagnosis::Plan search(const PlanArguments &arguments, const Environment &environment, const CommitInput &input,
-                       const host::Plugin &plugin, host::HostSession &session) {
+/// SIGINT and SIGTERM end the search, which has found no steps then.
+diagnosis::Plan search_steps(const PlanArguments &arguments, const Environment &environment, const CommitInput &input,
+                             const host::Plugin &plugin, host::HostSession &session) {
+  const process::StopRequest stop;
   Progress progress(environment.err, environment.err_is_terminal, environment.clock);
   diagnosis::Options options;
   options.budget = arguments.budget;
@@ -31,23 +36,8 @@ diagnosis::Plan search(const PlanArguments &arguments, const Environment &enviro
   options.progress = [&progress](std::uint64_t calls, std::size_t) {
     progress.update([=] { return fmt::format("looking for steps: {} calls of the library", calls); });
   };
+  options.is_interrupted = [&stop] { return stop.has_come(); };
   return diagnosis::find_plan(plugin, session, input.transaction(), options);
-}
-
-std::string why_none(const diagnosis::Plan &plan) {
-  if (!plan.contract_violation.empty()) return plan.contract_violation;
-  if (plan.own_fault) {
-    return fmt::format("order is not all that is wrong: the candidate is rejected on an empty element, too: {}",
-                       plan.own_fault->text);
-  }
-  if (plan.end != diagnosis::SearchEnd::complete) {
-    return fmt::format("the budget is used up after {} calls of the library", plan.calls);
-  }
-  if (plan.parts_tried != 0) {
-    return fmt::format("every split of the {} parts of the change that are involved was asked about, none is accepted",
-                       plan.parts_tried);
-  }
-  return "no order of removals, changes and additions is accepted; too many parts are involved to try every split";
 }
 
 /// Throws where a step as its files have it is not accepted: no steps may stand that were not asked about.
@@ -58,14 +48,36 @@ void confirm(const fs::path &folder, const CommitInput &step, const host::Plugin
   }
 }
 
-void list_step(std::ostream &out, const fs::path &folder, const CommitInput &step) {
-  out << fmt::format("step {}: {}\n", folder.filename().string(), report::printable(folder.string()));
-  report::write_changes(out, report::list_changes(step.transaction().changes, false), report::TextStyle(false));
+/// Writes the folders, asks the library about what stands in them and puts them where they were asked for.
+std::vector<report::PlanStep> write_steps(OutputFolder &output, const CommitInput &input,
+                                          const std::vector<element::Tree> &stages, const host::Plugin &plugin,
+                                          host::HostSession &session) {
+  std::vector<report::PlanStep> steps;
+  for (const fs::path &folder : write_step_folders(output.part(), input, stages)) {
+    const CommitInput step(find_input_files({folder.string(), "", "", ""}));
+    confirm(folder, step, plugin, session);
+    const fs::path name = folder.filename();
+    steps.push_back(
+        {name.string(), (output.folder() / name).string(), report::list_changes(step.transaction().changes, false)});
+  }
+  output.publish();
+  return steps;
 }
 
-void tell_none(std::ostream &out, const diagnosis::Plan &plan) {
-  out << fmt::format("no steps found: {}\n", report::printable(why_none(plan)));
-  out << "what is wrong, and what to take back: vpnval check --all-faults\n";
+report::PlanReport report_of(const diagnosis::Plan &found, const PlanArguments &arguments, const CommitInput &input,
+                             const host::Plugin &plugin) {
+  report::PlanReport report;
+  report.inputs = input.files();
+  report.plugin_file = plugin.file().string();
+  report.build_id = plugin.build_id();
+  report.own_fault = found.own_fault;
+  report.parts_tried = found.parts_tried;
+  report.calls = found.calls;
+  report.budget_calls = arguments.budget.calls;
+  report.budget_seconds = std::chrono::duration<double>(arguments.budget.time).count();
+  report.end = end_of(found.end);
+  report.contract_violation = found.contract_violation;
+  return report;
 }
 
 }  // namespace
@@ -77,24 +89,12 @@ ExitStatus plan(const PlanArguments &arguments, const Environment &environment) 
   tell_foreign_nodes(environment.err, arguments.input, input.files(), input.sources());
   host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
-  const diagnosis::Plan found = search(arguments, environment, input, plugin, session);
-  if (found.stages.empty()) {
-    tell_none(environment.out, found);
-    return ExitStatus::rejected;
-  }
-
-  std::ostringstream steps;
-  for (const fs::path &folder : write_step_folders(output.part(), input, found.stages)) {
-    const CommitInput step(find_input_files({folder.string(), "", "", ""}));
-    confirm(folder, step, plugin, session);
-    list_step(steps, output.folder() / folder.filename(), step);
-  }
-  output.publish();
-  const std::size_t count = found.stages.size();
-  environment.out << (count == 1 ? "1 step: the commit is accepted as it is\n\n"
-                                 : fmt::format("{} steps, each accepted on what the one before leaves\n\n", count))
-                  << steps.str();
-  return ExitStatus::accepted;
+  const diagnosis::Plan found = search_steps(arguments, environment, input, plugin, session);
+  report::PlanReport report = report_of(found, arguments, input, plugin);
+  if (!found.stages.empty()) report.steps = write_steps(output, input, found.stages, plugin, session);
+  const auto write = arguments.format == TableFormat::json ? report::write_plan_json : report::write_plan_text;
+  write(environment.out, report);
+  return report.steps.empty() ? ExitStatus::rejected : ExitStatus::accepted;
 }
 
 }  // namespace cli

@@ -22,8 +22,10 @@ host::Verdict device_verdict(host::Verdict verdict) {
   return verdict;
 }
 
-report::SearchEnd end_of(const diagnosis::Diagnosis &diagnosis) {
-  switch (diagnosis.end) {
+}  // namespace
+
+report::SearchEnd end_of(diagnosis::SearchEnd end) {
+  switch (end) {
     case diagnosis::SearchEnd::complete:
       return report::SearchEnd::complete;
     case diagnosis::SearchEnd::calls:
@@ -37,8 +39,6 @@ report::SearchEnd end_of(const diagnosis::Diagnosis &diagnosis) {
   }
   return report::SearchEnd::contract_violation;
 }
-
-}  // namespace
 
 diagnosis::Diagnosis find_faults(const diagnosis::Options &options, const Environment &environment,
                                  const CommitInput &input, const host::Plugin &plugin, host::HostSession &session,
@@ -73,7 +73,7 @@ void search(const CheckArguments &arguments, const Environment &environment, con
   const diagnosis::Diagnosis diagnosis =
       find_faults({.all_findings = all_faults, .budget = budget}, environment, input, plugin, session, verdict);
   report.commit.search.calls = diagnosis.calls;
-  report.commit.search.end = end_of(diagnosis);
+  report.commit.search.end = end_of(diagnosis.end);
   report.commit.search.has_all_repairs = diagnosis.has_all_repairs;
   report.commit.search.unproven_rules = diagnosis.unproven_rules;
   report.commit.search.contract_violation = diagnosis.contract_violation;

@@ -11,6 +11,9 @@
 
 namespace cli {
 
+/// Why a search ended, as reports tell it.
+report::SearchEnd end_of(diagnosis::SearchEnd end);
+
 /// Has what draws each message of the device's verdict looked for, within the budget, and shows on `err` how far that
 /// is. Nothing is looked for on an accepted commit, nor with a budget that allows no search. SIGINT and SIGTERM end
 /// the search, and what was found by then is returned.

@@ -88,6 +88,16 @@ Finding read_finding(const ordered_json &json) {
   return finding;
 }
 
+SearchEnd read_end(const std::string &name) {
+  for (const auto end :
+       {SearchEnd::call_budget, SearchEnd::time_budget, SearchEnd::interrupted, SearchEnd::contract_violation}) {
+    if (end_name(end) == name) return end;
+  }
+  throw UnknownNameError("ended-by \"" + name + "\" is none that is known");
+}
+
+}  // namespace
+
 std::string_view end_name(SearchEnd end) {
   switch (end) {
     case SearchEnd::complete:
@@ -103,16 +113,6 @@ std::string_view end_name(SearchEnd end) {
   }
   return "?";
 }
-
-SearchEnd read_end(const std::string &name) {
-  for (const auto end :
-       {SearchEnd::call_budget, SearchEnd::time_budget, SearchEnd::interrupted, SearchEnd::contract_violation}) {
-    if (end_name(end) == name) return end;
-  }
-  throw UnknownNameError("ended-by \"" + name + "\" is none that is known");
-}
-
-}  // namespace
 
 ordered_json findings_json(const std::vector<Finding> &findings) { return array(findings, finding_json); }
 

@@ -2,6 +2,7 @@
 #define REPORT_JSON_FINDING_JSON_H
 
 #include <nlohmann/json_fwd.hpp>
+#include <string_view>
 
 #include "report/commit_report.h"
 
@@ -10,7 +11,10 @@ namespace report {
 nlohmann::ordered_json findings_json(const std::vector<Finding> &findings);
 nlohmann::ordered_json search_json(const SearchReport &search);
 
-/// Read what the two above wrote. Throw nlohmann::json::exception or UnknownNameError for anything else.
+/// "calls", "time", "interrupted" or "contract-violation"; empty for a complete search.
+std::string_view end_name(SearchEnd end);
+
+/// Read what the first two above wrote. Throw nlohmann::json::exception or UnknownNameError for anything else.
 std::vector<Finding> read_findings(const nlohmann::ordered_json &json);
 SearchReport read_search(const nlohmann::ordered_json &json);
 

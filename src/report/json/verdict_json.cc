@@ -7,6 +7,7 @@
 #include "report/decision_text.h"
 #include "report/json/advice_json.h"
 #include "report/json/array.h"
+#include "report/json/change_json.h"
 #include "report/json/finding_json.h"
 #include "report/json/node_json.h"
 #include "report/json/passed_over_json.h"
@@ -17,25 +18,6 @@ namespace report {
 namespace {
 
 using nlohmann::ordered_json;
-
-std::string_view mark_text(ChangeMark mark) {
-  switch (mark) {
-    case ChangeMark::added:
-      return "added";
-    case ChangeMark::removed:
-      return "removed";
-    case ChangeMark::changed:
-      return "changed";
-  }
-  return "?";
-}
-
-ordered_json change_json(const ListedChange &change) {
-  ordered_json json{{"change", mark_text(change.mark)}, {"path", change.path}, {"derived", change.derived}};
-  if (change.old_value) json["old"] = *change.old_value;
-  if (change.new_value) json["new"] = *change.new_value;
-  return json;
-}
 
 ordered_json point_json(const host::PointVerdict &point) {
   ordered_json json{{"name", point.point}, {"path", point.path}, {"verdict", answer_text(point)}};
