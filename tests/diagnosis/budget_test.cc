@@ -65,8 +65,9 @@ void expect_missing_to_be_unproven(const Diagnosis &found, const Diagnosis &all)
   }
   for (const diagnosis::Finding &finding : all.findings) {
     const std::string rule = brute_force::finding_text(finding).rule;
-    const bool is_told = std::any_of(finding.conflicts.begin(), finding.conflicts.end(),
-                                     [&](const auto &conflict) { return told.count(brute_force::message_of(conflict.verdict)) != 0; });
+    const bool is_told = std::any_of(finding.conflicts.begin(), finding.conflicts.end(), [&](const auto &conflict) {
+      return told.count(brute_force::message_of(conflict.verdict)) != 0;
+    });
     EXPECT_TRUE(is_told || unproven.count(rule) != 0) << rule << ": " << finding.verdict.text;
   }
 }
