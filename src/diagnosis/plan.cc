@@ -69,30 +69,34 @@ class Planner {
     for (const Stage &stage : steps) plan.stages.push_back(stages_.tree(stage));
     plan.calls += oracle_.calls();
     if (plan.end == SearchEnd::complete) plan.end = oracle_.end();
-    plan.contract_violation = oracle_.contract_violation();
+    if (plan.contract_violation.empty()) plan.contract_violation = oracle_.contract_violation();
     return plan;
   }
 
  private:
-  /// Half of what is left of the budget goes into finding the parts.
   Steps find_by_parts(SplitSearch &search, Plan &plan) {
     if (oracle_.has_ended()) return {};
-    NumberSet parts = changes_.all();
-    if (parts.size() > kMostSplitParts) {
-      Options options = options_;
-      options.with_repairs = false;
-      options.budget.calls = (options.budget.calls - oracle_.calls()) / 2;
-      options.budget.time /= 2;
-      const host::Verdict verdict = host::validate_commit(plugin_, session_, transaction_);
-      const Diagnosis diagnosis = diagnose(plugin_, session_, transaction_, verdict, options);
-      oracle_.add_calls(diagnosis.calls + 1);
-      if (diagnosis.end == SearchEnd::interrupted) plan.end = SearchEnd::interrupted;
-      parts = parts_involved(diagnosis, entries_, changes_);
-    }
+    const NumberSet parts = changes_.size() > kMostSplitParts ? find_parts(plan) : changes_.all();
     if (parts.size() > kMostSplitParts) return {};
     Steps steps = search.find_among(parts);
-    if (steps.empty() && !oracle_.has_ended()) plan.parts_tried = parts.size();
+    // Where the search for the parts has ended early, there may be more of them.
+    if (!steps.empty()) plan.end = SearchEnd::complete;
+    if (steps.empty() && plan.end == SearchEnd::complete && !oracle_.has_ended()) plan.parts_tried = parts.size();
     return steps;
+  }
+
+  /// The parts that are involved in what is wrong. Half of what is left of the budget goes into finding them.
+  NumberSet find_parts(Plan &plan) {
+    Options options = options_;
+    options.with_repairs = false;
+    options.budget.calls = (options.budget.calls - oracle_.calls()) / 2;
+    options.budget.time /= 2;
+    const host::Verdict verdict = host::validate_commit(plugin_, session_, transaction_);
+    const Diagnosis diagnosis = diagnose(plugin_, session_, transaction_, verdict, options);
+    oracle_.add_calls(diagnosis.calls + 1);
+    plan.end = diagnosis.end;
+    plan.contract_violation = diagnosis.contract_violation;
+    return parts_involved(diagnosis, entries_, changes_);
   }
 
   const host::Plugin &plugin_;

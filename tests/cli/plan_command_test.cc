@@ -142,6 +142,19 @@ TEST_F(PlanCommand, a_budget_that_is_used_up_is_said) {
   EXPECT_FALSE(fs::exists(steps));
 }
 
+TEST_F(PlanCommand, parts_that_a_small_budget_leaves_unknown_are_not_said_to_be_tried) {
+  // The library refuses every neighbour that is new to it, in whatever order.
+  folder.configure(circle(9, 0), circle(9, 1));
+  const auto plan_for = [this](const std::string &budget) {
+    return run_with_answers({"plan", folder.path(), "-o", steps, "--budget", budget}).out;
+  };
+  EXPECT_TRUE(plan_for("30").starts_with("no steps found: the budget is used up after ")) << plan_for("30");
+  EXPECT_TRUE(
+      plan_for("20000").starts_with("no steps found: no order of removals, changes and additions is accepted; "
+                                    "too many parts are involved"))
+      << plan_for("20000");
+}
+
 TEST_F(PlanCommand, what_stands_there_is_left_alone) {
   fs::create_directory(steps);
   folder.write("steps/note", "mine");
