@@ -29,8 +29,8 @@ AskedPoint::AskedPoint(const PointCommit &commit, const host::Plugin &plugin, ho
   context_.thandle = session_.transaction_handle();
   context_.vcb_opaque = session_.middleware();
   context_.validate_opaque = triggered_.point.data();
-  host::KeyPath(triggered_.path).write(path_);
-  value_ = host::borrowed_value(triggered_.value, *triggered_.path.back().schema);
+  triggered_.key_path().write(path_);
+  value_ = host::borrowed_value(*triggered_.value, *triggered_.node);
 }
 
 void AskedPoint::validate() {

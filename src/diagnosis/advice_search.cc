@@ -110,8 +110,7 @@ Corrections AdviceSearch::together() {
     const Corrections own = groups.size() == 1 ? corrections_[groups.front()] : for_groups(groups);
     if (!own.sets.empty()) parts = united(parts, own.sets.front());
   }
-  repair_rest(parts);
-  if (context_.oracle.has_ended() || !check_.is_accepted_without(parts)) return {};
+  if (!repair_rest(parts)) return {};
   Corrections result;
   result.sets.push_back(without_needless(std::move(parts)));
   result.has_all = false;
@@ -119,11 +118,12 @@ Corrections AdviceSearch::together() {
   return result;
 }
 
-/// Takes back more until the library accepts the rest; at last, all.
-void AdviceSearch::repair_rest(NumberSet &parts) const {
+/// Takes back more until the library accepts the rest; at last, all. False where the search ended before.
+bool AdviceSearch::repair_rest(NumberSet &parts) const {
   while (!context_.oracle.has_ended()) {
     const std::optional<NumberSet> answer = context_.oracle.ask({context_.entries.all(), parts});
-    if (!answer || answer->empty()) return;
+    if (!answer) return false;
+    if (answer->empty()) return true;
     const std::uint32_t message = answer->front();
     const bool counts = context_.messages[message].counts();
     const NumberSet more = counts ? repair_of_limit(message, parts) : repair_of(message, parts);
@@ -131,6 +131,7 @@ void AdviceSearch::repair_rest(NumberSet &parts) const {
     parts = context_.changes.closure(united(parts, more));
     if (parts.size() == before) parts = context_.changes.all();
   }
+  return false;
 }
 
 /// Of the parts that a known limit counts the fewest further ones that end it in the whole commit.

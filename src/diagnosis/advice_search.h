@@ -31,7 +31,7 @@ class AdviceSearch {
   Corrections reduced_for(const Groups &groups) const;
   Corrections together();
   std::vector<Groups> groups_that_share_parts() const;
-  void repair_rest(NumberSet &parts) const;
+  bool repair_rest(NumberSet &parts) const;
   NumberSet repair_of(std::uint32_t message, const NumberSet &parts) const;
   NumberSet repair_of_limit(std::uint32_t message, const NumberSet &parts) const;
   NumberSet without_needless(NumberSet parts) const;

@@ -6,8 +6,9 @@
 namespace diagnosis {
 namespace {
 
-// A larger question costs more to keep than it is likely to save.
-constexpr std::size_t kLargestKept = 128;
+// Questions of more entries are kept as long as there is room for them: of these numbers all of them together.
+constexpr std::size_t kAlwaysKept = 128;
+constexpr std::size_t kRoomForLarge = 4'000'000;
 
 }  // namespace
 
@@ -52,15 +53,20 @@ std::optional<NumberSet> Oracle::ask(const RestrictedCommit &commit) {
 }
 
 std::optional<NumberSet> Oracle::ask_normalised(const RestrictedCommit &commit) {
-  const bool is_kept = commit.entries.size() + commit.reverted.size() <= kLargestKept;
-  if (is_kept) {
-    const auto known = known_.find(commit);
-    if (known != known_.end()) return known->second;
-  }
+  const auto known = known_.find(commit);
+  if (known != known_.end()) return known->second;
   std::optional<NumberSet> answer =
       ask_library([&] { return make_transaction(commit, entries_, changes_, projector_); });
-  if (is_kept && answer) known_.emplace(commit, *answer);
+  if (answer && has_room_for(commit)) known_.emplace(commit, *answer);
   return answer;
+}
+
+bool Oracle::has_room_for(const RestrictedCommit &commit) {
+  const std::size_t size = commit.entries.size() + commit.reverted.size();
+  if (size <= kAlwaysKept) return true;
+  if (size > kRoomForLarge - kept_of_large_) return false;
+  kept_of_large_ += size;
+  return true;
 }
 
 std::optional<NumberSet> Oracle::ask(element::Tree running, element::Tree candidate) {
@@ -76,7 +82,8 @@ std::optional<NumberSet> Oracle::ask_library(const std::function<std::unique_ptr
   if (options_.progress) options_.progress(calls_, findings);
   ++calls_;
   try {
-    return messages_.numbers_of(host::validate_commit(plugin_, session_, *make(), {.all_points = true}));
+    return messages_.numbers_of(
+        host::validate_commit(plugin_, session_, *make(), {.all_points = true, .keep_accepted = false}));
   } catch (const host::ContractError &error) {
     end_ = SearchEnd::contract_violation;
     contract_violation_ = error.what();

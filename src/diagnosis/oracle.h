@@ -17,7 +17,7 @@
 namespace diagnosis {
 
 /// Asks the library about restricted commits, every validation point of them, as often and as long as the budget
-/// allows. The same small question is asked once.
+/// allows. The same question is asked once, large ones as far as there is room to keep them.
 class Oracle {
  public:
   /// All that is referred to must outlive the oracle.
@@ -61,6 +61,7 @@ class Oracle {
   std::chrono::steady_clock::time_point now() const;
   RestrictedCommit normalised(RestrictedCommit commit) const;
   std::optional<NumberSet> ask_normalised(const RestrictedCommit &commit);
+  bool has_room_for(const RestrictedCommit &commit);
   std::optional<NumberSet> ask_library(const std::function<std::unique_ptr<element::Transaction>()> &make);
 
   const host::Plugin &plugin_;
@@ -75,6 +76,7 @@ class Oracle {
   SearchEnd end_ = SearchEnd::complete;
   std::string contract_violation_;
   std::unordered_map<RestrictedCommit, NumberSet, Hash> known_;
+  std::size_t kept_of_large_ = 0;  ///< numbers in the large questions among these
   NumberSet taken_back_;
 };
 

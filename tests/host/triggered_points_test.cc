@@ -14,7 +14,7 @@ class FiredPoints : public ::testing::Test {
     const element::Transaction transaction(running, candidate);
     std::vector<std::string> result;
     for (const host::TriggeredPoint &point : host::triggered_points(transaction)) {
-      result.push_back(point.point + ' ' + element::to_text(point.path));
+      result.push_back(point.point + ' ' + element::to_text(point.path()));
     }
     return result;
   }
@@ -127,7 +127,7 @@ TEST_F(FiredPoints, a_key_carries_its_text_and_an_entry_no_value) {
   for (const host::TriggeredPoint &point : host::triggered_points(transaction)) {
     const element::Value expected =
         point.point == "vpn_access_intf_valp" ? element::Value(std::string("I")) : element::Value();
-    EXPECT_EQ(point.value, expected) << point.point;
+    EXPECT_EQ(*point.value, expected) << point.point;
   }
 }
 

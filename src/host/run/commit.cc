@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "confd_dp.h"
 #include "host/run/triggered_points.h"
@@ -60,8 +61,8 @@ void require_nothing_kept(const std::string &point, const CallStatistics &statis
 
 std::int32_t ask(const Plugin &plugin, TriggeredPoint &triggered, confd_trans_ctx &context) {
   confd_hkeypath_t path;
-  KeyPath(triggered.path).write(path);
-  confd_value_t value = borrowed_value(triggered.value, *triggered.path.back().schema);
+  triggered.key_path().write(path);
+  confd_value_t value = borrowed_value(*triggered.value, *triggered.node);
   try {
     return plugin.validate(&context, &path, &value);
   } catch (const std::bad_array_new_length &error) {
@@ -84,17 +85,19 @@ confd_trans_ctx make_context(HostSession &session, std::string &point) {
   return context;
 }
 
-PointVerdict decide(const Plugin &plugin, HostSession &session, TriggeredPoint &triggered) {
+/// The path is written where the answer is kept.
+PointVerdict decide(const Plugin &plugin, HostSession &session, TriggeredPoint &triggered, bool keep_accepted) {
   confd_trans_ctx context = make_context(session, triggered.point);
   const std::int32_t result = ask(plugin, triggered, context);
   session.state().cursors.close_all();
-  const std::string text = result == CONFD_OK || context.error.str == nullptr ? "" : context.error.str;
+  std::string text = result == CONFD_OK || context.error.str == nullptr ? "" : context.error.str;
   const Answer answer = answer_of(triggered.point, result, !text.empty());
   require_nothing_kept(triggered.point, session.statistics);
-  return {triggered.point, element::to_text(triggered.path), answer, text};
+  const bool is_kept = keep_accepted || answer != Answer::accepted;
+  return {triggered.point, is_kept ? element::to_text(triggered.path()) : std::string(), answer, std::move(text)};
 }
 
-/// A point and how many unreadable paths there were when it had answered.
+/// A point that asked for unreadable paths, and how many there were when it had answered.
 struct AskedPoint {
   std::string point;
   std::size_t paths = 0;
@@ -135,10 +138,15 @@ Verdict validate_commit(const Plugin &plugin, HostSession &session, const elemen
   Verdict verdict;
   verdict.points_fired = points.size();
   std::vector<AskedPoint> asked;
+  const std::vector<UnreadablePath> &unreadable = session.statistics.unreadable_paths;
   for (TriggeredPoint &triggered : points) {
-    verdict.points.push_back(decide(plugin, session, triggered));
-    asked.push_back({triggered.point, session.statistics.unreadable_paths.size()});
-    if (verdict.points.back().answer == Answer::rejected && !options.all_points) break;
+    const std::size_t before = unreadable.size();
+    PointVerdict answered = decide(plugin, session, triggered, options.keep_accepted);
+    const bool is_accepted = answered.answer == Answer::accepted;
+    const bool is_last = answered.answer == Answer::rejected && !options.all_points;
+    if (unreadable.size() != before) asked.push_back({triggered.point, unreadable.size()});
+    if (!is_accepted || options.keep_accepted) verdict.points.push_back(std::move(answered));
+    if (is_last) break;
   }
   verdict.decision = decision_of(verdict.points);
   verdict.unreadable = unreadable_questions(transaction, session.statistics.unreadable_paths, asked);

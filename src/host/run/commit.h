@@ -44,14 +44,15 @@ struct UnreadableQuestion {
 
 struct Verdict {
   Decision decision = Decision::accepted;
-  std::vector<PointVerdict> points;            ///< those that were asked, in order
+  std::vector<PointVerdict> points;            ///< those that were asked and kept, in order
   std::size_t points_fired = 0;                ///< more than were asked where a rejection ended the commit
   CallStatistics statistics;                   ///< of the whole commit
   std::vector<UnreadableQuestion> unreadable;  ///< in the order in which they were asked
 };
 
 struct CommitOptions {
-  bool all_points = false;  ///< ask the remaining points after a rejection
+  bool all_points = false;    ///< ask the remaining points after a rejection
+  bool keep_accepted = true;  ///< tell of points that accepted, too, which takes time in a large commit
 };
 
 /// Fires the transaction's validation points at the library, as the element does when an operator commits.

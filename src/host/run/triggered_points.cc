@@ -13,8 +13,9 @@ using element::ChangeKind;
 using element::NodeKind;
 
 // A container that has lost all it held is still there, though the new tree has no node for it.
-element::Value value_after(const Change &change) {
-  return change.after == nullptr ? element::Value{} : change.after->value;
+const element::Value &value_after(const Change &change) {
+  static const element::Value none;
+  return change.after == nullptr ? none : change.after->value;
 }
 
 /// The schema nodes at or below which validation points stand: what else changed, if much, fires nothing.
@@ -68,18 +69,8 @@ class Walk {
   void fire(const element::SchemaNode &node, const element::Value &value) {
     for (const element::ValidationPoint &point : node.validation_points) {
       const bool is_first = fired_.insert(point.name).second;
-      if (is_first || point.each_node) points_.push_back({point.name, path_to(node), value});
+      if (is_first || point.each_node) points_.push_back({point.name, trail_, &node, &value});
     }
-  }
-
-  // The node is the last of the trail, or a key of it.
-  element::Path path_to(const element::SchemaNode &node) const {
-    element::Path path;
-    for (const Change *change : trail_) {
-      path.push_back({change->schema, change->is_entry() ? change->keys() : std::vector<element::Value>{}});
-    }
-    if (trail_.back()->schema != &node) path.push_back({&node, {}});
-    return path;
   }
 
   GuardedNodes guarded_;
@@ -89,6 +80,25 @@ class Walk {
 };
 
 }  // namespace
+
+element::Path TriggeredPoint::path() const {
+  element::Path path;
+  for (const Change *change : changes) {
+    path.push_back({change->schema, change->is_entry() ? change->keys() : std::vector<element::Value>{}});
+  }
+  if (changes.back()->schema != node) path.push_back({node, {}});
+  return path;
+}
+
+KeyPath TriggeredPoint::key_path() const {
+  KeyPath path;
+  for (const Change *change : changes) {
+    path.push(*change->schema);
+    if (change->is_entry()) path.push(*change->schema, change->keys());
+  }
+  if (changes.back()->schema != node) path.push(*node);
+  return path;
+}
 
 std::vector<TriggeredPoint> triggered_points(const element::Transaction &transaction) {
   Walk walk(transaction.candidate.schema().root());

@@ -6,15 +6,20 @@
 
 #include "element/datastore/path.h"
 #include "element/datastore/transaction.h"
+#include "host/seam/agent_paths.h"
 
 namespace host {
 
-/// A validation point that a transaction fires: its name, the node under validation and that node's value in the
-/// candidate configuration.
+/// A validation point that a transaction fires, and the node under validation. Valid as long as the transaction.
 struct TriggeredPoint {
-  std::string point;
-  element::Path path;
-  element::Value value;
+  std::string point;  ///< its name
+  /// From the top down to the node, or to the entry whose key the node is. Without lists as a whole.
+  std::vector<const element::Change *> changes;
+  const element::SchemaNode *node = nullptr;
+  const element::Value *value = nullptr;  ///< in the candidate configuration; of what has none, an empty one
+
+  element::Path path() const;
+  KeyPath key_path() const;
 };
 
 /// The points that a transaction fires, in schema order of the nodes that fire them. A created or modified node fires
