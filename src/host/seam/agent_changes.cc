@@ -7,6 +7,7 @@
 #include "host/seam/agent_paths.h"
 #include "host/seam/agent_values.h"
 #include "host/seam/resolve.h"
+#include "host/seam/session_state.h"
 
 namespace host {
 
@@ -93,7 +94,7 @@ int iterate(HostSession &session, Iterator iterator, void *state, const char *fo
     report.below(transaction.changes);
     return CONFD_OK;
   }
-  const ChangeTrail trail = locate(transaction.changes, path);
+  const ChangeTrail trail = locate(transaction.changes, path, session.state().hints);
   if (trail.size() == 0) return CONFD_OK;
   for (const Change *change : trail) report.enter(*change);
   report.change_and_below(*trail[trail.size() - 1]);

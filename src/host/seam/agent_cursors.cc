@@ -80,7 +80,8 @@ int open_cursor(HostSession &session, maapi_cursor &mc, const char *format, std:
   if (const int reason = resolve_path(session, SeamFunction::maapi_init_cursor, path, format, arguments); reason != 0)
     return fail(reason);
   if (!path.is_list()) return fail(CONFD_ERR_BADPATH);
-  mc.host = session.state().cursors.open(path.target(), locate(candidate, path).node);
+  SessionState &state = session.state();
+  mc.host = state.cursors.open(path.target(), locate(candidate, path, state.hints).node);
   ++session.statistics.open_cursors;
   return CONFD_OK;
 }

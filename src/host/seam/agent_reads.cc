@@ -7,6 +7,7 @@
 #include "host/seam/agent_values.h"
 #include "host/seam/object_values.h"
 #include "host/seam/resolve.h"
+#include "host/seam/session_state.h"
 
 namespace host {
 
@@ -54,7 +55,7 @@ int read_by_path(const ReadCall &call, const char *format, std::va_list argument
   if (read.session == nullptr) return CONFD_ERR;
   const int reason = resolve_path(*read.session, call.function, read.path, format, arguments);
   if (reason != 0) return fail(reason);
-  read.place = locate(read.session->transaction()->candidate, read.path);
+  read.place = locate(read.session->transaction()->candidate, read.path, read.session->state().hints);
   return answer(read);
 }
 

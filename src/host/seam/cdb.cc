@@ -28,7 +28,7 @@ struct ListRead {
     if (const int reason = resolve_path(*session, function, path, format, arguments); reason != 0)
       return give_up(reason);
     if (!path.is_list()) return give_up(CONFD_ERR_BADPATH);
-    list = locate(running, path).node;
+    list = locate(running, path, session->state().hints).node;
     return true;
   }
 

@@ -1,6 +1,5 @@
 #include "host/seam/formatted_path.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -123,8 +122,8 @@ std::size_t FormattedPath::take_slash(std::string_view text) {
 }
 
 std::size_t FormattedPath::take_name(std::string_view text) {
-  const std::size_t slash = std::min(text.find('/'), text.size());
-  const std::size_t length = std::min(text.substr(0, slash).find('{'), slash);
+  std::size_t length = 0;
+  while (length < text.size() && text[length] != '/' && text[length] != '{') ++length;
   append(text.substr(0, length));
   return length < text.size() ? length + end_name(text[length]) : length;
 }

@@ -67,6 +67,7 @@ HostSession *HostSession::active() { return active_seam; }
 
 void HostSession::serve(const element::Transaction *transaction) {
   state_->cursors.close_all();
+  state_->hints.clear();
   state_->error_texts.clear();
   transaction_ = transaction;
 }

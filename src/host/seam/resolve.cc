@@ -20,18 +20,31 @@ auto lower_bound(const Entries &entries, const confd_value_t *keys, std::size_t 
                               [&](const auto &entry) { return compare_keys(keys, count, keys_of(entry)) > 0; });
 }
 
-const element::Node *find_entry(const element::Node &list, const confd_value_t *keys) {
-  const std::size_t count = list.schema->key_count;
-  const std::size_t at = first_not_before(list.children, keys, count);
-  if (at == list.children.size()) return nullptr;
-  const element::Node &entry = list.children[at];
-  return compare_keys(keys, count, entry.keys) == 0 ? &entry : nullptr;
+const std::vector<element::Value> &keys_of(const element::Node &entry) { return entry.keys; }
+
+const std::vector<element::Value> &keys_of(const element::Change &entry) { return entry.keys(); }
+
+/// The first entry of a list in key order that has these keys, or null. It is looked for where the hint says, one entry
+/// further, and then among all.
+template <typename Entry, typename Entries>
+const Entry *find_entry(const Entries &entries, const confd_value_t *keys, std::size_t count, std::size_t &hint) {
+  const auto is_at = [&](std::size_t place) {
+    return place < entries.size() && compare_keys(keys, count, keys_of(entries[place])) == 0;
+  };
+  if (is_at(hint)) return &entries[hint];
+  if (is_at(hint + 1)) return &entries[++hint];
+  const auto found = lower_bound(
+      entries, keys, count, [](const Entry &entry) -> const auto & { return keys_of(entry); });
+  const auto place = static_cast<std::size_t>(found - entries.begin());
+  if (!is_at(place)) return nullptr;
+  hint = place;
+  return &entries[place];
 }
 
 /// Goes down a tree name by name; what is missing on the way stays missing.
 class Descent {
  public:
-  explicit Descent(const element::Node &root) : place_{&root, nullptr, true} {}
+  Descent(const element::Node &root, LookupHints &hints) : place_{&root, nullptr, true}, hints_(hints) {}
 
   void go(const ResolvedPath::Step &step, const confd_value_t *keys) {
     if (step.schema->kind == NodeKind::leaf && is_key(*step.schema)) return go_to_key(*step.schema);
@@ -46,7 +59,7 @@ class Descent {
         place_.exists = place_.value != nullptr;
         return;
       case NodeKind::list:
-        if (step.has_keys && place_.node != nullptr) place_.node = find_entry(*place_.node, keys);
+        if (step.has_keys && place_.node != nullptr) place_.node = entry_of(*place_.node, keys);
         place_.exists = place_.node != nullptr && (step.has_keys || !place_.node->children.empty());
     }
   }
@@ -63,11 +76,16 @@ class Descent {
     place_.exists = place_.value != nullptr;
   }
 
+  const element::Node *entry_of(const element::Node &list, const confd_value_t *keys) {
+    return find_entry<element::Node>(list.children, keys, list.schema->key_count, hints_.of(&list));
+  }
+
   static const element::Value *set_value(const element::Value &value) {
     return std::holds_alternative<std::monostate>(value) ? nullptr : &value;
   }
 
   Place place_;
+  LookupHints &hints_;
 };
 
 const element::Change *child_of(const element::Change &change, const element::SchemaNode &schema) {
@@ -77,12 +95,8 @@ const element::Change *child_of(const element::Change &change, const element::Sc
   return found != change.children.end() && found->schema == &schema ? &*found : nullptr;
 }
 
-const element::Change *entry_of(const element::Change &list, const confd_value_t *keys) {
-  const std::size_t count = list.schema->key_count;
-  const auto found = lower_bound(
-      list.children, keys, count, [](const element::Change &entry) -> const auto & { return entry.keys(); });
-  if (found == list.children.end() || compare_keys(keys, count, found->keys()) != 0) return nullptr;
-  return &*found;
+const element::Change *entry_of(const element::Change &list, const confd_value_t *keys, LookupHints &hints) {
+  return find_entry<element::Change>(list.children, keys, list.schema->key_count, hints.of(&list));
 }
 
 }  // namespace
@@ -134,8 +148,8 @@ bool ResolvedPath::is_list() const { return target_->kind == NodeKind::list && !
 
 bool ResolvedPath::is_object() const { return target_->kind != NodeKind::leaf && !is_list(); }
 
-Place locate(const element::Tree &tree, const ResolvedPath &path) {
-  Descent descent(tree.root());
+Place locate(const element::Tree &tree, const ResolvedPath &path, LookupHints &hints) {
+  Descent descent(tree.root(), hints);
   for (const ResolvedPath::Step &step : path) descent.go(step, path.keys(step));
   return descent.place();
 }
@@ -155,14 +169,14 @@ std::size_t first_not_before(const element::Nodes &entries, const confd_value_t 
   return static_cast<std::size_t>(found - entries.begin());
 }
 
-ChangeTrail locate(const element::Change &root, const ResolvedPath &path) {
+ChangeTrail locate(const element::Change &root, const ResolvedPath &path, LookupHints &hints) {
   ChangeTrail trail;
   const element::Change *change = &root;
   for (const ResolvedPath::Step &step : path) {
     change = child_of(*change, *step.schema);
     if (change != nullptr) trail.push_back(change);
     if (change != nullptr && step.has_keys) {
-      change = entry_of(*change, path.keys(step));
+      change = entry_of(*change, path.keys(step), hints);
       if (change != nullptr) trail.push_back(change);
     }
     if (change == nullptr) {

@@ -8,6 +8,7 @@
 #include "element/datastore/difference.h"
 #include "element/datastore/tree.h"
 #include "host/seam/formatted_path.h"
+#include "host/seam/lookup_hints.h"
 
 namespace host {
 
@@ -62,7 +63,7 @@ struct Place {
                                           ///< where it has an entry
 };
 
-Place locate(const element::Tree &tree, const ResolvedPath &path);
+Place locate(const element::Tree &tree, const ResolvedPath &path, LookupHints &hints);
 
 /// Index of the first entry of a list in key order that is not before these keys; fewer keys than the list has stand
 /// before all that begin with them.
@@ -75,7 +76,7 @@ using ChangeTrail = fmt::basic_memory_buffer<const element::Change *, 32>;
 
 /// The changes from the root to the one at the path, the root excepted; empty where nothing at or below it changed.
 /// A list entry stands after its list.
-ChangeTrail locate(const element::Change &root, const ResolvedPath &path);
+ChangeTrail locate(const element::Change &root, const ResolvedPath &path, LookupHints &hints);
 
 }  // namespace host
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "host/seam/cursor_pool.h"
+#include "host/seam/lookup_hints.h"
 
 /// A trace category; the trace layer's callers only hold its address.
 struct zlog_category_s {
@@ -18,6 +19,7 @@ namespace host {
 /// What the platform's functions keep between calls for one element.
 struct SessionState {
   CursorPool cursors;
+  LookupHints hints;           ///< of the trees and changes of the transaction that is served
   std::set<int> cdb_sockets;   ///< of the open CDB read sessions
   int next_cdb_socket = 1000;  ///< never used twice, so that a socket of an ended session is unknown
   std::list<zlog_category_s> trace_categories;
