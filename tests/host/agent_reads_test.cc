@@ -50,6 +50,24 @@ TEST_F(AgentReads, an_entry_or_leaf_exists_where_the_tree_has_it) {
   EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}/bridge-domain/transparent-lan-service"), 1);
 }
 
+// In whatever order entries are asked for: on, back, again, past those that the list does not have.
+TEST_F(AgentReads, an_entry_is_found_whichever_was_asked_for_before) {
+  for (int number = 10; number < 60; number += 2) {
+    candidate.put("/mpls/l2vpn-config/l2vpn/vpws-group{W}/vpn{" + std::to_string(number) + "}");
+  }
+  serve();
+  for (int first = 9; first < 61; ++first) {
+    for (int then = 9; then < 61; ++then) {
+      for (const int number : {first, then}) {
+        const bool is_there = number >= 10 && number < 60 && number % 2 == 0;
+        EXPECT_EQ(maapi_exists(sock, thandle, "/mpls/l2vpn-config/l2vpn/vpws-group{W}/vpn{%d}", number),
+                  is_there ? 1 : 0)
+            << number << " after " << first;
+      }
+    }
+  }
+}
+
 TEST_F(AgentReads, a_key_leaf_exists_with_its_entry) {
   EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{G}/name"), 1);
   EXPECT_EQ(exists("/mpls/l2vpn-config/l2vpn/vpls-group{H}/name"), 0);

@@ -80,6 +80,22 @@ TEST_F(Commit, a_text_of_an_accepted_point_is_not_shown) {
   EXPECT_EQ(verdict.points.at(0).text, "");
 }
 
+TEST_F(Commit, keeps_no_points_that_accept_where_these_are_not_wanted) {
+  add_group("reject");
+  candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}");
+  const element::Transaction commit(running, candidate);
+  const host::Verdict all = host::validate_commit(plugin, session, commit, {.all_points = true});
+  const host::Verdict kept =
+      host::validate_commit(plugin, session, commit, {.all_points = true, .keep_accepted = false});
+  EXPECT_EQ(kept.decision, all.decision);
+  EXPECT_EQ(kept.points_fired, all.points_fired);
+  EXPECT_EQ(kept.statistics.calls, all.statistics.calls);
+  EXPECT_LT(kept.points.size(), all.points.size());
+  ASSERT_EQ(kept.points.size(), 1U);
+  EXPECT_EQ(kept.points.front().answer, host::Answer::rejected);
+  EXPECT_NE(kept.points.front().path, "");
+}
+
 TEST_F(Commit, a_rejection_ends_it_unless_all_points_are_asked) {
   add_group("reject");
   candidate.put("/mpls/l2vpn-config/l2vpn/vpls-group{G}/vpn{V}");
