@@ -4,6 +4,8 @@
 #include <set>
 #include <unordered_set>
 
+#include "host/seam/agent_paths.h"
+
 namespace host {
 
 namespace {

@@ -6,9 +6,10 @@
 
 #include "element/datastore/path.h"
 #include "element/datastore/transaction.h"
-#include "host/seam/agent_paths.h"
 
 namespace host {
+
+class KeyPath;
 
 /// A validation point that a transaction fires, and the node under validation. Valid as long as the transaction.
 struct TriggeredPoint {
