@@ -6,6 +6,7 @@
 
 #include "cli/command_line/arguments.h"
 #include "cli/command_line/errors.h"
+#include "cli/commands/apply_command.h"
 #include "cli/commands/check_command.h"
 #include "cli/commands/check_series.h"
 #include "cli/commands/explain_command.h"
@@ -33,6 +34,7 @@ struct CarryOut {
   ExitStatus operator()(const HeadroomArguments &arguments) const { return headroom(arguments, environment); }
   ExitStatus operator()(const MapArguments &arguments) const { return map(arguments, environment); }
   ExitStatus operator()(const PlanArguments &arguments) const { return plan(arguments, environment); }
+  ExitStatus operator()(const ApplyArguments &arguments) const { return apply(arguments, environment); }
 };
 
 ExitStatus run_command(const std::vector<std::string> &arguments, const Environment &environment) {

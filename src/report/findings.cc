@@ -56,21 +56,26 @@ std::vector<diagnosis::ChangePart> outermost(const std::vector<diagnosis::Change
 
 class Source {
  public:
-  Source(const std::filesystem::path &file, const element::SourceLines &lines) : file_(file.string()), lines_(lines) {}
+  Source(const std::filesystem::path &file, const element::ConfigurationSource &source) {
+    files_.push_back({file, source.lines});
+    files_.insert(files_.end(), source.further.begin(), source.further.end());
+  }
 
-  FilePlace place_of(const element::Path &path) const { return {file_, lines_.line_of(path).value_or(0)}; }
+  FilePlace place_of(const element::Path &path) const {
+    for (const auto &[file, lines] : files_) {
+      if (const std::optional<std::size_t> line = lines.line_of(path)) return {file.string(), *line};
+    }
+    return {files_.front().file.string(), 0};
+  }
 
  private:
-  std::string file_;
-  element::SourceLines lines_;
+  std::vector<element::FileLines> files_;
 };
 
 class FindingMaker {
  public:
   FindingMaker(const element::Schema &schema, const InputFiles &files, const InputSources &sources)
-      : schema_(schema),
-        running_(files.running, sources.running.lines),
-        candidate_(files.candidate, sources.candidate.lines) {}
+      : schema_(schema), running_(files.running, sources.running), candidate_(files.candidate, sources.candidate) {}
 
   Finding make(const diagnosis::Finding &found, bool from_device) const {
     Finding finding = make_bare(found.verdict, found.rule, from_device);

@@ -2,6 +2,7 @@
 #define REPORT_INPUT_FILES_H
 
 #include <filesystem>
+#include <vector>
 
 #include "element/input/configuration_source.h"
 
@@ -11,7 +12,9 @@ namespace report {
 struct InputFiles {
   std::filesystem::path element;
   std::filesystem::path running;
-  std::filesystem::path candidate;
+  std::filesystem::path candidate;  ///< or the last edit
+  std::vector<std::filesystem::path>
+      edits{};  ///< in their order: what makes the candidate of the running configuration
 };
 
 /// What is known of the files of a commit's configurations, once they were read.

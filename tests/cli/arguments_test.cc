@@ -202,7 +202,7 @@ TEST(Arguments, files_without_a_directory_must_be_all_three) {
            {"check"}, {"check", "--element", "e"}, {"check", "--running", "r", "--candidate", "c"}}) {
     const Outcome outcome = run_with_answers(arguments);
     EXPECT_EQ(outcome.status, 64);
-    EXPECT_EQ(outcome.err, "vpnval: a directory was expected, or --element, --running and --candidate\n");
+    EXPECT_EQ(outcome.err, "vpnval: a directory was expected, or --element, --running and --candidate or --edit\n");
   }
 }
 

@@ -175,7 +175,7 @@ TEST_F(HeadroomCommand, a_library_that_stops_its_process_stops_one_element) {
 TEST_F(HeadroomCommand, without_a_commit_is_a_usage_error) {
   const Outcome outcome = run_with_answers({"headroom", "--element", folder.file("element.json")});
   EXPECT_EQ(outcome.status, 64);
-  EXPECT_EQ(outcome.err, "vpnval: a directory was expected, or --element, --running and --candidate\n");
+  EXPECT_EQ(outcome.err, "vpnval: a directory was expected, or --element, --running and --candidate or --edit\n");
 }
 
 }  // namespace

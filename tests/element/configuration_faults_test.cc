@@ -290,9 +290,7 @@ TEST(ConfigurationFault, attributes) {
 
 TEST(ConfigurationFault, edit_in_place_of_a_configuration) {
   const std::string base = "urn:ietf:params:xml:ns:netconf:base:1.0";
-  const std::string instead =
-      "; expected a whole configuration: apply the edit to the element's candidate datastore, read that with get-config "
-      "and discard the changes";
+  const std::string instead = "; expected a whole configuration; an edit is given with --edit";
   const auto fault = [&](const std::string &sign) { return "an edit was given as a configuration" + sign + instead; };
   const std::string edit = "<edit-config xmlns=\"" + base + "\"><target><candidate/></target><config>";
   expect_faults({

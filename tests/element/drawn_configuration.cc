@@ -37,6 +37,24 @@ rc::Gen<std::string> configuration_line() {
   });
 }
 
+/// Of two cases of a choice the data model allows one.
+void keep_first_cases(element::Node &node) {
+  for (std::size_t i = 0; i < node.children.size(); ++i) {
+    const element::SchemaNode &first = *node.children[i].schema;
+    for (std::size_t j = node.children.size(); first.choice != 0 && --j > i;) {
+      const element::SchemaNode &other = *node.children[j].schema;
+      if (other.choice == first.choice && other.choice_case != first.choice_case) erase_child(node, other);
+    }
+    keep_first_cases(node.children[i]);
+  }
+}
+
 }  // namespace
 
 rc::Gen<Lines> drawn_configuration() { return rc::gen::container<Lines>(configuration_line()); }
+
+element::Tree drawn_tree() {
+  element::Tree tree = tree_of(*drawn_configuration());
+  keep_first_cases(tree.root());
+  return tree;
+}

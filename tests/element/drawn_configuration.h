@@ -9,4 +9,7 @@
 /// and differ in others.
 rc::Gen<Lines> drawn_configuration();
 
+/// Draws a configuration that has one case of each choice, as the data model wants it.
+element::Tree drawn_tree();
+
 #endif

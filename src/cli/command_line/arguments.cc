@@ -47,10 +47,20 @@ void add_foreign_options(CLI::App &command, InputArguments &input) {
   command.add_flag("--list-foreign", input.list_foreign, "List the modules whose nodes are passed over");
 }
 
+void add_edits(CLI::App &command, InputArguments &input) {
+  command
+      .add_option(
+          "--edit", input.edits,
+          "Change of the running configuration in place of the candidate (NETCONF edit-config); several are applied in their order")
+      ->allow_extra_args(false)
+      ->type_name("FILE");
+}
+
 void add_files(CLI::App &command, InputArguments &input) {
   command.add_option("--element", input.element, "Element profile (JSON)")->type_name("FILE");
   command.add_option("--running", input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
   command.add_option("--candidate", input.candidate, "Configuration to commit (XML or JSON)")->type_name("FILE");
+  add_edits(command, input);
   add_foreign_options(command, input);
 }
 
@@ -154,6 +164,7 @@ CLI::App *add_headroom(CLI::App &program, HeadroomArguments &headroom) {
   command->add_option("--running", headroom.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
   command->add_option("--candidate", headroom.input.candidate, "Configuration to commit (XML or JSON)")
       ->type_name("FILE");
+  add_edits(*command, headroom.input);
   add_foreign_options(*command, headroom.input);
   command->add_option("--plugin", headroom.plugin, "Validation library to ask")->type_name("FILE");
   add_choice(*command, "--format", table_formats, headroom.format, "Format of the result; text unless it is given");
@@ -183,6 +194,26 @@ CLI::App *add_plan(CLI::App &program, PlanArguments &plan) {
   return command;
 }
 
+const std::map<std::string, element::InputFormat> configuration_formats{{"xml", element::InputFormat::xml},
+                                                                        {"json", element::InputFormat::json}};
+
+CLI::App *add_apply(CLI::App &program, ApplyArguments &apply) {
+  CLI::App *command = program.add_subcommand("apply", "Write the candidate that an edit makes of the running");
+  command->add_option("DIR", apply.input.directory, "Folder with running.xml or .json, and edit.xml")->type_name("");
+  command->add_option("--running", apply.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
+  add_edits(*command, apply.input);
+  add_foreign_options(*command, apply.input);
+  command->add_option("-o,--output", apply.output, "The candidate; standard output unless it is given")
+      ->option_text("FILE");
+  command
+      ->add_option_function<std::string>(
+          "--format", [&apply](const std::string &name) { apply.format = configuration_formats.at(name); },
+          "Format of the candidate; that of the running configuration unless it is given")
+      ->check(CLI::IsMember(configuration_formats))
+      ->type_name("NAME");
+  return command;
+}
+
 }  // namespace
 
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment) {
@@ -196,12 +227,14 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   HeadroomArguments headroom;
   MapArguments map;
   PlanArguments plan;
+  ApplyArguments apply;
   const CLI::App *check_command = add_check(program, check);
   const CLI::App *show_command = add_show(program, show);
   const CLI::App *explain_command = add_explain(program, explain);
   const CLI::App *headroom_command = add_headroom(program, headroom);
   const CLI::App *map_command = add_map(program, map);
-  add_plan(program, plan);
+  const CLI::App *plan_command = add_plan(program, plan);
+  add_apply(program, apply);
 
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
@@ -220,7 +253,8 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   if (explain_command->parsed()) return explain;
   if (headroom_command->parsed()) return headroom;
   if (map_command->parsed()) return map;
-  return plan;
+  if (plan_command->parsed()) return plan;
+  return apply;
 }
 
 }  // namespace cli

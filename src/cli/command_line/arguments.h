@@ -2,6 +2,7 @@
 #define CLI_COMMAND_LINE_ARGUMENTS_H
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "cli/command_line/environment.h"
 #include "cli/command_line/exit_status.h"
 #include "diagnosis/diagnose.h"
+#include "element/input/configuration_format.h"
 
 namespace cli {
 
@@ -18,8 +20,9 @@ struct InputArguments {
   std::string element;
   std::string running;
   std::string candidate;
-  bool strict = false;        ///< nodes of modules that are not the element's are an error
-  bool list_foreign = false;  ///< list the modules of such nodes
+  std::vector<std::string> edits{};  ///< in place of the candidate
+  bool strict = false;               ///< nodes of modules that are not the element's are an error
+  bool list_foreign = false;         ///< list the modules of such nodes
 };
 
 enum class Format { text, json, sarif, junit, github };
@@ -83,9 +86,15 @@ struct PlanArguments {
   diagnosis::Budget budget;
 };
 
+struct ApplyArguments {
+  InputArguments input;                        ///< its element is not used
+  std::string output;                          ///< a file; empty: standard output
+  std::optional<element::InputFormat> format;  ///< that of the running configuration unless it is given
+};
+
 /// A command to carry out, or the status to end with because help or the version was all that was asked for.
 using ParsedArguments = std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, HeadroomArguments,
-                                     MapArguments, PlanArguments>;
+                                     MapArguments, PlanArguments, ApplyArguments>;
 
 /// Reads a command line without the program's name; prints help and version itself. Throws UsageError.
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment);

@@ -34,7 +34,10 @@ ExitStatus status_of(const report::CheckReport &report, bool fail_on_warn) {
 
 ExitStatus worse(ExitStatus a, ExitStatus b) { return severity(a) < severity(b) ? b : a; }
 
-std::string name_of(const InputArguments &input) { return input.directory.empty() ? input.candidate : input.directory; }
+std::string name_of(const InputArguments &input) {
+  if (!input.directory.empty()) return input.directory;
+  return input.edits.empty() ? input.candidate : input.edits.back();
+}
 
 }  // namespace
 

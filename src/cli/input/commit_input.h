@@ -5,11 +5,15 @@
 
 #include "cli/input/input_files.h"
 #include "element/datastore/transaction.h"
-#include "element/input/own_configuration.h"
+#include "element/input/configuration.h"
 #include "element/profile/profile.h"
 #include "element/schema/schema.h"
 
 namespace cli {
+
+/// The configuration to commit: of its own file, or made of the running one by the edits. Throws as CommitInput does.
+element::ConfigurationFile read_candidate(const element::Schema &schema, const element::ConfigurationFile &running,
+                                          const InputFiles &files, const element::ReadOptions &options);
 
 /// A commit with its element's profile and schema. Each file is read only once, so any of them may be a pipe.
 class CommitInput {

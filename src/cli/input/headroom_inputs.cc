@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "cli/input/commit_input.h"
 #include "cli/input/foreign_nodes.h"
 #include "cli/input/input_files.h"
 #include "element/input/configuration.h"
@@ -12,9 +13,9 @@ HeadroomConfigurations read_configurations(const element::Schema &schema, const 
                                            std::ostream &err) {
   const element::ReadOptions options = read_options(inputs.arguments);
   element::ConfigurationFile running = element::read_configuration_file(schema, inputs.running, options);
-  element::ConfigurationFile candidate = element::read_configuration_file(schema, inputs.candidate, options);
-  tell_foreign_nodes(err, inputs.arguments, {"", inputs.running, inputs.candidate},
-                     {std::move(running.source), std::move(candidate.source)});
+  const InputFiles files{"", inputs.running, inputs.candidate, inputs.edits};
+  element::ConfigurationFile candidate = read_candidate(schema, running, files, options);
+  tell_foreign_nodes(err, inputs.arguments, files, {std::move(running.source), std::move(candidate.source)});
   return {std::move(running.tree), std::move(candidate.tree)};
 }
 
@@ -22,7 +23,8 @@ HeadroomInputs find_headroom_inputs(const HeadroomArguments &arguments) {
   InputArguments first = arguments.input;
   if (!arguments.elements.empty()) first.element = arguments.elements.front();
   InputFiles files = find_input_files(first);
-  HeadroomInputs inputs{std::move(files.running), std::move(files.candidate), {}, arguments.input};
+  HeadroomInputs inputs{
+      std::move(files.running), std::move(files.candidate), std::move(files.edits), {}, arguments.input};
   inputs.elements.assign(arguments.elements.begin(), arguments.elements.end());
   if (inputs.elements.empty()) inputs.elements.push_back(std::move(files.element));
   return inputs;

@@ -13,7 +13,8 @@ namespace cli {
 /// A commit's configurations and the profiles of the elements that it is for, one or more.
 struct HeadroomInputs {
   std::filesystem::path running;
-  std::filesystem::path candidate;
+  std::filesystem::path candidate;           ///< or the last edit
+  std::vector<std::filesystem::path> edits;  ///< in place of the candidate
   std::vector<std::filesystem::path> elements;
   InputArguments arguments;  ///< how the configurations are to be read
 };

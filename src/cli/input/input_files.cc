@@ -32,21 +32,50 @@ InputFiles in_directory(const fs::path &directory) {
   if (!fs::is_directory(directory, unknown)) {
     throw element::FileError(fmt::format("{}: is no directory that can be read", directory.string()));
   }
-  return {directory / "element.json", configuration_in(directory, "running"), configuration_in(directory, "candidate")};
+  InputFiles files{
+      directory / "element.json", configuration_in(directory, "running"), configuration_in(directory, "candidate"), {}};
+  const fs::path edit = directory / "edit.xml";
+  if (!is_there(edit)) return files;
+  if (is_there(files.candidate)) {
+    throw element::InputError(fmt::format("{}: holds {} and edit.xml; one of them was expected", directory.string(),
+                                          files.candidate.filename().string()));
+  }
+  files.edits = {edit};
+  return files;
+}
+
+void take_edits(const InputArguments &arguments, InputFiles &files) {
+  if (!arguments.candidate.empty() && !arguments.edits.empty()) {
+    throw UsageError("--edit beside --candidate; expected one of them");
+  }
+  if (!arguments.candidate.empty()) files.edits.clear();
+  if (!arguments.edits.empty()) files.edits.assign(arguments.edits.begin(), arguments.edits.end());
+  if (!files.edits.empty()) files.candidate = files.edits.back();
 }
 
 }  // namespace
 
-InputFiles find_input_files(const InputArguments &arguments) {
-  const bool all_named = !arguments.element.empty() && !arguments.running.empty() && !arguments.candidate.empty();
-  if (arguments.directory.empty() && !all_named) {
-    throw UsageError("a directory was expected, or --element, --running and --candidate");
+InputFiles find_configurations(const InputArguments &arguments) {
+  const bool has_change = !arguments.candidate.empty() || !arguments.edits.empty();
+  if (arguments.directory.empty() && (arguments.running.empty() || !has_change)) {
+    throw UsageError("a directory was expected, or --running and --candidate or --edit");
   }
   InputFiles files;
   if (!arguments.directory.empty()) files = in_directory(arguments.directory);
-  if (!arguments.element.empty()) files.element = arguments.element;
   if (!arguments.running.empty()) files.running = arguments.running;
   if (!arguments.candidate.empty()) files.candidate = arguments.candidate;
+  take_edits(arguments, files);
+  return files;
+}
+
+InputFiles find_input_files(const InputArguments &arguments) {
+  const bool has_change = !arguments.candidate.empty() || !arguments.edits.empty();
+  const bool all_named = !arguments.element.empty() && !arguments.running.empty() && has_change;
+  if (arguments.directory.empty() && !all_named) {
+    throw UsageError("a directory was expected, or --element, --running and --candidate or --edit");
+  }
+  InputFiles files = find_configurations(arguments);
+  if (!arguments.element.empty()) files.element = arguments.element;
   return files;
 }
 

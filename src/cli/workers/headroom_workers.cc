@@ -40,8 +40,10 @@ process::Batch make_batch(const HeadroomInputs &inputs, const fs::path &plugin_f
   process::Batch batch{program, {}, std::max(std::thread::hardware_concurrency(), 1U)};
   for (const fs::path &element : inputs.elements) {
     batch.arguments.push_back({"headroom", "--format=json", "--plugin=" + plugin_file.string(),
-                               "--element=" + element.string(), "--running=" + inputs.running.string(),
-                               "--candidate=" + inputs.candidate.string()});
+                               "--element=" + element.string(), "--running=" + inputs.running.string()});
+    std::vector<std::string> &arguments = batch.arguments.back();
+    for (const fs::path &edit : inputs.edits) arguments.push_back("--edit=" + edit.string());
+    if (inputs.edits.empty()) arguments.push_back("--candidate=" + inputs.candidate.string());
   }
   return batch;
 }

@@ -158,15 +158,12 @@ void Tree::erase(std::string_view path) {
   if (follow(root_, steps) == nullptr || steps.empty()) return;
 
   Path above = steps;
-  const bool is_entry = !steps.back().keys.empty();
-  if (is_entry) {
+  if (!steps.back().keys.empty()) {
     above.back().keys.clear();
-  } else {
-    above.pop_back();
+    return erase_entry(descend(root_, above), steps.back().keys);
   }
-  Nodes &siblings = descend(root_, above).children;
-  siblings.erase(is_entry ? place_of_entry(std::as_const(siblings), steps.back().keys)
-                          : place_of_child(std::as_const(siblings), *steps.back().schema));
+  above.pop_back();
+  erase_child(descend(root_, above), *steps.back().schema);
 }
 
 const Node *Tree::find(std::string_view path) const {
@@ -195,6 +192,17 @@ Node &put_entry(Node &list, std::vector<Value> keys) {
   const auto at = static_cast<std::size_t>(place - std::as_const(list.children).begin());
   if (at < list.children.size() && compare_keys(place->keys, keys) == 0) return list.children[at];
   return *list.children.insert(place, Node{list.schema, std::move(keys), {}, {}});
+}
+
+void erase_child(Node &parent, const SchemaNode &child_schema) {
+  const auto place = place_of_child(std::as_const(parent.children), child_schema);
+  if (place != std::as_const(parent.children).end() && place->schema == &child_schema) parent.children.erase(place);
+}
+
+void erase_entry(Node &list, const std::vector<Value> &keys) {
+  const auto place = place_of_entry(std::as_const(list.children), keys);
+  const bool is_there = place != std::as_const(list.children).end() && compare_keys(place->keys, keys) == 0;
+  if (is_there) list.children.erase(place);
 }
 
 Node &append_entry(Node &list, std::vector<Value> keys) {

@@ -75,6 +75,12 @@ Node &child(Node &parent, const SchemaNode &child_schema);
 /// that of child().
 Node &put_entry(Node &list, std::vector<Value> keys);
 
+/// Removes the child of `parent` for `child_schema` with all below it; does nothing if there is none.
+void erase_child(Node &parent, const SchemaNode &child_schema);
+
+/// Removes the entry of a sorted list with these keys; does nothing if there is none.
+void erase_entry(Node &list, const std::vector<Value> &keys);
+
 /// Appends an entry without searching for its position or for an entry with the same keys. For code that sorts the list
 /// once at the end.
 Node &append_entry(Node &list, std::vector<Value> keys);

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "element/schema/leaf_type.h"
+
 namespace element {
 namespace {
 
@@ -46,12 +48,6 @@ std::string value_of(const SchemaNode &leaf, const lysc_type &type) {
   if (leaf.type == ValueType::ipv4) return "an IPv4 address in dotted notation";
   if (leaf.type == ValueType::empty) return "no value ([null] in JSON)";
   return leaf.type == ValueType::text ? text_of(type) : number_of(leaf, type);
-}
-
-/// "/mpls:mpls/l2-vpn:l2vpn-config", as libyang finds nodes of the data model.
-std::string schema_path(const SchemaNode &node) {
-  if (node.parent == nullptr) return "";
-  return fmt::format("{}/{}:{}", schema_path(*node.parent), node.module, node.name);
 }
 
 }  // namespace

@@ -46,6 +46,12 @@ std::string read_input(const std::filesystem::path &file) {
   return text;
 }
 
+std::string_view trimmed(std::string_view text) {
+  const std::size_t begin = std::min(text.find_first_not_of(kBlank), text.size());
+  const std::size_t end = text.find_last_not_of(kBlank);
+  return begin == text.size() ? std::string_view() : text.substr(begin, end - begin + 1);
+}
+
 std::string one_line(std::string_view text) {
   std::string line;
   std::string_view rest = text;

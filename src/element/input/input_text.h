@@ -26,6 +26,9 @@ struct Position {
 /// kMaxInputSize.
 std::string read_input(const std::filesystem::path &file);
 
+/// The text without blanks around it.
+std::string_view trimmed(std::string_view text);
+
 /// A piece of input for use in a one-line message: a character that steers_terminal becomes its escape_of, a byte that
 /// is not UTF-8 \xNN; text beyond 400 bytes is cut off with "...".
 std::string one_line(std::string_view text);

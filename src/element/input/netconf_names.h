@@ -12,9 +12,7 @@ inline constexpr std::string_view kYangNamespace = "urn:ietf:params:xml:ns:yang:
 
 /// What is said where a configuration was expected and the file holds operations on one, and what to do instead.
 inline constexpr std::string_view kEditGiven = "an edit was given as a configuration";
-inline constexpr std::string_view kInsteadOfEdit =
-    "a whole configuration: apply the edit to the element's candidate datastore, read that with get-config and discard "
-    "the changes";
+inline constexpr std::string_view kInsteadOfEdit = "a whole configuration; an edit is given with --edit";
 
 }  // namespace element
 

@@ -31,12 +31,6 @@ bool is_edit(const XmlElement &element) {
          (element.name() == "edit-data" && element.name_space() == kNmdaNamespace);
 }
 
-std::string_view trimmed(std::string_view text) {
-  const std::size_t begin = text.find_first_not_of(kBlank);
-  if (begin == std::string_view::npos) return "";
-  return text.substr(begin, text.find_last_not_of(kBlank) + 1 - begin);
-}
-
 }  // namespace
 
 bool XmlEnvelope::takes(const XmlElement &element) {

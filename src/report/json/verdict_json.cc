@@ -88,6 +88,7 @@ void write_json(std::ostream &out, const CheckReport &report) {
   json["inputs"] = {{"element", report.inputs.element.string()},
                     {"running", report.inputs.running.string()},
                     {"candidate", report.inputs.candidate.string()}};
+  for (const std::filesystem::path &edit : report.inputs.edits) json["inputs"]["edits"].push_back(edit.string());
   if (!report.commit.passed_over.is_nothing()) json["passed-over"] = passed_over_json(report);
   json["decision"] = decision_name(report.verdict.decision);
   json["total"] = total_json(report.verdict);

@@ -1,0 +1,118 @@
+#include "element/edit/edited_configuration.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "element/edit/apply_edit.h"
+#include "element/edit/edit_fault.h"
+#include "element/input/parse_fault.h"
+#include "element/input/source_tree.h"
+#include "element/output/data_tree.h"
+#include "element/output/value_text.h"
+
+namespace element {
+namespace {
+
+void add_lines(const EditNode &node, SourceTree &tree) {
+  // What goes has no line in the result.
+  if (node.operation == EditOperation::delete_existing || node.operation == EditOperation::remove) return;
+  tree.open(*node.schema, node.line);
+  for (std::size_t i = 0; i < node.keys.size(); ++i) {
+    const SchemaNode &key = *node.schema->children[i];
+    tree.open(key, node.line);
+    tree.set_text(file_text(key, node.keys[i]));
+    tree.close();
+  }
+  for (const EditNode &child : node.children) add_lines(child, tree);
+  tree.close();
+}
+
+SourceLines lines_of(const EditFile &file) {
+  SourceTree tree;
+  for (const Edit &edit : file.edits) {
+    for (const EditNode &node : edit.nodes) add_lines(node, tree);
+  }
+  return SourceLines(std::move(tree));
+}
+
+/// The data model's demands on the whole result. That of a mandatory leaf is looked at here, for libyang does not say
+/// in which entry it is missing.
+class ResultCheck {
+ public:
+  ResultCheck(const ConfigurationFile &result, std::string origin) : result_(result), origin_(std::move(origin)) {}
+
+  void run() {
+    require_mandatory(result_.tree.root());
+    const Schema &schema = result_.tree.schema();
+    const CollectedMessages messages(schema);
+    lyd_node *data = data_tree(result_.tree).release();
+    const LY_ERR status = lyd_validate_all(&data, schema.context(), LYD_VALIDATE_NO_STATE, nullptr);
+    const DataTree owner(data);
+    if (status != LY_SUCCESS) throw first_fault(schema, result_.source.lines, origin_);
+  }
+
+ private:
+  void require_mandatory(const Node &node) {
+    for (const Node &child : node.children) {
+      const bool is_list = child.schema->kind == NodeKind::list && !child.is_entry();
+      if (is_list) require_mandatory(child);
+      if (is_list || child.schema->kind == NodeKind::leaf) continue;
+      path_.push_back({child.schema, child.keys});
+      require_leafs(child);
+      require_mandatory(child);
+      path_.pop_back();
+    }
+  }
+
+  void require_leafs(const Node &node) const {
+    for (const auto &child : node.schema->children) {
+      const bool is_needed = child->kind == NodeKind::leaf && child->mandatory && child->choice == 0;
+      const bool is_key = child->position < node.schema->key_count;
+      if (is_needed && !is_key && node.find(*child) == nullptr) fail(*child);
+    }
+  }
+
+  [[noreturn]] void fail(const SchemaNode &leaf) const {
+    throw edit_fault(origin_, result_.source.lines.line_of(path_).value_or(0), path_,
+                     fmt::format("\"{}\" is missing", leaf.name), "it to be set, because it is mandatory");
+  }
+
+  const ConfigurationFile &result_;
+  std::string origin_;
+  Path path_;
+};
+
+/// Counts what a file passes over with what the files before it did.
+void add(PassedOver &all, const PassedOver &own) {
+  for (const ForeignModule &module : own.modules) {
+    const auto known = std::find_if(all.modules.begin(), all.modules.end(),
+                                    [&](const ForeignModule &other) { return other.name == module.name; });
+    if (known == all.modules.end()) {
+      all.modules.push_back(module);
+    } else {
+      *known = {module.name, known->nodes + module.nodes, module.line};
+    }
+  }
+}
+
+}  // namespace
+
+ConfigurationFile edited_configuration(const ConfigurationFile &before, const std::filesystem::path &file_before,
+                                       const std::vector<std::filesystem::path> &files, const ReadOptions &options) {
+  ConfigurationFile result{before.tree, {before.source.format, before.source.lines, {}, before.source.further}};
+  const std::filesystem::path *last = &file_before;
+  for (const std::filesystem::path &file : files) {
+    const EditFile edits = read_edits(before.tree.schema(), file, options);
+    for (const Edit &edit : edits.edits) result.tree = edited(result.tree, edit);
+    result.source.further.insert(result.source.further.begin(), {*last, result.source.lines});
+    result.source.lines = lines_of(edits);
+    add(result.source.passed_over, edits.passed_over);
+    last = &file;
+  }
+  ResultCheck(result, last->string()).run();
+  return result;
+}
+
+}  // namespace element
