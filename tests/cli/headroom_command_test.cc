@@ -110,7 +110,8 @@ TEST_F(HeadroomCommand, names_that_could_not_be_read_are_told_for_each_element) 
 
   const ProcessResult two =
       run_process(VPNVAL_FILE " headroom --format json" + running + candidate + element + element);
-  for (const json &measured : json::parse(two.output).at("elements")) {
+  const json document = json::parse(two.output);
+  for (const json &measured : document.at("elements")) {
     EXPECT_EQ(measured.at("unreadable").at(0).at("name"), "a b");
     EXPECT_EQ(measured.at("unreadable").at(0).at("questions"), 3);
   }
