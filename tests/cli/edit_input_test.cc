@@ -124,6 +124,7 @@ class RefusedEdit : public EditInput, public testing::WithParamInterface<Refusal
 TEST_P(RefusedEdit, says_where_and_what_was_expected) {
   folder.write("exists.xml", edit("<vlan nc:operation=\"create\"><id>5</id></vlan>"));
   folder.write("missing.xml", edit("<vlan nc:operation=\"delete\"><id>6</id></vlan>"));
+  folder.write("two.xml", edit("<vlan><id>7</id></vlan>") + edit("<l3-interface><name>l3</name></l3-interface>"));
   folder.write("incomplete.xml", edit("<l3-interface><name>l3</name></l3-interface>"));
   std::vector<std::string> arguments;
   for (const std::string &argument : GetParam().arguments) arguments.push_back(in_folder(argument));
@@ -151,6 +152,11 @@ INSTANTIATE_TEST_SUITE_P(
                 65,
                 "vpnval: F/incomplete.xml:3: /config/l3-interface{l3}: \"vlan\" is missing; expected it to be set, "
                 "because it is mandatory\n"},
+        Refusal{"the_result_of_a_second_edit_lacks_a_leaf",
+                {"check", "F/", "--edit", "F/two.xml"},
+                65,
+                "vpnval: F/two.xml:7: /config/l3-interface{l3}: \"vlan\" is missing; expected it to be set, because it "
+                "is mandatory\n"},
         Refusal{"an_edit_as_candidate",
                 {"check", "F/", "--candidate", "F/exists.xml"},
                 65,

@@ -4,10 +4,10 @@
 #include <rapidcheck/gtest.h>
 
 #include "drawn_configuration.h"
+#include "edit_of_difference.h"
+#include "edit_writer.h"
 #include "element/datastore/difference.h"
 #include "element/edit/apply_edit.h"
-#include "element/edit/edit_of_difference.h"
-#include "element/edit/edit_writer.h"
 #include "element/input/input_error.h"
 #include "print.h"
 

@@ -16,6 +16,10 @@ bool is_netconf(const XmlNode &node, std::string_view name) {
   return node.name_space == kNetconfNamespace && node.name == name;
 }
 
+bool is_edit_operation(const XmlNode &node) {
+  return is_netconf(node, "edit-config") || (node.name_space == kNmdaNamespace && node.name == "edit-data");
+}
+
 class NetconfEditReader {
  public:
   NetconfEditReader(const Schema &schema, const std::string &origin, const ReadOptions &options)
@@ -33,9 +37,7 @@ class NetconfEditReader {
   void add(const XmlNode &node) {
     if (is_netconf(node, "hello")) return;
     if (is_netconf(node, "rpc")) return add_rpc(node);
-    if (is_netconf(node, "edit-config") || (node.name_space == kNmdaNamespace && node.name == "edit-data")) {
-      return add_edit_config(node);
-    }
+    if (is_edit_operation(node)) return add_edit_config(node);
     if (node.name == "config" && (node.name_space == kNetconfNamespace || node.name_space.empty())) {
       return add_nodes(node.children, EditOperation::merge);
     }
@@ -48,9 +50,8 @@ class NetconfEditReader {
 
   void add_rpc(const XmlNode &rpc) {
     for (const XmlNode &operation : rpc.children) {
-      const bool is_edit = is_netconf(operation, "edit-config") || operation.name == "edit-data";
-      if (!is_edit) fail(operation, fmt::format("rpc {}", operation.name), "edit-config alone");
-      add(operation);
+      if (!is_edit_operation(operation)) fail(operation, fmt::format("rpc {}", operation.name), "edit-config alone");
+      add_edit_config(operation);
     }
   }
 

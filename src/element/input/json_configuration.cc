@@ -268,7 +268,7 @@ class JsonFilter : public JsonEvents {
   void begin_line() {
     out_ += is_first_ ? "\n" : ",\n";
     is_first_ = false;
-    require_size();
+    require_own_size(out_.size(), options_, origin_);
   }
 
   void append_scalar(const JsonScalar &value) {
@@ -277,7 +277,7 @@ class JsonFilter : public JsonEvents {
     } else {
       out_ += value.text;
     }
-    require_size();
+    require_own_size(out_.size(), options_, origin_);
   }
 
   /// Only [null] means something, for a leaf without a value; the parser says so for other values.
@@ -306,12 +306,6 @@ class JsonFilter : public JsonEvents {
 
   [[noreturn]] void refuse_edit(std::size_t line) const {
     nodes_.refuse(line, fmt::format("{} (annotation {})", kEditGiven, kOperation), std::string(kInsteadOfEdit));
-  }
-
-  void require_size() const {
-    if (out_.size() <= options_.largest) return;
-    throw InputError(fmt::format("{}: the element's own nodes take more than {} bytes; expected at most that", origin_,
-                                 options_.largest));
   }
 
   const Schema &schema_;

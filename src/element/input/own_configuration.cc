@@ -9,6 +9,12 @@
 
 namespace element {
 
+void require_own_size(std::size_t size, const ReadOptions &options, const std::string &origin) {
+  if (size <= options.largest) return;
+  throw InputError(fmt::format("{}: the element's own nodes take more than {} bytes; expected at most that", origin,
+                               options.largest));
+}
+
 OwnConfiguration read_own_configuration(const Schema &schema, InputPieces &input, const ReadOptions &options) {
   const char first = input.skip_blanks();
   // '#' begins NETCONF's chunks.

@@ -26,6 +26,9 @@ struct ReadOptions {
   std::size_t largest = std::size_t{1} << 30;  ///< how many bytes the element's own nodes may take
 };
 
+/// Throws InputError, which names `origin`, where the element's own nodes take more bytes than the options allow.
+void require_own_size(std::size_t size, const ReadOptions &options, const std::string &origin);
+
 /// Reads an input once and keeps the element's own nodes. Envelopes of NETCONF and RESTCONF are taken off; nodes of
 /// other modules with all that they hold, annotations, comments and blanks are passed over. Memory grows with what is
 /// kept alone. Throws InputError, as OwnNodes and the readers of both formats do; FileError for a file that cannot be

@@ -22,7 +22,8 @@ bool has_keys(const SourceTree &tree, NodeId entry, const PathStep &step) {
 
 enum class Wanted { first, all };
 
-/// Appends the children of `parent` that the step means. There is one at most unless the file is not valid.
+/// Appends the children of `parent` that the step means. There is one at most, unless the file is not valid or holds
+/// several edits.
 void append_matches(const SourceTree &tree, NodeId parent, const PathStep &step, Wanted wanted,
                     std::vector<NodeId> &matches) {
   const NodeId end = tree.end(parent);
@@ -53,7 +54,8 @@ SourceLines::SourceLines() : SourceLines(SourceTree()) {}
 SourceLines::SourceLines(SourceTree tree) : tree_(std::make_shared<const SourceTree>(std::move(tree))) {}
 
 std::optional<std::size_t> SourceLines::line_of(const Path &path) const {
-  const std::vector<NodeId> nodes = find(*tree_, path, Wanted::first);
+  std::vector<NodeId> nodes = find(*tree_, path, Wanted::first);
+  if (nodes.empty()) nodes = find(*tree_, path, Wanted::all);
   return nodes.empty() ? std::nullopt : std::optional(tree_->line(nodes.front()));
 }
 

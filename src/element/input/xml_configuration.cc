@@ -69,7 +69,7 @@ class XmlFilter : public XmlEvents {
       envelope_.text(part);
     } else if (nodes_.open_node().kind == NodeKind::leaf) {
       text_ += part;
-      require_size(out_.size() + text_.size());
+      require_own_size(out_.size() + text_.size(), options_, origin_);
     } else if (!is_blank(part)) {
       nodes_.refuse(nodes_.open_line(), "text in a node that holds other nodes", "elements only");
     }
@@ -101,7 +101,7 @@ class XmlFilter : public XmlEvents {
     out_ += node.name;
     if (node.module != parent.module) out_.append(" xmlns=\"").append(module->name_space).append("\"");
     out_ += '>';
-    require_size(out_.size());
+    require_own_size(out_.size(), options_, origin_);
   }
 
   void end_node() {
@@ -151,12 +151,6 @@ class XmlFilter : public XmlEvents {
       nodes_.refuse(line, fmt::format("attribute {} of element {}", one_line(attribute.name), one_line(element.name())),
                     "no attributes but annotations of other namespaces");
     }
-  }
-
-  void require_size(std::size_t size) const {
-    if (size <= options_.largest) return;
-    throw InputError(fmt::format("{}: the element's own nodes take more than {} bytes; expected at most that", origin_,
-                                 options_.largest));
   }
 
   const Schema &schema_;

@@ -1,4 +1,4 @@
-#include "element/edit/edit_writer.h"
+#include "edit_writer.h"
 
 #include <fmt/format.h>
 #include <libyang/libyang.h>

@@ -1,4 +1,4 @@
-#include "element/edit/edit_of_difference.h"
+#include "edit_of_difference.h"
 
 #include <algorithm>
 
