@@ -49,7 +49,8 @@ int main(int argc, char **argv) {
                                      variable("VPNVAL_PLUGIN"),
                                      is_terminal(STDOUT_FILENO),
                                      is_terminal(STDERR_FILENO),
-                                     !variable("NO_COLOR").empty()};
+                                     !variable("NO_COLOR").empty(),
+                                     variable("PATH")};
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
   return static_cast<int>(cli::run(arguments, environment));
 }

@@ -10,6 +10,7 @@
 #include "cli/commands/check_command.h"
 #include "cli/commands/check_series.h"
 #include "cli/commands/explain_command.h"
+#include "cli/commands/fetch_command.h"
 #include "cli/commands/headroom_command.h"
 #include "cli/commands/map_command.h"
 #include "cli/commands/plan_command.h"
@@ -35,6 +36,7 @@ struct CarryOut {
   ExitStatus operator()(const MapArguments &arguments) const { return map(arguments, environment); }
   ExitStatus operator()(const PlanArguments &arguments) const { return plan(arguments, environment); }
   ExitStatus operator()(const ApplyArguments &arguments) const { return apply(arguments, environment); }
+  ExitStatus operator()(const FetchArguments &arguments) const { return fetch(arguments, environment); }
 };
 
 ExitStatus run_command(const std::vector<std::string> &arguments, const Environment &environment) {
@@ -64,6 +66,8 @@ ExitStatus run(const std::vector<std::string> &arguments, const Environment &env
     return fail(error, ExitStatus::bad_input);
   } catch (const OutputFileError &error) {
     return fail(error, ExitStatus::unwritable_file);
+  } catch (const ElementError &error) {
+    return fail(error, ExitStatus::no_session);
   } catch (const host::LoadError &error) {
     return fail(error, ExitStatus::no_plugin);
   } catch (const std::bad_alloc &) {

@@ -2,10 +2,12 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 
 #include <array>
 #include <cerrno>
+#include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -29,13 +31,31 @@ struct Pipe {
   }
 };
 
+/// For a standard input: unlike a pipe, it can be written without a signal where its reader is gone.
+struct SocketPair {
+  Descriptor read;
+  Descriptor write;
+
+  SocketPair() {
+    std::array<int, 2> ends{};
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) require(errno, "socketpair");
+    read = Descriptor(ends[0]);
+    write = Descriptor(ends[1]);
+  }
+};
+
 /// What a child does before it becomes the program.
 class Preparation {
  public:
-  Preparation(const Pipe &out, const Pipe &err, const sigset_t &mask) {
+  /// `in`: closed for an empty standard input.
+  Preparation(const Descriptor &in, const Pipe &out, const Pipe &err, const sigset_t &mask) {
     require(posix_spawn_file_actions_init(&actions_), "posix_spawn");
     require(posix_spawnattr_init(&attributes_), "posix_spawn");
-    require(posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0), "posix_spawn");
+    if (in.is_open()) {
+      require(posix_spawn_file_actions_adddup2(&actions_, in.number(), STDIN_FILENO), "posix_spawn");
+    } else {
+      require(posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0), "posix_spawn");
+    }
     require(posix_spawn_file_actions_adddup2(&actions_, out.write.number(), STDOUT_FILENO), "posix_spawn");
     require(posix_spawn_file_actions_adddup2(&actions_, err.write.number(), STDERR_FILENO), "posix_spawn");
     require(posix_spawnattr_setsigmask(&attributes_, &mask), "posix_spawn");
@@ -56,13 +76,18 @@ class Preparation {
   posix_spawnattr_t attributes_{};
 };
 
-/// Appends what stands ready; closes the descriptor at the end of what there is to read.
+/// Takes what stands ready; closes the descriptor at the end of what there is to read.
+std::size_t read_some(Descriptor &descriptor, char *buffer, std::size_t size) {
+  const ssize_t count = read(descriptor.number(), buffer, size);
+  if (count < 0 && errno == EINTR) return 0;
+  if (count <= 0) descriptor.close();
+  return count <= 0 ? 0 : static_cast<std::size_t>(count);
+}
+
+/// Appends what stands ready.
 void read_into(std::string &text, Descriptor &descriptor) {
   std::array<char, std::size_t{1} << 16> chunk{};
-  const ssize_t count = read(descriptor.number(), chunk.data(), chunk.size());
-  if (count < 0 && errno == EINTR) return;
-  if (count <= 0) return descriptor.close();
-  text.append(chunk.data(), static_cast<std::size_t>(count));
+  text.append(chunk.data(), read_some(descriptor, chunk.data(), chunk.size()));
 }
 
 int wait_for(pid_t process) {
@@ -74,10 +99,13 @@ int wait_for(pid_t process) {
 
 }  // namespace
 
-Child::Child(const std::filesystem::path &program, const std::vector<std::string> &arguments, const sigset_t &mask) {
+Child::Child(const std::filesystem::path &program, const std::vector<std::string> &arguments, const sigset_t &mask,
+             Input input) {
+  std::optional<SocketPair> in;
+  if (input == Input::written) in.emplace();
   Pipe out;
   Pipe err;
-  const Preparation preparation(out, err, mask);
+  const Preparation preparation(in ? in->read : in_, out, err, mask);
   std::string name = program.string();
   std::vector<std::string> texts = arguments;
   std::vector<char *> argv{name.data()};
@@ -85,6 +113,7 @@ Child::Child(const std::filesystem::path &program, const std::vector<std::string
   argv.push_back(nullptr);
   require(posix_spawn(&process_, name.c_str(), preparation.actions(), preparation.attributes(), argv.data(), environ),
           name.c_str());
+  if (in) in_ = std::move(in->write);
   out_ = std::move(out.read);
   err_ = std::move(err.read);
 }
@@ -96,6 +125,8 @@ Child::~Child() {
 }
 
 void Child::read_out() { read_into(result_.out, out_); }
+
+std::size_t Child::read_out(char *buffer, std::size_t size) { return read_some(out_, buffer, size); }
 
 void Child::read_err() {
   read_into(result_.err, err_);

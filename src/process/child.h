@@ -23,16 +23,21 @@ struct Result {
 
 inline constexpr std::size_t kErrorTail = 8192;
 
-/// A process of its own, ended with the object where it still runs. Its standard input is empty.
+enum class Input { empty, written };
+
+/// A process of its own, ended with the object where it still runs.
 class Child {
  public:
-  /// Starts the program; `arguments` without its name, `mask` the signals that are blocked in it. Throws
-  /// std::system_error.
-  Child(const std::filesystem::path &program, const std::vector<std::string> &arguments, const sigset_t &mask);
+  /// Starts the program; `arguments` without its name, `mask` the signals that are blocked in it, `input` whether its
+  /// standard input is empty or what is written to in(). Throws std::system_error.
+  Child(const std::filesystem::path &program, const std::vector<std::string> &arguments, const sigset_t &mask,
+        Input input = Input::empty);
   ~Child();
   Child(const Child &) = delete;
   Child &operator=(const Child &) = delete;
 
+  /// Where its standard input is written, a socket; closed where that is empty.
+  Descriptor &in() { return in_; }
   /// The descriptors to wait for; closed ones once their end was read.
   const Descriptor &out() const { return out_; }
   const Descriptor &err() const { return err_; }
@@ -40,12 +45,15 @@ class Child {
   /// Takes what stands ready, without waiting where the descriptor is ready.
   void read_out();
   void read_err();
+  /// As read_out(), but into the buffer. 0: there is nothing, or it was the end.
+  std::size_t read_out(char *buffer, std::size_t size);
 
   /// Waits for the end of the process, to be called when both descriptors are closed.
   Result finish();
 
  private:
   pid_t process_ = -1;
+  Descriptor in_;
   Descriptor out_;
   Descriptor err_;
   Result result_;

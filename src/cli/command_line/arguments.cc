@@ -228,13 +228,15 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   MapArguments map;
   PlanArguments plan;
   ApplyArguments apply;
+  FetchArguments fetch;
   const CLI::App *check_command = add_check(program, check);
   const CLI::App *show_command = add_show(program, show);
   const CLI::App *explain_command = add_explain(program, explain);
   const CLI::App *headroom_command = add_headroom(program, headroom);
   const CLI::App *map_command = add_map(program, map);
   const CLI::App *plan_command = add_plan(program, plan);
-  add_apply(program, apply);
+  const CLI::App *apply_command = add_apply(program, apply);
+  add_fetch(program, fetch);
 
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
@@ -254,7 +256,8 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   if (headroom_command->parsed()) return headroom;
   if (map_command->parsed()) return map;
   if (plan_command->parsed()) return plan;
-  return apply;
+  if (apply_command->parsed()) return apply;
+  return fetch;
 }
 
 }  // namespace cli

@@ -17,7 +17,8 @@ struct Environment {
   std::string plugin_variable;    ///< value of VPNVAL_PLUGIN, empty when it is not set
   bool out_is_terminal = false;   ///< one that obeys escape sequences
   bool err_is_terminal = false;
-  bool no_colour = false;  ///< NO_COLOR is set
+  bool no_colour = false;     ///< NO_COLOR is set
+  std::string search_path{};  ///< value of PATH, where other programs are looked for
 
   /// The time by which progress is shown.
   std::function<std::chrono::steady_clock::time_point()> clock = std::chrono::steady_clock::now;

@@ -22,6 +22,12 @@ class WorkerError : public std::runtime_error {
   ExitStatus status;  ///< to end with
 };
 
+/// An element that cannot be reached or refuses what it is asked for; what() names it.
+class ElementError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 /// The result cannot be delivered.
 class OutputError : public std::runtime_error {
  public:

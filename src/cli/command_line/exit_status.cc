@@ -2,7 +2,7 @@
 
 namespace cli {
 
-const std::array<ExitStatusMeaning, 10> exit_status_table{{
+const std::array<ExitStatusMeaning, 11> exit_status_table{{
     {ExitStatus::accepted, "the commit is accepted, also with warnings"},
     {ExitStatus::rejected, "the commit is rejected"},
     {ExitStatus::accepted_with_warnings, "the commit is accepted with warnings, under --fail-on-warn"},
@@ -13,6 +13,7 @@ const std::array<ExitStatusMeaning, 10> exit_status_table{{
     {ExitStatus::internal, "internal error, or the library broke its contract"},
     {ExitStatus::out_of_memory, "memory ran out"},
     {ExitStatus::unwritable_file, "a result file cannot be written"},
+    {ExitStatus::no_session, "an element cannot be reached, or refuses, over NETCONF"},
 }};
 
 int severity(ExitStatus status) {

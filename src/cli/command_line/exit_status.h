@@ -18,7 +18,8 @@ enum class ExitStatus : int {
   no_plugin = 69,
   internal = 70,
   out_of_memory = 71,
-  unwritable_file = 73
+  unwritable_file = 73,
+  no_session = 76
 };
 
 struct ExitStatusMeaning {
@@ -30,7 +31,7 @@ struct ExitStatusMeaning {
 int severity(ExitStatus status);
 
 /// All of them, ascending, in the words of the help.
-extern const std::array<ExitStatusMeaning, 10> exit_status_table;
+extern const std::array<ExitStatusMeaning, 11> exit_status_table;
 
 }  // namespace cli
 

@@ -3,9 +3,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "element/input/input_error.h"
+#include "element/input/input_file.h"
 #include "element/input/input_text.h"
 #include "element/input/utf8.h"
 
@@ -29,11 +31,19 @@ std::size_t size_of_whole_characters(std::string_view text) {
   return text.size();
 }
 
+InputPieces::Source source_of(const std::filesystem::path &file) {
+  const auto input = std::make_shared<InputFile>(file);
+  return [input](char *buffer, std::size_t size) { return input->read(buffer, size); };
+}
+
 }  // namespace
 
-InputPieces::InputPieces(const std::filesystem::path &file) : origin_(file.string()), file_(file), buffer_(kPiece) {}
+InputPieces::InputPieces(const std::filesystem::path &file) : InputPieces(source_of(file), file.string()) {}
 
 InputPieces::InputPieces(std::string_view text, std::string origin) : origin_(std::move(origin)), text_(text) {}
+
+InputPieces::InputPieces(Source source, std::string origin)
+    : origin_(std::move(origin)), source_(std::move(source)), buffer_(kPiece) {}
 
 char InputPieces::skip_blanks() {
   for (InputPiece piece = next(); !piece.text.empty(); piece = next()) {
@@ -78,10 +88,12 @@ std::string_view InputPieces::read() {
 
 /// Whether there is something behind the next piece, or may be.
 bool InputPieces::fill() {
-  if (!file_) return text_.size() > kPiece;
+  if (buffer_.empty()) return text_.size() > kPiece;
   std::copy(text_.begin(), text_.end(), buffer_.begin());
-  const std::size_t count = file_->read(buffer_.data() + text_.size(), kPiece - text_.size());
+  if (!source_) return false;
+  const std::size_t count = source_(buffer_.data() + text_.size(), kPiece - text_.size());
   text_ = {buffer_.data(), text_.size() + count};
+  if (count == 0) source_ = nullptr;
   return count != 0;
 }
 

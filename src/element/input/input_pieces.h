@@ -3,12 +3,10 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <optional>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "element/input/input_file.h"
 
 namespace element {
 
@@ -26,6 +24,10 @@ class InputPieces {
   explicit InputPieces(const std::filesystem::path &file);
   /// Reads `text`, which must outlive the object. Errors name `origin` as the file.
   InputPieces(std::string_view text, std::string origin);
+  /// Reads what `source` puts into its buffer, at most `size` bytes a call; 0 is the end, after which it is not called
+  /// again. What it throws comes through.
+  using Source = std::function<std::size_t(char *buffer, std::size_t size)>;
+  InputPieces(Source source, std::string origin);
   InputPieces(const InputPieces &) = delete;
   InputPieces &operator=(const InputPieces &) = delete;
 
@@ -50,9 +52,9 @@ class InputPieces {
   void require_text(std::string_view text) const;
 
   std::string origin_;
-  std::optional<InputFile> file_;
+  Source source_;             ///< none for a text
   std::string_view text_;     ///< what is left of a text, or of what the buffer holds
-  std::vector<char> buffer_;  ///< of a file
+  std::vector<char> buffer_;  ///< of a source
   std::string_view rest_;     ///< put back
   std::size_t line_ = 1;      ///< of the next piece
   bool has_begun_ = false;
