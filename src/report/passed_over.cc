@@ -8,7 +8,7 @@ namespace report {
 namespace {
 
 PassedOverCount count(const element::PassedOver &passed_over) {
-  return {passed_over.nodes(), passed_over.modules.size()};
+  return {passed_over.nodes(), passed_over.count_modules()};
 }
 
 std::string count_in(const PassedOverCount &count, std::string_view configuration) {

@@ -51,6 +51,28 @@ TEST_F(EditInput, edits_are_applied_in_their_order) {
             nlohmann::json::array({folder.file("edit.xml"), folder.file("second.xml")}));
 }
 
+TEST_F(EditInput, a_folder_may_hold_an_edit_in_json) {
+  folder.remove("edit.xml");
+  folder.write("edit.json", R"({"base:config": {"vlan": [{"id": 5}, {"id": 9}]}})");
+  EXPECT_TRUE(run({"check"}).out.starts_with("changes: 1\n+ /config/vlan{9}\n"));
+  folder.write("edit.json", R"({"ietf-yang-patch:yang-patch": {"patch-id": "p", "edit": [
+{"edit-id": "a", "operation": "remove", "target": "/base:config/vlan=5"}]}})");
+  EXPECT_TRUE(run({"check"}).out.starts_with("changes: 1\n- /config/vlan{5}\n"));
+  folder.write("edit.xml", edit(""));
+  EXPECT_EQ(run({"check"}).err,
+            "vpnval: " + folder.path() + ": holds edit.xml and edit.json; one of them was expected\n");
+}
+
+TEST_F(EditInput, modules_that_are_passed_over_are_listed_with_the_edit_that_holds_them) {
+  folder.write("second.json", R"({"other:note": {"a": 1}})");
+  folder.write("edit.xml", edit("<vlan><id>7</id></vlan><x xmlns=\"urn:x\"/>"));
+  const Outcome outcome =
+      run_with_answers({"apply", "--running", folder.file("running.json"), "--edit", folder.file("edit.xml"), "--edit",
+                        folder.file("second.json"), "--list-foreign"});
+  EXPECT_EQ(outcome.err, "passed over: 3 nodes of 2 modules in candidate\n  " + folder.file("edit.xml") +
+                             ":3: 1 node of urn:x\n  " + folder.file("second.json") + ":1: 2 nodes of other\n");
+}
+
 TEST_F(EditInput, other_commands_take_an_edit_too) {
   EXPECT_EQ(run({"show", "/config"}).out, "/config/vlan{5}\n/config/vlan{7}\n");
   for (const std::string command : {"headroom", "plan", "map"}) {
@@ -126,6 +148,9 @@ TEST_P(RefusedEdit, says_where_and_what_was_expected) {
   folder.write("missing.xml", edit("<vlan nc:operation=\"delete\"><id>6</id></vlan>"));
   folder.write("two.xml", edit("<vlan><id>7</id></vlan>") + edit("<l3-interface><name>l3</name></l3-interface>"));
   folder.write("incomplete.xml", edit("<l3-interface><name>l3</name></l3-interface>"));
+  folder.write("patch.json", R"({"ietf-yang-patch:yang-patch": {"patch-id": "p"}})");
+  folder.write("patch.xml", "<yang-patch xmlns=\"urn:ietf:params:xml:ns:yang:ietf-yang-patch\"/>");
+  folder.write("merge.json", R"({"base:config": {"vlan": null}})");
   std::vector<std::string> arguments;
   for (const std::string &argument : GetParam().arguments) arguments.push_back(in_folder(argument));
   const Outcome outcome = run_with_answers(arguments);
@@ -162,6 +187,21 @@ INSTANTIATE_TEST_SUITE_P(
                 65,
                 "vpnval: F/exists.xml:3: /config: an edit was given as a configuration (attribute operation); expected "
                 "a whole configuration; an edit is given with --edit\n"},
+        Refusal{"a_yang_patch_as_candidate",
+                {"check", "F/", "--candidate", "F/patch.json"},
+                65,
+                "vpnval: F/patch.json:1: an edit was given as a configuration (member ietf-yang-patch:yang-patch); "
+                "expected a whole configuration; an edit is given with --edit\n"},
+        Refusal{"a_yang_patch_in_xml_as_candidate",
+                {"check", "F/", "--candidate", "F/patch.xml"},
+                65,
+                "vpnval: F/patch.xml:1: an edit was given as a configuration; expected a whole configuration; an edit "
+                "is given with --edit\n"},
+        Refusal{"a_merge_patch_as_candidate",
+                {"check", "F/", "--candidate", "F/merge.json"},
+                65,
+                "vpnval: F/merge.json:1: /config: \"vlan\" is null; expected what is configured; a merge patch is "
+                "given with --edit\n"},
         Refusal{"no_such_file",
                 {"apply", "F/", "--edit", "F/nowhere.xml"},
                 66,

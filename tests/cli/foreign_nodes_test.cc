@@ -41,8 +41,9 @@ TEST_F(ForeignNodes, json_counts_and_lists_them) {
   using nlohmann::json;
   const json counts = {{"running", {{"nodes", 0}, {"modules", 0}}}, {"candidate", {{"nodes", 4}, {"modules", 2}}}};
   EXPECT_EQ(json::parse(run({"check", "--format=json"}).out).at("passed-over"), counts);
-  const json modules =
-      json::array({{{"module", "x"}, {"nodes", 2}, {"line", 1}}, {{"module", "y"}, {"nodes", 2}, {"line", 2}}});
+  const std::string file = folder.file("candidate.json");
+  const json modules = json::array({{{"module", "x"}, {"nodes", 2}, {"file", file}, {"line", 1}},
+                                    {{"module", "y"}, {"nodes", 2}, {"file", file}, {"line", 2}}});
   EXPECT_EQ(
       json::parse(run({"check", "--format=json", "--list-foreign"}).out).at("passed-over").at("candidate").at("list"),
       modules);

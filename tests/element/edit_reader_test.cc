@@ -6,27 +6,12 @@
 #include "drawn_configuration.h"
 #include "edit_of_difference.h"
 #include "edit_writer.h"
+#include "edited_by.h"
 #include "element/datastore/difference.h"
-#include "element/edit/apply_edit.h"
-#include "element/input/input_error.h"
-#include "print.h"
 
 namespace {
 
-Lines after(const Lines &running, const std::string &text) {
-  element::Tree tree = tree_of(running);
-  for (const element::Edit &edit : parse_edits(test_schema(), text, "edit.xml").edits) tree = edited(tree, edit);
-  return print(tree);
-}
-
-std::string fault_of(const std::string &text) {
-  try {
-    after({"/config/vlan{100}/interface{eth2}"}, text);
-  } catch (const element::InputError &fault) {
-    return fault.what();
-  }
-  return "";
-}
+Lines after(const Lines &running, const std::string &text) { return edited_by(running, text, "edit.xml"); }
 
 std::string config(const std::string &content) {
   return R"(<config xmlns="urn:ietf:params:xml:ns:netconf:base:1.0" xmlns:nc="urn:ietf:params:xml:ns:netconf:base:1.0">
@@ -83,57 +68,50 @@ TEST(EditReader, nodes_of_other_modules_are_passed_over_and_counted) {
   EXPECT_EQ(file.edits.size(), 1u);
 }
 
-struct Fault {
-  const char *name;
-  std::string text;
-  std::string message;
-};
-
-void PrintTo(const Fault &fault, std::ostream *out) { *out << fault.name; }
-
-class FaultOfAnEdit : public testing::TestWithParam<Fault> {};
+class FaultOfAnEdit : public testing::TestWithParam<FaultyEdit> {};
 
 TEST_P(FaultOfAnEdit, names_line_path_and_what_was_expected) {
-  EXPECT_EQ(fault_of(GetParam().text), GetParam().message);
+  EXPECT_EQ(fault_of_edit({"/config/vlan{100}/interface{eth2}"}, GetParam().text, "edit.xml"), GetParam().message);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Xml, FaultOfAnEdit,
     testing::Values(
-        Fault{
+        FaultyEdit{
             "misspelled_node", config("<vlan><id>7</id><interfaec/></vlan>"),
             "edit.xml:3: /config/vlan{7}: node interfaec is not in the data model there; expected one of id, interface"},
-        Fault{"derived_node", R"(<internal xmlns="urn:element:internal"/>)",
-              "edit.xml:1: node internal is written by the element itself; expected what an operator writes"},
-        Fault{
+        FaultyEdit{"derived_node", R"(<internal xmlns="urn:element:internal"/>)",
+                   "edit.xml:1: node internal is written by the element itself; expected what an operator writes"},
+        FaultyEdit{
             "node_without_namespace", "<config><vlan/></config>",
             "edit.xml:1: node vlan is not in the data model there; expected one of config xmlns=\"urn:element:base\", mpls xmlns=\"urn:element:mpls\""},
-        Fault{"unknown_operation", config("<vlan nc:operation='destroy'><id>7</id></vlan>"),
-              "edit.xml:3: /config/vlan: operation \"destroy\"; expected merge, replace, create, delete or remove"},
-        Fault{
+        FaultyEdit{
+            "unknown_operation", config("<vlan nc:operation='destroy'><id>7</id></vlan>"),
+            "edit.xml:3: /config/vlan: operation \"destroy\"; expected merge, replace, create, delete or remove"},
+        FaultyEdit{
             "operation_without_namespace", config("<vlan operation='delete'><id>100</id></vlan>"),
             "edit.xml:3: /config/vlan: attribute operation without namespace; expected operation in the namespace urn:ietf:params:xml:ns:netconf:base:1.0"},
-        Fault{"value_out_of_range", config("<vlan><id>4095</id></vlan>"),
-              "edit.xml:3: /config/vlan/id: value \"4095\"; expected a number of 1..4094"},
-        Fault{"missing_key", config("<vlan nc:operation='delete'/>"),
-              "edit.xml:3: /config/vlan: entry without key id; expected all of its keys"},
-        Fault{"text_in_a_container", config("<vlan><id>7</id>seven</vlan>"),
-              "edit.xml:3: /config/vlan: text \"seven\"; expected elements only"},
-        Fault{"element_in_a_leaf", config("<l3-interface><name>a</name><vlan><id/></vlan></l3-interface>"),
-              "edit.xml:3: /config/l3-interface{a}/vlan: element id in a leaf; expected a value"},
-        Fault{
+        FaultyEdit{"value_out_of_range", config("<vlan><id>4095</id></vlan>"),
+                   "edit.xml:3: /config/vlan/id: value \"4095\"; expected a number of 1..4094"},
+        FaultyEdit{"missing_key", config("<vlan nc:operation='delete'/>"),
+                   "edit.xml:3: /config/vlan: entry without key id; expected all of its keys"},
+        FaultyEdit{"text_in_a_container", config("<vlan><id>7</id>seven</vlan>"),
+                   "edit.xml:3: /config/vlan: text \"seven\"; expected elements only"},
+        FaultyEdit{"element_in_a_leaf", config("<l3-interface><name>a</name><vlan><id/></vlan></l3-interface>"),
+                   "edit.xml:3: /config/l3-interface{a}/vlan: element id in a leaf; expected a value"},
+        FaultyEdit{
             "whole_configuration", "<data xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'/>",
             "edit.xml:1: data holds a whole configuration, no edit; expected an edit-config, a config or the nodes of an edit"},
-        Fault{"other_rpc", "<rpc xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'><commit/></rpc>",
-              "edit.xml:1: rpc commit; expected edit-config alone"},
-        Fault{"unknown_default_operation", edit_config("<default-operation>create</default-operation>", ""),
-              "edit.xml:2: default-operation \"create\"; expected merge, replace or none"},
-        Fault{"edit_config_without_config", "<edit-config xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'/>",
-              "edit.xml:1: edit-config without config; expected the edit itself"},
-        Fault{"element_of_another_module", "<interfaces xmlns='urn:other'/>",
-              "edit.xml:1: element interfaces; expected an edit-config, a config or the nodes of an edit"},
-        Fault{"nothing", "<!-- later -->",
-              "edit.xml: no edit; expected an edit-config, a config or the nodes of an edit"}),
+        FaultyEdit{"other_rpc", "<rpc xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'><commit/></rpc>",
+                   "edit.xml:1: rpc commit; expected edit-config alone"},
+        FaultyEdit{"unknown_default_operation", edit_config("<default-operation>create</default-operation>", ""),
+                   "edit.xml:2: default-operation \"create\"; expected merge, replace or none"},
+        FaultyEdit{"edit_config_without_config", "<edit-config xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'/>",
+                   "edit.xml:1: edit-config without config; expected the edit itself"},
+        FaultyEdit{"element_of_another_module", "<interfaces xmlns='urn:other'/>",
+                   "edit.xml:1: element interfaces; expected an edit-config, a config or the nodes of an edit"},
+        FaultyEdit{"nothing", "<!-- later -->",
+                   "edit.xml: no edit; expected an edit-config, a config or the nodes of an edit"}),
     [](const auto &fault) { return fault.param.name; });
 
 RC_GTEST_PROP(EditProperty, written_and_read_back_it_gives_the_new_configuration, ()) {

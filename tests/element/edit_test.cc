@@ -25,7 +25,7 @@ Edit edit_at(const std::string &path, EditOperation operation, element::Value va
     around.children.push_back(std::move(node));
     node = std::move(around);
   }
-  return {"edit.xml", false, {std::move(node)}};
+  return {{"edit.xml"}, false, {std::move(node)}};
 }
 
 const std::string kGroup = "/mpls/l2vpn-config/l2vpn/vpws-group{G}";

@@ -31,8 +31,8 @@ std::string fault_of(const std::string &text, const element::ReadOptions &option
 /// "NAME: NODES from LINE" of each module.
 Lines foreign_of(const std::string &text) {
   Lines lines;
-  for (const auto &[name, nodes, line] : parse(text).source.passed_over.modules) {
-    lines.push_back(fmt::format("{}: {} from {}", name, nodes, line));
+  for (const element::ForeignModule &module : parse(text).source.passed_over.modules) {
+    lines.push_back(fmt::format("{}: {} from {}", module.name, module.nodes, module.line));
   }
   return lines;
 }

@@ -51,7 +51,8 @@ void add_edits(CLI::App &command, InputArguments &input) {
   command
       .add_option(
           "--edit", input.edits,
-          "Change of the running configuration in place of the candidate (NETCONF edit-config); several are applied in their order")
+          "Change of the running configuration in place of the candidate (NETCONF edit-config, YANG patch or JSON merge "
+          "patch); several are applied in their order")
       ->allow_extra_args(false)
       ->type_name("FILE");
 }
@@ -199,7 +200,8 @@ const std::map<std::string, element::InputFormat> configuration_formats{{"xml", 
 
 CLI::App *add_apply(CLI::App &program, ApplyArguments &apply) {
   CLI::App *command = program.add_subcommand("apply", "Write the candidate that an edit makes of the running");
-  command->add_option("DIR", apply.input.directory, "Folder with running.xml or .json, and edit.xml")->type_name("");
+  command->add_option("DIR", apply.input.directory, "Folder with running.xml or .json, and edit.xml or .json")
+      ->type_name("");
   command->add_option("--running", apply.input.running, "Configuration in force (XML or JSON)")->type_name("FILE");
   add_edits(*command, apply.input);
   add_foreign_options(*command, apply.input);

@@ -14,13 +14,13 @@ ExitStatus apply(const ApplyArguments &arguments, const Environment &environment
     throw UsageError("a directory was expected, or --running and --edit");
   }
   const InputFiles files = find_configurations(arguments.input);
-  if (files.edits.empty()) throw UsageError("no edit; expected --edit, or a folder with edit.xml");
+  if (files.edits.empty()) throw UsageError("no edit; expected --edit, or a folder with edit.xml or .json");
   const element::ReadOptions options = read_options(arguments.input);
   const element::Schema schema;
   const element::ConfigurationFile running = element::read_configuration_file(schema, files.running, options);
   const element::ConfigurationFile candidate =
       element::edited_configuration(running, files.running, files.edits, options);
-  tell_foreign_nodes(environment.err, arguments.input, files, {running.source, candidate.source});
+  tell_foreign_nodes(environment.err, arguments.input, {running.source, candidate.source});
   const std::string text =
       element::write_configuration(candidate.tree, arguments.format.value_or(running.source.format));
   if (arguments.output.empty()) {

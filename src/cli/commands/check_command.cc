@@ -60,7 +60,7 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
 
   const report::TextStyle style(wants_colour(arguments, environment));
   std::ostream &human = arguments.format == Format::text ? environment.out : environment.err;
-  tell_foreign_nodes(human, arguments.input, input.files(), input.sources());
+  tell_foreign_nodes(human, arguments.input, input.sources());
   report::write_changes(human, report.changes, style);
   // A library that meets a broken data model stops the process: what was found out by then must be out.
   human.flush();

@@ -53,7 +53,7 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   { const OutputFile can_be_written(arguments.output); }
 
   const CommitInput input(find_input_files(arguments.input), read_options(arguments.input));
-  tell_foreign_nodes(environment.err, arguments.input, input.files(), input.sources());
+  tell_foreign_nodes(environment.err, arguments.input, input.sources());
   host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
   const host::Verdict verdict = host::validate_commit(plugin, session, input.transaction());

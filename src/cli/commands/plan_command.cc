@@ -86,7 +86,7 @@ ExitStatus plan(const PlanArguments &arguments, const Environment &environment) 
   // Found out before a search that may take a minute.
   OutputFolder output(arguments.output);
   const CommitInput input(find_input_files(arguments.input), read_options(arguments.input));
-  tell_foreign_nodes(environment.err, arguments.input, input.files(), input.sources());
+  tell_foreign_nodes(environment.err, arguments.input, input.sources());
   host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
   const diagnosis::Plan found = search_steps(arguments, environment, input, plugin, session);

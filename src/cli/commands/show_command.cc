@@ -75,7 +75,7 @@ bool print_at(Printer &printer, const element::Tree &tree, const std::string &te
 
 ExitStatus show(const ShowArguments &arguments, const Environment &environment) {
   const CommitInput input(find_input_files(arguments.input), read_options(arguments.input));
-  tell_foreign_nodes(environment.err, arguments.input, input.files(), input.sources());
+  tell_foreign_nodes(environment.err, arguments.input, input.sources());
   const element::Transaction &transaction = input.transaction();
   const element::Tree &tree = arguments.running ? transaction.running : transaction.candidate;
 

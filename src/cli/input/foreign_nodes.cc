@@ -8,9 +8,9 @@
 namespace cli {
 namespace {
 
-void list_modules(std::ostream &out, const std::filesystem::path &file, const element::PassedOver &passed_over) {
+void list_modules(std::ostream &out, const element::PassedOver &passed_over) {
   for (const element::ForeignModule &module : passed_over.modules) {
-    out << fmt::format("  {}:{}: {} of {}\n", report::printable(file.string()), module.line,
+    out << fmt::format("  {}:{}: {} of {}\n", report::printable(module.file), module.line,
                        report::count_text(module.nodes, "node"), report::printable(module.name));
   }
 }
@@ -23,14 +23,13 @@ element::ReadOptions read_options(const InputArguments &input) {
   return options;
 }
 
-void tell_foreign_nodes(std::ostream &out, const InputArguments &input, const report::InputFiles &files,
-                        const report::InputSources &sources) {
+void tell_foreign_nodes(std::ostream &out, const InputArguments &input, const report::InputSources &sources) {
   const std::string line = report::passed_over_text(report::count_passed_over(sources));
   if (line.empty()) return;
   out << line << '\n';
   if (!input.list_foreign) return;
-  list_modules(out, files.running, sources.running.passed_over);
-  list_modules(out, files.candidate, sources.candidate.passed_over);
+  list_modules(out, sources.running.passed_over);
+  list_modules(out, sources.candidate.passed_over);
 }
 
 }  // namespace cli

@@ -14,8 +14,7 @@ element::ReadOptions read_options(const InputArguments &input);
 
 /// Tells in a line how many nodes of other modules the configurations hold that were passed over, and lists the modules
 /// if the arguments ask for it. Writes nothing where nothing was passed over.
-void tell_foreign_nodes(std::ostream &out, const InputArguments &input, const report::InputFiles &files,
-                        const report::InputSources &sources);
+void tell_foreign_nodes(std::ostream &out, const InputArguments &input, const report::InputSources &sources);
 
 }  // namespace cli
 

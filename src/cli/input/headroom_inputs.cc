@@ -15,7 +15,7 @@ HeadroomConfigurations read_configurations(const element::Schema &schema, const 
   element::ConfigurationFile running = element::read_configuration_file(schema, inputs.running, options);
   const InputFiles files{"", inputs.running, inputs.candidate, inputs.edits};
   element::ConfigurationFile candidate = read_candidate(schema, running, files, options);
-  tell_foreign_nodes(err, inputs.arguments, files, {std::move(running.source), std::move(candidate.source)});
+  tell_foreign_nodes(err, inputs.arguments, {std::move(running.source), std::move(candidate.source)});
   return {std::move(running.tree), std::move(candidate.tree)};
 }
 

@@ -34,11 +34,11 @@ InputFiles in_directory(const fs::path &directory) {
   }
   InputFiles files{
       directory / "element.json", configuration_in(directory, "running"), configuration_in(directory, "candidate"), {}};
-  const fs::path edit = directory / "edit.xml";
+  const fs::path edit = configuration_in(directory, "edit");
   if (!is_there(edit)) return files;
   if (is_there(files.candidate)) {
-    throw element::InputError(fmt::format("{}: holds {} and edit.xml; one of them was expected", directory.string(),
-                                          files.candidate.filename().string()));
+    throw element::InputError(fmt::format("{}: holds {} and {}; one of them was expected", directory.string(),
+                                          files.candidate.filename().string(), edit.filename().string()));
   }
   files.edits = {edit};
   return files;

@@ -23,7 +23,8 @@ enum class EditOperation {
 /// The operation's name in an edit: "delete" for delete_existing.
 const char *name_of(EditOperation operation);
 
-/// A node that an edit names. A list entry has the schema node of its list, and keys; there is no node for a list.
+/// A node that an edit names. A list entry has the schema node of its list, and keys; without keys, a list is meant
+/// with all its entries, which is only ever removed.
 struct EditNode {
   const SchemaNode *schema = nullptr;
   EditOperation operation = EditOperation::merge;  ///< its own, or what it inherits
@@ -33,9 +34,15 @@ struct EditNode {
   std::size_t line = 0;  ///< where the node begins in the edit's file, from 1; 0: not known
 };
 
+/// Where an edit comes from, as errors name it.
+struct EditOrigin {
+  std::string file;
+  std::string edit_id{};  ///< of an edit of a YANG patch; empty: none
+};
+
 /// A change of a configuration as an operator writes it.
 struct Edit {
-  std::string origin;                ///< the file that errors name
+  EditOrigin origin;
   bool replaces_everything = false;  ///< what the edit gives takes the place of the whole configuration
   std::vector<EditNode> nodes;       ///< top-level nodes, in the edit's order
 };

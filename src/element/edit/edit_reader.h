@@ -18,7 +18,8 @@ struct EditFile {
 };
 
 /// Reads a file of edits. In XML: NETCONF's <edit-config>, NMDA's <edit-data> or a bare <config>, in an <rpc> or
-/// without, several in a row, or the top-level nodes alone, which are merged.
+/// without, several in a row, or the top-level nodes alone, which are merged. In XML or JSON: a YANG patch (RFC 8072).
+/// In JSON, unless it is that: a merge patch (RFC 7396) of the configuration.
 ///
 /// Throws FileError if the file cannot be read, and InputError "FILE:LINE: PATH: what is wrong; expected ..." if it
 /// holds no edit or one that does not fit the data model.

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <utility>
 
 #include "element/edit/apply_edit.h"
@@ -75,7 +74,7 @@ class ResultCheck {
   }
 
   [[noreturn]] void fail(const SchemaNode &leaf) const {
-    throw edit_fault(origin_, result_.source.lines.line_of(path_).value_or(0), path_,
+    throw edit_fault({origin_}, result_.source.lines.line_of(path_).value_or(0), path_,
                      fmt::format("\"{}\" is missing", leaf.name), "it to be set, because it is mandatory");
   }
 
@@ -83,19 +82,6 @@ class ResultCheck {
   std::string origin_;
   Path path_;
 };
-
-/// Counts what a file passes over with what the files before it did.
-void add(PassedOver &all, const PassedOver &own) {
-  for (const ForeignModule &module : own.modules) {
-    const auto known = std::find_if(all.modules.begin(), all.modules.end(),
-                                    [&](const ForeignModule &other) { return other.name == module.name; });
-    if (known == all.modules.end()) {
-      all.modules.push_back(module);
-    } else {
-      *known = {module.name, known->nodes + module.nodes, module.line};
-    }
-  }
-}
 
 }  // namespace
 
@@ -108,7 +94,8 @@ ConfigurationFile edited_configuration(const ConfigurationFile &before, const st
     for (const Edit &edit : edits.edits) result.tree = edited(result.tree, edit);
     result.source.further.insert(result.source.further.begin(), {*last, result.source.lines});
     result.source.lines = lines_of(edits);
-    add(result.source.passed_over, edits.passed_over);
+    std::vector<ForeignModule> &modules = result.source.passed_over.modules;
+    modules.insert(modules.end(), edits.passed_over.modules.begin(), edits.passed_over.modules.end());
     last = &file;
   }
   ResultCheck(result, last->string()).run();

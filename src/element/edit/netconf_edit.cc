@@ -23,13 +23,13 @@ bool is_edit_operation(const XmlNode &node) {
 class NetconfEditReader {
  public:
   NetconfEditReader(const Schema &schema, const std::string &origin, const ReadOptions &options)
-      : schema_(schema), origin_(origin), options_(options) {}
+      : schema_(schema), origin_{origin}, model_(schema, InputFormat::xml, origin_, options, passed_over_) {}
 
   EditFile run(const std::vector<XmlNode> &outermost) {
     for (const XmlNode &node : outermost) add(node);
     flush();
     if (file_.edits.empty()) throw edit_fault(origin_, 0, {}, "no edit", kAnEdit);
-    file_.passed_over = passed_over_.result();
+    file_.passed_over = passed_over_.result(origin_.file);
     return std::move(file_);
   }
 
@@ -82,17 +82,17 @@ class NetconfEditReader {
   }
 
   void add_edit(const std::vector<XmlNode> &nodes, EditOperation operation) {
-    file_.edits.push_back({origin_, false, edit_nodes(schema_, nodes, operation, origin_, options_, passed_over_)});
+    file_.edits.push_back({origin_, false, edit_nodes(model_, nodes, schema_.root(), {operation})});
   }
 
   [[noreturn]] void fail(const XmlNode &node, const std::string &what, const std::string &expected) const {
-    throw edit_fault(origin_, node.line, {}, what, expected);
+    model_.fail(node.line, what, expected);
   }
 
   const Schema &schema_;
-  const std::string &origin_;
-  const ReadOptions &options_;
+  EditOrigin origin_;
   ForeignNodes passed_over_;
+  EditModel model_;
   std::vector<XmlNode> bare_nodes_;
   EditFile file_;
 };

@@ -21,9 +21,13 @@ class ForeignNodes {
     return *(last_ = &found->second);
   }
 
-  PassedOver result() const {
+  /// The counts of a file that is named so.
+  PassedOver result(const std::string &file) const {
     PassedOver passed_over;
-    for (const auto &[name, module] : modules_) passed_over.modules.push_back(module);
+    for (const auto &[name, module] : modules_) {
+      passed_over.modules.push_back(module);
+      passed_over.modules.back().file = file;
+    }
     return passed_over;
   }
 

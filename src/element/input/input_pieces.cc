@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "element/input/input_error.h"
+#include "element/input/input_fault.h"
 #include "element/input/input_file.h"
 #include "element/input/input_text.h"
 #include "element/input/utf8.h"
@@ -100,8 +100,7 @@ bool InputPieces::fill() {
 // The parsers take a zero byte for the end of the text, or are at a loss for words about it.
 void InputPieces::require_text(std::string_view text) const {
   const auto refuse = [&](std::size_t offset, const std::string &fault) {
-    throw InputError(
-        fmt::format("{}:{}: {}; expected text in UTF-8", origin_, line_ + count_lines(text.substr(0, offset)), fault));
+    throw input_fault({origin_, line_ + count_lines(text.substr(0, offset))}, fault, "text in UTF-8");
   };
   const std::size_t zero = text.find('\0');
   if (zero != std::string_view::npos) refuse(zero, "zero byte");

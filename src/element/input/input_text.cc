@@ -14,7 +14,6 @@ namespace element {
 namespace {
 
 constexpr std::size_t kChunk = std::size_t{1} << 16;
-constexpr std::size_t kLongestQuote = 400;
 
 void require_size(const std::filesystem::path &file, std::uintmax_t size) {
   if (size <= kMaxInputSize) return;
@@ -52,10 +51,10 @@ std::string_view trimmed(std::string_view text) {
   return begin == text.size() ? std::string_view() : text.substr(begin, end - begin + 1);
 }
 
-std::string one_line(std::string_view text) {
+std::string one_line(std::string_view text, std::size_t longest) {
   std::string line;
   std::string_view rest = text;
-  while (!rest.empty() && text.size() - rest.size() < kLongestQuote) {
+  while (!rest.empty() && text.size() - rest.size() < longest) {
     const std::string_view before = rest;
     const char32_t character = take_character(rest);
     const std::string_view bytes = before.substr(0, before.size() - rest.size());

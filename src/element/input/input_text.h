@@ -29,9 +29,12 @@ std::string read_input(const std::filesystem::path &file);
 /// The text without blanks around it.
 std::string_view trimmed(std::string_view text);
 
+/// How many bytes of an input a message quotes at once.
+inline constexpr std::size_t kLongestQuote = 400;
+
 /// A piece of input for use in a one-line message: a character that steers_terminal becomes its escape_of, a byte that
-/// is not UTF-8 \xNN; text beyond 400 bytes is cut off with "...".
-std::string one_line(std::string_view text);
+/// is not UTF-8 \xNN; text beyond `longest` bytes is cut off with "...".
+std::string one_line(std::string_view text, std::size_t longest = kLongestQuote);
 
 }  // namespace element
 

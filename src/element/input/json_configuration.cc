@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <charconv>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -18,7 +17,6 @@
 namespace element {
 namespace {
 
-constexpr std::string_view kRestconfData = "ietf-restconf:data";
 constexpr std::string_view kOperation = "ietf-netconf:operation";
 
 struct MemberName {
@@ -46,13 +44,6 @@ void append_quoted(std::string &out, std::string_view text) {
     }
   }
   out += '"';
-}
-
-/// A whole number as libyang takes it, "1e3" for 1000.
-std::string whole(std::string_view number) {
-  double value = 0;
-  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
-  return error == std::errc{} ? fmt::format("{:.0f}", value) : std::string(number);
 }
 
 /// Follows a member that is passed over, and counts its nodes: each value that is no array.
@@ -120,7 +111,7 @@ class JsonFilter : public JsonEvents {
         foreign_(foreign_nodes_) {}
 
   OwnConfiguration take_result() {
-    return {std::move(out_), InputFormat::json, nodes_.take_tree(), foreign_nodes_.result()};
+    return {std::move(out_), InputFormat::json, nodes_.take_tree(), foreign_nodes_.result(origin_)};
   }
 
   void name(std::string_view name, std::size_t line) override {
@@ -133,6 +124,8 @@ class JsonFilter : public JsonEvents {
     const auto [module, bare] = split_member(name);
     if (name.starts_with('@')) {
       foreign_.begin("", line, true);
+    } else if (!nodes_.is_open() && name == kYangPatchMember) {
+      nodes_.refuse(line, fmt::format("{} (member {})", kEditGiven, kYangPatchMember), std::string(kInsteadOfEdit));
     } else if (!nodes_.is_open() && !has_envelope_ && name == kRestconfData) {
       open_envelope(line);
     } else {
@@ -144,10 +137,11 @@ class JsonFilter : public JsonEvents {
     if (foreign_.is_open()) return foreign_.scalar();
     const Place place = places_.empty() ? Place::document : places_.back();
     if (place == Place::leaf_array) return append_to_leaf(value);
+    if (member_ != nullptr && value.kind == JsonKind::null) refuse_null();
     if (member_ == nullptr || member_->kind != NodeKind::leaf) refuse_kind(line_);
     nodes_.open(*member_, line_);
     append_scalar(value);
-    nodes_.set_text(value.kind == JsonKind::number ? whole(value.text) : std::string(value.text));
+    nodes_.set_text(value.kind == JsonKind::number ? whole_number(value.text) : std::string(value.text));
     close_node();
   }
 
@@ -302,6 +296,12 @@ class JsonFilter : public JsonEvents {
                            : node->kind == NodeKind::list ? "an array of objects"
                                                           : "an object";
     nodes_.refuse(line, fmt::format("\"{}\" with a value of another kind", node->name), expected);
+  }
+
+  [[noreturn]] void refuse_null() const {
+    const char *without_value = member_->type == ValueType::empty ? "[null], for a leaf without a value; " : "";
+    nodes_.refuse(line_, fmt::format("\"{}\" is null", member_->name),
+                  fmt::format("{}what is configured; a merge patch is given with --edit", without_value));
   }
 
   [[noreturn]] void refuse_edit(std::size_t line) const {

@@ -2,12 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <charconv>
 #include <cstdint>
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "element/input/input_error.h"
+#include "element/input/input_fault.h"
 #include "element/input/input_text.h"
 #include "element/input/nesting.h"
 
@@ -55,8 +56,8 @@ class JsonBytes {
  private:
   void fill() {
     if (taken_ - marked_ > kLongestToken) {
-      throw InputError(fmt::format("{}:{}: name, value or blanks of more than {} bytes; expected fewer",
-                                   input_.origin(), position_.line, kLongestToken));
+      throw input_fault({input_.origin(), position_.line},
+                        fmt::format("name, value or blanks of more than {} bytes", kLongestToken), "fewer");
     }
     const InputPiece piece = input_.next();
     next_ = piece.text.data();
@@ -164,8 +165,8 @@ class JsonParsing : public nlohmann::json_sax<Json> {
   void deepen() {
     bytes_.mark();
     if (++depth_ <= kDeepestNesting) return;
-    throw InputError(fmt::format("{}:{}: JSON nested deeper than {} levels; expected fewer", input_.origin(),
-                                 bytes_.line(), kDeepestNesting));
+    throw input_fault({input_.origin(), bytes_.line()},
+                      fmt::format("JSON nested deeper than {} levels", kDeepestNesting), "fewer");
   }
 
   void leave() {
@@ -180,6 +181,12 @@ class JsonParsing : public nlohmann::json_sax<Json> {
 };
 
 }  // namespace
+
+std::string whole_number(std::string_view number) {
+  double value = 0;
+  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+  return error == std::errc{} ? fmt::format("{:.0f}", value) : std::string(number);
+}
 
 void read_json(InputPieces &input, JsonEvents &events) { JsonParsing(input, events).read(); }
 

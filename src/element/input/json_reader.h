@@ -2,6 +2,7 @@
 #define ELEMENT_INPUT_JSON_READER_H
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "element/input/input_pieces.h"
@@ -16,6 +17,9 @@ struct JsonScalar {
   std::string_view
       text;  ///< without quotes and escapes; a number as the file writes it, if it is no small whole number
 };
+
+/// A number as the data model takes it where it is a whole one, "1000" for "1e3".
+std::string whole_number(std::string_view number);
 
 /// Is told what a JSON input holds, in its order. `line` is that of a name's end, a brace or a bracket. Each function
 /// may throw; reading ends then with the same exception.

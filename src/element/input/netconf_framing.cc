@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "element/input/input_error.h"
+#include "element/input/input_fault.h"
 
 namespace element {
 namespace {
@@ -64,10 +64,9 @@ bool NetconfFraming::fill() {
 }
 
 void NetconfFraming::refuse() const {
-  throw InputError(
-      fmt::format("{}:{}: chunk of NETCONF's framing that does not end where its length says; expected "
-                  "\"#LENGTH\" on a line of its own, and \"##\" behind the last chunk",
-                  input_.origin(), piece_.line));
+  throw input_fault({input_.origin(), piece_.line},
+                    "chunk of NETCONF's framing that does not end where its length says",
+                    "\"#LENGTH\" on a line of its own, and \"##\" behind the last chunk");
 }
 
 }  // namespace element

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "element/input/expected_names.h"
-#include "element/input/input_error.h"
+#include "element/input/input_fault.h"
 #include "element/input/input_text.h"
 
 namespace element {
@@ -77,8 +77,8 @@ void OwnNodes::require_whole(const Frame &frame) const {
 }
 
 void OwnNodes::refuse(std::size_t line, const std::string &fault, const std::string &expected) const {
-  const std::string path = open_.size() == 1 ? "" : one_line(path_text(tree_, tree_.open_node())) + ": ";
-  throw InputError(fmt::format("{}:{}: {}{}; expected {}", origin_, line, path, fault, expected));
+  const std::string path = open_.size() == 1 ? "" : path_text(tree_, tree_.open_node());
+  throw input_fault({origin_, line, path}, fault, expected);
 }
 
 }  // namespace element

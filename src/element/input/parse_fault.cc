@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "element/input/expectation.h"
+#include "element/input/input_fault.h"
 #include "element/input/input_text.h"
 #include "element/input/source_tree.h"
 #include "element/input/yang_path.h"
@@ -65,27 +66,14 @@ ParserRecord read_record(const Schema &schema, const ly_err_item &item) {
   return record;
 }
 
-/// Where the file has what is wrong.
-struct FaultPlace {
-  std::size_t line = 0;  ///< 0: not known
-  std::string path;
-};
-
 /// The parser's line is that of the node which it reads; it may complain of one above.
-FaultPlace place_of(const ParserRecord &record, const SourceTree &tree) {
+InputPlace place_of(const ParserRecord &record, const SourceTree &tree, const std::string &file) {
   const std::vector<SourceTree::NodeId> way = record.line < 2 || record.line > tree.size()
                                                   ? std::vector<SourceTree::NodeId>()
                                                   : tree.way_to(static_cast<SourceTree::NodeId>(record.line - 1));
-  if (record.path.empty() || way.size() < record.path.size()) return {0, to_text(record.path)};
+  if (record.path.empty() || way.size() < record.path.size()) return {file, 0, to_text(record.path)};
   const SourceTree::NodeId node = way[record.path.size() - 1];
-  return {tree.line(node), path_text(tree, node)};
-}
-
-InputError make_error(const std::string &origin, const FaultPlace &place, const std::string &fault,
-                      const std::string &expected) {
-  const std::string line = place.line == 0 ? "" : fmt::format(":{}", place.line);
-  return InputError(
-      fmt::format("{}{}: {}: {}; expected {}", origin, line, one_line(place.path), one_line(fault), expected));
+  return {file, tree.line(node), path_text(tree, node)};
 }
 
 }  // namespace
@@ -104,18 +92,18 @@ InputError first_fault(const Schema &schema, const SourceLines &lines, const std
   const ly_err_item *item = first_error(schema.context());
   if (item == nullptr || item->no == LY_EMEM) throw std::bad_alloc();
   const ParserRecord record = read_record(schema, *item);
-  FaultPlace place = record.line == 0 ? FaultPlace{lines.line_of(record.path).value_or(0), to_text(record.path)}
-                                      : place_of(record, lines.tree());
+  const InputPlace place = record.line == 0
+                               ? InputPlace{origin, lines.line_of(record.path).value_or(0), to_text(record.path)}
+                               : place_of(record, lines.tree(), origin);
   if (record.message.starts_with(kDuplicate)) {
     const std::vector<std::size_t> given = lines.lines_of(record.path);
     if (given.size() > 1) {
-      return make_error(origin, {given[1], to_text(record.path)},
-                        fmt::format("given twice, first on line {}", given[0]), "each entry once");
+      return input_fault({origin, given[1], to_text(record.path)},
+                         fmt::format("given twice, first on line {}", given[0]), "each entry once");
     }
   }
   const SchemaNode *node = record.path.empty() ? nullptr : record.path.back().schema;
-  return make_error(origin, place, std::string(record.message),
-                    expected_instead(schema, node, {record.message, record.is_rule}));
+  return input_fault(place, one_line(record.message), expected_instead(schema, node, {record.message, record.is_rule}));
 }
 
 }  // namespace element

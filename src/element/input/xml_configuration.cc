@@ -6,7 +6,7 @@
 
 #include "element/input/expected_names.h"
 #include "element/input/foreign_nodes.h"
-#include "element/input/input_error.h"
+#include "element/input/input_fault.h"
 #include "element/input/input_text.h"
 #include "element/input/netconf_names.h"
 #include "element/input/own_nodes.h"
@@ -52,7 +52,9 @@ class XmlFilter : public XmlEvents {
         envelope_(origin),
         nodes_(schema, InputFormat::xml, origin) {}
 
-  OwnConfiguration take_result() { return {std::move(out_), InputFormat::xml, nodes_.take_tree(), foreign_.result()}; }
+  OwnConfiguration take_result() {
+    return {std::move(out_), InputFormat::xml, nodes_.take_tree(), foreign_.result(origin_)};
+  }
 
   void start(const XmlElement &element) override {
     if (element.has_attributes()) require_no_edit(element);
@@ -169,8 +171,7 @@ class XmlFilter : public XmlEvents {
 OwnConfiguration read_xml_configuration(const Schema &schema, InputPieces &input, const ReadOptions &options) {
   XmlFilter filter(schema, input.origin(), options);
   if (read_xml(input, filter) == 0) {
-    throw InputError(
-        fmt::format("{}: no element; expected at least one, without content to configure nothing", input.origin()));
+    throw input_fault({input.origin()}, "no element", "at least one, without content to configure nothing");
   }
   return filter.take_result();
 }

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "element/input/input_error.h"
+#include "element/input/input_fault.h"
 #include "element/input/input_text.h"
 #include "element/input/netconf_names.h"
 
@@ -28,6 +28,7 @@ bool is_content(const XmlElement &element) {
 
 bool is_edit(const XmlElement &element) {
   return is_netconf(element, "edit-config") ||
+         (element.name() == "yang-patch" && element.name_space() == kYangPatchNamespace) ||
          (element.name() == "edit-data" && element.name_space() == kNmdaNamespace);
 }
 
@@ -119,7 +120,7 @@ void XmlEnvelope::require_data(std::size_t line) const {
 }
 
 void XmlEnvelope::refuse(std::size_t line, const std::string &fault, std::string_view expected) const {
-  throw InputError(fmt::format("{}:{}: {}; expected {}", origin_, line, fault, expected));
+  throw input_fault({origin_, line}, fault, expected);
 }
 
 }  // namespace element

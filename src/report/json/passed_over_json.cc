@@ -10,7 +10,7 @@ namespace {
 using nlohmann::ordered_json;
 
 ordered_json module_json(const element::ForeignModule &module) {
-  return {{"module", module.name}, {"nodes", module.nodes}, {"line", module.line}};
+  return {{"module", module.name}, {"nodes", module.nodes}, {"file", module.file}, {"line", module.line}};
 }
 
 ordered_json count_json(const PassedOverCount &count, const element::PassedOver *listed) {
