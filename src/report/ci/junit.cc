@@ -33,6 +33,7 @@ std::string attribute(std::string_view text) { return to_markup(text, "&<>\""); 
 std::string content(const std::string &text) {
   std::string result;
   std::istringstream lines(text);
+  lines.exceptions(std::ios::badbit);  // else it would be cut where memory runs out
   for (std::string line; std::getline(lines, line);) {
     if (!result.empty()) result += '\n';
     result += attribute(line);

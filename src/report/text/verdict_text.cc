@@ -59,6 +59,7 @@ void write_trace(std::ostream &out, const std::vector<std::string> &trace) {
   out << fmt::format("\ntrace: {}\n", trace.size());
   for (const std::string &text : trace) {
     std::istringstream lines(text);
+    lines.exceptions(std::ios::badbit);  // else it would be cut where memory runs out
     for (std::string line; std::getline(lines, line);) out << "  " << printable(line) << '\n';
   }
 }
