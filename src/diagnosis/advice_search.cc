@@ -90,13 +90,16 @@ Corrections AdviceSearch::for_all() {
   for_each();
   if (context_.oracle.has_ended()) return {};
   if (context_.changes.size() > kFewParts) return together();
-  const auto helps = [&](const NumberSet &parts) { return silences_each(parts) && check_.is_accepted_without(parts); };
-  return find_corrections(context_, context_.changes.all(), helps, kMostAskedOfFew);
+  const auto effect = [&](const NumberSet &parts) {
+    if (!silences_each(parts)) return Effect::unproven;
+    return effect_of(check_.is_accepted_without(parts));
+  };
+  return find_corrections(context_, context_.changes.all(), effect, kMostAskedOfFew);
 }
 
 /// What is drawn by a conflict's own entries is not worth a question about the whole of a large commit.
 bool AdviceSearch::silences_each(const NumberSet &parts) const {
-  if (context_.is_enumerated) return true;
+  if (context_.locality == nullptr) return true;
   return std::none_of(conflicts_.begin(), conflicts_.end(), [&](const FoundConflict &conflict) {
     const std::optional<NumberSet> answer = context_.oracle.ask({conflict.entries, parts});
     return !answer || contains(*answer, conflict.message);
@@ -156,11 +159,11 @@ NumberSet AdviceSearch::repair_of(std::uint32_t message, const NumberSet &parts)
   const FoundConflict conflict = minimise(context_, context_.all(), message);
   const NumberSet around = context_.scope(conflict.entries);
   const NumberSet candidates = minus(this->candidates(conflict.entries), parts);
-  const auto helps = [&](const NumberSet &more) {
+  const auto effect = [&](const NumberSet &more) {
     const std::optional<NumberSet> answer = context_.oracle.ask({around, more});
-    return answer && !contains(*answer, message);
+    return effect_of(answer && !contains(*answer, message));
   };
-  const Corrections found = find_corrections(context_, candidates, helps, kMostAsked);
+  const Corrections found = find_corrections(context_, candidates, effect, kMostAsked);
   return found.sets.empty() ? candidates : found.sets.front();
 }
 
@@ -201,9 +204,9 @@ Corrections AdviceSearch::for_groups(const Groups &groups) const {
   if (!is_few && groups.size() == 1 && is_limit(groups.front())) {
     result = for_limit(groups.front());
   } else {
-    const auto is_enough = [&](const NumberSet &parts) { return check_.helps(groups, parts); };
+    const auto effect = [&](const NumberSet &parts) { return check_.effect(groups, parts); };
     const std::size_t most = is_few ? kMostAskedOfFew : kMostAsked;
-    result = find_corrections(context_, candidates(entries_of(groups)), is_enough, most);
+    result = find_corrections(context_, candidates(entries_of(groups)), effect, most);
   }
   return result.sets.empty() ? reduced_for(groups) : result;
 }

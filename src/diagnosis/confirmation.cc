@@ -1,6 +1,7 @@
 #include "diagnosis/confirmation.h"
 
 #include <algorithm>
+#include <map>
 
 namespace diagnosis {
 
@@ -14,6 +15,9 @@ bool is_in_force(const SearchContext &context, const NumberSet &entries, std::ui
 }
 
 namespace {
+
+// A limit has many sets of parties; so many are asked about beside the rest.
+constexpr std::size_t kMostWitnesses = 64;
 
 /// Conflicts that stay or go together: all of a limit that share parties, all that differ in their triggers only, or a
 /// single one.
@@ -69,6 +73,20 @@ NumberSet scope_of(const SearchContext &context, const NumberSet &entries, std::
   return is_everywhere ? context.all() : context.scope(entries);
 }
 
+/// Sets of a limit's parties, each of which draws it. Together the parties may have other conflicts, which hide it.
+std::vector<NumberSet> witnesses(const SearchContext &context, const Cluster &cluster,
+                                 const FoundConflicts &conflicts) {
+  std::vector<NumberSet> sets;
+  if (!context.messages[cluster.message].counts()) return sets;
+  for (const std::size_t i : cluster.conflicts) {
+    const std::vector<NumberSet> &own = conflicts[i].exceeding;
+    if (own.empty()) sets.push_back(conflicts[i].entries);
+    sets.insert(sets.end(), own.begin(), own.end());
+  }
+  if (sets.size() > kMostWitnesses) sets.resize(kMostWitnesses);
+  return sets;
+}
+
 /// The entries of the cluster and all that are party of no other.
 NumberSet surroundings(const SearchContext &context, const Cluster &cluster, const std::vector<std::uint32_t> &counts) {
   NumberSet set = scope_of(context, cluster.entries, cluster.message);
@@ -87,6 +105,21 @@ std::vector<std::uint32_t> count_parties(const Entries &entries, const std::vect
 bool is_any_confirmed(const Cluster &cluster, const FoundConflicts &conflicts) {
   return std::any_of(cluster.conflicts.begin(), cluster.conflicts.end(),
                      [&conflicts](std::size_t conflict) { return conflicts[conflict].is_confirmed; });
+}
+
+/// The cluster's message is drawn beside all that is party of no other; a limit's also by a few of its parties.
+bool is_drawn(const SearchContext &context, const Cluster &cluster, const std::vector<std::uint32_t> &counts,
+              const FoundConflicts &conflicts) {
+  const std::optional<NumberSet> answer = context.oracle.ask({surroundings(context, cluster, counts), {}});
+  if (!answer) return is_any_confirmed(cluster, conflicts);
+  if (contains(*answer, cluster.message)) return true;
+  const std::vector<NumberSet> sets = witnesses(context, cluster, conflicts);
+  if (sets.empty()) return false;
+  NumberSet unconcerned = scope_of(context, cluster.entries, cluster.message);
+  std::erase_if(unconcerned, [&counts](std::uint32_t entry) { return counts[entry] != 0; });
+  return std::any_of(sets.begin(), sets.end(), [&](const NumberSet &set) {
+    return context.oracle.reproduces(context.entries.closure(united(unconcerned, set)), cluster.message);
+  });
 }
 
 /// What makes the library look: innermost entries that the commit touches, removed ones first, then added ones.
@@ -129,9 +162,7 @@ void drop_mended(const SearchContext &context, FoundConflicts &conflicts) {
     const std::vector<std::uint32_t> counts = count_parties(context.entries, clusters);
     std::vector<Cluster> left;
     for (const Cluster &cluster : clusters) {
-      const std::optional<NumberSet> answer = context.oracle.ask({surroundings(context, cluster, counts), {}});
-      const bool is_drawn = answer ? contains(*answer, cluster.message) : is_any_confirmed(cluster, conflicts);
-      if (is_drawn) left.push_back(cluster);
+      if (is_drawn(context, cluster, counts, conflicts)) left.push_back(cluster);
     }
     is_stable = left.size() == clusters.size();
     clusters = std::move(left);
@@ -144,6 +175,23 @@ void drop_mended(const SearchContext &context, FoundConflicts &conflicts) {
   std::sort(numbers.begin(), numbers.end());
   for (const std::size_t number : numbers) stay.push_back(std::move(conflicts[number]));
   conflicts = std::move(stay);
+}
+
+std::vector<std::uint32_t> likely_triggers(const SearchContext &context, const NumberSet &core,
+                                           const element::SchemaNode *kind) {
+  const Entries &entries = context.entries;
+  std::map<const element::SchemaNode *, std::size_t> of_kind;
+  std::vector<std::pair<std::size_t, std::uint32_t>> by_rank;
+  for (std::uint32_t entry = 0; entry < entries.size(); ++entry) {
+    if (context.status_of(entry) == ChangeStatus::unchanged || contains(core, entry)) continue;
+    const element::SchemaNode *own = entries.node(entry).schema;
+    const std::size_t rank = ++of_kind[own];
+    if (rank <= kMostTriggers) by_rank.emplace_back(own == kind ? 0 : rank, entry);
+  }
+  std::sort(by_rank.begin(), by_rank.end());
+  std::vector<std::uint32_t> triggers;
+  for (const auto &[rank, entry] : by_rank) triggers.push_back(entry);
+  return triggers;
 }
 
 // Where the fault is in force without an entry, that entry only makes the library look. What stood around it alone goes

@@ -18,6 +18,14 @@ bool is_drawn_beside(const SearchContext &context, const FoundConflict &conflict
 /// The message is drawn when the running configuration's part of the closed set is committed to an empty element.
 bool is_in_force(const SearchContext &context, const NumberSet &entries, std::uint32_t message);
 
+/// Any change may make the library look at what is in force; so many are tried.
+inline constexpr std::size_t kMostTriggers = 16;
+
+/// What the commit touches beside `core`, likely triggers of what is in force there first: entries of the kind, then
+/// one of each kind, two of each, and so on. Of one kind at most kMostTriggers.
+std::vector<std::uint32_t> likely_triggers(const SearchContext &context, const NumberSet &core,
+                                           const element::SchemaNode *kind);
+
 /// Tells the triggers of a conflict apart, and whether the running configuration has the fault.
 void find_triggers(const SearchContext &context, FoundConflict &conflict);
 

@@ -23,9 +23,6 @@ constexpr std::size_t kMostSets = 64;
 // To cover the pairs of more parties would take longer than to ask.
 constexpr std::size_t kMostCoveredParties = 4096;
 
-// Any change may make the library look at what is in force; so many are tried.
-constexpr std::size_t kMostTriggers = 16;
-
 }  // namespace
 
 Bound bound_of(const FoundConflict &conflict) {
@@ -52,42 +49,64 @@ void ConflictSearch::find_among(const NumberSet &set) {
   if (set.empty()) return;
   const std::optional<NumberSet> answer = context_.oracle.ask({set, {}});
   if (!answer) return;
-  std::map<std::string, NumberSet> said;
-  for (const std::uint32_t message : *answer) said[point_of(message)].push_back(message);
-  for (const auto &[point, messages] : said) find_at(point, set, messages);
+  std::set<std::string> points;
+  for (const std::uint32_t message : *answer) points.insert(point_of(message));
+  for (const std::string &point : points) find_at(point, set);
 }
 
-// What another point says of the entries that are left is found with all that this point has taken out.
-void ConflictSearch::find_at(const std::string &point, const NumberSet &set, NumberSet said) {
-  NumberSet left = set;
-  while (!said.empty()) {
+/// Finds what the entries draw at a point, until it accepts what is left: only a fault of the same point hides another.
+void ConflictSearch::find_at(const std::string &point, NumberSet left) {
+  while (!left.empty()) {
+    const std::optional<NumberSet> answer = context_.oracle.ask({left, {}});
+    if (!answer) return;
     const NumberSet asked = left;
-    for (const std::uint32_t message : said) {
+    for (const std::uint32_t message : *answer) {
+      if (point_of(message) != point) continue;
+      explain(asked, message);
       const FoundConflict *conflict = known_within(asked, message);
-      if (conflict == nullptr && explain(asked, message)) conflict = &conflicts_.back();
       if (conflict == nullptr) return;
       left = without_parties(left, *conflict);
     }
-    if (left.empty()) return;
-    const std::optional<NumberSet> answer = context_.oracle.ask({left, {}});
-    if (!answer) return;
-    said = *answer;
-    std::erase_if(said, [&](std::uint32_t message) { return point_of(message) != point; });
+    if (left.size() == asked.size()) return;
   }
 }
 
+/// Finds what the point says of the entries as they are.
+void ConflictSearch::look_at(const std::string &point, const NumberSet &set) {
+  const std::optional<NumberSet> answer = set.empty() ? NumberSet{} : context_.oracle.ask({set, {}});
+  if (!answer) return;
+  for (const std::uint32_t message : *answer) {
+    if (point_of(message) == point) explain(set, message);
+  }
+}
+
+// Of a limit so few parties may be missing that the others are too many.
 const FoundConflict *ConflictSearch::known_within(const NumberSet &set, std::uint32_t message) const {
   const auto known = by_message_.find(message);
   if (known == by_message_.end()) return nullptr;
+  const bool counts = context_.messages[message].counts();
   for (const std::size_t number : known->second) {
-    if (is_subset(conflicts_[number].entries, set)) return &conflicts_[number];
+    const FoundConflict &conflict = conflicts_[number];
+    const auto has_too_many = [&] { return minus(conflict.parties, set).size() < conflict.surplus(); };
+    if (is_subset(conflict.entries, set) || (counts && has_too_many())) return &conflict;
   }
   return nullptr;
 }
 
-bool ConflictSearch::explain(const NumberSet &set, std::uint32_t message) {
-  const bool counts = context_.messages[message].counts();
-  return record(counts ? find_exceeded_limit(context_, set, message) : minimise(context_, set, message));
+/// Finds what draws the message, where it is not known within the set. Precondition: the set draws it.
+void ConflictSearch::explain(const NumberSet &set, std::uint32_t message) {
+  if (context_.messages[message].counts()) explain_limit(set, message);
+  if (known_within(set, message) == nullptr) record(minimise(context_, set, message));
+}
+
+/// What a limit counts is looked at once.
+void ConflictSearch::explain_limit(const NumberSet &set, std::uint32_t message) {
+  NumberSet &looked_at = counted_[message];
+  NumberSet counted;
+  for (const NumberSet &group : counted_groups(context_, set, message)) counted = united(counted, group);
+  if (is_subset(counted, looked_at)) return;
+  looked_at = united(looked_at, counted);
+  for (FoundConflict &conflict : find_exceeded_limits(context_, set, message)) record(std::move(conflict));
 }
 
 /// Keeps the conflict where it is new and was asked about in full. False where it is not kept.
@@ -108,7 +127,7 @@ bool ConflictSearch::record(FoundConflict conflict) {
 }
 
 NumberSet ConflictSearch::without_parties(const NumberSet &set, const FoundConflict &conflict) const {
-  NumberSet gone = conflict.parties.empty() ? conflict.triggers : conflict.parties;
+  NumberSet gone = intersection(conflict.parties.empty() ? conflict.triggers : conflict.parties, set);
   if (conflict.too_many > 1 || context_.messages[conflict.message].counts()) {
     gone.erase(gone.begin(), gone.end() - static_cast<std::ptrdiff_t>(std::min(gone.size(), conflict.surplus())));
   }
@@ -175,59 +194,64 @@ bool ConflictSearch::explore_presence(const NumberSet &region) {
       const std::optional<NumberSet> answer = set.empty() ? NumberSet{} : context_.oracle.ask({set, {}});
       if (!answer) return true;
       for (const std::uint32_t message : *answer) {
-        if (known_within(set, message) == nullptr) explain(set, message);
+        explain(set, message);
       }
     }
   }
   return true;
 }
 
-// A fault of a group or a VPN is left standing once more: with it would go all that the group or VPN holds.
+// Only a fault of the same point hides another: point by point, what it finds fault with is taken out in every way.
 void ConflictSearch::explore_independent_sets(const NumberSet &set) {
+  find_among(set);
   std::size_t known = 0;
   do {
     known = conflicts_.size();
-    const std::vector<Bound> bounds = bounds_within(set, true);
-    ask_beside(set, bounds);
-    if (conflicts_.size() != known) continue;
-    const std::vector<Bound> inner = bounds_within(set, false);
-    if (inner.size() != bounds.size()) ask_beside(set, inner);
+    FoundConflicts counting;
+    for (const FoundConflict &conflict : conflicts_) {
+      if (is_subset(conflict.entries, set)) counting.push_back(conflict);
+    }
+    drop_mended(context_, counting);
+    std::map<std::string, FoundConflicts> of_point;
+    for (FoundConflict &conflict : counting) of_point[point_of(conflict.message)].push_back(std::move(conflict));
+    for (const auto &[point, conflicts] : of_point) explore_independent_sets(set, point, conflicts);
   } while (conflicts_.size() != known && !context_.oracle.has_ended());
 }
 
-void ConflictSearch::ask_beside(const NumberSet &set, const std::vector<Bound> &bounds) {
+// A fault of one entry and a limit are left standing once more: they may hide nothing of what else is wrong with the
+// entry, with all that a group or VPN holds, or with what the limit counts.
+void ConflictSearch::explore_independent_sets(const NumberSet &set, const std::string &point,
+                                              const FoundConflicts &conflicts) {
+  std::vector<Bound> bounds;
+  std::vector<Bound> inner;
+  for (const FoundConflict &conflict : conflicts) {
+    const NumberSet members = conflict.innermost();
+    const bool is_of_container = std::any_of(members.begin(), members.end(), [&](std::uint32_t member) {
+      return context_.entries[member].end > member + 1;
+    });
+    bounds.push_back({members, members.size() - std::min(members.size(), conflict.surplus())});
+    const bool is_limit = context_.messages[conflict.message].counts();
+    if (!is_limit && !is_of_container && members.size() > 1) inner.push_back(bounds.back());
+  }
+  ask_beside(set, point, bounds, [&](const NumberSet &beside) { find_at(point, beside); });
+  if (inner.size() == bounds.size()) return;
+  ask_beside(set, point, inner, [&](const NumberSet &beside) { look_at(point, beside); });
+}
+
+void ConflictSearch::ask_beside(const NumberSet &set, const std::string &point, const std::vector<Bound> &bounds,
+                                const std::function<void(const NumberSet &)> &ask) {
   NumberSet members;
   for (const Bound &bound : bounds) members.insert(members.end(), bound.parties.begin(), bound.parties.end());
   normalise(members);
   IndependentSets independent{{{}}, false};
   if (members.size() <= kMostCoveredParties)
     independent = independent_sets(bounds, {}, kMostSets, [this] { return context_.oracle.has_ended(); });
-  if (!independent.is_covering) leave_unfinished(set);
+  if (!independent.is_covering) unfinished_points_.insert(point);
   const std::size_t known = conflicts_.size();
   for (const NumberSet &beside : independent.sets) {
     if (context_.oracle.has_ended() || conflicts_.size() != known) return;
-    find_among(context_.entries.without(set, minus(members, beside)));
+    ask(context_.entries.without(set, minus(members, beside)));
   }
-}
-
-/// Of the conflicts within the set that nothing else mends.
-std::vector<Bound> ConflictSearch::bounds_within(const NumberSet &set, bool with_containers) const {
-  FoundConflicts counting;
-  for (const FoundConflict &conflict : conflicts_) {
-    if (is_subset(conflict.entries, set)) counting.push_back(conflict);
-  }
-  drop_mended(context_, counting);
-  std::vector<Bound> bounds;
-  for (const FoundConflict &conflict : counting) {
-    NumberSet members = conflict.innermost();
-    const bool is_of_container = std::any_of(members.begin(), members.end(), [&](std::uint32_t member) {
-      return context_.entries[member].end > member + 1;
-    });
-    if (is_of_container && !with_containers && !context_.messages[conflict.message].counts()) continue;
-    const std::size_t most = members.size() - std::min(members.size(), conflict.surplus());
-    bounds.push_back({std::move(members), most});
-  }
-  return bounds;
 }
 
 void ConflictSearch::leave_unfinished(const NumberSet &set) {
@@ -247,21 +271,11 @@ void ConflictSearch::find_other_triggers() {
   }
 }
 
-// Entries of the kind that is known to make the library look come first, then one of each kind, two of each, and so on.
+// What else makes the library look at a fault in force.
 void ConflictSearch::find_triggers_of(const NumberSet &core, std::uint32_t message, const element::SchemaNode *kind) {
-  const Entries &entries = context_.entries;
-  std::map<const element::SchemaNode *, std::size_t> of_kind;
-  std::vector<std::pair<std::size_t, std::uint32_t>> candidates;
-  for (std::uint32_t entry = 0; entry < entries.size(); ++entry) {
-    if (status_of(entries, entry) == ChangeStatus::unchanged || contains(core, entry)) continue;
-    const element::SchemaNode *own = entries.node(entry).schema;
-    const std::size_t rank = ++of_kind[own];
-    if (rank <= kMostTriggers) candidates.emplace_back(own == kind ? 0 : rank, entry);
-  }
-  std::sort(candidates.begin(), candidates.end());
   std::size_t asked = 0;
-  for (const auto &[rank, entry] : candidates) {
-    const NumberSet set = entries.closure(united(core, {entry}));
+  for (const std::uint32_t entry : likely_triggers(context_, core, kind)) {
+    const NumberSet set = context_.entries.closure(united(core, {entry}));
     if (known_within(set, message) != nullptr) continue;
     if (++asked > kMostTriggers || context_.oracle.has_ended()) return;
     if (context_.oracle.reproduces(set, message)) record(minimise(context_, set, message));

@@ -1,6 +1,7 @@
 #ifndef DIAGNOSIS_CONFLICT_SEARCH_H
 #define DIAGNOSIS_CONFLICT_SEARCH_H
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -38,8 +39,10 @@ class ConflictSearch {
 
  private:
   void find_among(const NumberSet &set);
-  void find_at(const std::string &point, const NumberSet &set, NumberSet said);
-  bool explain(const NumberSet &set, std::uint32_t message);
+  void find_at(const std::string &point, NumberSet left);
+  void look_at(const std::string &point, const NumberSet &set);
+  void explain(const NumberSet &set, std::uint32_t message);
+  void explain_limit(const NumberSet &set, std::uint32_t message);
   bool record(FoundConflict conflict);
   const FoundConflict *known_within(const NumberSet &set, std::uint32_t message) const;
   NumberSet without_parties(const NumberSet &set, const FoundConflict &conflict) const;
@@ -49,8 +52,9 @@ class ConflictSearch {
   void explore_what_is_in_force(const NumberSet &region);
   bool is_small(const NumberSet &set) const;
   void explore_independent_sets(const NumberSet &set);
-  std::vector<Bound> bounds_within(const NumberSet &set, bool with_containers) const;
-  void ask_beside(const NumberSet &set, const std::vector<Bound> &bounds);
+  void explore_independent_sets(const NumberSet &set, const std::string &point, const FoundConflicts &conflicts);
+  void ask_beside(const NumberSet &set, const std::string &point, const std::vector<Bound> &bounds,
+                  const std::function<void(const NumberSet &)> &ask);
   void find_other_triggers();
   void find_triggers_of(const NumberSet &core, std::uint32_t message, const element::SchemaNode *kind);
   void leave_unfinished(const NumberSet &set);
@@ -60,7 +64,8 @@ class ConflictSearch {
   const Locality &locality_;
   FoundConflicts conflicts_;
   std::map<std::uint32_t, std::vector<std::size_t>> by_message_;
-  NumberSet members_;  ///< parties and triggers of all conflicts
+  std::map<std::uint32_t, NumberSet> counted_;  ///< by message, what a limit counts and was looked at
+  NumberSet members_;                           ///< parties and triggers of all conflicts
   std::set<NumberSet> explored_;
   std::set<std::string> unfinished_points_;
 };

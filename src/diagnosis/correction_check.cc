@@ -62,13 +62,11 @@ bool CorrectionCheck::is_accepted_without(const NumberSet &parts) const {
   return answer && answer->empty();
 }
 
-bool CorrectionCheck::helps(const std::vector<std::size_t> &findings, const NumberSet &parts) const {
+Effect CorrectionCheck::effect(const std::vector<std::size_t> &findings, const NumberSet &parts) const {
   const std::vector<bool> is_own = conflicts_of(findings);
   const TakenBack taken_back(context_.oracle, parts);
-  if (is_seen_to_stay(is_own, parts)) return false;
-  const bool is_proven = context_.is_enumerated ? is_proven_by_enumeration(is_own, context_.all())
-                                                : is_proven_near(is_own, parts) && is_proven_around(is_own, parts);
-  return is_proven && !context_.oracle.has_ended();
+  const Effect effect = is_seen_to_stay(is_own, parts) ? Effect::none : proven_effect(is_own, parts);
+  return context_.oracle.has_ended() ? Effect::unproven : effect;
 }
 
 std::vector<bool> CorrectionCheck::conflicts_of(const std::vector<std::size_t> &findings) const {
@@ -131,13 +129,20 @@ bool CorrectionCheck::is_known(const std::vector<bool> &is_own, const FoundConfl
   return is_known;
 }
 
-/// What is near the parts and the findings is enumerated where it is little.
-bool CorrectionCheck::is_proven_near(const std::vector<bool> &is_own, const NumberSet &parts) const {
+// All that may matter is enumerated where it is little; else what is near, and then what is around it is searched.
+Effect CorrectionCheck::proven_effect(const std::vector<bool> &is_own, const NumberSet &parts) const {
+  const NumberSet about = what_is_about(is_own, parts);
+  const NumberSet scope = context_.scope(about);
+  if (context_.is_enumerated || is_little(scope)) return effect_of(is_proven_by_enumeration(is_own, scope));
   if (!locality_) locality_.emplace(context_.entries);
-  const NumberSet near = context_.entries.without(locality_->around(what_is_about(is_own, parts)), context_.gone());
-  const bool is_little = near.size() <= kMostMaskedEntries &&
-                         count_closed_sets(context_.entries, near, kMostSetsNear + 1) <= kMostSetsNear;
-  return !is_little || is_proven_by_enumeration(is_own, near);
+  const NumberSet near = context_.entries.without(locality_->around(about), context_.gone());
+  if (is_little(near) && !is_proven_by_enumeration(is_own, near)) return Effect::unproven;
+  return is_proven_around(is_own, parts) ? Effect::repairs : Effect::unproven;
+}
+
+bool CorrectionCheck::is_little(const NumberSet &entries) const {
+  return entries.size() <= kMostMaskedEntries &&
+         count_closed_sets(context_.entries, entries, kMostSetsNear + 1) <= kMostSetsNear;
 }
 
 /// The entries of the findings and of the parts, with those that they need.
@@ -207,16 +212,20 @@ bool CorrectionCheck::holds_known_only(const std::vector<bool> &is_own, const Nu
          });
 }
 
-/// The message is still drawn beside all that is party of no known conflict, with or without the findings' own, which
-/// may be gone: nothing mends it.
+/// The message is still drawn beside all that is party of no known conflict that is left, with or without the findings'
+/// own, which may be gone: nothing mends it.
 bool CorrectionCheck::is_beside_known(const std::vector<bool> &is_own, const FoundConflict &conflict) const {
+  const NumberSet scope = context_.scope(conflict.entries);
   NumberSet own;
   NumberSet others;
   for (std::size_t i = 0; i < conflicts_.size(); ++i) {
+    const NumberSet members = conflicts_[i].innermost();
+    const bool is_near = !intersection(members, scope).empty();
+    if (!is_near || !context_.oracle.reproduces(conflicts_[i].entries, conflicts_[i].message)) continue;
     NumberSet &set = is_own[i] ? own : others;
-    set = united(set, conflicts_[i].innermost());
+    set = united(set, members);
   }
-  const NumberSet beside = minus(context_.scope(conflict.entries), others);
+  const NumberSet beside = minus(scope, others);
   return is_drawn_beside(conflict, beside) || is_drawn_beside(conflict, minus(beside, own));
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "diagnosis/correction_search.h"
 #include "diagnosis/grouping.h"
 #include "diagnosis/search_context.h"
 
@@ -17,10 +18,13 @@ class CorrectionCheck {
   CorrectionCheck(const SearchContext &context, const FoundConflicts &conflicts,
                   const std::vector<ConflictGroup> &groups);
 
-  /// The closed set of parts repairs the findings, and nothing comes in their place. Not where the search has ended.
-  /// A commit whose closed sets can all be asked about is searched again without the parts; of a larger one what is
-  /// around the findings and the parts.
-  bool helps(const std::vector<std::size_t> &findings, const NumberSet &parts) const;
+  /// Whether the closed set of parts repairs the findings, and nothing comes in their place. A commit whose closed sets
+  /// can all be asked about is searched again without the parts; of a larger one what is around the findings and the
+  /// parts.
+  Effect effect(const std::vector<std::size_t> &findings, const NumberSet &parts) const;
+  bool helps(const std::vector<std::size_t> &findings, const NumberSet &parts) const {
+    return effect(findings, parts) == Effect::repairs;
+  }
 
   /// The library accepts the whole commit without the parts, and without a warning.
   bool is_accepted_without(const NumberSet &parts) const;
@@ -30,7 +34,8 @@ class CorrectionCheck {
   bool is_seen_to_stay(const std::vector<bool> &is_own, const NumberSet &parts) const;
   bool is_limit_exceeded(const FoundConflict &conflict) const;
   bool is_proven_by_enumeration(const std::vector<bool> &is_own, const NumberSet &universe) const;
-  bool is_proven_near(const std::vector<bool> &is_own, const NumberSet &parts) const;
+  Effect proven_effect(const std::vector<bool> &is_own, const NumberSet &parts) const;
+  bool is_little(const NumberSet &entries) const;
   NumberSet what_is_about(const std::vector<bool> &is_own, const NumberSet &parts) const;
   bool is_known(const std::vector<bool> &is_own, const FoundConflict &conflict) const;
   bool is_proven_around(const std::vector<bool> &is_own, const NumberSet &parts) const;

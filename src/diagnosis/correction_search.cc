@@ -122,11 +122,12 @@ bool is_any_of(std::size_t alternatives, std::size_t enough, std::size_t parts) 
 }  // namespace
 
 Corrections find_corrections(const SearchContext &context, const NumberSet &candidates,
-                             const std::function<bool(const NumberSet &)> &helps, std::size_t most_asked) {
+                             const std::function<Effect(const NumberSet &)> &effect, std::size_t most_asked) {
   const Sets sets(context.changes, candidates);
   Corrections corrections;
   Rank found;
   std::size_t asked = 0;
+  bool is_every_decided = true;
   for (const Candidate &candidate : sets.all()) {
     const bool has_found = !corrections.sets.empty();
     if (has_found && candidate.rank > found) break;
@@ -135,13 +136,16 @@ Corrections find_corrections(const SearchContext &context, const NumberSet &cand
       break;
     }
     ++asked;
-    if (!helps(candidate.parts)) continue;
+    const Effect own = effect(candidate.parts);
+    is_every_decided = is_every_decided && own != Effect::unproven;
+    if (own != Effect::repairs) continue;
     if (!has_found) found = candidate.rank;
     corrections.sets.push_back(candidate.parts);
   }
-  const bool is_every_known = (sets.is_complete() || found.size <= 2) && candidates == context.changes.all();
+  const bool has_all_candidates = candidates == context.changes.all();
+  const bool is_every_known = (sets.is_complete() || found.size <= 2) && has_all_candidates && is_every_decided;
   corrections.is_minimal = !corrections.sets.empty() && (is_every_known || found.size == 1);
-  corrections.has_all = corrections.has_all && candidates == context.changes.all();
+  corrections.has_all = corrections.has_all && has_all_candidates && is_every_decided;
   return corrections;
 }
 

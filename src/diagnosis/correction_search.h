@@ -8,6 +8,15 @@
 
 namespace diagnosis {
 
+/// What taking parts back does.
+enum class Effect {
+  repairs,
+  none,     ///< it was asked: it does not repair
+  unproven  ///< it may repair or not
+};
+
+constexpr Effect effect_of(bool repairs) { return repairs ? Effect::repairs : Effect::none; }
+
 /// Sets of parts of one size and rank, in file order.
 struct Corrections {
   std::vector<NumberSet> sets;  ///< closed
@@ -17,11 +26,11 @@ struct Corrections {
   bool has_all = true;          ///< every other set of the same size and rank was asked about
 };
 
-/// The smallest closed sets of parts for which `helps` is true (minimum correction sets), out of those that the
-/// `candidates` make. Size counts the parts of the closed set; a set with fewer removed parts ranks first, then one
-/// with fewer changed ones. At most `most_asked` sets are asked about.
+/// The smallest closed sets of parts that repair (minimum correction sets), out of those that the `candidates` make.
+/// Size counts the parts of the closed set; a set with fewer removed parts ranks first, then one with fewer changed
+/// ones. At most `most_asked` sets are asked about.
 Corrections find_corrections(const SearchContext &context, const NumberSet &candidates,
-                             const std::function<bool(const NumberSet &)> &helps, std::size_t most_asked);
+                             const std::function<Effect(const NumberSet &)> &effect, std::size_t most_asked);
 
 /// A closed subset of `parts`, which help, that helps and loses its effect without any one of its own parts, as far as
 /// at most `most_asked` questions show it. What the commit removed is put back last. The smallest set it need not be.

@@ -49,8 +49,9 @@ struct FoundConflict {
   std::size_t too_many = 1;  ///< so many of the parties must go
   bool is_preexisting = false;
   bool is_minimal = true;
-  bool is_confirmed = false;      ///< asked: drawn beside all that is party of no other conflict known by then
-  std::size_t enough_of_any = 0;  ///< a limit's: so many are enough, whichever they are; 0: it was not asked about
+  bool is_confirmed = false;         ///< asked: drawn beside all that is party of no other conflict known by then
+  std::size_t enough_of_any = 0;     ///< a limit's: so many are enough, whichever they are; 0: it was not asked about
+  std::vector<NumberSet> exceeding;  ///< a limit's of many: smallest closed sets that exceed it, at least one
 
   NumberSet innermost() const { return united(parties, triggers); }
 

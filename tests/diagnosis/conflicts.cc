@@ -25,6 +25,7 @@ void merge_into(Conflict &one, const Conflict &other) {
   one.set |= other.set;
   one.parties |= other.parties;
   one.triggers = (one.triggers | other.triggers) & ~one.parties;
+  one.minimal.insert(one.minimal.end(), other.minimal.begin(), other.minimal.end());
 }
 
 /// Merges until no two can be merged.
@@ -39,6 +40,17 @@ std::vector<Conflict> merged(std::vector<Conflict> conflicts, CanMerge can_merge
     }
   }
   return conflicts;
+}
+
+/// The fewest parties one of which is in every minimal set of a limit.
+std::size_t enough_to_leave_out(const Conflict &conflict) {
+  std::size_t fewest = static_cast<std::size_t>(std::popcount(conflict.parties));
+  for (EntrySet left_out = conflict.parties; left_out != 0; left_out = (left_out - 1) & conflict.parties) {
+    const bool is_in_each = std::all_of(conflict.minimal.begin(), conflict.minimal.end(),
+                                        [left_out](EntrySet set) { return (set & left_out) != 0; });
+    if (is_in_each) fewest = std::min(fewest, static_cast<std::size_t>(std::popcount(left_out)));
+  }
+  return fewest;
 }
 
 }  // namespace
@@ -101,7 +113,8 @@ std::vector<Conflict> ConflictSearch::minimal_conflicts() {
 // in force. What the commit removes is looked at first: where it and an entry that stays do the same, it is the
 // trigger.
 Conflict ConflictSearch::with_triggers(const Message &message, EntrySet set) const {
-  Conflict conflict{message, set, entries_.innermost(set), 0, false, 0};
+  Conflict conflict{message, set, entries_.innermost(set)};
+  if (is_of_counting_rule(message)) conflict.minimal.push_back(set);
   for (const ChangeStatus status : {ChangeStatus::removed, ChangeStatus::added, ChangeStatus::changed}) {
     for (std::size_t entry = 0; entry < entries_.size(); ++entry) {
       if (!holds(conflict.parties, entry) || entries_.status(entry) != status) continue;
@@ -142,24 +155,20 @@ void ConflictSearch::drop_mended() {
   }
 }
 
-/// Whether the message goes away beside all entries that are party of no other conflict.
+/// Whether the message goes away beside all entries that are party of no other conflict. What a limit counts may have
+/// conflicts with each other that hide it; it is exceeded where any of its minimal sets draws it beside the rest.
 bool ConflictSearch::is_mended(const Conflict &conflict) {
   EntrySet parties_of_others = 0;
   for (const Conflict &other : conflicts_) {
     if (&other != &conflict) parties_of_others |= other.members();
   }
-  const EntrySet beside = entries_.with_needs(conflict.set | (entries_.all() & ~parties_of_others));
-  return answers_about(beside).count(conflict.message) == 0;
-}
-
-std::size_t ConflictSearch::enough_to_leave_out(const Conflict &conflict) {
-  std::size_t fewest = static_cast<std::size_t>(std::popcount(conflict.parties));
-  for (EntrySet left_out = conflict.parties; left_out != 0; left_out = (left_out - 1) & conflict.parties) {
-    const auto number = static_cast<std::size_t>(std::popcount(left_out));
-    if (number >= fewest) continue;
-    if (answers_about(conflict.set & ~left_out).count(conflict.message) == 0) fewest = number;
-  }
-  return fewest;
+  const auto is_drawn = [&](EntrySet set, EntrySet others) {
+    const EntrySet beside = entries_.with_needs(set | (entries_.all() & ~others));
+    return answers_about(beside).count(conflict.message) != 0;
+  };
+  if (is_drawn(conflict.set, parties_of_others)) return false;
+  return std::none_of(conflict.minimal.begin(), conflict.minimal.end(),
+                      [&](EntrySet set) { return is_drawn(set, parties_of_others | conflict.members()); });
 }
 
 }  // namespace brute_force

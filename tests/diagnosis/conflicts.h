@@ -23,7 +23,8 @@ struct Conflict {
   EntrySet parties = 0;   ///< the innermost of the set without the triggers
   EntrySet triggers = 0;  ///< only make the library look at what is in force
   bool is_in_force = false;
-  std::size_t enough = 0;  ///< of a rule that counts: so many are to be left out
+  std::vector<EntrySet> minimal{};  ///< of a rule that counts: the minimal sets
+  std::size_t enough = 0;  ///< of a rule that counts: so many are to be left out, so that no minimal set is left
 
   EntrySet members() const { return parties | triggers; }
 };
@@ -50,7 +51,6 @@ class ConflictSearch {
   bool is_drawn_by_what_is_in_force(const Message &message, EntrySet set) const;
   void drop_mended();
   bool is_mended(const Conflict &conflict);
-  std::size_t enough_to_leave_out(const Conflict &conflict);
 
   const Configurations &commit_;
   MergedEntries entries_;
