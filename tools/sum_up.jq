@@ -1,8 +1,9 @@
 # Adds up the summaries of documents that vpnval check --format json printed for many commits each:
 # jq -n -f sum_up.jq RESULT...
 
-# An error is worse than a rejection, a rejection worse than warnings.
-def badness: if . == 2 then 1 elif . == 1 then 2 else . end;
+# An error is worse than too much removed (3), that worse than a rejection (1), a rejection worse than nothing to commit (4)
+# and that worse than warnings (2).
+def badness: {"0": 0, "2": 1, "4": 2, "1": 3, "3": 4}[tostring] // .;
 def findings: group_by(.rule) | map(.[0] + {open: map(.open) | add, suppressed: map(.suppressed) | add});
 
 reduce (inputs | .summary) as $next (

@@ -9,6 +9,7 @@
 
 #include "host/run/commit.h"
 #include "report/change_list.h"
+#include "report/change_summary.h"
 #include "report/commit_report.h"
 #include "report/input_files.h"
 
@@ -21,6 +22,7 @@ struct CheckReport {
   std::string plugin_file;  ///< the file that decided
   std::string build_id;
   std::vector<ListedChange> changes;
+  ChangeSummary summary;
   host::Verdict verdict;
   std::optional<host::Verdict> rollback;  ///< on the way back, where it was asked for; see CommitReport::rollback
   bool with_trace = false;

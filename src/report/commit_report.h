@@ -40,6 +40,7 @@ struct CommitReport {
   std::string name;                        ///< as its user named it: its folder, or the candidate's file
   std::optional<host::Decision> decision;  ///< nothing: there is an error instead
   std::string error;                       ///< why it could not be decided, one line
+  std::string refusal;                     ///< why it is not to be committed whatever the library says; empty: none
   PassedOver passed_over;                  ///< of the files; nothing for a rollback
   std::vector<UnreadableName> unreadable;  ///< beside the verdict, whatever it is
   std::vector<Finding> findings;

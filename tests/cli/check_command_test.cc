@@ -55,6 +55,7 @@ TEST_F(CheckCommand, nothing_changed_is_accepted_and_asks_nothing) {
   const Outcome outcome = check();
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(without_build_id(outcome.out),
+            "summary: nothing to commit\n"
             "changes: 0\n"
             "\n"
             "validation points fired: 0\n"
@@ -69,6 +70,7 @@ TEST_F(CheckCommand, a_warning_is_shown_and_accepted) {
   const Outcome outcome = verdict();
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(without_build_id(outcome.out),
+            "summary: VPNs 1 added\n"
             "changes: 1\n"
             "~ /mpls/l2vpn-config/l2vpn/vpws-group{metro}\n"
             "  + vpn{west}\n"
@@ -96,6 +98,7 @@ TEST_F(CheckCommand, a_rejection_ends_the_commit) {
   const Outcome outcome = verdict();
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(without_build_id(outcome.out),
+            "summary: neighbours 1 added; members 1 added\n"
             "changes: 4\n"
             "+ /config/vlan{100}\n"
             "  + interface{ge-1}\n"
@@ -148,6 +151,10 @@ TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_stand
   const auto expected = nlohmann::json::parse(R"({
     "schema-version": 2,
     "program": {"name": "vpnval", "version": ")" VPNVAL_VERSION R"("},
+    "summary": {"vpns": {"added": 1, "changed": 0, "removed": 0},
+                "attachments": {"added": 0, "changed": 0, "removed": 0},
+                "neighbors": {"added": 1, "changed": 0, "removed": 0},
+                "members": {"added": 0, "changed": 0, "removed": 0}, "removed": 0},
     "decision": "rejected",
     "total": {"fired": 3, "asked": 3, "accepted": 1, "warnings": 1, "rejected": 1},
     "points": [

@@ -48,7 +48,7 @@ TEST_P(Completion, offers_every_option_of_the_help) {
   for (const std::string &command : commands_in_help()) {
     EXPECT_EQ(offered("vpnval " + command + " -"), options_in_help(command)) << command;
   }
-  EXPECT_EQ(offered("vpnval check --fail"), Offers{"--fail-on-warn"});
+  EXPECT_EQ(offered("vpnval check --fail-on-w"), Offers{"--fail-on-warn"});
 }
 
 TEST_P(Completion, offers_the_values_that_an_option_lists) {

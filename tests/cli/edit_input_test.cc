@@ -39,14 +39,18 @@ class EditInput : public testing::Test {
 TEST_F(EditInput, check_decides_what_a_folders_edit_makes_of_the_running_configuration) {
   const Outcome outcome = run({"check"});
   EXPECT_EQ(outcome.err, "");
-  EXPECT_TRUE(outcome.out.starts_with("changes: 1\n+ /config/vlan{7}\n")) << outcome.out;
+  EXPECT_TRUE(outcome.out.starts_with(
+      "summary: no VPN, attachment, neighbour or member is touched\nchanges: 1\n+ /config/vlan{7}\n"))
+      << outcome.out;
 }
 
 TEST_F(EditInput, edits_are_applied_in_their_order) {
   folder.write("second.xml", edit("<vlan nc:operation=\"delete\"><id>7</id></vlan><vlan><id>8</id></vlan>"));
   const Outcome outcome =
       run({"check", "--edit", folder.file("edit.xml"), "--edit", folder.file("second.xml"), "--format=json"});
-  EXPECT_TRUE(outcome.err.starts_with("changes: 1\n+ /config/vlan{8}\n")) << outcome.err;
+  EXPECT_TRUE(outcome.err.starts_with(
+      "summary: no VPN, attachment, neighbour or member is touched\nchanges: 1\n+ /config/vlan{8}\n"))
+      << outcome.err;
   EXPECT_EQ(nlohmann::json::parse(outcome.out).at("inputs").at("edits"),
             nlohmann::json::array({folder.file("edit.xml"), folder.file("second.xml")}));
 }
@@ -54,10 +58,12 @@ TEST_F(EditInput, edits_are_applied_in_their_order) {
 TEST_F(EditInput, a_folder_may_hold_an_edit_in_json) {
   folder.remove("edit.xml");
   folder.write("edit.json", R"({"base:config": {"vlan": [{"id": 5}, {"id": 9}]}})");
-  EXPECT_TRUE(run({"check"}).out.starts_with("changes: 1\n+ /config/vlan{9}\n"));
+  EXPECT_TRUE(run({"check"}).out.starts_with(
+      "summary: no VPN, attachment, neighbour or member is touched\nchanges: 1\n+ /config/vlan{9}\n"));
   folder.write("edit.json", R"({"ietf-yang-patch:yang-patch": {"patch-id": "p", "edit": [
 {"edit-id": "a", "operation": "remove", "target": "/base:config/vlan=5"}]}})");
-  EXPECT_TRUE(run({"check"}).out.starts_with("changes: 1\n- /config/vlan{5}\n"));
+  EXPECT_TRUE(run({"check"}).out.starts_with(
+      "summary: no VPN, attachment, neighbour or member is touched\nchanges: 1\n- /config/vlan{5}\n"));
   folder.write("edit.xml", edit(""));
   EXPECT_EQ(run({"check"}).err,
             "vpnval: " + folder.path() + ": holds edit.xml and edit.json; one of them was expected\n");
@@ -117,7 +123,8 @@ TEST_F(EditInput, apply_writes_the_candidate) {
 
 TEST_F(EditInput, nodes_of_other_modules_are_passed_over_and_refused_where_that_is_asked_for) {
   folder.write("edit.xml", edit("<vlan><id>7</id></vlan><x xmlns=\"urn:x\"/>"));
-  EXPECT_TRUE(run({"check"}).out.starts_with("passed over: 1 node of 1 module in candidate\n"));
+  EXPECT_TRUE(run({"check"}).out.starts_with(
+      "summary: no VPN, attachment, neighbour or member is touched\npassed over: 1 node of 1 module in candidate\n"));
   EXPECT_EQ(run({"check", "--strict"}).err,
             "vpnval: " + folder.file("edit.xml") +
                 ":3: /config: foreign node x of namespace \"urn:x\"; expected nodes of the element's own modules "

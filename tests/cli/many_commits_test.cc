@@ -60,7 +60,7 @@ TEST_F(ManyCommits, the_worst_status_is_kept_whatever_the_order) {
            R"("findings": [], "status": )" +
            std::to_string(status) + "}}";
   };
-  const std::vector<int> ascending{0, 2, 1, 64, 65, 70};
+  const std::vector<int> ascending{0, 2, 4, 1, 3, 64, 65, 70};
   for (std::size_t i = 1; i < ascending.size(); ++i) {
     folder_.write("better", result(ascending[i - 1]));
     folder_.write("worse", result(ascending[i]));

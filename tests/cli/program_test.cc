@@ -41,6 +41,7 @@ TEST(Program, prints_the_difference_before_a_library_stops_it) {
       run_process("VPNVAL_PLUGIN=" ANSWERING_PLUGIN_FILE " " + vpnval + " check " + folder.path() + " 2>/dev/null");
   EXPECT_EQ(result.status, 128 + SIGABRT);
   EXPECT_EQ(result.output,
+            "summary: VPNs 1 added; attachments 1 added\n"
             "changes: 3\n"
             "+ /mpls/l2vpn-config/l2vpn/vpls-group{campus}\n"
             "  + vpn{voice}\n"

@@ -105,6 +105,11 @@ CLI::App *add_check(CLI::App &program, CheckArguments &check) {
   command->add_flag("--trace", check.trace, "Add what the library wrote to its trace");
   add_search_options(*command, check);
   command->add_flag("--fail-on-warn", check.fail_on_warn, "End with status 2 when a commit is accepted with warnings");
+  command
+      ->add_option("--max-removed", check.max_removed,
+                   "End with status 3 when more VPNs, attachments, neighbours and members than this are removed")
+      ->type_name("N");
+  command->add_flag("--fail-on-no-change", check.fail_on_no_change, "End with status 4 when nothing changes");
   command->add_flag("--rollback", check.rollback, "Decide the way back, too: from the candidate to the running");
   return command;
 }

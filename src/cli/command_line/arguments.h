@@ -40,6 +40,8 @@ struct CheckArguments {
   bool derived = false;
   bool trace = false;
   bool fail_on_warn = false;
+  std::optional<std::size_t> max_removed;  ///< more objects may not be removed
+  bool fail_on_no_change = false;
   bool rollback = false;  ///< decide the way back, too
   bool all_faults = false;
   diagnosis::Budget budget;

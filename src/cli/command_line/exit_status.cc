@@ -2,10 +2,12 @@
 
 namespace cli {
 
-const std::array<ExitStatusMeaning, 11> exit_status_table{{
+const std::array<ExitStatusMeaning, 13> exit_status_table{{
     {ExitStatus::accepted, "the commit is accepted, also with warnings"},
     {ExitStatus::rejected, "the commit is rejected"},
     {ExitStatus::accepted_with_warnings, "the commit is accepted with warnings, under --fail-on-warn"},
+    {ExitStatus::removes_too_much, "the commit removes more than --max-removed allows, whatever the verdict is"},
+    {ExitStatus::nothing_to_commit, "the commit changes nothing, under --fail-on-no-change"},
     {ExitStatus::usage, "the command line is wrong"},
     {ExitStatus::bad_input, "a configuration or the element profile is wrong"},
     {ExitStatus::unreadable_file, "a file cannot be read"},
@@ -17,10 +19,20 @@ const std::array<ExitStatusMeaning, 11> exit_status_table{{
 }};
 
 int severity(ExitStatus status) {
-  if (status == ExitStatus::accepted) return 0;
-  if (status == ExitStatus::accepted_with_warnings) return 1;
-  if (status == ExitStatus::rejected) return 2;
-  return static_cast<int>(status);
+  switch (status) {
+    case ExitStatus::accepted:
+      return 0;
+    case ExitStatus::accepted_with_warnings:
+      return 1;
+    case ExitStatus::nothing_to_commit:
+      return 2;
+    case ExitStatus::rejected:
+      return 3;
+    case ExitStatus::removes_too_much:
+      return 4;
+    default:
+      return static_cast<int>(status);
+  }
 }
 
 }  // namespace cli

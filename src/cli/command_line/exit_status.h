@@ -12,6 +12,8 @@ enum class ExitStatus : int {
   accepted = 0,
   rejected = 1,
   accepted_with_warnings = 2,
+  removes_too_much = 3,
+  nothing_to_commit = 4,
   usage = 64,
   bad_input = 65,
   unreadable_file = 66,
@@ -27,11 +29,12 @@ struct ExitStatusMeaning {
   std::string_view meaning;
 };
 
-/// Orders statuses by how bad they are: accepted, warnings, rejected, then errors by their number.
+/// Orders statuses by how bad they are: accepted, warnings, nothing to commit, rejected, too much removed, then errors
+/// by their number.
 int severity(ExitStatus status);
 
 /// All of them, ascending, in the words of the help.
-extern const std::array<ExitStatusMeaning, 11> exit_status_table;
+extern const std::array<ExitStatusMeaning, 13> exit_status_table;
 
 }  // namespace cli
 

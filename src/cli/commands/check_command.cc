@@ -1,5 +1,8 @@
 #include "cli/commands/check_command.h"
 
+#include <fmt/format.h>
+
+#include <string>
 #include <utility>
 
 #include "cli/commands/output_format.h"
@@ -34,6 +37,20 @@ ExitStatus status_of(const report::CheckReport &report, bool fail_on_warn) {
 
 ExitStatus worse(ExitStatus a, ExitStatus b) { return severity(a) < severity(b) ? b : a; }
 
+/// Why the commit is not to be made whatever the library says, and the status for it.
+struct Refusal {
+  ExitStatus status = ExitStatus::accepted;
+  std::string text{};
+};
+
+Refusal refusal_of(const CheckArguments &arguments, const report::ChangeSummary &summary) {
+  if (arguments.fail_on_no_change && summary.is_nothing) return {ExitStatus::nothing_to_commit, "nothing to commit"};
+  if (!arguments.max_removed || summary.removed() <= *arguments.max_removed) return {};
+  return {ExitStatus::removes_too_much,
+          fmt::format("{} VPNs, attachments, neighbours and members are removed; --max-removed allows {}",
+                      summary.removed(), *arguments.max_removed)};
+}
+
 std::string name_of(const InputArguments &input) {
   if (!input.directory.empty()) return input.directory;
   return input.edits.empty() ? input.candidate : input.edits.back();
@@ -54,12 +71,16 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
   report.plugin_file = plugin.file().string();
   report.build_id = plugin.build_id();
   report.changes = report::list_changes(input.transaction().changes, arguments.derived);
+  report.summary = report::summarize_changes(input.transaction().changes);
+  Refusal refusal = refusal_of(arguments, report.summary);
+  report.commit.refusal = std::move(refusal.text);
   report.with_trace = arguments.trace;
   report.commit.passed_over = report::count_passed_over(input.sources());
   if (arguments.input.list_foreign) report.foreign = input.sources();
 
   const report::TextStyle style(wants_colour(arguments, environment));
   std::ostream &human = arguments.format == Format::text ? environment.out : environment.err;
+  report::write_summary_of_change(human, report, style);
   tell_foreign_nodes(human, arguments.input, input.sources());
   report::write_changes(human, report.changes, style);
   // A library that meets a broken data model stops the process: what was found out by then must be out.
@@ -73,7 +94,7 @@ ExitStatus check(const CheckArguments &arguments, const Environment &environment
   search(arguments, environment, input, plugin, session, report);
   suppressions.apply(report.commit.findings);
   report::write_findings(human, report.commit, style);
-  ExitStatus status = status_of(report, arguments.fail_on_warn);
+  ExitStatus status = worse(status_of(report, arguments.fail_on_warn), refusal.status);
   if (arguments.rollback) {
     human.flush();
     report::CheckReport back = decide_rollback(arguments, environment, input, report.commit.name, plugin, session);

@@ -8,6 +8,7 @@
 #include "report/json/advice_json.h"
 #include "report/json/array.h"
 #include "report/json/change_json.h"
+#include "report/json/change_summary_json.h"
 #include "report/json/finding_json.h"
 #include "report/json/node_json.h"
 #include "report/json/passed_over_json.h"
@@ -68,6 +69,7 @@ CommitReport read(const ordered_json &json, const std::string &name) {
   CommitReport commit;
   commit.name = name;
   commit.decision = read_decision(json.at("decision").get<std::string>());
+  commit.refusal = json.value("refusal", "");
   if (json.contains("passed-over")) commit.passed_over = read_passed_over(json.at("passed-over"));
   commit.unreadable = read_unreadable(json);
   commit.findings = read_findings(json.at("findings"));
@@ -90,7 +92,9 @@ void write_json(std::ostream &out, const CheckReport &report) {
                     {"candidate", report.inputs.candidate.string()}};
   for (const std::filesystem::path &edit : report.inputs.edits) json["inputs"]["edits"].push_back(edit.string());
   if (!report.commit.passed_over.is_nothing()) json["passed-over"] = passed_over_json(report);
+  json["summary"] = change_summary_json(report.summary);
   json["decision"] = decision_name(report.verdict.decision);
+  if (!report.commit.refusal.empty()) json["refusal"] = report.commit.refusal;
   json["total"] = total_json(report.verdict);
   json["points"] = array(report.verdict.points, point_json);
   write_unreadable(json, report.commit.unreadable);

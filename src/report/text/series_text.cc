@@ -7,6 +7,7 @@
 #include "report/text/explanation_text.h"
 #include "report/text/findings_text.h"
 #include "report/text/summary_text.h"
+#include "report/text/verdict_text.h"
 
 namespace report {
 namespace {
@@ -27,6 +28,7 @@ void SeriesText::write(CommitResult result) {
 
 void SeriesText::write_commit(const CommitReport &commit) {
   out_ << printable(commit.name) << ": " << outcome_text(commit, style_) << '\n';
+  if (!commit.refusal.empty()) out_ << refusal_text(commit, style_) << '\n';
   for (const UnreadableName &name : commit.unreadable) out_ << style_(Accent::warning, to_text(name)) << '\n';
   std::size_t number = 0;
   bool is_device_over = false;

@@ -66,6 +66,15 @@ void write_trace(std::ostream &out, const std::vector<std::string> &trace) {
 
 }  // namespace
 
+void write_summary_of_change(std::ostream &out, const CheckReport &report, const TextStyle &style) {
+  out << change_summary_text(report.summary) << '\n';
+  if (!report.commit.refusal.empty()) out << refusal_text(report.commit, style) << '\n';
+}
+
+std::string refusal_text(const CommitReport &commit, const TextStyle &style) {
+  return style(Accent::rejected, "refused") + ": " + commit.refusal;
+}
+
 void write_changes(std::ostream &out, const std::vector<ListedChange> &changes, const TextStyle &style) {
   out << fmt::format("changes: {}\n", changes.size());
   std::string_view object;
