@@ -2,6 +2,7 @@
 
 #include <poll.h>
 
+#include <cerrno>
 #include <list>
 #include <system_error>
 #include <utility>
@@ -75,18 +76,21 @@ class Runner {
 
   bool is_done() const { return running_.empty() && next_ == batch_.arguments.size(); }
 
-  /// Reads what the children have written, or comes back after a while.
+  /// Reads what the children have written, or comes back after a while. Waits for open descriptors alone: the system
+  /// refuses to wait at more places than a process may have descriptors.
   void wait() {
     std::vector<pollfd> places;
     for (const Running &running : running_) {
-      places.push_back({running.child.out().number(), POLLIN, 0});
-      places.push_back({running.child.err().number(), POLLIN, 0});
+      for (const Descriptor *descriptor : {&running.child.out(), &running.child.err()})
+        if (descriptor->is_open()) places.push_back({descriptor->number(), POLLIN, 0});
     }
-    if (ppoll(places.data(), places.size(), &kLongestWait, &interrupts_.mask_before()) <= 0) return;
-    auto place = places.begin();
+    const int ready = ppoll(places.data(), places.size(), &kLongestWait, &interrupts_.mask_before());
+    if (ready < 0 && errno != EINTR) throw std::system_error(errno, std::generic_category(), "waiting for processes");
+    if (ready <= 0) return;
+    auto place = places.cbegin();
     for (Running &running : running_) {
-      if (place++->revents != 0) running.child.read_out();
-      if (place++->revents != 0) running.child.read_err();
+      if (running.child.out().is_open() && place++->revents != 0) running.child.read_out();
+      if (running.child.err().is_open() && place++->revents != 0) running.child.read_err();
     }
   }
 

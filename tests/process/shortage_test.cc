@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 
 #include "process/batch.h"
 
@@ -33,12 +35,15 @@ extern "C" int posix_spawn(pid_t *process, const char *file, const posix_spawn_f
 
 namespace {
 
-std::vector<Result> results_of_many(std::size_t count, std::size_t jobs) {
-  const process::Batch batch{"/bin/sh", std::vector<std::vector<std::string>>(count, {"-c", "echo done"}), jobs};
-  std::vector<Result> results(count);
+std::vector<Result> results_of(const process::Batch &batch) {
+  std::vector<Result> results(batch.arguments.size());
   process::run_all(batch,
                    {[&results](std::size_t index, Result result) { results[index] = std::move(result); }, [] {}});
   return results;
+}
+
+std::vector<Result> results_of_many(std::size_t count, std::size_t jobs) {
+  return results_of({"/bin/sh", std::vector<std::vector<std::string>>(count, {"-c", "echo done"}), jobs});
 }
 
 bool are_all_done(const std::vector<Result> &results) {
@@ -68,6 +73,17 @@ class FewDescriptors {
 TEST(BatchShortage, fewer_run_at_once_where_descriptors_run_out) {
   const FewDescriptors descriptors(12);
   EXPECT_TRUE(are_all_done(results_of_many(40, 100)));
+}
+
+// All but the last wait for the last, each with one descriptor open of the two that it began with.
+TEST(BatchShortage, processes_that_write_no_more_errors_need_one_descriptor_each) {
+  const std::string file = testing::TempDir() + "last-of-many-" + std::to_string(getpid());
+  const std::string waiting = "exec 2>&-; while [ ! -e $0 ]; do sleep 0.01; done; echo done";
+  process::Batch batch{"/bin/sh", std::vector<std::vector<std::string>>(29, {"-c", waiting, file}), 30};
+  batch.arguments.push_back({"-c", "touch $0; echo done", file});
+  const FewDescriptors descriptors(36);
+  EXPECT_TRUE(are_all_done(results_of(batch)));
+  std::filesystem::remove(file);
 }
 
 TEST(BatchShortage, what_no_end_of_a_process_can_cure_is_told) {

@@ -21,7 +21,7 @@ struct zlog_category_s {
 
 namespace {
 
-std::string format_text(const char *format, va_list arguments) {
+[[gnu::format(printf, 1, 0)]] std::string format_text(const char *format, va_list arguments) {
   va_list again;
   va_copy(again, arguments);
   const int length = std::vsnprintf(nullptr, 0, format, again);

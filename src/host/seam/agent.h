@@ -21,8 +21,8 @@ HostSession *enter_transaction(SeamFunction function, int sock, int thandle);
 
 /// Resolves the path of a call of `function`. 0, or the error code that the call must fail with; the session's
 /// statistics then list the path, as they do one with quotes.
-int resolve_path(HostSession &session, SeamFunction function, ResolvedPath &path, const char *format,
-                 std::va_list arguments);
+[[gnu::format(printf, 4, 0)]] int resolve_path(HostSession &session, SeamFunction function, ResolvedPath &path,
+                                               const char *format, std::va_list arguments);
 
 }  // namespace host
 

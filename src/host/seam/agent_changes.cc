@@ -84,7 +84,8 @@ class Report {
   confd_hkeypath_t key_path_;
 };
 
-int iterate(HostSession &session, Iterator iterator, void *state, const char *format, std::va_list arguments) {
+[[gnu::format(printf, 4, 0)]] int iterate(HostSession &session, Iterator iterator, void *state, const char *format,
+                                          std::va_list arguments) {
   ResolvedPath path;
   const int reason = resolve_path(session, SeamFunction::maapi_keypath_diff_iterate, path, format, arguments);
   if (reason != 0) return fail(reason);

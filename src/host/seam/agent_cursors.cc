@@ -74,7 +74,8 @@ int check_keys(const element::SchemaNode &list, const confd_value_t *keys, int c
   return 0;
 }
 
-int open_cursor(HostSession &session, maapi_cursor &mc, const char *format, std::va_list arguments) {
+[[gnu::format(printf, 3, 0)]] int open_cursor(HostSession &session, maapi_cursor &mc, const char *format,
+                                              std::va_list arguments) {
   const element::Tree &candidate = session.transaction()->candidate;
   ResolvedPath path;
   if (const int reason = resolve_path(session, SeamFunction::maapi_init_cursor, path, format, arguments); reason != 0)

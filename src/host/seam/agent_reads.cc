@@ -49,7 +49,8 @@ const T *leaf_content(const Read &read) {
 
 /// What `answer` makes of the read; CONFD_ERR, with confd_errno set, where the call fails or the path leads nowhere.
 template <typename Answer>
-int read_by_path(const ReadCall &call, const char *format, std::va_list arguments, Answer answer) {
+[[gnu::format(printf, 2, 0)]] int read_by_path(const ReadCall &call, const char *format, std::va_list arguments,
+                                               Answer answer) {
   Read read;
   read.session = enter_transaction(call.function, call.sock, call.thandle);
   if (read.session == nullptr) return CONFD_ERR;

@@ -19,7 +19,8 @@ struct ListRead {
   const element::Node *list = nullptr;  ///< null where the running configuration has no entry
 
   /// False, with confd_errno set, where there is no such session, no transaction, or no such list.
-  bool start(SeamFunction function, int sock, const char *format, std::va_list arguments) {
+  [[gnu::format(printf, 4, 0)]] bool start(SeamFunction function, int sock, const char *format,
+                                           std::va_list arguments) {
     HostSession *session = enter_agent(function);
     if (session == nullptr) return false;
     const bool served = session->state().cdb_sockets.count(sock) != 0 && session->transaction() != nullptr;
