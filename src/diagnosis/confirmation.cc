@@ -198,8 +198,6 @@ std::vector<std::uint32_t> likely_triggers(const SearchContext &context, const N
 // with it, unless the fault is its own.
 void find_triggers(const SearchContext &context, FoundConflict &conflict) {
   if (conflict.enough_of_any != 0) return;  // a limit whose triggers are known
-  const bool counts = context.messages[conflict.message].counts();
-  if (counts && !is_in_force(context, conflict.entries, conflict.message)) return;
   NumberSet core = conflict.entries;
   for (const std::uint32_t entry : possible_triggers(context, conflict)) {
     const NumberSet rest = minus(core, {entry});

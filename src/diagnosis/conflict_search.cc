@@ -25,11 +25,6 @@ constexpr std::size_t kMostCoveredParties = 4096;
 
 }  // namespace
 
-Bound bound_of(const FoundConflict &conflict) {
-  const std::size_t parties = conflict.parties.size();
-  return {conflict.parties, parties - std::min(parties, conflict.surplus())};
-}
-
 void ConflictSearch::find_all() {
   for (const NumberSet &bundle : locality_.bundles(kBundleSize)) {
     if (context_.oracle.has_ended()) return;
@@ -63,7 +58,7 @@ void ConflictSearch::find_at(const std::string &point, NumberSet left) {
     for (const std::uint32_t message : *answer) {
       if (point_of(message) != point) continue;
       explain(asked, message);
-      const FoundConflict *conflict = known_within(asked, message);
+      const FoundConflict *conflict = explanation_within(asked, message);
       if (conflict == nullptr) return;
       left = without_parties(left, *conflict);
     }
@@ -80,8 +75,15 @@ void ConflictSearch::look_at(const std::string &point, const NumberSet &set) {
   }
 }
 
+bool ConflictSearch::is_known_within(const NumberSet &set, std::uint32_t message) const {
+  const auto known = by_message_.find(message);
+  return known != by_message_.end() && std::any_of(known->second.begin(), known->second.end(), [&](std::size_t number) {
+           return is_subset(conflicts_[number].entries, set);
+         });
+}
+
 // Of a limit so few parties may be missing that the others are too many.
-const FoundConflict *ConflictSearch::known_within(const NumberSet &set, std::uint32_t message) const {
+const FoundConflict *ConflictSearch::explanation_within(const NumberSet &set, std::uint32_t message) const {
   const auto known = by_message_.find(message);
   if (known == by_message_.end()) return nullptr;
   const bool counts = context_.messages[message].counts();
@@ -96,7 +98,7 @@ const FoundConflict *ConflictSearch::known_within(const NumberSet &set, std::uin
 /// Finds what draws the message, where it is not known within the set. Precondition: the set draws it.
 void ConflictSearch::explain(const NumberSet &set, std::uint32_t message) {
   if (context_.messages[message].counts()) explain_limit(set, message);
-  if (known_within(set, message) == nullptr) record(minimise(context_, set, message));
+  if (explanation_within(set, message) == nullptr) record(minimise(context_, set, message));
 }
 
 /// What a limit counts is looked at once.
@@ -164,9 +166,7 @@ void ConflictSearch::explore_what_is_in_force(const NumberSet &region) {
   const std::optional<NumberSet> answer = context_.oracle.ask({before, {}, true});
   if (!answer || answer->empty()) return;
   if (!is_small(before)) {
-    const auto is_known = [&](std::uint32_t message) {
-      return known_within(context_.entries.all(), message) != nullptr;
-    };
+    const auto is_known = [&](std::uint32_t message) { return is_known_within(context_.entries.all(), message); };
     if (!std::all_of(answer->begin(), answer->end(), is_known)) leave_unfinished(region);
     return;
   }
@@ -201,9 +201,9 @@ bool ConflictSearch::explore_presence(const NumberSet &region) {
   return true;
 }
 
-// Only a fault of the same point hides another: point by point, what it finds fault with is taken out in every way.
+// Another fault of the same point may hide one, and what is party of any fault may mend it: what is known is taken out
+// in every way all at once, and then point by point, so that more is left beside it.
 void ConflictSearch::explore_independent_sets(const NumberSet &set) {
-  find_among(set);
   std::size_t known = 0;
   do {
     known = conflicts_.size();
@@ -213,40 +213,52 @@ void ConflictSearch::explore_independent_sets(const NumberSet &set) {
     }
     drop_mended(context_, counting);
     std::map<std::string, FoundConflicts> of_point;
-    for (FoundConflict &conflict : counting) of_point[point_of(conflict.message)].push_back(std::move(conflict));
-    for (const auto &[point, conflicts] : of_point) explore_independent_sets(set, point, conflicts);
+    for (const FoundConflict &conflict : counting) of_point[point_of(conflict.message)].push_back(conflict);
+    ask_beside(set, counting, [this](const NumberSet &beside) { find_among(beside); });
+    for (const auto &[point, conflicts] : of_point) {
+      if (of_point.size() > 1) ask_beside(set, conflicts, [&](const NumberSet &beside) { find_at(point, beside); });
+      look_beside(set, point, conflicts);
+    }
   } while (conflicts_.size() != known && !context_.oracle.has_ended());
 }
 
-// A fault of one entry and a limit are left standing once more: they may hide nothing of what else is wrong with the
+// Faults of one entry and limits are left standing, each and both: they may hide nothing of what else is wrong with the
 // entry, with all that a group or VPN holds, or with what the limit counts.
-void ConflictSearch::explore_independent_sets(const NumberSet &set, const std::string &point,
-                                              const FoundConflicts &conflicts) {
-  std::vector<Bound> bounds;
-  std::vector<Bound> inner;
-  for (const FoundConflict &conflict : conflicts) {
+void ConflictSearch::look_beside(const NumberSet &set, const std::string &point, const FoundConflicts &conflicts) {
+  const auto is_limit = [this](const FoundConflict &conflict) { return context_.messages[conflict.message].counts(); };
+  const auto is_of_one = [&](const FoundConflict &conflict) {
     const NumberSet members = conflict.innermost();
-    const bool is_of_container = std::any_of(members.begin(), members.end(), [&](std::uint32_t member) {
-      return context_.entries[member].end > member + 1;
-    });
-    bounds.push_back({members, members.size() - std::min(members.size(), conflict.surplus())});
-    const bool is_limit = context_.messages[conflict.message].counts();
-    if (!is_limit && !is_of_container && members.size() > 1) inner.push_back(bounds.back());
-  }
-  ask_beside(set, point, bounds, [&](const NumberSet &beside) { find_at(point, beside); });
-  if (inner.size() == bounds.size()) return;
-  ask_beside(set, point, inner, [&](const NumberSet &beside) { look_at(point, beside); });
+    const auto holds_others = [this](std::uint32_t member) { return context_.entries[member].end > member + 1; };
+    return !is_limit(conflict) && (members.size() == 1 || std::any_of(members.begin(), members.end(), holds_others));
+  };
+  FoundConflicts no_limits = conflicts;
+  FoundConflicts of_many = conflicts;
+  const std::size_t limits = std::erase_if(no_limits, is_limit);
+  const std::size_t of_one = std::erase_if(of_many, is_of_one);
+  const auto look = [&](const NumberSet &beside) { look_at(point, beside); };
+  if (limits != 0) ask_beside(set, no_limits, look);
+  if (of_one != 0) ask_beside(set, of_many, look);
+  std::erase_if(of_many, is_limit);
+  if (limits != 0 && of_one != 0) ask_beside(set, of_many, look);
 }
 
-void ConflictSearch::ask_beside(const NumberSet &set, const std::string &point, const std::vector<Bound> &bounds,
+/// Asks about the set with the parties of the conflicts in sets that keep to them, until something new is found.
+void ConflictSearch::ask_beside(const NumberSet &set, const FoundConflicts &conflicts,
                                 const std::function<void(const NumberSet &)> &ask) {
   NumberSet members;
-  for (const Bound &bound : bounds) members.insert(members.end(), bound.parties.begin(), bound.parties.end());
+  std::vector<Bound> bounds;
+  for (const FoundConflict &conflict : conflicts) {
+    bounds.push_back(bound_of(context_, conflict));
+    members.insert(members.end(), bounds.back().parties.begin(), bounds.back().parties.end());
+  }
   normalise(members);
   IndependentSets independent{{{}}, false};
-  if (members.size() <= kMostCoveredParties)
+  if (members.size() <= kMostCoveredParties) {
     independent = independent_sets(bounds, {}, kMostSets, [this] { return context_.oracle.has_ended(); });
-  if (!independent.is_covering) unfinished_points_.insert(point);
+  }
+  if (!independent.is_covering) {
+    for (const FoundConflict &conflict : conflicts) unfinished_points_.insert(point_of(conflict.message));
+  }
   const std::size_t known = conflicts_.size();
   for (const NumberSet &beside : independent.sets) {
     if (context_.oracle.has_ended() || conflicts_.size() != known) return;
@@ -276,7 +288,7 @@ void ConflictSearch::find_triggers_of(const NumberSet &core, std::uint32_t messa
   std::size_t asked = 0;
   for (const std::uint32_t entry : likely_triggers(context_, core, kind)) {
     const NumberSet set = context_.entries.closure(united(core, {entry}));
-    if (known_within(set, message) != nullptr) continue;
+    if (is_known_within(set, message)) continue;
     if (++asked > kMostTriggers || context_.oracle.has_ended()) return;
     if (context_.oracle.reproduces(set, message)) record(minimise(context_, set, message));
   }

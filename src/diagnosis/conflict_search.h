@@ -44,7 +44,8 @@ class ConflictSearch {
   void explain(const NumberSet &set, std::uint32_t message);
   void explain_limit(const NumberSet &set, std::uint32_t message);
   bool record(FoundConflict conflict);
-  const FoundConflict *known_within(const NumberSet &set, std::uint32_t message) const;
+  bool is_known_within(const NumberSet &set, std::uint32_t message) const;
+  const FoundConflict *explanation_within(const NumberSet &set, std::uint32_t message) const;
   NumberSet without_parties(const NumberSet &set, const FoundConflict &conflict) const;
   void explore_neighborhoods();
   void explore(const NumberSet &region);
@@ -52,8 +53,8 @@ class ConflictSearch {
   void explore_what_is_in_force(const NumberSet &region);
   bool is_small(const NumberSet &set) const;
   void explore_independent_sets(const NumberSet &set);
-  void explore_independent_sets(const NumberSet &set, const std::string &point, const FoundConflicts &conflicts);
-  void ask_beside(const NumberSet &set, const std::string &point, const std::vector<Bound> &bounds,
+  void look_beside(const NumberSet &set, const std::string &point, const FoundConflicts &conflicts);
+  void ask_beside(const NumberSet &set, const FoundConflicts &conflicts,
                   const std::function<void(const NumberSet &)> &ask);
   void find_other_triggers();
   void find_triggers_of(const NumberSet &core, std::uint32_t message, const element::SchemaNode *kind);
@@ -69,9 +70,6 @@ class ConflictSearch {
   std::set<NumberSet> explored_;
   std::set<std::string> unfinished_points_;
 };
-
-/// All but as many of a conflict's parties as must go.
-Bound bound_of(const FoundConflict &conflict);
 
 }  // namespace diagnosis
 

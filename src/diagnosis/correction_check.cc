@@ -4,8 +4,8 @@
 #include <set>
 
 #include "diagnosis/confirmation.h"
-#include "diagnosis/conflict_search.h"
 #include "diagnosis/exhaustive_search.h"
+#include "diagnosis/limit_search.h"
 #include "diagnosis/minimisation.h"
 
 namespace diagnosis {
@@ -165,8 +165,8 @@ bool CorrectionCheck::is_proven_around(const std::vector<bool> &is_own, const Nu
   std::vector<Bound> bounds;
   for (std::size_t i = 0; i < conflicts_.size(); ++i) {
     if (is_own[i] || !is_subset(conflicts_[i].parties, scope)) continue;
-    others = united(others, conflicts_[i].parties);
-    bounds.push_back(bound_of(conflicts_[i]));
+    others = united(others, conflicts_[i].innermost());
+    bounds.push_back(bound_of(context_, conflicts_[i]));
   }
   if (!holds_known_pairs(is_own, entries_of(context_, parts), united(others, kept))) return false;
   others = minus(others, kept);

@@ -76,7 +76,7 @@ class Covering {
     }
     normalise(parties_);
     parties_ = minus(parties_, kept);
-    bounds_of_.resize(parties_.size());
+    takings_of_.resize(parties_.size());
     for (const Bound &bound : bounds) add_bound(bound, kept);
     uncovered_.assign(parties_.size(), Bits(parties_.size(), true));
     order_.resize(parties_.size());
@@ -108,17 +108,28 @@ class Covering {
     std::vector<std::size_t> left;  ///< by bound, how many more it allows
   };
 
+  /// What a party takes of a bound's room.
+  struct Taking {
+    std::size_t bound = 0;
+    std::size_t weight = 0;
+  };
+
   void add_bound(const Bound &bound, const NumberSet &kept) {
-    const NumberSet free = minus(bound.parties, kept);
-    const std::size_t taken = bound.parties.size() - free.size();
-    if (free.empty()) return;
-    members_of_.emplace_back();
-    room_.push_back(bound.most > taken ? bound.most - taken : 0);
-    for (const std::uint32_t party : free) {
+    std::vector<Index> members;
+    std::size_t taken = 0;
+    for (std::size_t i = 0; i < bound.parties.size(); ++i) {
+      const std::uint32_t party = bound.parties[i];
+      if (contains(kept, party)) {
+        taken += bound.weight(i);
+        continue;
+      }
       const auto place = std::lower_bound(parties_.begin(), parties_.end(), party);
-      members_of_.back().push_back(static_cast<Index>(place - parties_.begin()));
-      bounds_of_[members_of_.back().back()].push_back(room_.size() - 1);
+      members.push_back(static_cast<Index>(place - parties_.begin()));
+      takings_of_[members.back()].push_back({room_.size(), bound.weight(i)});
     }
+    if (members.empty()) return;
+    members_of_.push_back(std::move(members));
+    room_.push_back(bound.most > taken ? bound.most - taken : 0);
   }
 
   // Conflicts of two parties each that share none are covered by no fewer sets; others to a large part.
@@ -144,25 +155,27 @@ class Covering {
   }
 
   bool may_be_together(Index one, Index other) const {
-    const auto has_room = [this](std::size_t bound) { return room_[bound] > 0; };
     const auto fits_alone = [&](Index party) {
-      return std::all_of(bounds_of_[party].begin(), bounds_of_[party].end(), has_room);
+      return std::all_of(takings_of_[party].begin(), takings_of_[party].end(),
+                         [this](const Taking &taking) { return room_[taking.bound] >= taking.weight; });
     };
     if (one == other || !fits_alone(one)) return fits_alone(one);
-    const auto has_room_for_both = [&](std::size_t bound) {
-      const bool is_shared = std::find(bounds_of_[one].begin(), bounds_of_[one].end(), bound) != bounds_of_[one].end();
-      return room_[bound] > (is_shared ? 1U : 0U);
-    };
-    return std::all_of(bounds_of_[other].begin(), bounds_of_[other].end(), has_room_for_both);
+    return std::all_of(takings_of_[other].begin(), takings_of_[other].end(), [&](const Taking &taking) {
+      const auto shared = std::find_if(takings_of_[one].begin(), takings_of_[one].end(),
+                                       [&taking](const Taking &own) { return own.bound == taking.bound; });
+      return room_[taking.bound] >= taking.weight + (shared == takings_of_[one].end() ? 0 : shared->weight);
+    });
   }
 
   bool fits(const Chosen &chosen, Index party) const {
-    return !chosen.members.test(party) && std::all_of(bounds_of_[party].begin(), bounds_of_[party].end(),
-                                                      [&chosen](std::size_t bound) { return chosen.left[bound] > 0; });
+    const std::vector<Taking> &takings = takings_of_[party];
+    return !chosen.members.test(party) && std::all_of(takings.begin(), takings.end(), [&chosen](const Taking &taking) {
+      return chosen.left[taking.bound] >= taking.weight;
+    });
   }
 
   void add(Chosen &chosen, Index party) const {
-    for (const std::size_t bound : bounds_of_[party]) --chosen.left[bound];
+    for (const Taking &taking : takings_of_[party]) chosen.left[taking.bound] -= taking.weight;
     chosen.members.set(party);
   }
 
@@ -193,9 +206,9 @@ class Covering {
   Index best_rival(const Chosen &chosen, Index party) const {
     Index best = party;
     std::size_t most = gain(chosen, party);
-    for (const std::size_t bound : bounds_of_[party]) {
-      if (chosen.left[bound] != 1) continue;
-      for (const Index rival : members_of_[bound]) {
+    for (const Taking &taking : takings_of_[party]) {
+      if (chosen.left[taking.bound] != taking.weight) continue;
+      for (const Index rival : members_of_[taking.bound]) {
         if (rival == party || !fits(chosen, rival)) continue;
         const std::size_t pairs = gain(chosen, rival);
         if (pairs <= most) continue;
@@ -229,10 +242,10 @@ class Covering {
   }
 
   NumberSet parties_;
-  std::vector<std::vector<std::size_t>> bounds_of_;  ///< by party
-  std::vector<std::vector<Index>> members_of_;       ///< by bound
-  std::vector<std::size_t> room_;                    ///< by bound, for an empty set
-  std::vector<Bits> uncovered_;                      ///< by party: those it is not yet together with
+  std::vector<std::vector<Taking>> takings_of_;  ///< by party
+  std::vector<std::vector<Index>> members_of_;   ///< by bound
+  std::vector<std::size_t> room_;                ///< by bound, for an empty set
+  std::vector<Bits> uncovered_;                  ///< by party: those it is not yet together with
   std::vector<Index> order_;
   std::minstd_rand random_;  ///< the same sets in every run
 };

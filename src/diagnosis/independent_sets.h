@@ -13,7 +13,10 @@ namespace diagnosis {
 /// a limit allows of those that it counts.
 struct Bound {
   NumberSet parties;
-  std::size_t most = 0;
+  std::size_t most = 0;                ///< the sum of what those that are together weigh
+  std::vector<std::size_t> weights{};  ///< of each party; empty: each weighs 1
+
+  std::size_t weight(std::size_t place) const { return weights.empty() ? 1 : weights[place]; }
 };
 
 struct IndependentSets {

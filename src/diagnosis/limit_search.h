@@ -1,6 +1,7 @@
 #ifndef DIAGNOSIS_LIMIT_SEARCH_H
 #define DIAGNOSIS_LIMIT_SEARCH_H
 
+#include "diagnosis/independent_sets.h"
 #include "diagnosis/search_context.h"
 
 namespace diagnosis {
@@ -12,12 +13,13 @@ std::vector<NumberSet> counted_groups(const SearchContext &context, const Number
 /// The conflicts of a limit that the closed set `entries` draws, one for each of its counted groups. What the limit
 /// counts in the whole commit is asked about first, and what it counts in the set where the whole does not draw it.
 ///
-/// The limit is a threshold on a sum of weights. An entry is a party if there are others that keep to the limit, and
-/// no longer with it. Such others are chosen by the weights, and the library is asked about them with the entry and
-/// without. Entries of equal weight, of which all or none are changed by the commit, stand for each other: one of them
-/// is asked about. An entry that exceeds the limit alone has a conflict of its own. Empty where the library does not
-/// confirm the weights.
+/// An entry that exceeds the limit alone has a conflict of its own. Empty where the library does not confirm what the
+/// limit is supposed to count; see find_limit_parties().
 FoundConflicts find_exceeded_limits(const SearchContext &context, const NumberSet &entries, std::uint32_t message);
+
+/// Which of a conflict's parties and triggers may be together without it: all but one; of a limit's as much as it
+/// allows.
+Bound bound_of(const SearchContext &context, const FoundConflict &conflict);
 
 /// Makes one conflict of those of one limit that share a party, with all that it counts.
 void join_limits(const SearchContext &context, FoundConflicts &conflicts);

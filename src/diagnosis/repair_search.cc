@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "diagnosis/conflict_search.h"
 #include "diagnosis/free_values.h"
+#include "diagnosis/limit_search.h"
 #include "element/datastore/lookup.h"
 
 namespace diagnosis {
@@ -214,8 +214,8 @@ std::vector<NumberSet> RepairSearch::surroundings(const CandidateEdit &edit, con
       // The edit may make other conflicts of its entry go, too.
       const bool is_near = !intersection(conflict.parties, own).empty();
       if (is_near && is_gone(conflict.entries, {conflict.message}, edit)) continue;
-      others = united(others, conflict.parties);
-      bounds.push_back(bound_of(conflict));
+      others = united(others, conflict.innermost());
+      bounds.push_back(bound_of(context_, conflict));
     }
   }
   others = minus(others, own);

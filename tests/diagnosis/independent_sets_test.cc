@@ -25,11 +25,17 @@ std::vector<Bound> pairs(std::uint32_t number) {
   return bounds;
 }
 
-std::size_t members_in(const NumberSet &set, const Bound &bound) { return intersection(set, bound.parties).size(); }
+std::size_t weight_in(const NumberSet &set, const Bound &bound) {
+  std::size_t weight = 0;
+  for (std::size_t i = 0; i < bound.parties.size(); ++i) {
+    if (contains(set, bound.parties[i])) weight += bound.weight(i);
+  }
+  return weight;
+}
 
 bool keeps_to(const NumberSet &set, const std::vector<Bound> &bounds) {
   return std::all_of(bounds.begin(), bounds.end(),
-                     [&set](const Bound &bound) { return members_in(set, bound) <= bound.most; });
+                     [&set](const Bound &bound) { return weight_in(set, bound) <= bound.most; });
 }
 
 NumberSet parties_of(const std::vector<Bound> &bounds) {
@@ -73,6 +79,7 @@ TEST(IndependentSets, bring_every_two_together_that_may_be) {
       {{{1, 2}, 1}, {{2, 3}, 1}, {{3, 4}, 1}},               // a chain
       {{{1, 2}, 1}, {{1, 3}, 1}, {{2, 3}, 1}, {{4, 5}, 1}},  // each against each, and a pair
       {{{1, 2, 3, 4, 5}, 3}, {{5, 6}, 1}},                   // a limit
+      {{{1, 2, 3, 4}, 4, {3, 2, 1, 0}}, {{3, 4}, 1}},        // a limit of things that weigh differently
       {{{1}, 0}, {{2, 3}, 1}}};                              // a fault of one entry
   for (const std::vector<Bound> &bounds : cases) {
     expect_to_cover(diagnosis::independent_sets(bounds, {}, kManySets), bounds);
