@@ -204,6 +204,7 @@ bool ConflictSearch::explore_presence(const NumberSet &region) {
 // Another fault of the same point may hide one, and what is party of any fault may mend it: what is known is taken out
 // in every way all at once, and then point by point, so that more is left beside it.
 void ConflictSearch::explore_independent_sets(const NumberSet &set) {
+  find_among(set);
   std::size_t known = 0;
   do {
     known = conflicts_.size();
