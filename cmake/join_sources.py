@@ -3,9 +3,9 @@
 
 usage: join_sources.py OUTPUT TOP SOURCE...
 
-The includes of all sources come first. What is left of a source stands in a namespace of the source's name, because the
-sources of a test program use the same names for their helpers; a source that opens a named namespace or defines main()
-stays in the global one. Messages of the compiler and of the tests name the sources, from TOP.
+The includes of all sources come first. What is left of a *_test.cc stands in a namespace of the source's name, because the
+sources of a test program use the same names for their helpers; one that opens a named namespace or defines main() stays in
+the global one, as does a source that is no *_test.cc. Messages of the compiler and of the tests name the sources, from TOP.
 """
 
 import pathlib
@@ -23,7 +23,7 @@ def joined(sources: list, top: pathlib.Path) -> str:
         includes.update((line, None) for line in lines if line.startswith("#include"))
         body = "\n".join("" if line.startswith("#include") else line for line in lines)
         body = f'#line 1 "{source.relative_to(top)}"\n{body}\n'
-        if not IN_GLOBAL_NAMESPACE.search(body):
+        if source.stem.endswith("_test") and not IN_GLOBAL_NAMESPACE.search(body):
             body = f"namespace {source.stem} {{\n{body}}}\n"
         bodies.append(body)
     return "\n".join([*includes, "", *bodies])

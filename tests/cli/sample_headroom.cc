@@ -9,7 +9,7 @@ using headroom::LimitState;
 using headroom::LimitUsage;
 using Number = std::optional<std::int64_t>;
 
-const headroom::Answer too_many_vpns{"vpn-limit", "vpn_overflow_valp",
+const headroom::Answer vpn_limit_answer{"vpn-limit", "vpn_overflow_valp",
                                      "Maximum number of VPNs has been exceeded. Attempt to configure 5 of 4 allowed"};
 const headroom::Answer too_many_vlans{
     "encapsulation-vlan-limit", "vpn_access_valp",
@@ -28,8 +28,8 @@ report::ElementHeadroom roomy() {
   measurement.usages = {
       usage(Limit::vpns, "", "", LimitState::no_limit, {5, none, 16384}, std::nullopt),
       usage(Limit::pseudowires, "", "", LimitState::stopped, {none, none, 3}, unknown),
-      usage(Limit::access_interfaces, "vpls-group a vpn b", "", LimitState::measured, {1, 4, 3}, too_many_vpns),
-      usage(Limit::access_interfaces, "vpls-group a vpn longer", "", LimitState::measured, {2, 4, 2}, too_many_vpns),
+      usage(Limit::access_interfaces, "vpls-group a vpn b", "", LimitState::measured, {1, 4, 3}, vpn_limit_answer),
+      usage(Limit::access_interfaces, "vpls-group a vpn longer", "", LimitState::measured, {2, 4, 2}, vpn_limit_answer),
       usage(Limit::encapsulation_vlans, "", "", LimitState::measured, {3, 8, 5}, too_many_vlans),
       usage(Limit::encapsulation_ranges, "", "", LimitState::stopped, {0, 64, 5}, too_many_vlans),
       usage(Limit::interface_ranges, "", "ge-1/1", LimitState::no_room, {none, none, 0}, std::nullopt),
@@ -41,9 +41,9 @@ report::ElementHeadroom tight() {
   report::ElementHeadroom element = roomy();
   element.file = "tight\x1b.json";
   element.measurement.decision = host::Decision::rejected;
-  element.measurement.answers = {too_many_vpns};
+  element.measurement.answers = {vpn_limit_answer};
   element.unreadable = {{"a b", 2, {"vpn_overflow_valp"}, {"vpn-limit"}}};
-  element.measurement.usages[0] = usage(Limit::vpns, "", "", LimitState::exceeded, {5, 4, -1}, too_many_vpns);
+  element.measurement.usages[0] = usage(Limit::vpns, "", "", LimitState::exceeded, {5, 4, -1}, vpn_limit_answer);
   element.measurement.usages[5] =
       usage(Limit::encapsulation_ranges, "", "", LimitState::stopped, {0, 64, std::nullopt}, unknown);
   return element;

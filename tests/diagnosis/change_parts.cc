@@ -14,7 +14,6 @@ using element::Node;
 using element::NodeKind;
 using element::Path;
 
-bool is_thing(const Node &node) { return node.is_entry() && node.schema->name != "dot1q-range"; }
 bool is_vpn(const Node &node) { return node.schema->name == "vpn" && node.is_entry(); }
 
 /// A leaf, or a range, which has no leafs but its keys.

@@ -6,13 +6,14 @@
 #include "element/datastore/path.h"
 
 namespace brute_force {
-namespace {
 
 using element::Node;
 using element::NodeKind;
 using element::Path;
 
 bool is_thing(const Node &node) { return node.is_entry() && node.schema->name != "dot1q-range"; }
+
+namespace {
 
 Path path_of(const Node &node, Path around) {
   if (node.is_entry()) {
@@ -27,10 +28,6 @@ void collect_paths(const Node &node, const Path &path, std::set<std::string> &pa
   if (is_thing(node)) paths.insert(to_text(path));
   for (const Node &child : node.children) collect_paths(child, path_of(child, path), paths);
 }
-
-}  // namespace
-
-namespace {
 
 /// The leafs and ranges of an entry, without what the entries in it hold.
 void collect_values(const Node &node, const Path &path, std::vector<std::string> &values) {

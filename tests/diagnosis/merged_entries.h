@@ -28,7 +28,10 @@ constexpr std::size_t kMostEntries = 20;
 constexpr EntrySet bit(std::size_t entry) { return EntrySet{1} << entry; }
 constexpr bool holds(EntrySet set, std::size_t entry) { return (set >> entry & 1U) != 0; }
 
-/// A list entry of either configuration that stands for a thing. A dot1q-range is none: it belongs to its attachment.
+/// Whether it is a list entry that stands for a thing. A dot1q-range does not: it belongs to its attachment.
+bool is_thing(const element::Node &node);
+
+/// An entry of either configuration that stands for a thing.
 struct Entry {
   std::string path;
   EntrySet needs = 0;  ///< the entries around it

@@ -7,14 +7,6 @@
 namespace seeded {
 namespace {
 
-std::string member_of(std::uint16_t vlan, const std::string &port) {
-  return fmt::format("/config/vlan{{{}}}/interface{{{}}}", vlan, port);
-}
-
-Arrival draw_arrival(NamePool &names) {
-  return names.one_of(std::vector<Arrival>{Arrival::stands, Arrival::added, Arrival::changed});
-}
-
 void put_removed(Draft &draft, const Lines &lines) {
   draft.running.insert(draft.running.end(), lines.begin(), lines.end());
 }

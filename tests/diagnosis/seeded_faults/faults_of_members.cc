@@ -13,10 +13,6 @@ constexpr std::string_view kUplinkWarning =
     "Some MPLS VPN's have access and uplink interfaces in common. In this way those access interfaces will not be able "
     "to encapsulate MPLS traffic";
 
-std::string member_of(std::uint16_t vlan, const std::string &port) {
-  return fmt::format("/config/vlan{{{}}}/interface{{{}}}", vlan, port);
-}
-
 /// An LDP uplink on a VLAN; as parties its layer-3 interface and its interface of LDP.
 struct Uplink {
   std::uint16_t vlan = 0;

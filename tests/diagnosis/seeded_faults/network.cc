@@ -25,6 +25,10 @@ Lines before_the_change(NamePool &names, const Vpn &vpn, const std::string &port
 
 }  // namespace
 
+Arrival draw_arrival(NamePool &names) {
+  return names.one_of(std::vector<Arrival>{Arrival::stands, Arrival::added, Arrival::changed});
+}
+
 void Draft::both(const std::string &line) {
   running.push_back(line);
   candidate.push_back(line);
@@ -94,6 +98,10 @@ void attach(Draft &draft, NamePool &names, const Vpn &vpn, const std::string &po
   const Lines before = before_the_change(names, vpn, port, claim);
   append(draft.running, before);
   if (claim.kind == Claim::range) append(draft.candidate, before);
+}
+
+std::string member_of(std::uint16_t vlan, const std::string &port) {
+  return fmt::format("/config/vlan{{{}}}/interface{{{}}}", vlan, port);
 }
 
 void put(Draft &draft, const std::string &line, Arrival arrival) { put(draft, Lines{line}, arrival); }

@@ -25,6 +25,8 @@ enum class Arrival {
   changed  ///< is in both, and the commit changes what it takes
 };
 
+Arrival draw_arrival(NamePool &names);
+
 enum class Family { vpls, vpws };
 
 struct Vpn {
@@ -61,6 +63,9 @@ Claim range_claim(std::uint16_t first, std::uint16_t last);
 /// A VPN's access interface that takes this. The VLAN of a VPLS VPN is its bridge domain's.
 Lines attached(const Vpn &vpn, const std::string &port, const Claim &claim);
 std::string range_line(const Vpn &vpn, const std::string &port, std::uint16_t first, std::uint16_t last);
+
+/// A static member of a VLAN.
+std::string member_of(std::uint16_t vlan, const std::string &port);
 
 /// Puts a VPN with one access interface into the commit. One that changes takes something else on its port before.
 void attach(Draft &draft, NamePool &names, const Vpn &vpn, const std::string &port, const Claim &claim,

@@ -14,10 +14,6 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 1> kExclusio
 
 auto place_in_order(const Vpn &vpn) { return std::tuple(vpn.family == Family::vpls, vpn.group, vpn.name); }
 
-Arrival draw_arrival(NamePool &names) {
-  return names.one_of(std::vector<Arrival>{Arrival::stands, Arrival::added, Arrival::changed});
-}
-
 }  // namespace
 
 diagnosis::ChangeStatus status_of(Arrival arrival) {
