@@ -143,8 +143,9 @@ void PrintTo(const Refusal &refusal, std::ostream *out) { *out << refusal.name; 
 class RefusedEdit : public EditInput, public testing::WithParamInterface<Refusal> {
  protected:
   std::string in_folder(std::string text) const {
-    for (std::size_t at = text.find("F/"); at != std::string::npos; at = text.find("F/", at)) {
-      text.replace(at, 2, folder.path() + "/");
+    const std::string path = folder.path() + "/";
+    for (std::size_t at = text.find("F/"); at != std::string::npos; at = text.find("F/", at + path.size())) {
+      text.replace(at, 2, path);
     }
     return text;
   }
