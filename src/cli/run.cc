@@ -1,11 +1,10 @@
 #include "cli/run.h"
 
-#include <exception>
 #include <new>
-#include <string_view>
 
 #include "cli/command_line/arguments.h"
 #include "cli/command_line/errors.h"
+#include "cli/command_line/failure.h"
 #include "cli/commands/apply_command.h"
 #include "cli/commands/check_command.h"
 #include "cli/commands/check_series.h"
@@ -15,9 +14,6 @@
 #include "cli/commands/map_command.h"
 #include "cli/commands/plan_command.h"
 #include "cli/commands/show_command.h"
-#include "element/input/input_error.h"
-#include "host/run/commit.h"
-#include "host/run/plugin.h"
 #include "report/escape/printable.h"
 
 namespace cli {
@@ -28,7 +24,9 @@ struct CarryOut {
 
   ExitStatus operator()(ExitStatus status) const { return status; }
   ExitStatus operator()(const CheckArguments &arguments) const {
-    return arguments.is_series() ? check_series(arguments, environment) : check(arguments, environment);
+    std::ostream nowhere(nullptr);
+    const Environment told = arguments.quiet ? with_errors_to(nowhere, environment) : environment;
+    return arguments.is_series() ? check_series(arguments, told) : check(arguments, told);
   }
   ExitStatus operator()(const ShowArguments &arguments) const { return show(arguments, environment); }
   ExitStatus operator()(const ExplainArguments &arguments) const { return explain(arguments, environment); }
@@ -49,33 +47,19 @@ ExitStatus run_command(const std::vector<std::string> &arguments, const Environm
 }  // namespace
 
 ExitStatus run(const std::vector<std::string> &arguments, const Environment &environment) {
-  const auto fail = [&environment](const std::exception &error, ExitStatus status) {
-    environment.out.flush();
-    environment.err << "vpnval: " << report::printable(error.what()) << '\n';
-    return status;
-  };
   try {
-    return run_command(arguments, environment);
-  } catch (const UsageError &error) {
-    return fail(error, ExitStatus::usage);
-  } catch (const WorkerError &error) {
-    return fail(error, error.status);
-  } catch (const element::FileError &error) {
-    return fail(error, ExitStatus::unreadable_file);
-  } catch (const element::InputError &error) {
-    return fail(error, ExitStatus::bad_input);
-  } catch (const OutputFileError &error) {
-    return fail(error, ExitStatus::unwritable_file);
-  } catch (const ElementError &error) {
-    return fail(error, ExitStatus::no_session);
-  } catch (const host::LoadError &error) {
-    return fail(error, ExitStatus::no_plugin);
+    try {
+      return run_command(arguments, environment);
+    } catch (...) {
+      const Failure failure = current_failure();
+      environment.out.flush();
+      environment.err << "vpnval: " << report::printable(failure.text) << '\n';
+      return failure.status;
+    }
   } catch (const std::bad_alloc &) {
     // Nothing that allocates: what was being written may have been cut short.
     environment.err << "vpnval: out of memory\n";
     return ExitStatus::out_of_memory;
-  } catch (const std::exception &error) {
-    return fail(error, ExitStatus::internal);
   }
 }
 

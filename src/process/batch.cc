@@ -25,9 +25,10 @@ bool is_shortage(const std::error_code &error) {
 
 struct Running {
   Running(std::size_t index_in_batch, const Batch &batch, const sigset_t &mask)
-      : index(index_in_batch), child(batch.program, batch.arguments[index], mask) {}
+      : index(index_in_batch), started(batch.now()), child(batch.program, batch.arguments[index], mask) {}
 
   std::size_t index;
+  std::chrono::steady_clock::time_point started;
   Child child;
 
   bool is_at_end() const { return !child.out().is_open() && !child.err().is_open(); }
@@ -96,9 +97,15 @@ class Runner {
 
   void finish_those_at_end() {
     for (Running &running : running_) {
-      if (running.is_at_end()) events_.finished(running.index, running.child.finish());
+      if (running.is_at_end()) finish(running);
     }
     running_.remove_if([](const Running &running) { return running.is_at_end(); });
+  }
+
+  void finish(Running &running) {
+    Result result = running.child.finish();
+    result.seconds = std::chrono::duration<double>(batch_.now() - running.started).count();
+    events_.finished(running.index, std::move(result));
   }
 
   const Batch &batch_;

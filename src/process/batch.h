@@ -1,6 +1,7 @@
 #ifndef PROCESS_BATCH_H
 #define PROCESS_BATCH_H
 
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <functional>
@@ -16,6 +17,7 @@ struct Batch {
   std::filesystem::path program;
   std::vector<std::vector<std::string>> arguments;
   std::size_t jobs = 1;  ///< at most so many run at once; fewer where descriptors, processes or memory do not suffice
+  std::function<std::chrono::steady_clock::time_point()> now = std::chrono::steady_clock::now;  ///< times the processes
 };
 
 struct BatchEvents {

@@ -19,6 +19,7 @@ struct Result {
   std::string not_started;  ///< why it could not be started; empty: it was
   std::string out;          ///< standard output, whole
   std::string err;          ///< the end of standard error, at most kErrorTail bytes
+  double seconds = 0;       ///< from its start until its end was seen; of a batch's processes alone
 };
 
 inline constexpr std::size_t kErrorTail = 8192;

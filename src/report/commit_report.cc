@@ -15,4 +15,9 @@ std::size_t count_open(const std::vector<Finding> &findings, bool warnings) {
   return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), is_open));
 }
 
+bool has_open_warning(const CommitReport &commit) {
+  if (commit.decision != host::Decision::accepted_with_warnings) return false;
+  return count_open(commit.findings, true) != 0 || !is_proven_complete(commit.search);
+}
+
 }  // namespace report

@@ -41,6 +41,8 @@ struct CommitReport {
   std::optional<host::Decision> decision;  ///< nothing: there is an error instead
   std::string error;                       ///< why it could not be decided, one line
   std::string refusal;                     ///< why it is not to be committed whatever the library says; empty: none
+  FilePlace error_place;                   ///< where that stands; without a file where it is not known
+  double seconds = 0;                      ///< how long it took; not known of a rollback by itself
   PassedOver passed_over;                  ///< of the files; nothing for a rollback
   std::vector<UnreadableName> unreadable;  ///< beside the verdict, whatever it is
   std::vector<Finding> findings;
@@ -56,6 +58,10 @@ bool is_proven_complete(const SearchReport &search);
 
 /// How many rejections, or warnings, are not suppressed.
 std::size_t count_open(const std::vector<Finding> &findings, bool warnings);
+
+/// Whether a commit that is accepted with warnings has one that is not suppressed, or may have one behind those that a
+/// search left unseen.
+bool has_open_warning(const CommitReport &commit);
 
 }  // namespace report
 

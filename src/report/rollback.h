@@ -11,7 +11,7 @@ namespace report {
 /// How the way back of the commit of this name is called.
 std::string rollback_name(const std::string &name);
 
-/// The commits, each with its way back behind it where that was decided.
+/// The commits, each with its way back behind it where that was decided, whose time is within its own.
 std::vector<CommitReport> with_rollbacks(const std::vector<CommitReport> &commits);
 
 }  // namespace report

@@ -8,14 +8,14 @@
 
 namespace report {
 
-/// One commit of many, with what deciding it alone has left.
+/// One commit, with what deciding it alone has left.
 struct CommitResult {
   CommitReport commit;
-  int exit_status = 0;   ///< of the program that decided this commit alone
-  std::string document;  ///< its report as JSON; empty where there is an error instead
+  int exit_status = 0;  ///< of the program that decided this commit alone
+  std::string verdict;  ///< as JSON, in one line; empty where there is an error instead
 };
 
-/// Writes the results of many commits, in the order in which they are given.
+/// Writes the results of commits, one or many, in the order in which they are given.
 class SeriesOutput {
  public:
   SeriesOutput() = default;
@@ -23,9 +23,9 @@ class SeriesOutput {
   SeriesOutput(const SeriesOutput &) = delete;
   SeriesOutput &operator=(const SeriesOutput &) = delete;
 
-  virtual void write(CommitResult result) = 0;
+  virtual void write(const CommitResult &result) = 0;
 
-  /// To be called once, after the last result. `exit_status` is that of the whole series.
+  /// To be called once, after the last result. `exit_status` is the worst of all.
   virtual void finish(const SeriesSummary &summary, int exit_status) = 0;
 };
 

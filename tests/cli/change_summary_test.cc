@@ -73,7 +73,7 @@ TEST_F(ChangeSummary, counts_a_leaf_of_a_vpn_as_a_change_of_it) {
 }
 
 TEST_F(ChangeSummary, is_in_the_document) {
-  const auto json = nlohmann::json::parse(check(vpns(kEast, ""), "", {"--format=json"}).out);
+  const auto json = nlohmann::json::parse(verdict_in(check(vpns(kEast, ""), "", {"--format=json"}).out));
   const auto counts = [](int removed) { return nlohmann::json{{"added", 0}, {"changed", 0}, {"removed", removed}}; };
   EXPECT_EQ(json.at("summary"), (nlohmann::json{{"vpns", counts(2)},
                                                 {"attachments", counts(1)},
@@ -91,8 +91,8 @@ TEST_F(ChangeSummary, a_commit_that_removes_more_than_is_allowed_is_refused_besi
   EXPECT_NE(text.out.find("\ncommit accepted: "), std::string::npos) << text.out;
   const Outcome json = check(vpns(kEast, ""), "", {"--max-removed", "5", "--format=json"});
   EXPECT_EQ(json.status, 3);
-  EXPECT_EQ(nlohmann::json::parse(json.out).at("refusal"), refusal);
-  EXPECT_EQ(nlohmann::json::parse(json.out).at("decision"), "accepted");
+  EXPECT_EQ(nlohmann::json::parse(verdict_in(json.out)).at("refusal"), refusal);
+  EXPECT_EQ(nlohmann::json::parse(verdict_in(json.out)).at("decision"), "accepted");
   EXPECT_EQ(check(vpns(kEast, ""), "", {"--max-removed=6"}).status, 0);
   EXPECT_EQ(check("", kVlan5, {"--max-removed=0"}).status, 0);
 }

@@ -25,7 +25,7 @@ TEST(CheckInterrupted, what_was_found_is_printed_with_the_status_of_the_verdict)
 
 TEST(CheckInterrupted, the_json_document_is_whole_and_says_so) {
   const Outcome outcome = interrupted(SIGINT, 3, {"check", "--format=json", rejected});
-  const auto search = nlohmann::json::parse(outcome.out).at("search");
+  const auto search = nlohmann::json::parse(verdict_in(outcome.out)).at("search");
   EXPECT_EQ(search.at("ended-by"), "interrupted");
   EXPECT_EQ(search.at("complete"), false);
 }

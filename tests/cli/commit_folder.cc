@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "build_paths.h"
@@ -52,6 +53,10 @@ std::string vpn(const std::string &name, const std::string &content) {
 
 std::string vlan_member(const std::string &interface) {
   return R"("base:config": {"vlan": [{"id": 100, "interface": [{"name": ")" + interface + R"("}]}]})";
+}
+
+std::string verdict_in(const std::string &document) {
+  return nlohmann::ordered_json::parse(document).at("commits").at(0).at("verdict").dump();
 }
 
 cli::Environment still_environment(std::ostream &out, std::ostream &err, const std::filesystem::path &program,

@@ -48,6 +48,9 @@ struct Outcome {
   std::string err;
 };
 
+/// The verdict on the only commit of a JSON document, as JSON. Throws a JSON exception where it has none.
+std::string verdict_in(const std::string &document);
+
 /// The surroundings of a command whose clock stands still, so that no progress is shown however long it takes.
 cli::Environment still_environment(std::ostream &out, std::ostream &err, const std::filesystem::path &program,
                                    const std::string &plugin);

@@ -42,7 +42,7 @@ TEST(CommitResult, of_a_process_that_decided_is_its_verdict) {
     EXPECT_EQ(result.commit.decision, host::Decision::accepted);
     EXPECT_EQ(result.commit.error, "");
     EXPECT_EQ(result.exit_status, static_cast<int>(status));
-    EXPECT_EQ(result.document, document);
+    EXPECT_EQ(result.verdict, verdict_in(document));
   }
 }
 
@@ -61,9 +61,9 @@ TEST(CommitResult, of_any_other_process_is_an_error) {
       {ended(127, "", "vpnval: error while loading shared libraries\n"), ExitStatus::internal,
        "error while loading shared libraries"},
       {ended(0, "", ""), ExitStatus::internal,
-       "no verdict of schema version 2: [json.exception.parse_error.101] parse error at line 1, column 1: syntax error "
+       "no result of schema version 3: [json.exception.parse_error.101] parse error at line 1, column 1: syntax error "
        "while parsing value - unexpected end of input; expected '[', '{', or a literal"},
-      {ended(1, "{\"schema-version\": 1}", ""), ExitStatus::internal, "schema-version 1; expected 2"},
+      {ended(1, "{\"schema-version\": 1}", ""), ExitStatus::internal, "schema-version 1; expected 3"},
       {stopped(SIGABRT, "changes: 1\n\n" + assertion + "\n"), ExitStatus::internal,
        "stopped by signal SIGABRT: " + assertion},
       {stopped(SIGKILL, "changes: 1\n"), ExitStatus::internal, "stopped by signal SIGKILL"},
@@ -76,8 +76,28 @@ TEST(CommitResult, of_any_other_process_is_an_error) {
     EXPECT_EQ(result.commit.decision, std::nullopt) << row.error;
     EXPECT_EQ(result.commit.name, "north") << row.error;
     EXPECT_EQ(result.exit_status, static_cast<int>(row.status)) << row.error;
-    EXPECT_EQ(result.document, "") << row.error;
+    EXPECT_EQ(result.verdict, "") << row.error;
   }
+}
+
+TEST(CommitResult, of_a_process_that_tells_why_it_failed_has_file_and_line) {
+  const CommitFolder folder;
+  folder.write("candidate.json", "{\n\"mpls:mpls\": {\"no-such\": 1}}");
+  Result left = ended(65, run_with_answers({"check", "--format=json", "--quiet", folder.path()}).out, "");
+  left.seconds = 2.5;
+  const CommitResult result = cli::commit_result("north", left);
+  EXPECT_EQ(result.commit.name, "north");
+  EXPECT_EQ(result.commit.error.find(folder.file("candidate.json") + ":2: "), 0u) << result.commit.error;
+  EXPECT_EQ(to_text(result.commit.error_place), folder.file("candidate.json") + ":2");
+  EXPECT_EQ(result.commit.seconds, 2.5);
+  EXPECT_EQ(result.exit_status, 65);
+}
+
+TEST(CommitResult, of_a_process_that_a_signal_ended_is_no_verdict_whatever_it_printed) {
+  const CommitFolder folder;
+  Result left = stopped(SIGSEGV, "");
+  left.out = run_with_answers({"check", "--format=json", folder.path()}).out;
+  EXPECT_EQ(cli::commit_result("north", left).commit.error, "stopped by signal SIGSEGV");
 }
 
 }  // namespace

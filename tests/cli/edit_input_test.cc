@@ -51,7 +51,7 @@ TEST_F(EditInput, edits_are_applied_in_their_order) {
   EXPECT_TRUE(outcome.err.starts_with(
       "summary: no VPN, attachment, neighbour or member is touched\nchanges: 1\n+ /config/vlan{8}\n"))
       << outcome.err;
-  EXPECT_EQ(nlohmann::json::parse(outcome.out).at("inputs").at("edits"),
+  EXPECT_EQ(nlohmann::json::parse(verdict_in(outcome.out)).at("inputs").at("edits"),
             nlohmann::json::array({folder.file("edit.xml"), folder.file("second.xml")}));
 }
 

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "build_paths.h"
 #include "report/json/advice_json.h"
+#include "report/json/series_json.h"
 #include "report/json/verdict_json.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
@@ -44,15 +44,15 @@ report::CheckReport full_report() {
   return report;
 }
 
-std::string written(const report::CheckReport &report) {
-  std::ostringstream out;
-  write_json(out, report);
-  return out.str();
+std::string written(const report::CheckReport &report) { return report::verdict_json(report); }
+
+report::CommitReport read_back(const std::string &verdict, const std::string &name) {
+  return report::read_verdict(nlohmann::ordered_json::parse(verdict), name);
 }
 
 TEST(FindingJson, what_is_read_back_is_what_was_written) {
   const report::CheckReport report = full_report();
-  const report::CommitReport commit = report::read_json_report(written(report), "night/42");
+  const report::CommitReport commit = read_back(written(report), "night/42");
   EXPECT_EQ(commit.name, "night/42");
   EXPECT_EQ(commit.decision, host::Decision::rejected);
   EXPECT_EQ(commit.error, "");
@@ -103,7 +103,7 @@ TEST(FindingJson, a_bound_that_ended_the_search_is_named) {
 TEST(FindingJson, every_text_survives_but_for_bytes_that_are_no_utf8) {
   report::CheckReport report = full_report();
   report.commit.findings = {hostile()};
-  const report::CommitReport commit = report::read_json_report(written(report), "");
+  const report::CommitReport commit = read_back(written(report), "");
   std::string expected = hostile_text;
   expected.replace(expected.size() - 1, 1, "\xef\xbf\xbd");
   EXPECT_EQ(commit.findings.at(0).message, expected);
@@ -112,17 +112,16 @@ TEST(FindingJson, every_text_survives_but_for_bytes_that_are_no_utf8) {
 
 TEST(FindingJson, documents_with_findings_fit_the_schema) {
   const CommitFolder folder;
-  folder.write("full", written(full_report()));
+  folder.write("full", single_document(full_report()));
   report::CheckReport report = full_report();
   report.commit.findings = {hostile()};
   report.commit.search.end = report::SearchEnd::contract_violation;
   report.commit.search.contract_violation = "vpn_peer_valp: values not freed: 1";
-  EXPECT_EQ(report::read_json_report(written(report), "").search.contract_violation,
-            report.commit.search.contract_violation);
-  folder.write("broken", written(report));
+  EXPECT_EQ(read_back(written(report), "").search.contract_violation, report.commit.search.contract_violation);
+  folder.write("broken", single_document(report));
   report.commit.search.end = report::SearchEnd::complete;
   report.commit.search.contract_violation.clear();
-  folder.write("hostile", written(report));
+  folder.write("hostile", single_document(report));
   const ProcessResult result =
       run_reader("fits_schema.py", SOURCE_DIR "/docs/verdict.schema.json " + folder.file("full") + " " +
                                        folder.file("broken") + " " + folder.file("hostile"));
@@ -130,20 +129,24 @@ TEST(FindingJson, documents_with_findings_fit_the_schema) {
 }
 
 TEST(FindingJson, what_is_no_verdict_is_refused) {
-  auto document = nlohmann::ordered_json::parse(written(full_report()));
-  const auto changed = [&document](const char *pointer, nlohmann::ordered_json value) {
-    nlohmann::ordered_json copy = document;
+  auto whole = nlohmann::ordered_json::parse(single_document(full_report()));
+  const auto changed = [&whole](const std::string &pointer, nlohmann::ordered_json value) {
+    nlohmann::ordered_json copy = whole;
     copy[nlohmann::ordered_json::json_pointer(pointer)] = std::move(value);
     return copy.dump();
   };
-  for (const std::string &text :
-       {std::string(), std::string("commit rejected"), std::string("[]"), changed("/schema-version", 1),
-        changed("/decision", "maybe"), changed("/findings", nlohmann::ordered_json::object({{"rule", 1}})),
-        changed("/findings/0/conflicts/0/parties/1", 2), changed("/findings/0/parties/0/status", "moved"),
-        changed("/findings/3/repairs/0/kind", "prayer"), changed("/findings/0/message", 7),
-        changed("/search", nullptr)}) {
-    EXPECT_THROW(report::read_json_report(text, ""), report::DocumentError) << text;
+  const std::string verdict = "/commits/0/verdict";
+  for (const std::string &text : {std::string(), std::string("commit rejected"), std::string("[]"),
+                                  changed("/schema-version", 2), changed("/commits", nlohmann::ordered_json::array()),
+                                  changed("/commits/0/status", "1"), changed(verdict + "/decision", "maybe"),
+                                  changed(verdict + "/findings", nlohmann::ordered_json::object({{"rule", 1}})),
+                                  changed(verdict + "/findings/0/conflicts/0/parties/1", 2),
+                                  changed(verdict + "/findings/0/parties/0/status", "moved"),
+                                  changed(verdict + "/findings/3/repairs/0/kind", "prayer"),
+                                  changed(verdict + "/findings/0/message", 7), changed(verdict + "/search", nullptr)}) {
+    EXPECT_THROW(report::read_single_result(text, ""), report::DocumentError) << text;
   }
+  EXPECT_EQ(report::read_single_result(whole.dump(), "").exit_status, 1);
 }
 
 }  // namespace

@@ -41,15 +41,17 @@ TEST_F(ForeignNodes, check_tells_them_before_the_difference) {
 TEST_F(ForeignNodes, json_counts_and_lists_them) {
   using nlohmann::json;
   const json counts = {{"running", {{"nodes", 0}, {"modules", 0}}}, {"candidate", {{"nodes", 4}, {"modules", 2}}}};
-  EXPECT_EQ(json::parse(run({"check", "--format=json"}).out).at("passed-over"), counts);
+  EXPECT_EQ(json::parse(verdict_in(run({"check", "--format=json"}).out)).at("passed-over"), counts);
   const std::string file = folder.file("candidate.json");
   const json modules = json::array({{{"module", "x"}, {"nodes", 2}, {"file", file}, {"line", 1}},
                                     {{"module", "y"}, {"nodes", 2}, {"file", file}, {"line", 2}}});
-  EXPECT_EQ(
-      json::parse(run({"check", "--format=json", "--list-foreign"}).out).at("passed-over").at("candidate").at("list"),
-      modules);
+  EXPECT_EQ(json::parse(verdict_in(run({"check", "--format=json", "--list-foreign"}).out))
+                .at("passed-over")
+                .at("candidate")
+                .at("list"),
+            modules);
   folder.configure("", "");
-  EXPECT_FALSE(json::parse(run({"check", "--format=json"}).out).contains("passed-over"));
+  EXPECT_FALSE(json::parse(verdict_in(run({"check", "--format=json"}).out)).contains("passed-over"));
 }
 
 TEST_F(ForeignNodes, other_commands_tell_them_on_standard_error) {

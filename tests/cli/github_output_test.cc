@@ -73,6 +73,10 @@ TEST(GithubOutput, a_commit_that_could_not_be_decided_is_an_error) {
   broken.name = "night/43";
   broken.error = "night/43/candidate.xml:7: /mpls: what is wrong";
   EXPECT_EQ(written({broken}), "::error title=night/43::night/43/candidate.xml:7: /mpls: what is wrong\n");
+  broken.error_place = {"night/43/candidate.xml", 7};
+  EXPECT_EQ(
+      written({broken}),
+      "::error file=night/43/candidate.xml,line=7,title=night/43::night/43/candidate.xml:7: /mpls: what is wrong\n");
 }
 
 TEST(GithubOutput, a_search_that_ended_early_is_a_notice) {

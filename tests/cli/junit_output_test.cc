@@ -10,10 +10,10 @@
 namespace {
 
 /// What a CI system's reader finds in the report.
-std::string read_back(const std::vector<report::CommitReport> &commits) {
+std::string read_back(const std::vector<report::CommitReport> &commits, bool fail_on_warn = false) {
   const CommitFolder folder;
   std::ostringstream out;
-  report::write_junit(out, commits);
+  report::write_junit(out, commits, fail_on_warn);
   folder.write("report.xml", out.str());
   return run_reader("read_junit.py", folder.file("report.xml")).output;
 }
@@ -95,6 +95,40 @@ TEST(JunitOutput, a_search_that_ended_early_is_told) {
                                      uplink_text("  out: ") +
                                      "  out: search stopped: budget of 60 s used; there may be further "
                                      "findings; --budget sets the bound\n");
+}
+
+TEST(JunitOutput, warnings_fail_where_they_are_to) {
+  const report::CommitReport warned = named("warned", decided({uplink_warning()}));
+  const std::string failed =
+      "case vpnval.check warned\n"
+      "  Failure member-on-uplink: Some MPLS VPN's have access and uplink interfaces in common.\n" +
+      uplink_text("    ");
+  EXPECT_EQ(read_back({named("good", decided({})), warned}, true),
+            "suite vpnval: tests 2 failures 1 errors 0 skipped 0\ncase vpnval.check good\n" + failed);
+  const std::string both = read_back({decided({same_dot1q(), uplink_warning()})}, true);
+  EXPECT_NE(both.find("  Failure access-same-dot1q: "), std::string::npos) << both;
+  EXPECT_EQ(both.find("  out: "), std::string::npos) << both;
+  EXPECT_EQ(read_back({named("known", decided({suppressed(uplink_warning())}))}, true)
+                .find("suite vpnval: tests 1 failures 0 errors 0 skipped 0\n"),
+            0u);
+}
+
+TEST(JunitOutput, warnings_that_a_search_left_unseen_fail_as_well) {
+  report::CommitReport commit = decided({suppressed(uplink_warning())});
+  commit.search.end = report::SearchEnd::time_budget;
+  EXPECT_NE(read_back({commit}, true).find("  Failure search-stopped: search stopped: budget of 60 s used; "),
+            std::string::npos);
+}
+
+TEST(JunitOutput, times_are_in_seconds) {
+  std::vector<report::CommitReport> commits{decided({}), decided({})};
+  commits[0].seconds = 0.0304;
+  commits[1].seconds = 61.5;
+  std::ostringstream out;
+  report::write_junit(out, commits);
+  EXPECT_NE(out.str().find(" skipped=\"0\" time=\"61.530\">"), std::string::npos) << out.str();
+  EXPECT_NE(out.str().find("name=\"night/42\" time=\"0.030\">"), std::string::npos);
+  EXPECT_NE(out.str().find("name=\"night/42\" time=\"61.500\">"), std::string::npos);
 }
 
 TEST(JunitOutput, what_the_device_would_say_next_stands_apart) {

@@ -59,7 +59,7 @@ TEST_F(OutputFileTest, a_place_that_cannot_be_written_is_named) {
   const auto put = [](const std::string &where) {
     try {
       OutputFile(where).publish();
-    } catch (const cli::OutputFileError &error) {
+    } catch (const cli::OutputError &error) {
       return std::string(error.what());
     }
     return std::string("written");

@@ -29,7 +29,7 @@ TEST(Program, takes_the_library_that_the_environment_names) {
 TEST(Program, a_result_that_cannot_be_written_is_an_error) {
   const CommitFolder folder;
   const ProcessResult result = run_process(vpnval + " check " + folder.path() + " 2>&1 >/dev/full");
-  EXPECT_EQ(result.status, 70);
+  EXPECT_EQ(result.status, 73);
   EXPECT_EQ(result.output, "vpnval: standard output cannot be written\n");
 }
 

@@ -25,9 +25,9 @@ if faults:
 for run in log["runs"]:
     rules = run["tool"]["driver"]["rules"]
     for result in run["results"]:
-        if "ruleId" in result and rules[result["ruleIndex"]]["id"] != result["ruleId"]:
+        if "ruleIndex" in result and rules[result["ruleIndex"]]["id"] != result["ruleId"]:
             sys.exit(f"ruleIndex {result['ruleIndex']} is not {result['ruleId']}")
-        print(result["level"], result.get("ruleId", "-"), " ".join(map(place, result["locations"])),
+        print(result["level"], result.get("ruleId", "-"), " ".join(map(place, result.get("locations", []))),
               "related:", " ".join(map(place, result.get("relatedLocations", []))),
               "suppressed:", " ".join(place(item["location"]) for item in result.get("suppressions", [])))
     for note in run["invocations"][0].get("toolExecutionNotifications", []):

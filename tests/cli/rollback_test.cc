@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "build_paths.h"
-#include "report/json/verdict_json.h"
+#include "report/json/series_json.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 
@@ -59,14 +59,14 @@ TEST_F(Rollback, the_status_is_the_worse_of_both) {
 
 TEST_F(Rollback, stands_in_json_and_is_read_back) {
   const Outcome outcome = check({"--format", "json"});
-  const json document = json::parse(outcome.out);
+  const json document = json::parse(verdict_in(outcome.out));
   EXPECT_EQ(document["decision"], "accepted");
   const json &back = document["rollback"];
   EXPECT_EQ(back["decision"], "rejected");
   EXPECT_EQ(back["total"]["rejected"], 1);
   EXPECT_EQ(back["points"].back()["verdict"], "rejected");
   EXPECT_EQ(back["findings"][0]["rule"], "pw-id-twice");
-  const report::CommitReport commit = report::read_json_report(outcome.out, "name");
+  const report::CommitReport commit = report::read_single_result(outcome.out, "name").commit;
   ASSERT_EQ(commit.rollback.size(), 1u);
   EXPECT_EQ(commit.rollback[0].name, "name, the way back");
   EXPECT_EQ(commit.rollback[0].decision, host::Decision::rejected);
@@ -79,7 +79,7 @@ TEST_F(Rollback, stands_in_json_and_is_read_back) {
 TEST_F(Rollback, without_the_option_json_has_no_such_field) {
   const Outcome outcome = run_with_library({"check", folder.path(), "--format", "json"});
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_FALSE(json::parse(outcome.out).contains("rollback"));
+  EXPECT_FALSE(json::parse(verdict_in(outcome.out)).contains("rollback"));
 }
 
 TEST_F(Rollback, is_marked_in_sarif) {

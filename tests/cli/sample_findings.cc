@@ -1,7 +1,10 @@
 #include "tests/cli/sample_findings.h"
 
-#include "report/finding.h"
+#include <sstream>
 
+#include "report/finding.h"
+#include "report/json/series_json.h"
+#include "report/json/verdict_json.h"
 using report::CommitReport;
 using report::FilePlace;
 using report::Finding;
@@ -186,4 +189,14 @@ CommitReport decided(std::vector<Finding> findings) {
                    .unproven_rules = {},
                    .contract_violation = ""};
   return commit;
+}
+
+std::string single_document(const report::CheckReport &report) {
+  std::ostringstream out;
+  report::SeriesJson json(out);
+  report::CommitReport commit = report.commit;
+  commit.decision = report.verdict.decision;
+  json.write({commit, 1, report::verdict_json(report)});
+  json.finish({}, 1);
+  return out.str();
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "report/check_report.h"
 #include "report/commit_report.h"
 
 /// An added VPWS VPN takes the VLAN that a VPLS VPN of the running configuration has on the port: the device rejects.
@@ -25,6 +26,9 @@ report::Finding bare(report::Finding finding);
 
 /// The same finding where the running configuration has the fault, and a VPN that is added makes the library look.
 report::Finding in_force(report::Finding finding);
+
+/// The JSON document of a rejected commit alone.
+std::string single_document(const report::CheckReport &report);
 
 /// A commit "night/42" with these findings, rejected where one of them rejects.
 report::CommitReport decided(std::vector<report::Finding> findings);

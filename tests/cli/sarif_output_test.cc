@@ -53,6 +53,7 @@ TEST(SarifOutput, a_validating_reader_finds_every_result_and_place) {
   report::CommitReport broken;
   broken.name = "night/43";
   broken.error = "night/43/candidate.xml:7: /mpls: what is wrong";
+  broken.error_place = {"night/43/candidate.xml", 7};
   const CommitFolder folder;
   folder.write("log", written({decided_one, broken}));
   const ProcessResult result = run_reader("read_sarif.py", schema + " " + folder.file("log"));
@@ -61,9 +62,9 @@ TEST(SarifOutput, a_validating_reader_finds_every_result_and_place) {
             "warning member-on-uplink night/42/candidate.xml:40 related:  suppressed: known%20faults.txt:3\n"
             "error vpn-limit night/42/candidate.xml:10 related: night/42/candidate.xml:20 night/42/candidate.xml:30 "
             "night/42/candidate.xml:40 night/42/candidate.xml:50 suppressed: \n"
+            "error not-decided night/43/candidate.xml:7 related:  suppressed: \n"
             "notification warning night/42: search stopped: budget of 20,000 library calls used; there "
-            "may be further findings; --budget sets the bound\n"
-            "notification error night/43: night/43/candidate.xml:7: /mpls: what is wrong\n");
+            "may be further findings; --budget sets the bound\n");
   EXPECT_EQ(result.status, 0);
 }
 
@@ -134,6 +135,22 @@ TEST(SarifOutput, what_makes_the_library_look_is_related_and_said_to_be_that) {
   EXPECT_EQ(related.at(1).at("message").at("text"),
             "makes the library look: vpws-group branches, vpn new: added by this commit");
   EXPECT_EQ(result.at("properties").at("preexisting"), true);
+}
+
+TEST(SarifOutput, what_the_device_would_say_next_begins_with_that) {
+  const json results = results_of({decided({same_dot1q(), uplink_warning()})});
+  EXPECT_EQ(results.at(0).at("message").at("text"), same_dot1q().message);
+  EXPECT_EQ(results.at(1).at("message").at("text"), "it would say next: " + uplink_warning().message);
+}
+
+TEST(SarifOutput, a_commit_that_could_not_be_decided_is_a_result) {
+  report::CommitReport broken;
+  broken.name = "night/43";
+  broken.error = "night/43: is no directory that can be read";
+  EXPECT_EQ(results_of({broken}), json::parse(R"([{"ruleId": "not-decided", "level": "error",
+    "message": {"text": "night/43: is no directory that can be read"}, "properties": {"commit": "night/43"}}])"));
+  EXPECT_EQ(json::parse(written({broken})).at("runs").at(0).at("invocations"),
+            json::parse(R"([{"executionSuccessful": false}])"));
 }
 
 TEST(SarifOutput, what_can_be_changed_instead_is_a_property) {

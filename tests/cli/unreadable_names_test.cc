@@ -45,16 +45,14 @@ report::CheckReport full_report(const UnreadableName &name) {
 }
 
 template <typename Writer>
-std::string written(Writer writer, const report::CommitReport &commit) {
+std::string written(Writer write, const report::CommitReport &commit) {
   std::ostringstream out;
-  writer(out, {commit});
+  write(out, {commit});
   return out.str();
 }
 
-std::string as_json(const report::CheckReport &report) {
-  std::ostringstream out;
-  report::write_json(out, report);
-  return out.str();
+report::CommitReport read_back(const std::string &verdict) {
+  return report::read_verdict(nlohmann::ordered_json::parse(verdict), "");
 }
 
 TEST(UnreadableNames, questions_are_counted_by_name_and_name_the_rules_of_their_points) {
@@ -109,7 +107,10 @@ TEST(UnreadableNames, sarif_has_a_notification) {
 
 TEST(UnreadableNames, junit_has_a_line_of_output_and_the_case_passes) {
   const CommitFolder folder;
-  folder.write("report.xml", written(report::write_junit, accepted()));
+  const auto junit = [](std::ostream &out, const std::vector<report::CommitReport> &commits) {
+    report::write_junit(out, commits);
+  };
+  folder.write("report.xml", written(junit, accepted()));
   EXPECT_EQ(run_reader("read_junit.py", folder.file("report.xml")).output,
             "suite vpnval: tests 1 failures 0 errors 0 skipped 0\n"
             "case vpnval.check night/42\n"
@@ -118,12 +119,12 @@ TEST(UnreadableNames, junit_has_a_line_of_output_and_the_case_passes) {
 }
 
 TEST(UnreadableNames, json_has_them_and_they_are_read_back) {
-  const std::string document = as_json(full_report(two_questions));
+  const std::string document = report::verdict_json(full_report(two_questions));
   const auto expected = nlohmann::ordered_json::parse(R"([{"name": "a <b>", "questions": 2, "points": ["vpn_name_valp"],
                                                "rules": ["vpws-group-name", "vpws-vpn-name"]}])");
   EXPECT_EQ(nlohmann::ordered_json::parse(document).at("unreadable"), expected);
 
-  const std::vector<UnreadableName> names = report::read_json_report(document, "").unreadable;
+  const std::vector<UnreadableName> names = read_back(document).unreadable;
   ASSERT_EQ(names.size(), 1u);
   EXPECT_EQ(names[0].name, two_questions.name);
   EXPECT_EQ(names[0].questions, two_questions.questions);
@@ -133,20 +134,20 @@ TEST(UnreadableNames, json_has_them_and_they_are_read_back) {
 
 TEST(UnreadableNames, a_document_without_any_has_no_such_field_and_one_that_is_cut_short_is_refused) {
   report::CheckReport report = full_report(two_questions);
-  auto document = json::parse(as_json(report));
+  auto document = json::parse(verdict_json(report));
   document["unreadable"][0].erase("questions");
-  EXPECT_THROW(report::read_json_report(document.dump(), ""), report::DocumentError);
+  EXPECT_THROW(read_back(document.dump()), json::exception);
   report.commit.unreadable.clear();
-  EXPECT_FALSE(json::parse(as_json(report)).contains("unreadable"));
-  EXPECT_TRUE(report::read_json_report(as_json(report), "").unreadable.empty());
+  EXPECT_FALSE(json::parse(verdict_json(report)).contains("unreadable"));
+  EXPECT_TRUE(read_back(verdict_json(report)).unreadable.empty());
 }
 
 TEST(UnreadableNames, documents_with_them_fit_the_schema) {
   const CommitFolder folder;
-  folder.write("plain", as_json(full_report(two_questions)));
+  folder.write("plain", single_document(full_report(two_questions)));
   UnreadableName hostile_name = two_questions;
   hostile_name.name = hostile_text;
-  folder.write("hostile", as_json(full_report(hostile_name)));
+  folder.write("hostile", single_document(full_report(hostile_name)));
   const ProcessResult result = run_reader(
       "fits_schema.py", SOURCE_DIR "/docs/verdict.schema.json " + folder.file("plain") + " " + folder.file("hostile"));
   EXPECT_EQ(result.output, "2 documents fit\n");

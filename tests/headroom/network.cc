@@ -131,7 +131,7 @@ Json Commit::headroom() const { return run("headroom", "candidate.xml"); }
 
 Json Commit::points(const Network &candidate) const {
   write("other.xml", candidate.text());
-  return run("check --budget 0 --all", "other.xml").at("points");
+  return run("check --budget 0 --all", "other.xml").at("commits").at(0).at("verdict").at("points");
 }
 
 Json Commit::run(const std::string &command, const std::string &candidate) const {

@@ -42,6 +42,30 @@ void add_choice(CLI::App &command, const std::string &option, const std::map<std
       ->type_name("NAME");
 }
 
+/// "FORMAT=FILE", or a file alone, which may hold an equals sign behind anything but a format.
+OutputArgument parse_output(const std::string &text) {
+  const std::size_t equals = text.find('=');
+  const auto format = formats.find(text.substr(0, equals));
+  if (equals == std::string::npos || format == formats.end()) return {std::nullopt, text};
+  return {format->second, text.substr(equals + 1)};
+}
+
+void add_outputs(CLI::App &command, CheckArguments &check) {
+  add_choice(command, "--format", formats, check.format, "Format of the result; text unless it is given");
+  command
+      .add_option_function<std::vector<std::string>>(
+          "-o,--output",
+          [&check](const std::vector<std::string> &texts) {
+            for (const std::string &text : texts) check.outputs.push_back(parse_output(text));
+          },
+          "Write the result to FILE instead of standard output; FORMAT=FILE: in this format, too; may be given many "
+          "times")
+      ->allow_extra_args(false)
+      ->type_name("")
+      ->option_text("[FORMAT=]FILE");
+  command.add_flag("-q,--quiet", check.quiet, "No text for people; errors that are in no result are told all the same");
+}
+
 void add_foreign_options(CLI::App &command, InputArguments &input) {
   command.add_flag("--strict", input.strict, "Refuse nodes of modules that are not the element's");
   command.add_flag("--list-foreign", input.list_foreign, "List the modules whose nodes are passed over");
@@ -98,7 +122,7 @@ CLI::App *add_check(CLI::App &program, CheckArguments &check) {
                    "Decide so many commits at once; as many as there are processors unless it is given")
       ->check(CLI::Range(std::size_t{1}, kMostJobs))
       ->type_name("N");
-  add_choice(*command, "--format", formats, check.format, "Format of the result; text unless it is given");
+  add_outputs(*command, check);
   add_choice(*command, "--color", colours, check.colour, "Colour in the text; auto: on a terminal");
   command->add_flag("--all", check.all_points, "Go on to the other validation points after a rejection");
   command->add_flag("--derived", check.derived, "List the changes of derived nodes, too");
@@ -138,7 +162,7 @@ CLI::App *add_explain(CLI::App &program, ExplainArguments &explain) {
 }
 
 bool is_forwarded(const CLI::Option &option) {
-  static const std::set<std::string> own{"DIR", "jobs", "format", "color", "plugin"};
+  static const std::set<std::string> own{"DIR", "jobs", "format", "color", "output", "plugin", "quiet"};
   return option.count() != 0 && !own.contains(option.get_single_name());
 }
 

@@ -29,6 +29,12 @@ struct InputArguments {
 enum class Format { text, json, sarif, junit, github };
 enum class Colour { on_a_terminal, always, never };
 
+/// A file that takes the result.
+struct OutputArgument {
+  std::optional<Format> format;  ///< nothing: that of the command, and the file takes the place of standard output
+  std::string file;
+};
+
 struct CheckArguments {
   InputArguments input;                        ///< a single commit's
   std::vector<std::string> directories;        ///< as they were given
@@ -36,6 +42,8 @@ struct CheckArguments {
   std::vector<std::string> forwarded_options;  ///< the options that deciding each of many commits takes
   std::string plugin;
   Format format = Format::text;
+  std::vector<OutputArgument> outputs;  ///< files
+  bool quiet = false;                   ///< no text for people
   bool all_points = false;
   bool derived = false;
   bool trace = false;

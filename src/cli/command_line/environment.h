@@ -11,6 +11,8 @@ namespace cli {
 
 /// What a command takes from its surroundings.
 struct Environment {
+  using Clock = std::chrono::steady_clock;
+
   std::ostream &out;              ///< the result
   std::ostream &err;              ///< errors, and text for humans where the result is for machines
   std::filesystem::path program;  ///< the executable; the validation library is looked for beside it
@@ -20,9 +22,22 @@ struct Environment {
   bool no_colour = false;     ///< NO_COLOR is set
   std::string search_path{};  ///< value of PATH, where other programs are looked for
 
-  /// The time by which progress is shown.
-  std::function<std::chrono::steady_clock::time_point()> clock = std::chrono::steady_clock::now;
+  /// The time by which progress is shown and commits are timed.
+  std::function<Clock::time_point()> clock = Clock::now;
 };
+
+/// The same surroundings with another stream for errors.
+inline Environment with_errors_to(std::ostream &err, const Environment &environment) {
+  return {environment.out,
+          err,
+          environment.program,
+          environment.plugin_variable,
+          environment.out_is_terminal,
+          environment.err_is_terminal,
+          environment.no_colour,
+          environment.search_path,
+          environment.clock};
+}
 
 }  // namespace cli
 

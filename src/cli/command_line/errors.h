@@ -28,16 +28,10 @@ class ElementError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// The result cannot be delivered.
+/// A result cannot be written; what() names where.
 class OutputError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
-};
-
-/// A result file cannot be written; what() names it.
-class OutputFileError : public OutputError {
- public:
-  using OutputError::OutputError;
 };
 
 }  // namespace cli

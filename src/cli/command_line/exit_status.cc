@@ -14,7 +14,7 @@ const std::array<ExitStatusMeaning, 13> exit_status_table{{
     {ExitStatus::no_plugin, "the validation library cannot be loaded"},
     {ExitStatus::internal, "internal error, or the library broke its contract"},
     {ExitStatus::out_of_memory, "memory ran out"},
-    {ExitStatus::unwritable_file, "a result file cannot be written"},
+    {ExitStatus::unwritable_output, "a result cannot be written"},
     {ExitStatus::no_session, "an element cannot be reached, or refuses, over NETCONF"},
 }};
 

@@ -20,7 +20,7 @@ enum class ExitStatus : int {
   no_plugin = 69,
   internal = 70,
   out_of_memory = 71,
-  unwritable_file = 73,
+  unwritable_output = 73,
   no_session = 76
 };
 

@@ -2,20 +2,24 @@
 
 #include <fmt/format.h>
 
+#include <chrono>
+#include <ostream>
 #include <string>
 #include <utility>
 
-#include "cli/commands/output_format.h"
+#include "cli/commands/outputs.h"
 #include "cli/commands/rollback.h"
 #include "cli/commands/search.h"
+#include "cli/commands/undecided.h"
 #include "cli/input/commit_input.h"
 #include "cli/input/foreign_nodes.h"
 #include "cli/input/plugin_file.h"
-#include "cli/terminal/colour.h"
 #include "host/run/plugin.h"
 #include "host/seam/host_session.h"
 #include "report/check_report.h"
 #include "report/escape/printable.h"
+#include "report/json/verdict_json.h"
+#include "report/summary.h"
 #include "report/suppressions.h"
 #include "report/text/findings_text.h"
 #include "report/text/rollback_text.h"
@@ -24,15 +28,9 @@
 namespace cli {
 namespace {
 
-/// A warning that is not suppressed, or may not be: behind those that a search left unseen.
-bool has_open_warning(const report::CheckReport &report) {
-  return report::count_open(report.commit.findings, true) != 0 || !report::is_proven_complete(report.commit.search);
-}
-
-ExitStatus status_of(const report::CheckReport &report, bool fail_on_warn) {
-  if (report.verdict.decision == host::Decision::accepted) return ExitStatus::accepted;
-  if (report.verdict.decision == host::Decision::rejected) return ExitStatus::rejected;
-  return fail_on_warn && has_open_warning(report) ? ExitStatus::accepted_with_warnings : ExitStatus::accepted;
+ExitStatus status_of(const report::CommitReport &commit, bool fail_on_warn) {
+  if (*commit.decision == host::Decision::rejected) return ExitStatus::rejected;
+  return fail_on_warn && report::has_open_warning(commit) ? ExitStatus::accepted_with_warnings : ExitStatus::accepted;
 }
 
 ExitStatus worse(ExitStatus a, ExitStatus b) { return severity(a) < severity(b) ? b : a; }
@@ -56,60 +54,106 @@ std::string name_of(const InputArguments &input) {
   return input.edits.empty() ? input.candidate : input.edits.back();
 }
 
+/// One commit on its way to a verdict, with the text that is written on the way.
+class SingleCommit {
+ public:
+  SingleCommit(const CheckArguments &arguments, const Environment &environment, Outputs &outputs)
+      : arguments_(arguments), environment_(environment), outputs_(outputs) {}
+
+  report::CommitResult decide() {
+    if (!arguments_.suppressions.empty()) suppressions_ = report::Suppressions::read(arguments_.suppressions);
+    const CommitInput input(find_input_files(arguments_.input), read_options(arguments_.input));
+    host::HostSession session(input.profile());
+    const host::Plugin plugin(find_plugin_file(arguments_.plugin, environment_));
+    begin(input, plugin);
+    ask(input, plugin, session);
+    ExitStatus status = worse(status_of(report_.commit, arguments_.fail_on_warn), refusal_status_);
+    if (arguments_.rollback) status = worse(status, decide_way_back(input, plugin, session));
+    report_.commit.unused_suppressions = suppressions_.unused();
+    return {report_.commit, static_cast<int>(status), report::verdict_json(report_)};
+  }
+
+ private:
+  void begin(const CommitInput &input, const host::Plugin &plugin) {
+    report_.commit.name = name_of(arguments_.input);
+    report_.inputs = input.files();
+    report_.plugin_file = plugin.file().string();
+    report_.build_id = plugin.build_id();
+    report_.changes = report::list_changes(input.transaction().changes, arguments_.derived);
+    report_.summary = report::summarize_changes(input.transaction().changes);
+    Refusal refusal = refusal_of(arguments_, report_.summary);
+    report_.commit.refusal = std::move(refusal.text);
+    refusal_status_ = refusal.status;
+    report_.with_trace = arguments_.trace;
+    report_.commit.passed_over = report::count_passed_over(input.sources());
+    if (arguments_.input.list_foreign) report_.foreign = input.sources();
+    // A library that meets a broken data model stops the process: what was found out by then must be out.
+    outputs_.write_text([&](std::ostream &out, const report::TextStyle &style) {
+      report::write_summary_of_change(out, report_, style);
+      tell_foreign_nodes(out, arguments_.input, input.sources());
+      report::write_changes(out, report_.changes, style);
+    });
+  }
+
+  void ask(const CommitInput &input, const host::Plugin &plugin, host::HostSession &session) {
+    report_.verdict =
+        host::validate_commit(plugin, session, input.transaction(), {.all_points = arguments_.all_points});
+    report_.commit.decision = report_.verdict.decision;
+    report_.commit.unreadable = report::unreadable_names(report_.verdict.unreadable);
+    outputs_.write_text(
+        [this](std::ostream &out, const report::TextStyle &style) { report::write_verdict(out, report_, style); });
+    search(arguments_, environment_, input, plugin, session, report_);
+    suppressions_.apply(report_.commit.findings);
+    outputs_.write_text([this](std::ostream &out, const report::TextStyle &style) {
+      report::write_findings(out, report_.commit, style);
+    });
+  }
+
+  ExitStatus decide_way_back(const CommitInput &input, const host::Plugin &plugin, host::HostSession &session) {
+    report::CheckReport back = decide_rollback(arguments_, environment_, input, report_.commit.name, plugin, session);
+    suppressions_.apply(back.commit.findings);
+    outputs_.write_text([&back](std::ostream &out, const report::TextStyle &style) {
+      report::write_rollback_verdict(out, back.verdict, style);
+      report::write_findings(out, back.commit, style);
+    });
+    const ExitStatus status = status_of(back.commit, arguments_.fail_on_warn);
+    report_.rollback = std::move(back.verdict);
+    report_.commit.rollback.push_back(std::move(back.commit));
+    return status;
+  }
+
+  const CheckArguments &arguments_;
+  const Environment &environment_;
+  Outputs &outputs_;
+  report::Suppressions suppressions_;
+  report::CheckReport report_;
+  ExitStatus refusal_status_ = ExitStatus::accepted;
+};
+
+report::CommitResult decide(const CheckArguments &arguments, const Environment &environment, Outputs &outputs) {
+  try {
+    const auto start = environment.clock();
+    report::CommitResult result = SingleCommit(arguments, environment, outputs).decide();
+    result.commit.seconds = std::chrono::duration<double>(environment.clock() - start).count();
+    for (const std::string &line : result.commit.unused_suppressions) {
+      environment.err << "vpnval: unused suppression: " << report::printable(line) << '\n';
+    }
+    outputs.write(result);
+    return result;
+  } catch (...) {
+    return tell_undecided(arguments, environment, name_of(arguments.input), outputs);
+  }
+}
+
 }  // namespace
 
 ExitStatus check(const CheckArguments &arguments, const Environment &environment) {
-  report::Suppressions suppressions;
-  if (!arguments.suppressions.empty()) suppressions = report::Suppressions::read(arguments.suppressions);
-  const CommitInput input(find_input_files(arguments.input), read_options(arguments.input));
-  host::HostSession session(input.profile());
-  const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
-
-  report::CheckReport report;
-  report.commit.name = name_of(arguments.input);
-  report.inputs = input.files();
-  report.plugin_file = plugin.file().string();
-  report.build_id = plugin.build_id();
-  report.changes = report::list_changes(input.transaction().changes, arguments.derived);
-  report.summary = report::summarize_changes(input.transaction().changes);
-  Refusal refusal = refusal_of(arguments, report.summary);
-  report.commit.refusal = std::move(refusal.text);
-  report.with_trace = arguments.trace;
-  report.commit.passed_over = report::count_passed_over(input.sources());
-  if (arguments.input.list_foreign) report.foreign = input.sources();
-
-  const report::TextStyle style(wants_colour(arguments, environment));
-  std::ostream &human = arguments.format == Format::text ? environment.out : environment.err;
-  report::write_summary_of_change(human, report, style);
-  tell_foreign_nodes(human, arguments.input, input.sources());
-  report::write_changes(human, report.changes, style);
-  // A library that meets a broken data model stops the process: what was found out by then must be out.
-  human.flush();
-  report.verdict = host::validate_commit(plugin, session, input.transaction(), {.all_points = arguments.all_points});
-  report.commit.decision = report.verdict.decision;
-  report.commit.unreadable = report::unreadable_names(report.verdict.unreadable);
-  report::write_verdict(human, report, style);
-  human.flush();
-
-  search(arguments, environment, input, plugin, session, report);
-  suppressions.apply(report.commit.findings);
-  report::write_findings(human, report.commit, style);
-  ExitStatus status = worse(status_of(report, arguments.fail_on_warn), refusal.status);
-  if (arguments.rollback) {
-    human.flush();
-    report::CheckReport back = decide_rollback(arguments, environment, input, report.commit.name, plugin, session);
-    suppressions.apply(back.commit.findings);
-    report::write_rollback_verdict(human, back.verdict, style);
-    report::write_findings(human, back.commit, style);
-    status = worse(status, status_of(back, arguments.fail_on_warn));
-    report.rollback = std::move(back.verdict);
-    report.commit.rollback.push_back(std::move(back.commit));
-  }
-  report.commit.unused_suppressions = suppressions.unused();
-  for (const std::string &line : report.commit.unused_suppressions) {
-    environment.err << "vpnval: unused suppression: " << report::printable(line) << '\n';
-  }
-  write_document(environment.out, arguments.format, report);
+  Outputs outputs(arguments, environment, TextForm::in_steps);
+  const report::CommitResult result = decide(arguments, environment, outputs);
+  report::SeriesSummary summary;
+  summary.add(result.commit);
+  const auto status = static_cast<ExitStatus>(result.exit_status);
+  outputs.finish(summary, status);
   return status;
 }
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -12,16 +11,14 @@
 #include <utility>
 #include <vector>
 
-#include "cli/command_line/errors.h"
-#include "cli/commands/output_format.h"
+#include "cli/commands/outputs.h"
+#include "cli/commands/undecided.h"
 #include "cli/input/plugin_file.h"
-#include "cli/terminal/colour.h"
 #include "cli/terminal/progress.h"
 #include "cli/workers/commit_result.h"
 #include "process/batch.h"
 #include "process/interrupts.h"
 #include "report/escape/printable.h"
-#include "report/series_output.h"
 #include "report/summary.h"
 #include "report/suppressions.h"
 #include "report/text/summary_text.h"
@@ -30,12 +27,13 @@ namespace cli {
 namespace {
 
 process::Batch make_batch(const CheckArguments &arguments, const Environment &environment) {
-  std::vector<std::string> common{"check", "--format=json",
+  std::vector<std::string> common{"check", "--format=json", "--quiet",
                                   "--plugin=" + find_plugin_file(arguments.plugin, environment).string()};
   common.insert(common.end(), arguments.forwarded_options.begin(), arguments.forwarded_options.end());
   common.emplace_back("--");
   process::Batch batch;
   batch.program = environment.program;
+  batch.now = environment.clock;
   batch.jobs = arguments.jobs != 0 ? arguments.jobs : std::max(std::thread::hardware_concurrency(), 1U);
   for (const std::string &directory : arguments.directories) {
     batch.arguments.push_back(common);
@@ -48,12 +46,25 @@ process::Batch make_batch(const CheckArguments &arguments, const Environment &en
 class Series {
  public:
   Series(const CheckArguments &arguments, const Environment &environment)
-      : names_(arguments.directories),
+      : arguments_(arguments),
+        names_(arguments.directories),
         environment_(environment),
-        output_(make_series_output(arguments.format, environment.out,
-                                   report::TextStyle(wants_colour(arguments, environment)))),
+        outputs_(arguments, environment, TextForm::by_commit),
         progress_(environment.err, environment.err_is_terminal, environment.clock),
         waiting_(names_.size()) {}
+
+  /// Reads what all commits share: a fault in it is one result, not one for each of them.
+  bool can_begin() {
+    try {
+      if (!arguments_.suppressions.empty()) report::Suppressions::read(arguments_.suppressions);
+      return true;
+    } catch (...) {
+      const report::CommitResult result = tell_undecided(arguments_, environment_, arguments_.suppressions, outputs_);
+      decided_.add(result.commit);
+      worst_ = static_cast<ExitStatus>(result.exit_status);
+      return false;
+    }
+  }
 
   void take(std::size_t index, const process::Result &process_result) {
     report::CommitResult result = commit_result(names_[index], process_result);
@@ -70,15 +81,16 @@ class Series {
     });
   }
 
-  /// Leaves what was given out so far.
-  void pause() {
+  /// Leaves what was given out on standard output so far.
+  void abandon() {
     progress_.clear();
     environment_.out.flush();
+    outputs_.discard();
   }
 
   ExitStatus finish(bool is_text) {
     progress_.clear();
-    output_->finish(decided_, static_cast<int>(worst_));
+    outputs_.finish(decided_, worst_);
     if (!is_text) report::write_summary(environment_.err, decided_);
     for (const std::string &line : decided_.unused_suppressions) {
       environment_.err << "vpnval: unused suppression: " << report::printable(line) << '\n';
@@ -87,16 +99,16 @@ class Series {
   }
 
  private:
-  void give_out(report::CommitResult result) {
+  void give_out(const report::CommitResult &result) {
     ++next_;
     if (environment_.out_is_terminal) progress_.clear();
-    output_->write(std::move(result));
-    if (!environment_.out) throw OutputError("standard output cannot be written");
+    outputs_.write(result);
   }
 
+  const CheckArguments &arguments_;
   const std::vector<std::string> &names_;
   const Environment &environment_;
-  std::unique_ptr<report::SeriesOutput> output_;
+  Outputs outputs_;
   Progress progress_;
   report::SeriesSummary decided_;
   ExitStatus worst_ = ExitStatus::accepted;
@@ -107,17 +119,16 @@ class Series {
 }  // namespace
 
 ExitStatus check_series(const CheckArguments &arguments, const Environment &environment) {
-  // A fault in what all commits share is one error, not one for each of them.
-  if (!arguments.suppressions.empty()) report::Suppressions::read(arguments.suppressions);
-  const process::Batch batch = make_batch(arguments, environment);
   Series series(arguments, environment);
+  if (!series.can_begin()) return series.finish(arguments.format == Format::text);
+  const process::Batch batch = make_batch(arguments, environment);
   const process::BatchEvents events{
       [&series](std::size_t index, const process::Result &result) { series.take(index, result); },
       [&series] { series.show_progress(); }};
   try {
     process::run_all(batch, events);
   } catch (const process::Interrupted &interrupted) {
-    series.pause();
+    series.abandon();
     std::raise(interrupted.signal);
     throw std::runtime_error(fmt::format("ended by signal {}", interrupted.signal));
   }

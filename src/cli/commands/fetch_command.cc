@@ -29,7 +29,7 @@ bool is_in(const fs::path &folder, const std::string &name) {
 void require_room(const FetchArguments &arguments) {
   const auto refuse_beside = [&](const std::string &other, const std::string &name) {
     if (!is_in(arguments.output, other)) return;
-    throw OutputFileError(
+    throw OutputError(
         fmt::format("{}: holds {}; expected a folder in which {} can stand alone", arguments.output, other, name));
   };
   refuse_beside("running.json", "running.xml");
@@ -44,7 +44,7 @@ class FetchFolder {
   explicit FetchFolder(fs::path folder) : folder_(std::move(folder)) {
     std::error_code error;
     is_new_ = fs::create_directory(folder_, error);
-    if (error) throw OutputFileError(fmt::format("{}: cannot be written: {}", folder_.string(), error.message()));
+    if (error) throw OutputError(fmt::format("{}: cannot be written: {}", folder_.string(), error.message()));
   }
   ~FetchFolder() {
     std::error_code ignored;

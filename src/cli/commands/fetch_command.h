@@ -8,7 +8,7 @@
 namespace cli {
 
 /// Writes an element's configurations, as NETCONF gives them, into a commit's folder; all of them or none. What else
-/// stands in the folder is left alone. Throws ElementError where they cannot be had, and OutputFileError.
+/// stands in the folder is left alone. Throws ElementError where they cannot be had, and OutputError.
 ExitStatus fetch(const FetchArguments &arguments, const Environment &environment);
 
 }  // namespace cli

@@ -9,7 +9,7 @@ namespace cli {
 
 /// Splits a commit into steps that the validation library accepts one after the other, writes each as a folder for
 /// check, and lists what each changes. Accepted once the steps stand, rejected where none were found. Throws
-/// OutputFileError, and what reading, loading and validating throw.
+/// OutputError, and what reading, loading and validating throw.
 ExitStatus plan(const PlanArguments &arguments, const Environment &environment);
 
 }  // namespace cli

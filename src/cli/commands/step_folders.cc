@@ -36,7 +36,7 @@ void write(const fs::path &folder, const std::string &name, const element::Tree 
 void make(const fs::path &folder) {
   std::error_code error;
   fs::create_directory(folder, error);
-  if (error) throw OutputFileError(fmt::format("{}: cannot be written: {}", folder.string(), error.message()));
+  if (error) throw OutputError(fmt::format("{}: cannot be written: {}", folder.string(), error.message()));
 }
 
 }  // namespace

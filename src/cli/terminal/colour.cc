@@ -2,9 +2,9 @@
 
 namespace cli {
 
-bool wants_colour(const CheckArguments &arguments, const Environment &environment) {
-  if (arguments.colour != Colour::on_a_terminal) return arguments.colour == Colour::always;
-  return arguments.format == Format::text && environment.out_is_terminal && !environment.no_colour;
+bool wants_colour(Colour colour, const Environment &environment) {
+  if (colour != Colour::on_a_terminal) return colour == Colour::always;
+  return environment.out_is_terminal && !environment.no_colour;
 }
 
 }  // namespace cli

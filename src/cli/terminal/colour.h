@@ -6,8 +6,8 @@
 
 namespace cli {
 
-/// Whether the text is set off by colour.
-bool wants_colour(const CheckArguments &arguments, const Environment &environment);
+/// Whether text on standard output is set off by colour.
+bool wants_colour(Colour colour, const Environment &environment);
 
 }  // namespace cli
 

@@ -13,10 +13,28 @@
 
 namespace cli {
 
-OutputFile::OutputFile(std::filesystem::path file) : file_(std::move(file)), part_(file_) {
-  part_ += fmt::format(".part-{}", getpid());
-  descriptor_ = open(part_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+namespace {
+
+/// A device or a pipe, which no file may take the place of.
+bool is_special(const std::filesystem::path &file) {
+  std::error_code unknown;
+  const std::filesystem::file_status status = std::filesystem::status(file, unknown);
+  return std::filesystem::is_other(status);
+}
+
+}  // namespace
+
+OutputFile::OutputFile(std::filesystem::path file) : file_(std::move(file)) {
+  if (is_special(file_)) {
+    descriptor_ = open(file_.c_str(), O_WRONLY | O_CLOEXEC);
+    if (descriptor_ < 0) fail();
+    return;
+  }
+  std::filesystem::path part = file_;
+  part += fmt::format(".part-{}", getpid());
+  descriptor_ = open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   if (descriptor_ < 0) fail();
+  part_ = std::move(part);
 }
 
 OutputFile::~OutputFile() {
@@ -35,14 +53,14 @@ void OutputFile::write(std::string_view content) {
 
 void OutputFile::publish() {
   if (close(std::exchange(descriptor_, -1)) != 0) fail();
+  if (part_.empty()) return;
   if (std::rename(part_.c_str(), file_.c_str()) != 0) fail();
   part_.clear();
 }
 
 void OutputFile::fail() const {
   const int error = errno;
-  throw OutputFileError(
-      fmt::format("{}: cannot be written: {}", file_.string(), std::generic_category().message(error)));
+  throw OutputError(fmt::format("{}: cannot be written: {}", file_.string(), std::generic_category().message(error)));
 }
 
 }  // namespace cli

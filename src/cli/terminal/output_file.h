@@ -7,10 +7,11 @@
 namespace cli {
 
 /// A result file that is there whole or not at all: written beside its place and moved there at the end; a file that
-/// stood there before stays until then. Goes without a trace unless it is put in place.
+/// stood there before stays until then. Goes without a trace unless it is put in place. What is no regular file, as a
+/// device or a pipe, is written to as it is.
 class OutputFile {
  public:
-  /// Throws OutputFileError, as all do, where the file cannot be written.
+  /// Throws OutputError, as all do, where the file cannot be written.
   explicit OutputFile(std::filesystem::path file);
   ~OutputFile();
   OutputFile(const OutputFile &) = delete;
@@ -25,7 +26,7 @@ class OutputFile {
   [[noreturn]] void fail() const;
 
   std::filesystem::path file_;
-  std::filesystem::path part_;
+  std::filesystem::path part_;  ///< what is to be moved; empty: nothing
   int descriptor_ = -1;
 };
 

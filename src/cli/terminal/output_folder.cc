@@ -21,8 +21,7 @@ OutputFolder::OutputFolder(fs::path folder) : folder_(without_trailing_slash(std
   std::error_code error;
   const bool is_there = fs::exists(fs::symlink_status(folder_, error));
   if (is_there && (!fs::is_directory(fs::symlink_status(folder_, error)) || !fs::is_empty(folder_, error))) {
-    throw OutputFileError(
-        fmt::format("{}: something stands there; expected an empty folder or none", folder_.string()));
+    throw OutputError(fmt::format("{}: something stands there; expected an empty folder or none", folder_.string()));
   }
   fs::path part = folder_;
   part += fmt::format(".part-{}", getpid());
@@ -44,7 +43,7 @@ void OutputFolder::publish() {
 }
 
 void OutputFolder::fail(const std::error_code &error) const {
-  throw OutputFileError(fmt::format("{}: cannot be written: {}", folder_.string(), error.message()));
+  throw OutputError(fmt::format("{}: cannot be written: {}", folder_.string(), error.message()));
 }
 
 }  // namespace cli

@@ -9,7 +9,7 @@ namespace cli {
 /// stood there before is overwritten. Goes without a trace unless it is put in place.
 class OutputFolder {
  public:
-  /// Throws OutputFileError, as all do, where the folder cannot be made or something else than an empty folder stands
+  /// Throws OutputError, as all do, where the folder cannot be made or something else than an empty folder stands
   /// there.
   explicit OutputFolder(std::filesystem::path folder);
   ~OutputFolder();

@@ -42,12 +42,12 @@ bool is_verdict(ExitStatus status) { return static_cast<int>(status) < static_ca
 
 }  // namespace
 
-std::optional<WorkerFailure> worker_failure(const process::Result &result) {
-  if (!result.not_started.empty()) return WorkerFailure{ExitStatus::internal, result.not_started};
-  if (result.signal != 0) return WorkerFailure{ExitStatus::internal, stop_text(result)};
+std::optional<Failure> worker_failure(const process::Result &result) {
+  if (!result.not_started.empty()) return Failure{ExitStatus::internal, result.not_started};
+  if (result.signal != 0) return Failure{ExitStatus::internal, stop_text(result)};
   const ExitStatus status = known_status(result.exit_status).value_or(ExitStatus::internal);
   if (is_verdict(status)) return std::nullopt;
-  return WorkerFailure{status, error_text(result)};
+  return Failure{status, error_text(result)};
 }
 
 }  // namespace cli

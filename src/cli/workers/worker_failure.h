@@ -2,21 +2,15 @@
 #define CLI_WORKERS_WORKER_FAILURE_H
 
 #include <optional>
-#include <string>
 
-#include "cli/command_line/exit_status.h"
+#include "cli/command_line/failure.h"
 #include "process/child.h"
 
 namespace cli {
 
-/// Why a process that ran this program has come to no verdict.
-struct WorkerFailure {
-  ExitStatus status = ExitStatus::internal;  ///< what it ended with, or would have ended with
-  std::string text;                          ///< what it said itself where it said anything
-};
-
-/// Nothing for a process that has come to a verdict.
-std::optional<WorkerFailure> worker_failure(const process::Result &result);
+/// Why a process that ran this program has come to no verdict: what it ended with, or would have ended with, and what
+/// it said on standard error where it said anything. Nothing for a process that has come to a verdict.
+std::optional<Failure> worker_failure(const process::Result &result);
 
 }  // namespace cli
 

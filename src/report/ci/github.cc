@@ -59,7 +59,7 @@ void write_finding(std::ostream &out, const Finding &finding, bool is_rollback) 
 
 void write_github(std::ostream &out, const std::vector<CommitReport> &commits) {
   for (const CommitReport &commit : commits) {
-    if (!commit.decision) write_command(out, "error", {}, commit.name, printable(commit.error));
+    if (!commit.decision) write_command(out, "error", commit.error_place, commit.name, printable(commit.error));
     for (const UnreadableName &name : commit.unreadable) write_command(out, "warning", {}, commit.name, to_text(name));
     for (const Finding &finding : commit.findings) {
       if (!finding.suppressed) write_finding(out, finding, commit.is_rollback);

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <numeric>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -17,11 +18,11 @@ namespace {
 
 enum class Outcome { passed, failed, skipped, error };
 
-bool is_open_rejection(const Finding &finding) { return !finding.is_warning && !finding.suppressed; }
-
-Outcome outcome_of(const CommitReport &commit) {
+Outcome outcome_of(const CommitReport &commit, bool fail_on_warn) {
   if (!commit.decision) return Outcome::error;
-  if (*commit.decision != host::Decision::rejected) return Outcome::passed;
+  if (*commit.decision != host::Decision::rejected) {
+    return fail_on_warn && has_open_warning(commit) ? Outcome::failed : Outcome::passed;
+  }
   return count_open(commit.findings, false) != 0 ? Outcome::failed : Outcome::skipped;
 }
 
@@ -65,19 +66,32 @@ std::string findings_content(const std::vector<Finding> &findings, IsWanted is_w
   return text;
 }
 
-void write_failure(std::ostream &out, const std::vector<Finding> &findings) {
-  const auto first = std::find_if(findings.begin(), findings.end(), is_open_rejection);
-  out << fmt::format("      <failure message=\"{}\" type=\"{}\">{}</failure>\n", attribute(first->message),
-                     attribute(first->rule.empty() ? first->point : first->rule),
-                     findings_content(findings, is_open_rejection));
+/// Which findings make a case fail.
+struct Fails {
+  bool on_warning;
+  bool operator()(const Finding &finding) const { return !finding.suppressed && (on_warning || !finding.is_warning); }
+};
+
+/// Rejections stand before warnings, so that the first one names the failure. There is none where a search has left
+/// warnings unseen that may not be suppressed.
+void write_failure(std::ostream &out, const CommitReport &commit, Fails fails) {
+  const auto first = std::find_if(commit.findings.begin(), commit.findings.end(), fails);
+  std::string message = search_end_text(commit.search);
+  std::string type = "search-stopped";
+  if (first != commit.findings.end()) {
+    message = first->message;
+    type = first->rule.empty() ? first->point : first->rule;
+  }
+  out << fmt::format("      <failure message=\"{}\" type=\"{}\">{}</failure>\n", attribute(message), attribute(type),
+                     findings_content(commit.findings, fails));
 }
 
-void write_outcome(std::ostream &out, const CommitReport &commit) {
-  switch (outcome_of(commit)) {
+void write_outcome(std::ostream &out, const CommitReport &commit, Fails fails) {
+  switch (outcome_of(commit, fails.on_warning)) {
     case Outcome::passed:
       return;
     case Outcome::failed:
-      return write_failure(out, commit.findings);
+      return write_failure(out, commit, fails);
     case Outcome::skipped:
       out << "      <skipped message=\"rejected, but every rejection found is suppressed\"/>\n";
       return;
@@ -86,12 +100,15 @@ void write_outcome(std::ostream &out, const CommitReport &commit) {
   }
 }
 
-void write_case(std::ostream &out, const CommitReport &commit) {
-  out << fmt::format("    <testcase classname=\"vpnval.check\" name=\"{}\" time=\"0\">\n", attribute(commit.name));
-  write_outcome(out, commit);
+/// What does not fail the case stands in its output.
+void write_case(std::ostream &out, const CommitReport &commit, bool fail_on_warn) {
+  const Fails fails{fail_on_warn};
+  out << fmt::format("    <testcase classname=\"vpnval.check\" name=\"{}\" time=\"{:.3f}\">\n", attribute(commit.name),
+                     commit.seconds);
+  write_outcome(out, commit, fails);
   std::string output;
   for (const UnreadableName &name : commit.unreadable) output += content(to_text(name)) + "\n";
-  output += findings_content(commit.findings, [](const Finding &finding) { return !is_open_rejection(finding); });
+  output += findings_content(commit.findings, [&](const Finding &finding) { return !fails(finding); });
   for (const std::string &line : {advice_for_all_line(commit), search_end_text(commit.search)}) {
     if (!line.empty()) output += content(line) + '\n';
   }
@@ -101,17 +118,19 @@ void write_case(std::ostream &out, const CommitReport &commit) {
 
 }  // namespace
 
-void write_junit(std::ostream &out, const std::vector<CommitReport> &commits) {
-  const auto count = [&commits](Outcome outcome) {
+void write_junit(std::ostream &out, const std::vector<CommitReport> &commits, bool fail_on_warn) {
+  const auto count = [&](Outcome outcome) {
     return std::count_if(commits.begin(), commits.end(),
-                         [outcome](const CommitReport &commit) { return outcome_of(commit) == outcome; });
+                         [=](const CommitReport &commit) { return outcome_of(commit, fail_on_warn) == outcome; });
   };
+  const double seconds = std::accumulate(commits.begin(), commits.end(), 0.0,
+                                         [](double sum, const CommitReport &commit) { return sum + commit.seconds; });
   const std::string counts =
       fmt::format("name=\"vpnval\" tests=\"{}\" failures=\"{}\" errors=\"{}\" skipped=\"{}\"", commits.size(),
                   count(Outcome::failed), count(Outcome::error), count(Outcome::skipped));
   out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-  out << "<testsuites name=\"vpnval\">\n  <testsuite " << counts << " time=\"0\">\n";
-  for (const CommitReport &commit : commits) write_case(out, commit);
+  out << fmt::format("<testsuites name=\"vpnval\">\n  <testsuite {} time=\"{:.3f}\">\n", counts, seconds);
+  for (const CommitReport &commit : commits) write_case(out, commit, fail_on_warn);
   out << "  </testsuite>\n</testsuites>\n";
 }
 

@@ -73,7 +73,7 @@ class ResultWriter {
     ordered_json json = ordered_json::object();
     add_rule(json, finding);
     json["level"] = finding.is_warning ? "warning" : "error";
-    json["message"] = message_json(finding.message);
+    json["message"] = message_json((finding.from_device ? "" : "it would say next: ") + finding.message);
     add_locations(json, finding);
     json["partialFingerprints"] = {{"conflict/v1", fingerprint(identity(finding))}};
     if (finding.suppressed) json["suppressions"] = ordered_json::array({suppression_json(*finding.suppressed)});
@@ -114,6 +114,16 @@ class ResultWriter {
   std::map<std::string_view, std::size_t> indices_;
 };
 
+/// What could not be decided is a result of its own: a reader that shows results alone must not take it for accepted.
+ordered_json undecided_json(const CommitReport &commit) {
+  ordered_json json{{"ruleId", "not-decided"}, {"level", "error"}, {"message", message_json(commit.error)}};
+  if (!commit.error_place.file.empty()) {
+    json["locations"] = ordered_json::array({{{"physicalLocation", physical_json(commit.error_place)}}});
+  }
+  json["properties"] = {{"commit", commit.name}};
+  return json;
+}
+
 ordered_json notification_json(std::string_view level, const std::string &name, const std::string &text) {
   return {{"level", level}, {"message", message_json(name + ": " + text)}};
 }
@@ -127,7 +137,6 @@ ordered_json invocation_json(const std::vector<CommitReport> &commits) {
       notifications.push_back(notification_json("warning", commit.name, to_text(name)));
     }
     const std::string search_end = search_end_text(commit.search);
-    if (!commit.decision) notifications.push_back(notification_json("error", commit.name, commit.error));
     if (!search_end.empty()) notifications.push_back(notification_json("warning", commit.name, search_end));
   }
   ordered_json json{{"executionSuccessful", all_decided}};
@@ -141,6 +150,7 @@ void write_sarif(std::ostream &out, const std::vector<CommitReport> &commits) {
   const ResultWriter result_json;
   ordered_json results = ordered_json::array();
   for (const CommitReport &commit : commits) {
+    if (!commit.decision) results.push_back(undecided_json(commit));
     for (const Finding &finding : commit.findings) results.push_back(result_json(commit, finding));
   }
   ordered_json run;

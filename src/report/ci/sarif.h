@@ -9,7 +9,7 @@
 namespace report {
 
 /// A SARIF 2.1.0 log with one run: the rule table, a result for each finding with its parties as related locations, and
-/// a notification for each commit that could not be decided.
+/// for each commit that could not be decided.
 void write_sarif(std::ostream &out, const std::vector<CommitReport> &commits);
 
 }  // namespace report

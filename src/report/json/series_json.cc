@@ -1,8 +1,10 @@
 #include "report/json/series_json.h"
 
-#include <nlohmann/json.hpp>
-#include <string>
+#include <fmt/format.h>
 
+#include <nlohmann/json.hpp>
+
+#include "report/json/node_json.h"
 #include "report/json/verdict_json.h"
 
 namespace report {
@@ -13,14 +15,36 @@ using nlohmann::ordered_json;
 // Names of folders and messages may hold bytes that are not UTF-8.
 std::string text(const ordered_json &json) { return json.dump(-1, ' ', false, ordered_json::error_handler_t::replace); }
 
-ordered_json commit_json(const CommitResult &result) {
+/// The verdict is put in as it is: parsing a large one only to print it again would take long.
+std::string commit_text(const CommitResult &result) {
   ordered_json json{{"name", result.commit.name}, {"status", result.exit_status}};
   if (result.commit.decision) {
-    json["verdict"] = ordered_json::parse(result.document);
-  } else {
-    json["error"] = result.commit.error;
+    std::string line = text(json);
+    line.pop_back();
+    return line + ",\"verdict\":" + result.verdict + "}";
   }
-  return json;
+  json["error"] = result.commit.error;
+  if (!result.commit.error_place.file.empty()) json["place"] = place_json(result.commit.error_place);
+  return text(json);
+}
+
+CommitResult read_result(const ordered_json &document, const std::string &name) {
+  const int version = document.at("schema-version").get<int>();
+  if (version != json_schema_version) {
+    throw DocumentError(fmt::format("schema-version {}; expected {}", version, json_schema_version));
+  }
+  const ordered_json &json = document.at("commits").at(0);
+  CommitResult result;
+  if (json.contains("verdict")) {
+    result.commit = read_verdict(json.at("verdict"), name);
+    result.verdict = text(json.at("verdict"));
+  } else {
+    result.commit.error = json.at("error").get<std::string>();
+    if (json.contains("place")) result.commit.error_place = read_place(json.at("place"));
+  }
+  result.commit.name = name;
+  result.exit_status = json.at("status").get<int>();
+  return result;
 }
 
 ordered_json summary_json(const SeriesSummary &summary, int exit_status) {
@@ -46,18 +70,28 @@ ordered_json summary_json(const SeriesSummary &summary, int exit_status) {
 
 }  // namespace
 
-void SeriesJson::write(CommitResult result) {
+void SeriesJson::write(const CommitResult &result) {
   if (!has_begun_) {
     const ordered_json program{{"name", "vpnval"}, {"version", VPNVAL_VERSION}};
     out_ << "{\n  \"schema-version\": " << json_schema_version << ",\n  \"program\": " << text(program)
          << ",\n  \"commits\": [";
   }
-  out_ << (has_begun_ ? ",\n    " : "\n    ") << text(commit_json(result)) << std::flush;
+  out_ << (has_begun_ ? ",\n    " : "\n    ") << commit_text(result) << std::flush;
   has_begun_ = true;
 }
 
 void SeriesJson::finish(const SeriesSummary &summary, int exit_status) {
   out_ << "\n  ],\n  \"summary\": " << text(summary_json(summary, exit_status)) << "\n}\n";
+}
+
+CommitResult read_single_result(std::string_view document, const std::string &name) {
+  try {
+    return read_result(ordered_json::parse(document), name);
+  } catch (const UnknownNameError &error) {
+    throw DocumentError(error.what());
+  } catch (const ordered_json::exception &error) {
+    throw DocumentError(fmt::format("no result of schema version {}: {}", json_schema_version, error.what()));
+  }
 }
 
 }  // namespace report

@@ -40,7 +40,7 @@ host::Decision read_decision(const std::string &text) {
        {host::Decision::accepted, host::Decision::accepted_with_warnings, host::Decision::rejected}) {
     if (decision_name(decision) == text) return decision;
   }
-  throw DocumentError(fmt::format("decision \"{}\" is none that is known", text));
+  throw UnknownNameError(fmt::format("decision \"{}\" is none that is known", text));
 }
 
 /// The way back, as far as it differs from the commit by more than its direction.
@@ -61,31 +61,10 @@ CommitReport read_rollback(const ordered_json &json, const std::string &name) {
   return rollback;
 }
 
-CommitReport read(const ordered_json &json, const std::string &name) {
-  const int version = json.at("schema-version").get<int>();
-  if (version != json_schema_version) {
-    throw DocumentError(fmt::format("schema-version {}; expected {}", version, json_schema_version));
-  }
-  CommitReport commit;
-  commit.name = name;
-  commit.decision = read_decision(json.at("decision").get<std::string>());
-  commit.refusal = json.value("refusal", "");
-  if (json.contains("passed-over")) commit.passed_over = read_passed_over(json.at("passed-over"));
-  commit.unreadable = read_unreadable(json);
-  commit.findings = read_findings(json.at("findings"));
-  commit.advice = read_advice(json.at("advice"));
-  commit.search = read_search(json.at("search"));
-  commit.unused_suppressions = json.at("unused-suppressions").get<std::vector<std::string>>();
-  if (json.contains("rollback")) commit.rollback.push_back(read_rollback(json["rollback"], name));
-  return commit;
-}
-
 }  // namespace
 
-void write_json(std::ostream &out, const CheckReport &report) {
+std::string verdict_json(const CheckReport &report) {
   ordered_json json;
-  json["schema-version"] = json_schema_version;
-  json["program"] = {{"name", "vpnval"}, {"version", VPNVAL_VERSION}};
   json["library"] = {{"file", report.plugin_file}, {"build-id", report.build_id}};
   json["inputs"] = {{"element", report.inputs.element.string()},
                     {"running", report.inputs.running.string()},
@@ -106,17 +85,22 @@ void write_json(std::ostream &out, const CheckReport &report) {
   if (report.rollback) json["rollback"] = rollback_json(report.commit.rollback.front(), *report.rollback);
   if (report.with_trace) json["trace"] = report.verdict.statistics.trace;
   // A message may end within a character: the library cuts long names at a number of bytes.
-  out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+  return json.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
 }
 
-CommitReport read_json_report(std::string_view document, const std::string &name) {
-  try {
-    return read(ordered_json::parse(document), name);
-  } catch (const UnknownNameError &error) {
-    throw DocumentError(error.what());
-  } catch (const ordered_json::exception &error) {
-    throw DocumentError(fmt::format("no verdict of schema version {}: {}", json_schema_version, error.what()));
-  }
+CommitReport read_verdict(const ordered_json &json, const std::string &name) {
+  CommitReport commit;
+  commit.name = name;
+  commit.decision = read_decision(json.at("decision").get<std::string>());
+  commit.refusal = json.value("refusal", "");
+  if (json.contains("passed-over")) commit.passed_over = read_passed_over(json.at("passed-over"));
+  commit.unreadable = read_unreadable(json);
+  commit.findings = read_findings(json.at("findings"));
+  commit.advice = read_advice(json.at("advice"));
+  commit.search = read_search(json.at("search"));
+  commit.unused_suppressions = json.at("unused-suppressions").get<std::vector<std::string>>();
+  if (json.contains("rollback")) commit.rollback.push_back(read_rollback(json["rollback"], name));
+  return commit;
 }
 
 }  // namespace report

@@ -1,30 +1,21 @@
 #ifndef REPORT_JSON_VERDICT_JSON_H
 #define REPORT_JSON_VERDICT_JSON_H
 
-#include <ostream>
-#include <stdexcept>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
-#include <string_view>
 
 #include "report/check_report.h"
 #include "report/commit_report.h"
 
 namespace report {
 
-/// Grows when a field goes or changes its meaning; a field that is added leaves it.
-inline constexpr int json_schema_version = 2;
+/// The verdict on a commit with all that was found out, as a JSON object in one line; docs/verdict.schema.json
+/// describes it.
+std::string verdict_json(const CheckReport &report);
 
-/// The whole report as one JSON document; docs/verdict.schema.json describes it.
-void write_json(std::ostream &out, const CheckReport &report);
-
-/// A text that is no verdict of this program; what() says why.
-class DocumentError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-/// The commit of which a document that write_json wrote tells; `name` is what it is to be called. Throws DocumentError.
-CommitReport read_json_report(std::string_view document, const std::string &name);
+/// The commit of which such an object tells; `name` is what it is to be called. Throws UnknownNameError, or an
+/// exception of the JSON library.
+CommitReport read_verdict(const nlohmann::ordered_json &json, const std::string &name);
 
 }  // namespace report
 

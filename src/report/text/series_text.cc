@@ -21,7 +21,7 @@ std::string outcome_text(const CommitReport &commit, const TextStyle &style) {
 
 }  // namespace
 
-void SeriesText::write(CommitResult result) {
+void SeriesText::write(const CommitResult &result) {
   write_commit(result.commit);
   for (const CommitReport &rollback : result.commit.rollback) write_commit(rollback);
 }

@@ -13,7 +13,7 @@ class SeriesText : public SeriesOutput {
  public:
   SeriesText(std::ostream &out, const TextStyle &style) : out_(out), style_(style) {}
 
-  void write(CommitResult result) override;
+  void write(const CommitResult &result) override;
   void finish(const SeriesSummary &summary, int exit_status) override;
 
  private:

@@ -34,7 +34,9 @@ CommittedFolder::~CommittedFolder() {
   std::filesystem::remove_all(directory_, ignored);
 }
 
-nlohmann::json CommittedFolder::verdict() const { return nlohmann::json::parse(check("json")); }
+nlohmann::json CommittedFolder::verdict() const {
+  return nlohmann::json::parse(check("json")).at("commits").at(0).at("verdict");
+}
 std::string CommittedFolder::text() const { return check("text"); }
 
 std::string CommittedFolder::check(const std::string &format) const {
