@@ -60,7 +60,8 @@ std::vector<Cluster> clusters_of(const SearchContext &context, const FoundConfli
     const FoundConflict &conflict = conflicts[i];
     Cluster own{conflict.entries,        conflict.innermost(), conflict.message,
                 conflict.is_preexisting, conflict.parties,     {i}};
-    if (own.is_preexisting || context.messages[own.message].is_cumulative()) join_same(context, clusters, own);
+    const bool may_join = own.is_preexisting || context.messages[own.message].is_cumulative();
+    if (may_join && !context.oracle.has_ended()) join_same(context, clusters, own);
     clusters.push_back(std::move(own));
   }
   return clusters;

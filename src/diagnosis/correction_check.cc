@@ -134,7 +134,7 @@ Effect CorrectionCheck::proven_effect(const std::vector<bool> &is_own, const Num
   const NumberSet about = what_is_about(is_own, parts);
   const NumberSet scope = context_.scope(about);
   if (context_.is_enumerated || is_little(scope)) return effect_of(is_proven_by_enumeration(is_own, scope));
-  if (!locality_) locality_.emplace(context_.entries);
+  if (!locality_) locality_.emplace(context_.entries, [this] { return context_.oracle.has_ended(); });
   const NumberSet near = context_.entries.without(locality_->around(about), context_.gone());
   if (is_little(near) && !is_proven_by_enumeration(is_own, near)) return Effect::unproven;
   return is_proven_around(is_own, parts) ? Effect::repairs : Effect::unproven;

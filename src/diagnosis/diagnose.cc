@@ -84,7 +84,7 @@ class Diagnoser {
   }
 
   void search_conflicts(const host::Verdict &verdict) {
-    locality_.emplace(entries_);
+    locality_.emplace(entries_, [this] { return oracle_.has_ended(); });
     if (entries_.size() > kFewEntries) context_.locality = &*locality_;
     ConflictSearch search(context_, *locality_);
     for (const Message &said : device_messages(verdict)) search.find(messages_.number_of(said.verdict));

@@ -1,9 +1,11 @@
 #include "diagnosis/grouping.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <numeric>
 #include <set>
+#include <utility>
 
 #include "diagnosis/name_hints.h"
 #include "diagnosis/port_use.h"
@@ -64,15 +66,43 @@ Resource resource_of(const SearchContext &context, const FoundConflict &conflict
   return resource;
 }
 
-bool shares(const Resource &a, const Resource &b) {
-  const auto is_shared_name = [&b](const std::string &name) { return b.names.count(name) != 0; };
-  if (std::any_of(a.names.begin(), a.names.end(), is_shared_name)) return true;
-  return std::any_of(a.vlans.begin(), a.vlans.end(), [&b](const auto &port) {
-    const auto other = b.vlans.find(port.first);
-    return other != b.vlans.end() && !shared_vlans(port.second, other->second).empty();
-  });
-}
+/// Disjoint ranges of VLANs, each with a conflict about it.
+class VlanOwners {
+ public:
+  /// Adds a range with its conflict. Returns the conflicts of all ranges that it meets, which are one range from then
+  /// on.
+  std::vector<std::size_t> add(Vlans vlans, std::size_t conflict) {
+    std::vector<std::size_t> met;
+    auto next = ranges_.upper_bound(vlans.first);
+    if (next != ranges_.begin() && std::prev(next)->second.last >= vlans.first) --next;
+    while (next != ranges_.end() && next->first <= vlans.last) {
+      vlans.first = std::min(vlans.first, next->first);
+      vlans.last = std::max(vlans.last, next->second.last);
+      met.push_back(next->second.conflict);
+      next = ranges_.erase(next);
+    }
+    ranges_[vlans.first] = {vlans.last, conflict};
+    return met;
+  }
 
+ private:
+  struct Owner {
+    std::uint32_t last = 0;
+    std::size_t conflict = 0;
+  };
+
+  std::map<std::uint32_t, Owner> ranges_;  ///< by first VLAN
+};
+
+/// What the conflicts of one rule that have a party in common are about.
+struct Known {
+  std::map<std::string, VlanOwners> vlans;  ///< by port
+  std::map<std::string, std::size_t> names;
+  std::map<std::uint32_t, std::vector<std::size_t>> messages;
+  std::set<std::uint32_t> joined_messages;  ///< of which a conflict is about the message itself
+};
+
+// Takes time in proportion to the conflicts, however many share a party.
 class Grouping {
  public:
   Grouping(const SearchContext &context, const FoundConflicts &conflicts)
@@ -82,15 +112,13 @@ class Grouping {
   }
 
   std::vector<ConflictGroup> run() {
-    std::map<std::uint32_t, std::vector<std::size_t>> conflicts_of_party;
+    std::map<std::pair<std::uint32_t, const rules::Rule *>, Known> known;
+    std::map<std::pair<std::uint32_t, NumberSet>, std::size_t> same;
     for (std::size_t i = 0; i < conflicts_.size(); ++i) {
-      for (const std::uint32_t party : conflicts_[i].parties) {
-        std::vector<std::size_t> &known = conflicts_of_party[party];
-        for (const std::size_t other : known) {
-          if (leader(i) != leader(other) && belong_together(i, other)) leaders_[leader(i)] = leader(other);
-        }
-        known.push_back(i);
-      }
+      const FoundConflict &conflict = conflicts_[i];
+      join(i, same.try_emplace({conflict.message, conflict.parties}, i).first->second);
+      const rules::Rule *rule = context_.messages[conflict.message].rule;
+      for (const std::uint32_t party : conflict.parties) join_known(i, known[{party, rule}]);
     }
     join_lists();
     return groups();
@@ -103,19 +131,33 @@ class Grouping {
     for (std::size_t i = 0; i < conflicts_.size(); ++i) {
       const Message &message = context_.messages[conflicts_[i].message];
       if (!message.is_cumulative() || message.counts()) continue;
-      leaders_[leader(i)] = leader(first.try_emplace(conflicts_[i].message, i).first->second);
+      join(i, first.try_emplace(conflicts_[i].message, i).first->second);
     }
   }
 
-  bool belong_together(std::size_t a, std::size_t b) const {
-    const FoundConflict &one = conflicts_[a];
-    const FoundConflict &other = conflicts_[b];
-    if (one.message == other.message && one.parties == other.parties) return true;
-    const rules::Rule *rule = context_.messages[one.message].rule;
-    if (rule != context_.messages[other.message].rule) return false;
-    if (rule == nullptr || resources_[a].is_message || resources_[b].is_message) return one.message == other.message;
-    return shares(resources_[a], resources_[b]);
+  void join_known(std::size_t i, Known &known) {
+    const Resource &resource = resources_[i];
+    for (const auto &[port, ranges] : resource.vlans) {
+      for (const Vlans &vlans : ranges) {
+        for (const std::size_t other : known.vlans[port].add(vlans, i)) join(i, other);
+      }
+    }
+    for (const std::string &name : resource.names) join(i, known.names.try_emplace(name, i).first->second);
+    join_messages(i, known);
   }
+
+  /// Conflicts about no resource that is known belong to those of the same message.
+  void join_messages(std::size_t i, Known &known) {
+    const std::uint32_t message = conflicts_[i].message;
+    if (resources_[i].is_message) known.joined_messages.insert(message);
+    std::vector<std::size_t> &others = known.messages[message];
+    others.push_back(i);
+    if (known.joined_messages.count(message) == 0) return;
+    for (const std::size_t other : others) join(i, other);
+    others = {i};
+  }
+
+  void join(std::size_t one, std::size_t other) { leaders_[leader(one)] = leader(other); }
 
   std::size_t leader(std::size_t conflict) {
     while (leaders_[conflict] != conflict) conflict = leaders_[conflict] = leaders_[leaders_[conflict]];

@@ -5,6 +5,7 @@
 #include <numeric>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "diagnosis/port_use.h"
 #include "diagnosis/revertible_changes.h"
@@ -12,6 +13,9 @@
 
 namespace diagnosis {
 namespace {
+
+// To read so many entries takes less time than a question about them.
+constexpr std::uint32_t kLookEvery = 1024;
 
 struct Use {
   Vlans vlans;
@@ -24,13 +28,22 @@ std::string key_text(const MergedNode &node) { return element::to_text(node.node
 
 }  // namespace
 
-Locality::Locality(const Entries &entries) : entries_(entries), leaders_(entries.size()) {
+Locality::Locality(const Entries &entries, std::function<bool()> is_over)
+    : entries_(entries), is_over_(std::move(is_over)), leaders_(entries.size()) {
   std::iota(leaders_.begin(), leaders_.end(), 0U);
   join_vpns();
   join_ports();
   join_pseudowires();
   join_uplinks();
   collect();
+}
+
+template <typename Visit>
+void Locality::for_each_entry(Visit visit) {
+  for (std::uint32_t entry = 0; entry < entries_.size(); ++entry) {
+    if (entry % kLookEvery == 0 && is_over_()) return;
+    visit(entry);
+  }
 }
 
 std::uint32_t Locality::leader(std::uint32_t entry) const {
@@ -41,10 +54,10 @@ std::uint32_t Locality::leader(std::uint32_t entry) const {
 void Locality::join(std::uint32_t a, std::uint32_t b) { leaders_[leader(a)] = leader(b); }
 
 void Locality::join_vpns() {
-  for (std::uint32_t entry = 0; entry < entries_.size(); ++entry) {
+  for_each_entry([this](std::uint32_t entry) {
     const std::uint32_t around = entries_[entry].parent;
     if (around != kNone && !is_group(entries_.node(around))) join(entry, around);
-  }
+  });
 }
 
 // A sweep over the VLANs of each port joins what overlaps.
@@ -55,11 +68,11 @@ void Locality::join_ports() {
     std::vector<Use> &known = uses[use->port];
     for (const Vlans &vlans : use->vlans) known.push_back({vlans, entry});
   };
-  for (std::uint32_t entry = 0; entry < entries_.size(); ++entry) {
+  for_each_entry([&](std::uint32_t entry) {
     add(entry, port_use(entries_, entry));
     const bool has_two = entries_.node(entry).before != nullptr && entries_.node(entry).after != nullptr;
     if (has_two) add(entry, former_port_use(entries_, entry));
-  }
+  });
   for (auto &[port, known] : uses) {
     std::sort(known.begin(), known.end(), [](const Use &a, const Use &b) { return a.vlans.first < b.vlans.first; });
     std::uint32_t last = known.front().vlans.last;
@@ -75,30 +88,30 @@ void Locality::join_pseudowires() {
   const auto add = [&](std::uint32_t entry, const std::optional<std::string> &wire) {
     if (wire) join(entry, first.try_emplace(*wire, entry).first->second);
   };
-  for (std::uint32_t entry = 0; entry < entries_.size(); ++entry) {
+  for_each_entry([&](std::uint32_t entry) {
     add(entry, pseudowire(entries_, entry));
     add(entry, former_pseudowire(entries_, entry));
-  }
+  });
 }
 
 void Locality::join_uplinks() {
   std::map<std::uint32_t, std::uint32_t> vlans;
   std::map<std::string, std::uint32_t> layer3;
-  for (std::uint32_t entry = 0; entry < entries_.size(); ++entry) {
+  for_each_entry([&](std::uint32_t entry) {
     const MergedNode &node = entries_.node(entry);
     if (node.schema->name == "vlan") vlans[element::number(node.node().keys.front()).value_or(0)] = entry;
     if (node.schema->name == "l3-interface") layer3[key_text(node)] = entry;
-  }
+  });
   for (const auto &[name, entry] : layer3) {
     const auto vlan = vlans.find(element::number_below(&entries_.node(entry).node(), {"vlan"}).value_or(0));
     if (vlan != vlans.end()) join(entry, vlan->second);
   }
-  for (std::uint32_t entry = 0; entry < entries_.size(); ++entry) {
+  for_each_entry([&](std::uint32_t entry) {
     const MergedNode &node = entries_.node(entry);
-    if (node.schema->name != "interface" || entries_[entry].parent != kNone) continue;
+    if (node.schema->name != "interface" || entries_[entry].parent != kNone) return;
     const auto interface = layer3.find(key_text(node));
     if (interface != layer3.end()) join(entry, interface->second);
-  }
+  });
 }
 
 void Locality::collect() {

@@ -1,6 +1,7 @@
 #ifndef DIAGNOSIS_LOCALITY_H
 #define DIAGNOSIS_LOCALITY_H
 
+#include <functional>
 #include <vector>
 
 #include "diagnosis/entries.h"
@@ -12,7 +13,8 @@ namespace diagnosis {
 /// guess that saves questions; what it misses is found by asking about the whole.
 class Locality {
  public:
-  explicit Locality(const Entries &entries);
+  /// `is_over` is asked every so many entries; once it says so, no more are joined.
+  Locality(const Entries &entries, std::function<bool()> is_over);
 
   /// The entries likely to matter to those of the set, with them and what they all need.
   NumberSet around(const NumberSet &set) const;
@@ -21,6 +23,8 @@ class Locality {
   std::vector<NumberSet> bundles(std::size_t size) const;
 
  private:
+  template <typename Visit>
+  void for_each_entry(Visit visit);
   std::uint32_t leader(std::uint32_t entry) const;
   void join(std::uint32_t a, std::uint32_t b);
   void join_vpns();
@@ -30,6 +34,7 @@ class Locality {
   void collect();
 
   const Entries &entries_;
+  std::function<bool()> is_over_;
   mutable std::vector<std::uint32_t> leaders_;  ///< disjoint-set forest
   std::vector<NumberSet> components_;
   std::vector<std::uint32_t> component_of_;  ///< by entry; kNone for a group

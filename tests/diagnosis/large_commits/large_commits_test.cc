@@ -94,6 +94,34 @@ TEST(Calls, grow_no_faster_than_the_conflicts) {
   EXPECT_LT(twenty / 20, 2 * five / 5);
 }
 
+/// Interrupts the search at the given look, and counts the looks.
+diagnosis::Diagnosis interrupted_at(const brute_force::Configurations &commit, std::uint64_t look, std::uint64_t &looks,
+                                    std::uint64_t &looks_before_question) {
+  diagnosis::Options options{.with_repairs = false, .budget = {.calls = 1'000'000, .time = std::chrono::hours(24)}};
+  options.is_interrupted = [&] { return looks++ >= look; };
+  options.progress = [&](std::uint64_t calls, std::size_t) {
+    looks_before_question = calls == 0 ? looks : looks_before_question;
+  };
+  return JudgedElement::instance().diagnose(commit, options);
+}
+
+// What takes as long as a question is not done without a look at whether the search is over.
+TEST(Interruption, is_looked_for_while_a_large_commit_is_read) {
+  const brute_force::Configurations commit = commit_with(600, 1);
+  constexpr std::uint64_t kNever = 1'000'000'000;
+  std::uint64_t looks = 0;
+  std::uint64_t before_question = 0;
+  EXPECT_EQ(interrupted_at(commit, kNever, looks, before_question).end, diagnosis::SearchEnd::complete);
+  EXPECT_GE(before_question, 5U);
+  for (std::uint64_t look = 0; look < before_question; ++look) {
+    looks = 0;
+    const diagnosis::Diagnosis found = interrupted_at(commit, look, looks, before_question);
+    EXPECT_EQ(found.end, diagnosis::SearchEnd::interrupted);
+    EXPECT_EQ(found.calls, 0U);
+    EXPECT_EQ(looks, look + 1) << "nobody asks once the search is over";
+  }
+}
+
 // Its text tells how many are too many, here 76 and 1,176; that is asked, and not searched for.
 TEST(Calls, of_a_limit_grow_no_faster_than_what_it_counts) {
   const std::uint64_t few = calls_for(commit_with_neighbors(1100), 1);
