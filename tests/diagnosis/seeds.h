@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "tests/support/sanitizers.h"
+
 /// DIAGNOSIS_SEED=N in the environment begins with that seed, DIAGNOSIS_COMMITS=N draws so many commits a test. Without
 /// it every run draws the same commits, so that it judges the change and not the draw.
 inline std::uint32_t number_from_environment(const char *name, std::uint32_t otherwise) {
@@ -18,9 +20,7 @@ inline std::uint32_t first_seed() {
 
 /// Fewer where a sanitizer makes each question slow.
 inline std::uint32_t commits_to_draw(std::uint32_t otherwise) {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-  otherwise = (otherwise + 7) / 8;
-#endif
+  if (is_sanitized) otherwise = (otherwise + 7) / 8;
   return number_from_environment("DIAGNOSIS_COMMITS", otherwise);
 }
 

@@ -8,6 +8,7 @@
 
 #include "tests/headroom/limits_cases.h"
 #include "tests/headroom/network.h"
+#include "tests/support/sanitizers.h"
 
 namespace headroom_test {
 namespace {
@@ -116,9 +117,14 @@ TEST_P(Limits, are_as_listed_and_every_number_is_proven) {
   const bool is_accepted = document.at("elements").at(0).at("decision") != "rejected";
   EXPECT_EQ(is_accepted, !rejection(commit.points(candidate)));
   EXPECT_EQ(shown_rows(document), test.rows);
+  // Each proof is two runs of the program; with a sanitizer, one number of a case is proven.
+  std::size_t proofs_left = is_sanitized ? 1 : document.at("elements").at(0).at("limits").size();
   for (const Json &row : document.at("elements").at(0).at("limits")) {
-    if (row.at("standing") == "measured") prove(commit, candidate, is_accepted, row);
-    if (row.at("standing") == "exceeded") prove_exceeded(commit, candidate, row);
+    const auto standing = row.at("standing").get<std::string>();
+    if (standing != "measured" && standing != "exceeded") continue;
+    if (proofs_left-- == 0) break;
+    if (standing == "measured") prove(commit, candidate, is_accepted, row);
+    if (standing == "exceeded") prove_exceeded(commit, candidate, row);
   }
 }
 

@@ -13,16 +13,11 @@
 #include <string>
 
 #include "build_paths.h"
+#include "tests/support/sanitizers.h"
 
 namespace {
 
 using Names = std::set<std::string>;
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool is_sanitized = true;
-#else
-constexpr bool is_sanitized = false;
-#endif
 
 std::string output_of(const std::string &command) {
   const std::unique_ptr<std::FILE, int (*)(std::FILE *)> pipe(popen(command.c_str(), "r"), pclose);

@@ -13,16 +13,11 @@
 
 #include "build_paths.h"
 #include "rules/rule.h"
+#include "tests/support/sanitizers.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool is_sanitized = true;
-#else
-constexpr bool is_sanitized = false;
-#endif
 
 using Texts = std::set<std::string>;
 

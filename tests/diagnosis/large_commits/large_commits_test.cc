@@ -11,6 +11,7 @@
 #include "tests/diagnosis/seeded_faults/explained_seeds.h"
 #include "tests/diagnosis/seeded_faults/name_pool.h"
 #include "tests/diagnosis/seeds.h"
+#include "tests/support/sanitizers.h"
 
 namespace seeded {
 
@@ -19,11 +20,8 @@ const std::uint32_t kVpnLimit = 1000;
 namespace {
 
 // A sanitizer makes each question many times slower.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-const std::vector<std::size_t> kSizes{100};
-#else
-const std::vector<std::size_t> kSizes{300, 900};
-#endif
+const std::vector<std::size_t> kSizes =
+    is_sanitized ? std::vector<std::size_t>{100} : std::vector<std::size_t>{300, 900};
 
 class LargeCommits : public testing::TestWithParam<std::string> {};
 
