@@ -1,5 +1,5 @@
-#ifndef VLAN_MAP_MARKS_H
-#define VLAN_MAP_MARKS_H
+#ifndef VLAN_MAP_BARS_H
+#define VLAN_MAP_BARS_H
 
 #include <string>
 #include <string_view>
@@ -10,20 +10,21 @@
 
 namespace vlan_map {
 
-/// The classes of a bar in the style sheet: claimant, change or "former", and "rejected" or "warned" for a claim in a
+/// The classes of a claim in the style sheet: claimant, change or "former", and "rejected" or "warned" for one in a
 /// conflict.
 std::string classes_of(const Map &map, const Claim &claim, bool is_previous);
 
-/// A bar as a nested picture, which clips its label. `attributes` go into its start tag, `title` into a title element
-/// if it is not empty; the caller has escaped both.
-std::string bar_markup(const Map &map, const Port &port, const Bar &bar, std::string_view attributes,
-                       std::string_view title);
+/// A claim as a group with a title, which a screen reader speaks and a browser shows.
+std::string bar_markup(const Map &map, const Port &port, const Bar &bar);
 
-/// The bar in a sentence, for screen readers.
+/// The claim in a sentence, with file and line.
 std::string bar_sentence(const Map &map, const Port &port, const Bar &bar);
 
-/// The VLANs of a port that the claims of a conflict share, as areas behind the bars; `height` is that of the row.
+/// The VLANs of a port that the claims of a conflict share, as areas behind the claims; `height` is that of the row.
 std::string overlaps_markup(const Map &map, std::size_t port, double height);
+
+/// The free VLANs of a port as a line at the foot of its row.
+std::string free_markup(const Port &port, double height);
 
 /// The scale's ticks with their VLANs.
 std::string scale_markup();
@@ -35,12 +36,15 @@ struct LegendEntry {
   std::string classes;
   std::string badge;
   std::string meaning;
+  Shape shape = Shape::bar;
 };
 
 const std::vector<LegendEntry> &legend();
 
-/// A bar of the legend; `attributes` as for bar_markup.
-std::string sample_markup(const LegendEntry &entry, std::string_view attributes);
+double sample_width(const LegendEntry &entry);
+
+/// The shape of the legend's entry at a place.
+std::string sample_markup(const LegendEntry &entry, double x, double y);
 
 }  // namespace vlan_map
 

@@ -4,37 +4,20 @@
 #include <set>
 #include <string>
 #include <unordered_map>
-
-#include "diagnosis/messages.h"
-#include "element/datastore/path.h"
+#include <utility>
 
 namespace vlan_map {
 namespace {
 
-using diagnosis::Finding;
-using diagnosis::Party;
-using host::PointVerdict;
+using report::Finding;
+using report::PartyReport;
+using Places = std::vector<ClaimPlace>;
 
-bool is_same(const PointVerdict &a, const PointVerdict &b) { return a.point == b.point && a.text == b.text; }
+std::pair<std::size_t, std::size_t> key_of(const ClaimPlace &place) { return {place.port, place.claim}; }
 
-bool is_in(const std::vector<PointVerdict> &points, const PointVerdict &wanted) {
-  return std::any_of(points.begin(), points.end(),
-                     [&wanted](const PointVerdict &point) { return is_same(point, wanted); });
-}
-
-/// The leafs and VLAN ranges without which the message would not come.
-std::set<std::string> sources_of(const Finding &fault) {
-  std::set<std::string> sources;
-  for (const Party &party : fault.parties) {
-    for (const diagnosis::Detail &detail : party.details) sources.insert(element::to_text(detail.path));
-  }
-  return sources;
-}
-
-void put_in_order(std::vector<ClaimPlace> &places) {
-  const auto key = [](const ClaimPlace &place) { return std::pair(place.port, place.claim); };
-  std::sort(places.begin(), places.end(), [&key](const auto &a, const auto &b) { return key(a) < key(b); });
-  const auto is_twin = [&key](const auto &a, const auto &b) { return key(a) == key(b); };
+void put_in_order(Places &places) {
+  std::sort(places.begin(), places.end(), [](const auto &a, const auto &b) { return key_of(a) < key_of(b); });
+  const auto is_twin = [](const auto &a, const auto &b) { return key_of(a) == key_of(b); };
   places.erase(std::unique(places.begin(), places.end(), is_twin), places.end());
 }
 
@@ -49,15 +32,13 @@ class Finder {
     }
   }
 
-  Conflict conflict_of(const Finding &fault) const {
-    std::set<std::size_t> ports = ports_named_in(fault);
-    const std::set<std::string> sources = sources_of(fault);
+  Conflict conflict_of(const Finding &finding) const {
+    std::set<std::size_t> ports = ports_named_in(finding);
     Conflict conflict;
-    conflict.complete = fault.is_minimal;
-    for (const Party &party : fault.parties) {
-      for (const ClaimPlace &place : claims_of(party, sources)) {
-        if (!is_elsewhere(place, ports)) conflict.claims.push_back(place);
-      }
+    conflict.finding = finding;
+    conflict.by_party = at_odds(finding, claims_of_parties(finding, ports));
+    for (const Places &places : conflict.by_party) {
+      conflict.claims.insert(conflict.claims.end(), places.begin(), places.end());
     }
     put_in_order(conflict.claims);
     for (const ClaimPlace &place : conflict.claims) ports.insert(place.port);
@@ -69,9 +50,9 @@ class Finder {
  private:
   const Claim &at(const ClaimPlace &place) const { return ports_[place.port].claims[place.claim]; }
 
-  std::set<std::size_t> ports_named_in(const Finding &fault) const {
+  std::set<std::size_t> ports_named_in(const Finding &finding) const {
     std::set<std::size_t> ports;
-    for (const Party &party : fault.parties) {
+    for (const PartyReport &party : finding.parties) {
       const auto port = port_indexes_.find(party.interface);
       if (port != port_indexes_.end()) ports.insert(port->second);
     }
@@ -83,23 +64,67 @@ class Finder {
     return at(place).claimant == Claimant::uplink && !ports.empty() && ports.count(place.port) == 0;
   }
 
+  std::vector<Places> claims_of_parties(const Finding &finding, const std::set<std::size_t> &ports) const {
+    std::set<std::string> sources;
+    for (const PartyReport &party : finding.parties) {
+      for (const report::NodeReport &detail : party.details) sources.insert(detail.path);
+    }
+    std::vector<Places> claims;
+    for (const PartyReport &party : finding.parties) {
+      claims.push_back(claims_of(party, sources));
+      std::erase_if(claims.back(), [&](const ClaimPlace &place) { return is_elsewhere(place, ports); });
+    }
+    return claims;
+  }
+
   /// The claims that the party's entry makes: those from the leafs and ranges that matter, all where none is told.
-  std::vector<ClaimPlace> claims_of(const Party &party, const std::set<std::string> &sources) const {
-    const auto entry = by_path_.find(element::to_text(party.path));
+  Places claims_of(const PartyReport &party, const std::set<std::string> &sources) const {
+    const auto entry = by_path_.find(party.node.path);
     if (entry == by_path_.end()) return {};
-    std::vector<ClaimPlace> all;
-    std::vector<ClaimPlace> told;
+    Places all;
+    Places told;
     for (const ClaimPlace &place : entry->second) {
       const Claim &claim = at(place);
-      if (claim.status == ChangeStatus::removed && party.status != ChangeStatus::removed) continue;
+      if (claim.status == ChangeStatus::removed && party.node.status != report::ChangeStatus::removed) continue;
       all.push_back(place);
       if (sources.count(claim.source) != 0) told.push_back(place);
     }
     return told.empty() ? all : told;
   }
 
+  /// Of each party the claims that are at odds in any of the finding's conflicts.
+  std::vector<Places> at_odds(const Finding &finding, std::vector<Places> claims) const {
+    if (finding.enough != 0 || finding.conflicts.empty()) return claims;
+    std::vector<Places> kept(claims.size());
+    for (const report::ConflictReport &conflict : finding.conflicts) {
+      for (const std::size_t party : conflict.parties) {
+        for (const ClaimPlace &place : claims[party]) {
+          if (meets_another(place, party, conflict.parties, claims)) kept[party].push_back(place);
+        }
+      }
+    }
+    for (std::size_t party = 0; party < claims.size(); ++party) {
+      if (kept[party].empty()) kept[party] = std::move(claims[party]);
+      put_in_order(kept[party]);
+    }
+    return kept;
+  }
+
+  /// Whether a claim meets one of another party; where there is one party alone, another one of its own.
+  bool meets_another(const ClaimPlace &place, std::size_t party, const std::vector<std::size_t> &parties,
+                     const std::vector<Places> &claims) const {
+    const auto meets = [&](const ClaimPlace &other) {
+      return key_of(other) != key_of(place) && other.port == place.port &&
+             l2vpn::overlap(at(place).vlans, at(other).vlans).has_value();
+    };
+    return std::any_of(parties.begin(), parties.end(), [&](std::size_t other) {
+      const bool is_asked = other != party || parties.size() == 1;
+      return is_asked && std::any_of(claims[other].begin(), claims[other].end(), meets);
+    });
+  }
+
   /// The VLANs that all claims of the conflict on a port share.
-  std::vector<Overlap> overlaps_of(const std::vector<ClaimPlace> &places) const {
+  std::vector<Overlap> overlaps_of(const Places &places) const {
     std::vector<Overlap> overlaps;
     for (const ClaimPlace &place : places) {
       const VlanRange &vlans = at(place).vlans;
@@ -116,7 +141,7 @@ class Finder {
 
   const std::vector<Port> &ports_;
   std::unordered_map<std::string, std::size_t> port_indexes_;
-  std::unordered_map<std::string, std::vector<ClaimPlace>> by_path_;
+  std::unordered_map<std::string, Places> by_path_;
 };
 
 void mark(std::vector<Port> &ports, const Conflict &conflict, std::size_t index) {
@@ -126,26 +151,12 @@ void mark(std::vector<Port> &ports, const Conflict &conflict, std::size_t index)
 
 }  // namespace
 
-std::vector<Conflict> find_conflicts(const host::Verdict &verdict, const diagnosis::Diagnosis &diagnosis,
-                                     std::vector<Port> &ports) {
+std::vector<Conflict> find_conflicts(const std::vector<Finding> &findings, std::vector<Port> &ports) {
   std::vector<Conflict> conflicts;
-  const auto add = [&](Conflict conflict, const PointVerdict &point, const std::string &rule) {
-    conflict.message = point.text;
-    conflict.rule = rule;
-    conflict.is_warning = point.answer == host::Answer::warned;
-    conflict.from_device = is_in(verdict.points, point);
-    mark(ports, conflict, conflicts.size());
-    conflicts.push_back(std::move(conflict));
-  };
-
   const Finder finder(ports);
-  std::vector<PointVerdict> explained;
-  for (const Finding &fault : diagnosis.findings) {
-    add(finder.conflict_of(fault), fault.verdict, fault.rule);
-    explained.push_back(fault.verdict);
-  }
-  for (const diagnosis::Message &said : diagnosis::device_messages(verdict)) {
-    if (!is_in(explained, said.verdict)) add({}, said.verdict, said.rule_id());
+  for (const Finding &finding : findings) {
+    conflicts.push_back(finder.conflict_of(finding));
+    mark(ports, conflicts.back(), conflicts.size() - 1);
   }
   return conflicts;
 }

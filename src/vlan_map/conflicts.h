@@ -3,16 +3,15 @@
 
 #include <vector>
 
-#include "diagnosis/finding.h"
-#include "host/run/commit.h"
+#include "report/finding.h"
 #include "vlan_map/map.h"
 
 namespace vlan_map {
 
-/// The messages of the device's verdict and of the diagnosis, each with the claims that draw it; marks these claims and
-/// the ports. A message that no fault of the diagnosis explains is about no claim.
-std::vector<Conflict> find_conflicts(const host::Verdict &verdict, const diagnosis::Diagnosis &diagnosis,
-                                     std::vector<Port> &ports);
+/// The findings of a commit, each with the claims that cause it; marks these claims and the ports. Of a party's claims
+/// those count that meet a claim of another party, or all where none does: a range beside the one in question is
+/// innocent. A finding without conflicts was not looked into and is about no claim.
+std::vector<Conflict> find_conflicts(const std::vector<report::Finding> &findings, std::vector<Port> &ports);
 
 }  // namespace vlan_map
 

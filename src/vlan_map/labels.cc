@@ -12,14 +12,21 @@ std::string counted(std::size_t count, std::string_view one) {
   return fmt::format("{} {}{}", count, one, count == 1 ? "" : "s");
 }
 
-std::size_t count_claims(const Map &map, ChangeStatus status) {
-  std::size_t count = 0;
-  for (const Port &port : map.ports) {
-    count += static_cast<std::size_t>(std::count_if(port.claims.begin(), port.claims.end(),
-                                                    [status](const Claim &claim) { return claim.status == status; }));
+struct ClaimCounts {
+  std::size_t all = 0;
+  std::array<std::size_t, 4> by_status{};
+
+  void add(const Port &port) {
+    all += port.claims.size();
+    for (const Claim &claim : port.claims) ++by_status.at(static_cast<std::size_t>(claim.status));
   }
-  return count;
-}
+
+  std::string text() const {
+    const auto of = [this](ChangeStatus status) { return by_status.at(static_cast<std::size_t>(status)); };
+    return fmt::format("{}: {} added, {} changed, {} removed", counted(all, "claim"), of(ChangeStatus::added),
+                       of(ChangeStatus::changed), of(ChangeStatus::removed));
+  }
+};
 
 }  // namespace
 
@@ -44,10 +51,14 @@ char sign_of(ChangeStatus status) {
 }
 
 std::string text_of(const VlanRange &vlans) {
+  if (vlans == kUntagged || vlans == kWholePort) return short_text_of(vlans);
+  return (vlans.first == vlans.last ? "VLAN " : "VLANs ") + short_text_of(vlans);
+}
+
+std::string short_text_of(const VlanRange &vlans) {
   if (vlans == kUntagged) return "untagged";
   if (vlans == kWholePort) return "whole port";
-  if (vlans.first == vlans.last) return fmt::format("VLAN {}", vlans.first);
-  return fmt::format("VLANs {}-{}", vlans.first, vlans.last);
+  return vlans.first == vlans.last ? fmt::to_string(vlans.first) : fmt::format("{}-{}", vlans.first, vlans.last);
 }
 
 std::string group_text(const Claim &claim) {
@@ -87,18 +98,18 @@ std::string commit_text(const Claim &claim) {
 }
 
 std::string conflict_text(const Map &map, std::size_t conflict) {
-  return fmt::format("{} {}", map.conflicts[conflict].is_warning ? "warning" : "rejection", conflict + 1);
+  return fmt::format("{} {}", map.conflicts[conflict].finding.is_warning ? "warning" : "rejection", conflict + 1);
 }
 
 std::string conflict_sign(const Map &map, std::size_t conflict) {
-  return fmt::format("{}{}", map.conflicts[conflict].is_warning ? "!" : "!!", conflict + 1);
+  return fmt::format("{}{}", map.conflicts[conflict].finding.is_warning ? "!" : "!!", conflict + 1);
 }
 
 std::string conflicts_text(const Map &map, const std::vector<std::size_t> &conflicts) {
   std::string text;
   for (const std::size_t conflict : conflicts) {
     if (!text.empty()) text += "; ";
-    text += conflict_text(map, conflict) + ": " + map.conflicts[conflict].message;
+    text += conflict_text(map, conflict) + ": " + map.conflicts[conflict].finding.message;
   }
   return text;
 }
@@ -122,8 +133,9 @@ std::string previous_badge(const Claim &claim) {
 }
 
 std::string verdict_text(const Map &map) {
-  const auto warnings = static_cast<std::size_t>(std::count_if(
-      map.conflicts.begin(), map.conflicts.end(), [](const Conflict &conflict) { return conflict.is_warning; }));
+  const auto warnings =
+      static_cast<std::size_t>(std::count_if(map.conflicts.begin(), map.conflicts.end(),
+                                             [](const Conflict &conflict) { return conflict.finding.is_warning; }));
   const std::size_t rejections = map.conflicts.size() - warnings;
   std::string text = "The commit is ";
   text += map.decision == host::Decision::rejected ? "rejected" : "accepted";
@@ -134,12 +146,16 @@ std::string verdict_text(const Map &map) {
   return text + ".";
 }
 
+std::string count_text(const Port &port) {
+  ClaimCounts counts;
+  counts.add(port);
+  return counts.text();
+}
+
 std::string count_text(const Map &map) {
-  std::size_t claims = 0;
-  for (const Port &port : map.ports) claims += port.claims.size();
-  return fmt::format("{}, {}: {} added, {} changed, {} removed", counted(map.ports.size(), "port"),
-                     counted(claims, "claim"), count_claims(map, ChangeStatus::added),
-                     count_claims(map, ChangeStatus::changed), count_claims(map, ChangeStatus::removed));
+  ClaimCounts counts;
+  for (const Port &port : map.ports) counts.add(port);
+  return fmt::format("{}, {}", counted(map.ports.size(), "port"), counts.text());
 }
 
 }  // namespace vlan_map

@@ -1,5 +1,5 @@
-#ifndef VLAN_MAP_WORDS_H
-#define VLAN_MAP_WORDS_H
+#ifndef VLAN_MAP_LABELS_H
+#define VLAN_MAP_LABELS_H
 
 #include <string>
 #include <string_view>
@@ -22,6 +22,9 @@ char sign_of(ChangeStatus status);
 
 /// "VLAN 5", "VLANs 5-9", "untagged" or "whole port".
 std::string text_of(const VlanRange &vlans);
+
+/// "5", "5-9", "untagged" or "whole port".
+std::string short_text_of(const VlanRange &vlans);
 
 /// The two parts of a claimant's name: "vpws-group branches" and "vpn south"; "VLAN manager" and "vlan 100";
 /// "LDP uplink" and the interface; "igmp-snooping" and the instance.
@@ -51,6 +54,9 @@ std::string previous_badge(const Claim &claim);
 
 /// The verdict in a sentence: "The commit is rejected: 2 rejections, 1 warning."
 std::string verdict_text(const Map &map);
+
+/// "12 claims: 3 added, 1 changed, 0 removed".
+std::string count_text(const Port &port);
 
 /// "4 ports, 12 claims: 3 added, 1 changed, 0 removed".
 std::string count_text(const Map &map);

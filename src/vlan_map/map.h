@@ -9,6 +9,7 @@
 #include "diagnosis/finding.h"
 #include "host/run/commit.h"
 #include "l2vpn/port_claims.h"
+#include "report/finding.h"
 
 namespace vlan_map {
 
@@ -29,6 +30,7 @@ struct Claim {
   std::optional<VlanRange> previous_vlans;  ///< of a changed claim: in the running configuration
   std::string path;                         ///< of the list entry that makes the claim
   std::string source;                       ///< of the leaf or VLAN range that gives the VLANs; `path` if none does
+  std::optional<report::FilePlace> place;   ///< of `source` in its file
   std::vector<std::size_t> conflicts;       ///< indexes into Map::conflicts, ascending
 };
 
@@ -51,16 +53,14 @@ struct Overlap {
   VlanRange vlans;
 };
 
-/// A message of the validation library with the claims that cause it.
+/// A message of the validation library with the claims that cause it. Those of entries that only make the library look
+/// at what is in force are no part of it.
 struct Conflict {
-  std::string message;
-  std::string rule;  ///< id, for `explain`; empty if the rule table does not know the message
-  bool is_warning = false;
-  bool from_device = false;        ///< the element gives this message for the commit as it is
-  bool complete = true;            ///< false: the search for its claims was stopped early
-  std::vector<ClaimPlace> claims;  ///< empty if the message is about no VLAN
-  std::vector<std::size_t> ports;  ///< indexes of the ports that it names, ascending
-  std::vector<Overlap> overlaps;   ///< at most one a port
+  report::Finding finding;
+  std::vector<std::vector<ClaimPlace>> by_party;  ///< for each of the finding's parties the claims at odds, ascending
+  std::vector<ClaimPlace> claims;                 ///< all of them, ascending; empty if the message is about no VLAN
+  std::vector<std::size_t> ports;                 ///< indexes of the ports that it names, ascending
+  std::vector<Overlap> overlaps;                  ///< at most one a port
 };
 
 /// Who claims which VLAN of which port before and after a commit.
@@ -69,6 +69,7 @@ struct Map {
   host::Decision decision = host::Decision::accepted;
   std::vector<Port> ports;  ///< those of the profile in its order, then others that a configuration names
   std::vector<Conflict> conflicts;
+  std::string advice;                ///< what to take back for the whole commit to be accepted; empty for nothing more
   bool complete = true;              ///< false: there may be further conflicts
   std::vector<std::string> notices;  ///< sentences on what the verdict may have missed; none in an ordinary commit
 };

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "report/escape/markup.h"
+#include "vlan_map/free_vlans.h"
 #include "vlan_map/labels.h"
 
 namespace vlan_map {
@@ -12,49 +13,41 @@ namespace {
 
 using report::to_markup;
 
-// A limit may be drawn by hundreds of claims; the table of claims has them all.
-constexpr std::size_t kLinks = 6;
+constexpr std::string_view kTableHead =
+    "<table><thead><tr><th scope=\"col\">Claimed by</th><th scope=\"col\">VLANs</th><th scope=\"col\">This commit</th>"
+    "<th scope=\"col\">File and line</th><th scope=\"col\">Conflicts</th></tr></thead><tbody>\n";
 
-std::string link_to(const Map &map, const ClaimNumbers &numbers, const ClaimPlace &place) {
-  const Port &port = map.ports[place.port];
-  const Claim &claim = port.claims[place.claim];
-  return fmt::format(R"(<li><a class="jump" href="#mark-{}">{}: {} {}, {}, {}</a></li>)", numbers.of(place),
-                     to_markup(port.name), to_markup(group_text(claim)), to_markup(vpn_text(claim)),
-                     text_of(claim.vlans), commit_text(claim));
+bool is_quiet(const Claim &claim) { return claim.status == ChangeStatus::unchanged && claim.conflicts.empty(); }
+
+std::string claim_row(const Map &map, std::size_t number, const Claim &claim) {
+  return fmt::format(
+      "<tr id=\"claim-{}\"{}><th scope=\"row\">{} {}</th><td>{}</td><td>{}</td><td>{}</td><td>{}</td></tr>\n", number,
+      is_quiet(claim) ? " class=\"quiet\"" : "", to_markup(group_text(claim)), to_markup(vpn_text(claim)),
+      text_of(claim.vlans), commit_text(claim), claim.place ? to_markup(report::to_text(*claim.place)) : "",
+      to_markup(conflicts_text(map, claim.conflicts)));
 }
 
-std::string links_of(const Map &map, const ClaimNumbers &numbers, const Conflict &conflict) {
-  std::string markup = "<ul>";
-  if (conflict.claims.empty()) {
-    for (const std::size_t port : conflict.ports) {
-      markup +=
-          fmt::format(R"(<li><a class="jump" href="#port-{}">{}</a></li>)", port, to_markup(map.ports[port].name));
-    }
-    if (conflict.ports.empty()) markup += "<li>no place on a port</li>";
+std::string badges_of(const Map &map, const Port &port) {
+  std::string markup;
+  for (const std::size_t conflict : port.conflicts) {
+    markup +=
+        fmt::format(" <a class=\"badge\" href=\"#conflict-{}\">{}</a>", conflict + 1, conflict_sign(map, conflict));
   }
-  const std::size_t shown = std::min(conflict.claims.size(), kLinks);
-  for (std::size_t i = 0; i < shown; ++i) markup += link_to(map, numbers, conflict.claims[i]);
-  if (shown < conflict.claims.size()) markup += fmt::format("<li>and {} more</li>", conflict.claims.size() - shown);
-  if (!conflict.complete) markup += "<li>the search for the claims was ended early</li>";
-  return markup + "</ul>";
+  return markup;
 }
 
-std::string conflict_row(const Map &map, const ClaimNumbers &numbers, std::size_t index) {
-  const Conflict &conflict = map.conflicts[index];
-  return fmt::format(
-      "<tr class=\"{0}\" id=\"conflict-{1}\"><th scope=\"row\"><span class=\"badge\">{2}</span> {0}</th>"
-      "<td>{6}</td>"
-      "<td>{3}</td><td>{4}</td><td>{5}</td></tr>\n",
-      conflict.is_warning ? "warning" : "rejection", index + 1, conflict_sign(map, index), to_markup(conflict.message),
-      links_of(map, numbers, conflict), conflict.from_device ? "on this commit" : "once the others are solved",
-      conflict.rule);
-}
-
-std::string claim_row(const Map &map, std::size_t number, const Port &port, const Claim &claim) {
-  return fmt::format(
-      "<tr id=\"claim-{}\"><th scope=\"row\">{}</th><td>{}</td><td>{}</td><td>{}</td><td>{}</td><td>{}</td></tr>\n",
-      number, to_markup(port.name), to_markup(group_text(claim)), to_markup(vpn_text(claim)), text_of(claim.vlans),
-      commit_text(claim), to_markup(conflicts_text(map, claim.conflicts)));
+std::string port_section(const Map &map, const ClaimNumbers &numbers, std::size_t index) {
+  const Port &port = map.ports[index];
+  std::string markup = fmt::format(
+      "<section class=\"port-section{}\" id=\"port-{}\" tabindex=\"-1\">\n<h3>{}{}</h3>\n<p>{}{}. Free VLANs: {}.</p>\n",
+      is_busy(port) ? "" : " quiet", index, to_markup(port.name), badges_of(map, port), count_text(port),
+      port.in_profile ? "" : ", not in the element's profile", free_text(port));
+  if (port.claims.empty()) return markup + "</section>\n";
+  markup += kTableHead;
+  for (std::size_t claim = 0; claim < port.claims.size(); ++claim) {
+    markup += claim_row(map, numbers.of({index, claim}), port.claims[claim]);
+  }
+  return markup + "</tbody></table>\n</section>\n";
 }
 
 }  // namespace
@@ -67,27 +60,14 @@ ClaimNumbers::ClaimNumbers(const Map &map) {
   }
 }
 
-std::string conflict_table(const Map &map, const ClaimNumbers &numbers) {
-  std::string markup =
-      "<table id=\"conflicts\"><thead><tr><th scope=\"col\">Conflict</th><th scope=\"col\">Rule</th>"
-      "<th scope=\"col\">Message</th>"
-      "<th scope=\"col\">Claims</th><th scope=\"col\">The element says it</th></tr></thead><tbody>\n";
-  for (std::size_t i = 0; i < map.conflicts.size(); ++i) markup += conflict_row(map, numbers, i);
-  return markup + "</tbody></table>\n";
+bool is_busy(const Port &port) {
+  return !port.conflicts.empty() || !std::all_of(port.claims.begin(), port.claims.end(), is_quiet);
 }
 
-std::string claim_table(const Map &map, const ClaimNumbers &numbers) {
-  std::string markup =
-      "<table id=\"claims\"><thead><tr><th scope=\"col\">Port</th><th scope=\"col\">Group</th>"
-      "<th scope=\"col\">VPN</th><th scope=\"col\">VLANs</th><th scope=\"col\">This commit</th>"
-      "<th scope=\"col\">Conflicts</th></tr></thead><tbody>\n";
-  for (std::size_t p = 0; p < map.ports.size(); ++p) {
-    const Port &port = map.ports[p];
-    for (std::size_t c = 0; c < port.claims.size(); ++c) {
-      markup += claim_row(map, numbers.of({p, c}), port, port.claims[c]);
-    }
-  }
-  return markup + "</tbody></table>\n";
+std::string port_sections(const Map &map, const ClaimNumbers &numbers) {
+  std::string markup;
+  for (std::size_t port = 0; port < map.ports.size(); ++port) markup += port_section(map, numbers, port);
+  return markup;
 }
 
 }  // namespace vlan_map

@@ -20,11 +20,15 @@ class ClaimNumbers {
   std::vector<std::size_t> firsts_;
 };
 
-/// Every conflict with links to the bars of its claims ("#mark-NUMBER") and to its ports ("#port-INDEX").
-std::string conflict_table(const Map &map, const ClaimNumbers &numbers);
+/// Whether the commit changes anything on a port or conflicts there.
+bool is_busy(const Port &port);
 
-/// Every claim, a row each ("claim-NUMBER").
-std::string claim_table(const Map &map, const ClaimNumbers &numbers);
+/// An article a conflict ("conflict-NUMBER", from 1): message, rule, parties with their claims ("#claim-NUMBER"),
+/// advice.
+std::string conflict_articles(const Map &map, const ClaimNumbers &numbers);
+
+/// A section a port ("port-INDEX"): what is free, and a table of its claims, a row each ("claim-NUMBER").
+std::string port_sections(const Map &map, const ClaimNumbers &numbers);
 
 }  // namespace vlan_map
 

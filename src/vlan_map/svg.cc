@@ -4,12 +4,15 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "report/escape/markup.h"
 #include "vlan_map/assets.h"
 #include "vlan_map/bars.h"
+#include "vlan_map/free_vlans.h"
 #include "vlan_map/labels.h"
 #include "vlan_map/layout.h"
 
@@ -21,10 +24,15 @@ using report::to_markup;
 constexpr double kMargin = 16;
 constexpr double kLineHeight = 18;
 constexpr double kScaleHeight = 20;
-constexpr double kTextWidth = 7.8;  ///< of a character of running text, about
+constexpr double kTextWidth = 7.4;  ///< of a character of running text, about
 constexpr double kFlagsWidth = 90;
 constexpr std::size_t kMessageColumns = 190;
 constexpr std::size_t kRowsToAScale = 40;
+constexpr std::size_t kFewPorts = 8;
+constexpr std::size_t kLanesOfFew = 10;  ///< for names; claims that need more lanes have them
+constexpr std::size_t kLanesOfMany = 5;
+constexpr double kFreeSample = 24;
+constexpr double kSheetHeight = 560;  ///< of the rows on a sheet of paper; one row may be higher
 constexpr std::size_t kFlags = 3;
 
 /// The begin of the character of UTF-8 that the byte at `offset` belongs to.
@@ -63,14 +71,18 @@ double width_of_names(const Map &map) {
   return std::clamp(static_cast<double>(longest) * kTextWidth, 60.0, 280.0);
 }
 
-std::string with_rule(const Conflict &conflict) {
-  return conflict.rule.empty() ? conflict.message : fmt::format("{} ({})", conflict.message, conflict.rule);
+/// "MESSAGE (RULE) FILE:LINE".
+std::string line_of(const report::Finding &finding) {
+  std::string line = finding.message;
+  if (!finding.rule.empty()) line += fmt::format(" ({})", finding.rule);
+  if (!finding.place.file.empty()) line += " " + report::to_text(finding.place);
+  return line;
 }
 
 std::string description_of(const Map &map) {
   std::string text = verdict_text(map) + " " + count_text(map) + ".";
   for (std::size_t i = 0; i < map.conflicts.size(); ++i) {
-    text += fmt::format(" {}: {}.", conflict_text(map, i), map.conflicts[i].message);
+    text += fmt::format(" {}: {}.", conflict_text(map, i), map.conflicts[i].finding.message);
   }
   for (const std::string &notice : map.notices) text += " " + notice + ".";
   return text;
@@ -85,17 +97,37 @@ class Picture {
         width_(plot_left_ + plot_width() + kMargin) {}
 
   std::string draw() {
+    std::vector<std::size_t> ports(map_.ports.size());
+    std::iota(ports.begin(), ports.end(), 0);
     write_head();
     write_conflicts();
     write_legend();
-    top_ = y_;
-    for (std::size_t i = 0; i < map_.ports.size(); ++i) {
-      if (i % kRowsToAScale == 0) write_scale();
-      write_row(i);
+    write_rows(ports, lanes_for(ports.size()));
+    return start() + body_ + "</svg>\n";
+  }
+
+  std::string draw_sheets(const std::vector<std::size_t> &ports) {
+    std::string sheets;
+    y_ = 0;
+    write_legend();
+    for (std::size_t next = 0; next < ports.size();) {
+      const std::size_t first = next;
+      const std::size_t most_lanes = lanes_for(ports.size());
+      double height = y_;
+      do {
+        height += lay_out(map_, map_.ports[ports[next]], most_lanes).height;
+        ++next;
+      } while (next < ports.size() && height < kSheetHeight);
+      write_rows(
+          {ports.begin() + static_cast<std::ptrdiff_t>(first), ports.begin() + static_cast<std::ptrdiff_t>(next)},
+          most_lanes);
+      sheets +=
+          fmt::format("<svg class=\"map\" viewBox=\"0 0 {:.0f} {:.0f}\" role=\"group\" aria-label=\"VLANs by port\">",
+                      width_, y_ + kMargin) +
+          definitions_markup() + std::exchange(body_, "") + "</svg>\n";
+      y_ = 0;
     }
-    const std::string grid = grid_markup();
-    write_scale();
-    return start() + grid + body_ + "</svg>\n";
+    return sheets;
   }
 
  private:
@@ -116,10 +148,10 @@ class Picture {
 
   void write_conflicts() {
     for (std::size_t i = 0; i < map_.conflicts.size(); ++i) {
-      const Conflict &conflict = map_.conflicts[i];
+      const report::Finding &conflict = map_.conflicts[i].finding;
       const std::string_view style = conflict.is_warning ? "flag warned" : "flag rejected";
       bool is_first = true;
-      for (const std::string &line : wrapped(with_rule(conflict), kMessageColumns)) {
+      for (const std::string &line : wrapped(line_of(conflict), kMessageColumns)) {
         write_line("note", kMargin + 40, line);
         if (!is_first) continue;
         body_ +=
@@ -132,18 +164,37 @@ class Picture {
   void write_legend() {
     double x = kMargin;
     y_ += kLineHeight + 4;
-    for (const LegendEntry &entry : legend()) {
-      const double bar = bar_width(entry.badge);
-      const double width = bar + 6 + static_cast<double>(entry.meaning.size()) * kTextWidth + 12;
+    const auto write = [&](double sample, std::string_view meaning, const auto &markup) {
+      const double width = sample + 6 + static_cast<double>(meaning.size()) * kTextWidth + 12;
       if (x + width > width_) {
         x = kMargin;
         y_ += kLineHeight + 2;
       }
-      body_ += sample_markup(entry, fmt::format(R"( x="{:.2f}" y="{}")", x, y_ - 12));
-      body_ += fmt::format("<text class=\"note\" x=\"{:.2f}\" y=\"{}\">{}</text>\n", x + bar + 6, y_, entry.meaning);
+      body_ += markup(x, y_ - 12);
+      body_ += fmt::format("<text class=\"note\" x=\"{:.2f}\" y=\"{}\">{}</text>\n", x + sample + 6, y_, meaning);
       x += width;
+    };
+    for (const LegendEntry &entry : legend()) {
+      write(sample_width(entry), entry.meaning,
+            [&entry](double left, double top) { return sample_markup(entry, left, top); });
     }
+    write(kFreeSample, "free VLANs", [](double left, double top) {
+      return fmt::format(R"(<path class="free" d="M{:.2f} {}h{}v3h-{}z"/>)", left, top + 10, kFreeSample, kFreeSample);
+    });
     y_ += 10;
+  }
+
+  static std::size_t lanes_for(std::size_t ports) { return ports > kFewPorts ? kLanesOfMany : kLanesOfFew; }
+
+  void write_rows(const std::vector<std::size_t> &ports, std::size_t most_lanes) {
+    const double top = y_;
+    const std::string before = std::exchange(body_, "");
+    for (std::size_t i = 0; i < ports.size(); ++i) {
+      if (i % kRowsToAScale == 0) write_scale();
+      write_row(ports[i], most_lanes);
+    }
+    body_ = before + grid_markup(top) + body_;
+    write_scale();
   }
 
   void write_scale() {
@@ -152,17 +203,16 @@ class Picture {
     y_ += kScaleHeight;
   }
 
-  void write_row(std::size_t index) {
+  void write_row(std::size_t index, std::size_t most_lanes) {
     const Port &port = map_.ports[index];
-    const Row row = lay_out(map_, port);
+    const Row row = lay_out(map_, port, most_lanes);
     body_ += fmt::format("<g class=\"row\" role=\"group\" transform=\"translate(0 {})\"><title>{}</title>\n", y_,
                          to_markup(row_text(port)));
     body_ += fmt::format("<path class=\"line\" d=\"M{} {}H{:.2f}\"/>\n", kMargin, row.height, width_ - kMargin);
     write_port(port);
-    body_ += fmt::format("<g transform=\"translate({} 0)\">{}\n", plot_left_, overlaps_markup(map_, index, row.height));
-    for (const Bar &bar : row.bars) {
-      body_ += bar_markup(map_, port, bar, "", to_markup(bar_sentence(map_, port, bar))) + "\n";
-    }
+    body_ += fmt::format("<g transform=\"translate({} 0)\">{}{}\n", plot_left_,
+                         overlaps_markup(map_, index, row.height), free_markup(port, row.height));
+    for (const Bar &bar : row.bars) body_ += bar_markup(map_, port, bar) + "\n";
     body_ += "</g></g>\n";
     y_ += row.height;
   }
@@ -171,7 +221,7 @@ class Picture {
     std::string text = fmt::format("{}: {} claim{}", port.name, port.claims.size(), port.claims.size() == 1 ? "" : "s");
     if (!port.in_profile) text += ", not in the element's profile";
     if (!port.conflicts.empty()) text += "; " + conflicts_text(map_, port.conflicts);
-    return text;
+    return text + "; free VLANs: " + free_text(port);
   }
 
   /// The name in a picture of its own, which clips it.
@@ -184,9 +234,9 @@ class Picture {
   }
 
   /// The scale's lines from the first row to the last.
-  std::string grid_markup() const {
-    std::string path = fmt::format("M0 {0}V{1}M{2} {0}V{1}", top_, y_, kUntaggedWidth);
-    for (const std::uint32_t vlan : scale_ticks()) path += fmt::format("M{:.2f} {}V{}", left_of(vlan), top_, y_);
+  std::string grid_markup(double top) const {
+    std::string path = fmt::format("M0 {0}V{1}M{2} {0}V{1}", top, y_, kUntaggedWidth);
+    for (const std::uint32_t vlan : scale_ticks()) path += fmt::format("M{:.2f} {}V{}", left_of(vlan), top, y_);
     return fmt::format("<path class=\"line\" transform=\"translate({} 0)\" d=\"{}\"/>\n", plot_left_, path);
   }
 
@@ -208,11 +258,14 @@ class Picture {
   double width_;
   std::string body_;
   double y_ = kMargin;
-  double top_ = 0;  ///< of the first scale
 };
 
 }  // namespace
 
 std::string to_svg(const Map &map) { return Picture(map).draw(); }
+
+std::string picture_sheets(const Map &map, const std::vector<std::size_t> &ports) {
+  return Picture(map).draw_sheets(ports);
+}
 
 }  // namespace vlan_map

@@ -34,7 +34,7 @@ TEST_F(MapCommand, draws_a_rejected_commit_and_ends_with_0) {
   EXPECT_EQ(outcome.out, svg +
                              ": 4 ports, 2 claims: 1 added, 0 changed, 0 removed. "
                              "The commit is rejected: 1 rejection, 0 warnings.\n");
-  EXPECT_NE(content_of(svg).find("<title>gigabit-ethernet-1/1/1: 2 claims; rejection 1: " + message + "</title>"),
+  EXPECT_NE(content_of(svg).find("<title>gigabit-ethernet-1/1/1: 2 claims; rejection 1: " + message + "; free VLANs: "),
             std::string::npos);
 }
 
@@ -74,7 +74,10 @@ TEST_F(MapCommand, a_budget_bounds_the_search_and_the_picture_says_so) {
   EXPECT_EQ(outcome.out, html +
                              ": 4 ports, 2 claims: 1 added, 0 changed, 0 removed. The commit is rejected: "
                              "1 rejection, 0 warnings; the search was ended before all was found.\n");
-  EXPECT_NE(content_of(html).find("<td>" + message + "</td><td><ul><li>no place on a port</li>"), std::string::npos);
+  EXPECT_NE(content_of(html).find("<p class=\"message\">" + message +
+                                  "</p>\n<p class=\"when\">The element says it on "
+                                  "this commit. Its claims were not looked for.</p>\n</article>"),
+            std::string::npos);
 }
 
 TEST_F(MapCommand, what_cannot_be_drawn_leaves_what_stood_there) {

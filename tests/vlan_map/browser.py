@@ -10,8 +10,6 @@ from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
-MARKS = ".lanes .mark"
-
 
 def start():
     os.environ["NO_PROXY"] = os.environ["no_proxy"] = "localhost,127.0.0.1"
@@ -35,66 +33,79 @@ class Page:
         for kind in ("browser", "performance"):
             driver.get_log(kind)
         driver.get(self.url)
+        self.settle()
 
     def run(self, script, *arguments):
         return self.driver.execute_script(script, *arguments)
 
+    def settle(self):
+        """Waits until the page has drawn what it was asked for."""
+        self.driver.execute_async_script(
+            "const done = arguments[0]; requestAnimationFrame(() => requestAnimationFrame(() => done()));")
+
     def find(self, selector):
         return self.driver.find_element(By.CSS_SELECTOR, selector)
+
+    def click(self, selector):
+        self.find(selector).click()
+        self.settle()
 
     def texts(self, selector):
         return self.run("return [...document.querySelectorAll(arguments[0])].map((e) => e.textContent.trim())", selector)
 
-    def type_into(self, selector, text):
+    def type_into(self, selector, *text):
         field = self.find(selector)
-        field.clear()
-        field.send_keys(text)
+        field.send_keys(Keys.CONTROL + "a" + Keys.NULL + Keys.DELETE, *text)
+        self.settle()
 
     def press(self, *keys):
         ActionChains(self.driver).send_keys(*keys).perform()
+        self.settle()
 
-    def point_at(self, element):
-        ActionChains(self.driver).move_to_element(element).perform()
+    def ports(self):
+        """The ports that the filters leave."""
+        return self.run("return state.rows.map(({port}) => port.name)")
 
-    def mark(self, begin):
-        """The mark whose name begins so."""
-        return self.find(f'{MARKS}[aria-label^="{begin}"] .bar')
+    def drawn(self):
+        """What is drawn of the rows near the view: a list a row, with port, name and where it is."""
+        return self.run("""return rowLayout.rows.filter(({view}) => view !== null).map(({port, packed}) =>
+            packed.placed.map(({item, shape, x, width, left, right, lane, label}) => ({port: port.name, first: item.first,
+                last: item.last, claim: item.claim.number, shape, x, width, left, right, lane, label})));""")
 
-    def names(self, selector):
-        return self.run("return [...document.querySelectorAll(arguments[0])].map((e) => e.getAttribute('aria-label'))",
-                        selector)
+    def scale(self):
+        """Pixels a VLAN, and the VLANs that the page says are in view."""
+        k = self.run("const placed = rowLayout.rows.flatMap(({packed}) => packed.placed).find(({item}) => item.first > 0);"
+                     "return placed.width / (placed.item.last - placed.item.first + 1)")
+        first, last = self.find("#in-view").text.removeprefix("VLANs ").split("-")
+        return k, int(first), int(last)
 
-    def focused(self):
-        return self.run("return document.activeElement.getAttribute('aria-label')")
+    def point_of(self, claim):
+        """Where in the window the middle of a claim's drawing is."""
+        return self.run("""const claim = model.claims[arguments[0]], {x, width, lane} = rowLayout.placedOf(claim);
+            const plot = view.at({clientX: 0, clientY: 0}), {scrollLeft, scrollTop} = view.frame;
+            const top = rowLayout.rowOf(claim.port).top + rowLayout.padding + lane * rowLayout.lanePitch;
+            return [x + width / 2 - scrollLeft - plot.x, top + rowLayout.barHeight / 2 - scrollTop - plot.y];""", claim)
+
+    def click_at(self, x, y, times=1):
+        canvas = self.find("#canvas")
+        chain = ActionChains(self.driver)
+        box = canvas.rect
+        chain.move_to_element_with_offset(canvas, int(x - box["x"] - box["width"] / 2), int(y - box["y"] - box["height"] / 2))
+        (chain.double_click() if times == 2 else chain.click()).perform()
+        self.settle()
+
+    def spoken(self):
+        """What a screen reader says of where the keyboard is in the drawing."""
+        return self.find("#current").get_attribute("aria-label")
 
     def detail(self):
-        """The details as shown: a text a name, or nothing."""
-        return self.run("""const detail = document.getElementById("detail");
-            if (detail.hidden) return null;
-            const names = [...detail.querySelectorAll("dt")].map((name) => name.textContent);
-            const texts = [...detail.querySelectorAll("dd")].map((text) => text.textContent);
-            return Object.fromEntries(names.map((name, i) => [name, texts[i]]));""")
+        """The text beside the drawing."""
+        return self.find("#detail").text
 
-    def is_on_top(self, bar):
-        """The middle of the element is in the window, inside the picture, and under nothing else."""
-        return self.run("""const box = arguments[0].getBoundingClientRect();
-            const seen = document.getElementById("map").getBoundingClientRect();
-            const x = box.left + Math.min(box.width, seen.right - box.left) / 2, y = box.top + box.height / 2;
-            const at = document.elementFromPoint(x, y);
-            return at !== null && arguments[0].parentElement.contains(at);""", bar)
-
-    def overlaps(self):
-        """Names of marks in a lane that touch the one before them."""
-        return self.run("""const wrong = [];
-            for (const row of document.querySelectorAll(".lanes")) {
-              const ends = {};
-              for (const mark of row.querySelectorAll(".mark")) {
-                const [x, y, width] = ["x", "y", "width"].map((name) => Number(mark.getAttribute(name)));
-                if (x < (ends[y] ?? 0)) wrong.push(mark.getAttribute("aria-label"));
-                ends[y] = x + width;
-              }
-            }
-            return wrong;""")
+    def facts(self):
+        """The details of a claim: a text a name."""
+        names, texts = self.texts("#detail dt"), self.texts("#detail dd")
+        return dict(zip(names, texts))
 
     def roles_of(self, name):
         """The roles of what has this name in the accessibility tree."""
@@ -105,10 +116,18 @@ class Page:
     def screenshot(self):
         return Image.open(io.BytesIO(self.driver.get_screenshot_as_png())).convert("RGB")
 
-    def colour_in(self, image, bar):
-        """The colour inside an element, above its text."""
-        x, y = self.run("const box = arguments[0].getBoundingClientRect(); return [box.left, box.top]", bar)
-        return image.getpixel((int(x) + 3, int(y) + 3))
+    def frames(self, step, count=60):
+        """Milliseconds between the frames while a script, given the frame's number, is run once in each."""
+        return self.driver.execute_async_script("""const [step, count, done] = arguments, act = new Function("i", step);
+            const times = []; let i = 0, before = null;
+            function frame(now) {
+              if (before !== null) times.push(now - before);
+              before = now;
+              if (i === count) return done(times);
+              act(i++);
+              requestAnimationFrame(frame);
+            }
+            requestAnimationFrame(frame);""", step, count)
 
     def complaints(self):
         return [entry["message"] for entry in self.driver.get_log("browser")]

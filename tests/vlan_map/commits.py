@@ -99,3 +99,35 @@ def write_large(folder, count=400):
     """So many ports with six claims or more each, and a change that draws two rejections at its ends."""
     ports = port_names(count)
     write(folder, ports, large_configuration(ports, False), large_configuration(ports, True))
+
+
+def dense_configuration(ports, claims_a_port, conflicts, is_candidate):
+    """Ports full of claims, each on VLANs of its own: every ninth a range, every seventh a VPN of two or more ports. The
+    change adds, moves and removes some, and takes a VLAN that is taken so many times."""
+    made = Configuration()
+    step = LAST_VLAN // (claims_a_port + 1)
+    for i, port in enumerate(ports):
+        for j in range(claims_a_port):
+            number, vlan = i * claims_a_port + j, 1 + j * step + (i * 7 + j * j * 3) % max(step - 2, 1)
+            if is_candidate and number % 97 == 5 or not is_candidate and number % 89 == 7:
+                continue
+            if j % 7 == 3:
+                made.members.setdefault(vlan, []).append(port)
+            elif j % 9 == 4 and step > 5:
+                made.add_vpws(f"transit-{i % 8}", f"t{number}", attachment(port, ranges=[(vlan, vlan + step // 2)]))
+            else:
+                moved = 1 if is_candidate and number % 101 == 11 else 0
+                made.add_vpws(f"region-{i % 16}", f"customer-{number}", attachment(port, vlan + moved))
+    for k in range(conflicts if is_candidate else 0):
+        i = k * 5 % len(ports)
+        j = next(j for j in range(k * 3 % claims_a_port, 9999) if j % 7 != 3 and j % 9 != 4
+                 and (i * claims_a_port + j) % 97 != 5 and (i * claims_a_port + j) % 101 != 11)
+        made.add_vpws("new", f"new-{k}", attachment(ports[i], 1 + j * step + (i * 7 + j * j * 3) % max(step - 2, 1)))
+    return made
+
+
+def write_dense(folder, count, claims, conflicts):
+    """So many ports with so many claims in all, and a change that draws so many rejections."""
+    ports = port_names(count)
+    write(folder, ports, *(dense_configuration(ports, claims // count, conflicts, is_candidate)
+                           for is_candidate in (False, True)))

@@ -10,20 +10,6 @@ namespace {
 using vlan_map::Conflict;
 using vlan_map::Map;
 
-const std::string same_vlan =
-    "vpls-group campus vpn data and vpws-group branches vpn south must not be configured with the same dot1q on "
-    "interface ge-1";
-
-host::Verdict verdict_of(const std::vector<host::PointVerdict> &points) {
-  return {host::Decision::rejected, points, points.size(), {}, {}};
-}
-
-diagnosis::Diagnosis diagnosis_of(std::vector<diagnosis::Finding> findings) {
-  diagnosis::Diagnosis diagnosis;
-  diagnosis.findings = std::move(findings);
-  return diagnosis;
-}
-
 /// The claims of a conflict as "PORT VLANS of the holder".
 Lines claims_of(const Map &map, const Conflict &conflict) {
   Lines lines;
@@ -71,6 +57,16 @@ TEST(Conflicts, have_the_claims_of_their_parties) {
        {on_vpls("ge-1")},
        {"ge-1 VLAN 10 of vpn data", "ge-1 VLANs 10-19 of vpn data"},
        {"ge-1 VLAN 10"}},
+      {"innocent ranges beside the one that meets another's VLAN",
+       {domain + "/dot1q = 25", on_vpls("ge-1"), range + "{10 19}", range + "{20 29}", range + "{30 39}"},
+       {on_vpws("ge-1"), on_vpls("ge-1")},
+       {"ge-1 VLANs 20-29 of vpn south", "ge-1 VLAN 25 of vpn data"},
+       {"ge-1 VLAN 25"}},
+      {"an innocent attachment on another port of the same VPN",
+       {domain + "/dot1q = 6", on_vpls("ge-1"), on_vpls("ge-2"), on_vpws("ge-2") + "/dot1q = 7", on_vpws("ge-1")},
+       {on_vpws("ge-1"), on_vpls("ge-1")},
+       {"ge-1 whole port of vpn south", "ge-1 VLAN 6 of vpn data"},
+       {"ge-1 VLAN 6"}},
       {"claims that do not meet",
        {range + "{10 19}", range + "{20 29}"},
        {on_vpws("ge-1")},
@@ -85,7 +81,7 @@ TEST(Conflicts, have_the_claims_of_their_parties) {
   };
   for (const Row &row : rows) {
     Map map = map_of({}, row.configuration);
-    map.conflicts = find_conflicts({}, diagnosis_of({finding(says("no"), row.parties)}), map.ports);
+    map.conflicts = find_conflicts({finding("no", row.parties)}, map.ports);
     ASSERT_EQ(map.conflicts.size(), 1u) << row.what;
     EXPECT_EQ(claims_of(map, map.conflicts[0]), row.claims) << row.what;
     EXPECT_EQ(overlaps_of(map, map.conflicts[0]), row.overlaps) << row.what;
@@ -95,24 +91,21 @@ TEST(Conflicts, have_the_claims_of_their_parties) {
 TEST(Conflicts, what_is_removed_is_no_part_unless_the_party_is_removed) {
   const std::string range = on_vpws("ge-1") + "/encapsulation/dot1q-range";
   Map map = map_of({range + "{10 19}"}, {range + "{10 29}"});
-  map.conflicts = find_conflicts({}, diagnosis_of({finding(says("no"), {on_vpws("ge-1")})}), map.ports);
+  map.conflicts = find_conflicts({finding("no", {on_vpws("ge-1")})}, map.ports);
   EXPECT_EQ(claims_of(map, map.conflicts[0]), (Lines{"ge-1 VLANs 10-29 of vpn south"}));
 
   Map gone = map_of({on_vpws("ge-1")}, {});
-  diagnosis::Finding about_removed = finding(says("no"), {on_vpws("ge-1")});
-  about_removed.parties[0].status = diagnosis::ChangeStatus::removed;
-  std::vector<diagnosis::Finding> findings;
-  findings.push_back(std::move(about_removed));
-  gone.conflicts = find_conflicts({}, diagnosis_of(std::move(findings)), gone.ports);
+  report::Finding about_removed = finding("no", {on_vpws("ge-1")});
+  about_removed.parties[0].node.status = report::ChangeStatus::removed;
+  gone.conflicts = find_conflicts({about_removed}, gone.ports);
   EXPECT_EQ(claims_of(gone, gone.conflicts[0]), (Lines{"ge-1 whole port of vpn south"}));
 }
 
 TEST(Conflicts, are_marked_on_their_claims_and_ports) {
   Map map = map_of({}, {on_vpws("ge-2") + "/dot1q = 5"});
-  std::vector<diagnosis::Finding> findings;
-  findings.push_back(finding(says("first"), {on_vpws("ge-2")}));
-  findings.push_back(finding(says("second", host::Answer::warned), {on_vpws("ge-2")}));
-  map.conflicts = find_conflicts({}, diagnosis_of(std::move(findings)), map.ports);
+  report::Finding second = finding("second", {on_vpws("ge-2")});
+  second.is_warning = true;
+  map.conflicts = find_conflicts({finding("first", {on_vpws("ge-2")}), second}, map.ports);
   EXPECT_EQ(map.ports[0].conflicts, (std::vector<std::size_t>{}));
   EXPECT_EQ(map.ports[1].conflicts, (std::vector<std::size_t>{0, 1}));
   EXPECT_EQ(sentence_of(map, map.ports[1], map.ports[1].claims[0]),
@@ -120,28 +113,35 @@ TEST(Conflicts, are_marked_on_their_claims_and_ports) {
   EXPECT_EQ(badge_of(map, map.ports[1].claims[0]), "!!1+W");
 }
 
-TEST(Conflicts, tell_whether_the_element_itself_says_them_and_by_which_rule) {
-  Map map = map_of({}, {on_vpws("ge-1") + "/dot1q = 5"});
-  std::vector<diagnosis::Finding> findings;
-  findings.push_back(finding(says(same_vlan), {on_vpws("ge-1")}));
-  findings.back().rule = "access-same-dot1q";
-  findings.push_back(finding(says("behind it"), {on_vpws("ge-1")}));
-  map.conflicts = find_conflicts(verdict_of({says(same_vlan)}), diagnosis_of(std::move(findings)), map.ports);
-  ASSERT_EQ(map.conflicts.size(), 2u);
-  EXPECT_TRUE(map.conflicts[0].from_device);
-  EXPECT_EQ(map.conflicts[0].rule, "access-same-dot1q");
-  EXPECT_FALSE(map.conflicts[1].from_device);
-  EXPECT_EQ(map.conflicts[1].rule, "");
+TEST(Conflicts, what_only_makes_the_library_look_is_no_cause) {
+  Map map = map_of({domain + "/dot1q = 6", on_vpls("ge-1"), on_vpws("ge-1") + "/dot1q = 6"},
+                   {domain + "/dot1q = 6", on_vpls("ge-1"), on_vpws("ge-1") + "/dot1q = 6",
+                    "/config/vlan{6}/interface{ge-2}", "/config/vlan{9}/interface{ge-1}"});
+  report::Finding in_force = finding("no", {on_vpws("ge-1"), on_vpls("ge-1")});
+  in_force.is_preexisting = true;
+  in_force.triggers = finding("", {"/config/vlan{9}/interface{ge-1}"}).parties;
+  map.conflicts = find_conflicts({in_force}, map.ports);
+  EXPECT_EQ(claims_of(map, map.conflicts[0]), (Lines{"ge-1 VLAN 6 of vpn south", "ge-1 VLAN 6 of vpn data"}));
+  EXPECT_TRUE(map.ports[0].claims.back().conflicts.empty());
 }
 
-TEST(Conflicts, a_message_that_nothing_explains_has_no_claims) {
+TEST(Conflicts, of_a_limit_all_claims_count) {
+  const std::string range = on_vpws("ge-1") + "/encapsulation/dot1q-range";
+  Map map = map_of({}, {range + "{10 19}", range + "{20 29}"});
+  report::Finding limit = finding("no", {on_vpws("ge-1")});
+  limit.enough = 1;
+  map.conflicts = find_conflicts({limit}, map.ports);
+  EXPECT_EQ(map.conflicts[0].claims.size(), 2u);
+}
+
+TEST(Conflicts, a_finding_that_was_not_looked_into_has_no_claims) {
   Map map = map_of({}, {on_vpws("ge-1") + "/dot1q = 5"});
-  map.conflicts = find_conflicts(verdict_of({says("", host::Answer::accepted), says(same_vlan)}), {}, map.ports);
+  report::Finding bare;
+  bare.message = "no";
+  map.conflicts = find_conflicts({bare}, map.ports);
   ASSERT_EQ(map.conflicts.size(), 1u);
-  EXPECT_EQ(map.conflicts[0].message, same_vlan);
-  EXPECT_EQ(map.conflicts[0].rule, "access-same-dot1q");
-  EXPECT_TRUE(map.conflicts[0].from_device);
   EXPECT_TRUE(map.conflicts[0].claims.empty());
+  EXPECT_TRUE(map.conflicts[0].ports.empty());
 }
 
 }  // namespace

@@ -28,24 +28,22 @@ Lines claims_in(const vlan_map::Map &map) {
   return lines;
 }
 
-host::PointVerdict says(const std::string &message, host::Answer answer) {
-  return {"vpn_access_valp", "/mpls", answer, message};
-}
-
-diagnosis::Finding finding(const host::PointVerdict &verdict, const Lines &parties) {
-  const element::Tree nothing(test_schema());
-  diagnosis::Finding made{verdict, false, {}, {}, false, {}, 0, true, {nothing, nothing}, {}, {}, {}};
+report::Finding finding(const std::string &message, const Lines &parties) {
+  report::Finding made;
+  made.message = message;
+  made.is_minimal = true;
+  made.conflicts.emplace_back();
   for (const std::string &line : parties) {
     const std::size_t blank = line.find(" with ");
-    diagnosis::Party party;
-    party.path = element::parse_path(test_schema(), line.substr(0, blank));
-    party.interface = to_text(party.path.back().keys.front());
+    report::PartyReport party;
+    party.node.path = line.substr(0, blank);
+    party.interface = to_text(element::parse_path(test_schema(), party.node.path).back().keys.front());
     if (blank != std::string::npos) {
-      diagnosis::Detail detail;
-      detail.path = element::parse_path(test_schema(), line.substr(blank + 6));
-      party.details.push_back(detail);
+      party.details.emplace_back();
+      party.details.back().path = line.substr(blank + 6);
     }
-    made.parties.push_back(party);
+    made.conflicts[0].parties.push_back(made.parties.size());
+    made.parties.push_back(std::move(party));
   }
   return made;
 }

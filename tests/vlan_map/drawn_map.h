@@ -31,10 +31,7 @@ vlan_map::Map map_of(const Lines &running, const Lines &candidate);
 /// A sentence a claim, port by port.
 Lines claims_in(const vlan_map::Map &map);
 
-/// A verdict of a point, a rejection unless it is told.
-host::PointVerdict says(const std::string &message, host::Answer answer = host::Answer::rejected);
-
-/// A finding with a party a line: its path, and " with " a detail's path where it has one.
-diagnosis::Finding finding(const host::PointVerdict &verdict, const Lines &parties);
+/// A finding with a party a line: its path, and " with " a detail's path where it has one. All parties are at odds.
+report::Finding finding(const std::string &message, const Lines &parties);
 
 #endif

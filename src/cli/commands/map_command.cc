@@ -11,11 +11,14 @@
 #include "host/run/plugin.h"
 #include "host/seam/host_session.h"
 #include "report/escape/printable.h"
+#include "report/findings.h"
+#include "report/text/findings_text.h"
 #include "report/unreadable_names.h"
 #include "vlan_map/claims.h"
 #include "vlan_map/conflicts.h"
 #include "vlan_map/html.h"
 #include "vlan_map/labels.h"
+#include "vlan_map/places.h"
 #include "vlan_map/svg.h"
 
 namespace cli {
@@ -32,12 +35,16 @@ Writer writer_for(const std::string &file) {
 
 vlan_map::Map map_of(const MapArguments &arguments, const CommitInput &input, const host::Verdict &verdict,
                      const diagnosis::Diagnosis &diagnosis) {
+  report::CommitReport commit;
+  report::add_findings(commit, diagnosis, verdict, input.schema(), input.files(), input.sources());
   const bool is_folder = arguments.input.candidate.empty();
   vlan_map::Map map;
   map.title = "VLANs by port: " + (is_folder ? arguments.input.directory : arguments.input.candidate);
   map.decision = verdict.decision;
   map.ports = vlan_map::find_claims(input.transaction(), input.profile());
-  map.conflicts = vlan_map::find_conflicts(verdict, diagnosis, map.ports);
+  vlan_map::find_places(map.ports, input.files(), input.sources());
+  map.conflicts = vlan_map::find_conflicts(commit.findings, map.ports);
+  map.advice = advice_for_all_line(commit);
   map.complete = diagnosis.end == diagnosis::SearchEnd::complete;
   for (const report::UnreadableName &name : report::unreadable_names(verdict.unreadable)) {
     map.notices.push_back(to_text(name));
@@ -57,10 +64,8 @@ ExitStatus map(const MapArguments &arguments, const Environment &environment) {
   host::HostSession session(input.profile());
   const host::Plugin plugin(find_plugin_file(arguments.plugin, environment));
   const host::Verdict verdict = host::validate_commit(plugin, session, input.transaction());
-  // The picture shows conflicts alone.
   const diagnosis::Diagnosis diagnosis =
-      find_faults({.all_findings = true, .with_repairs = false, .budget = arguments.budget}, environment, input, plugin,
-                  session, verdict);
+      find_faults({.all_findings = true, .budget = arguments.budget}, environment, input, plugin, session, verdict);
   const vlan_map::Map drawn = map_of(arguments, input, verdict, diagnosis);
 
   OutputFile file(arguments.output);

@@ -84,4 +84,22 @@ std::string path_text(const SourceTree &tree, NodeId node) {
   return path.empty() ? "/" : path;
 }
 
+std::unordered_map<std::string, std::size_t> lines_by_path(const SourceTree &tree) {
+  struct Open {
+    NodeId end = 0;
+    std::size_t path_size = 0;
+  };
+  std::unordered_map<std::string, std::size_t> lines;
+  std::vector<Open> around;
+  std::string path;
+  for (NodeId node = 1; node < tree.size(); ++node) {
+    while (!around.empty() && around.back().end <= node) around.pop_back();
+    path.resize(around.empty() ? 0 : around.back().path_size);
+    path += '/' + tree.schema(node)->name + keys_text(tree, node);
+    lines.emplace(path, tree.line(node));
+    around.push_back({tree.end(node), path.size()});
+  }
+  return lines;
+}
+
 }  // namespace element

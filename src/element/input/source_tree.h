@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "element/schema/schema.h"
@@ -75,6 +76,10 @@ std::optional<Value> key_value(const SourceTree &tree, SourceTree::NodeId leaf);
 
 /// The node's path as parse_path reads it: "/config/vlan{5}". Keys that are not read yet leave out the braces.
 std::string path_text(const SourceTree &tree, SourceTree::NodeId node);
+
+/// The line of each node of a whole configuration by its path, as path_text writes it; of nodes with one path, that of
+/// the first. Takes time in proportion to the size of the tree.
+std::unordered_map<std::string, std::size_t> lines_by_path(const SourceTree &tree);
 
 }  // namespace element
 

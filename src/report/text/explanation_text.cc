@@ -24,12 +24,6 @@ const FilePlace *place_of(const PartyReport &party) {
   return place != nullptr ? place : report::place_of(party.node);
 }
 
-void write_party(std::ostream &out, const PartyReport &party, const TextStyle &style) {
-  const std::string details = nodes_text(party.details, party.node.path, party.node.status == ChangeStatus::changed);
-  out << mark(party.node, style) << ' ' << printable(title_of(party)) << ": " << status_text(party.node)
-      << (details.empty() ? "" : ", ") << details << in_brackets(place_of(party)) << '\n';
-}
-
 /// The parties that are at odds, of conflicts that do not differ in their triggers alone. Empty where that says
 /// nothing: of one conflict, of a limit, or where each party draws the message alone.
 std::set<std::vector<std::size_t>> several_conflicts(const Finding &finding) {
@@ -64,33 +58,6 @@ void write_fault_in_force(std::ostream &out, const Finding &finding, const TextS
   });
 }
 
-void write_to_do(std::ostream &out, const Finding &finding, const TextStyle &style) {
-  const std::string_view lead = finding.is_warning ? "   to be rid of it:" : "   to do:";
-  if (finding.is_preexisting) out << lead << " mend the fault in the running configuration first\n";
-  if (has_advice(finding.advice)) {
-    write_advice(out, finding.is_preexisting ? "      or:" : lead, finding.advice, style);
-  } else if (!finding.is_preexisting) {
-    out << lead << " no part of the change was found that helps when it is taken back\n";
-  }
-  write_repairs(out, finding.repairs);
-}
-
-/// "1, 2; 1, 3".
-void write_conflicts(std::ostream &out, const Finding &finding) {
-  const std::set<std::vector<std::size_t>> conflicts = several_conflicts(finding);
-  std::vector<std::string> texts;
-  for (const std::vector<std::size_t> &parties : conflicts) {
-    if (texts.size() == kLongestList) break;
-    std::set<std::size_t> numbers;
-    for (const std::size_t party : parties) numbers.insert(party + 1);
-    texts.push_back(fmt::format("{}", fmt::join(numbers, ", ")));
-  }
-  if (texts.empty()) return;
-  const std::size_t left = conflicts.size() - texts.size();
-  const std::string rest = left == 0 ? "" : fmt::format("; and {} more", grouped(left));
-  out << fmt::format("   in conflict: {}{}\n", fmt::join(texts, "; "), rest);
-}
-
 }  // namespace
 
 void write_headline(std::ostream &out, const Finding &finding, const TextStyle &style) {
@@ -103,6 +70,38 @@ void write_headline(std::ostream &out, const Finding &finding, const TextStyle &
   if (!finding.is_warning) out << "   the device rejects the commit all the same\n";
 }
 
+void write_party(std::ostream &out, const PartyReport &party, const TextStyle &style) {
+  const std::string details = nodes_text(party.details, party.node.path, party.node.status == ChangeStatus::changed);
+  out << mark(party.node, style) << ' ' << printable(title_of(party)) << ": " << status_text(party.node)
+      << (details.empty() ? "" : ", ") << details << in_brackets(place_of(party)) << '\n';
+}
+
+void write_to_do(std::ostream &out, const Finding &finding, const TextStyle &style) {
+  const std::string_view lead = finding.is_warning ? "   to be rid of it:" : "   to do:";
+  if (finding.is_preexisting) out << lead << " mend the fault in the running configuration first\n";
+  if (has_advice(finding.advice)) {
+    write_advice(out, finding.is_preexisting ? "      or:" : lead, finding.advice, style);
+  } else if (!finding.is_preexisting) {
+    out << lead << " no part of the change was found that helps when it is taken back\n";
+  }
+  write_repairs(out, finding.repairs);
+}
+
+std::string conflicts_line(const Finding &finding) {
+  const std::set<std::vector<std::size_t>> conflicts = several_conflicts(finding);
+  std::vector<std::string> texts;
+  for (const std::vector<std::size_t> &parties : conflicts) {
+    if (texts.size() == kLongestList) break;
+    std::set<std::size_t> numbers;
+    for (const std::size_t party : parties) numbers.insert(party + 1);
+    texts.push_back(fmt::format("{}", fmt::join(numbers, ", ")));
+  }
+  if (texts.empty()) return {};
+  const std::size_t left = conflicts.size() - texts.size();
+  const std::string rest = left == 0 ? "" : fmt::format("; and {} more", grouped(left));
+  return fmt::format("in conflict: {}{}", fmt::join(texts, "; "), rest);
+}
+
 void write_explanation(std::ostream &out, const Finding &finding, const TextStyle &style) {
   if (finding.conflicts.empty()) {
     out << "   at " << printable(finding.path) << in_brackets(&finding.place) << '\n';
@@ -111,7 +110,8 @@ void write_explanation(std::ostream &out, const Finding &finding, const TextStyl
   write_parties(out, finding, style);
   write_fault_in_force(out, finding, style);
   write_to_do(out, finding, style);
-  write_conflicts(out, finding);
+  const std::string conflicts = conflicts_line(finding);
+  if (!conflicts.empty()) out << "   " << conflicts << '\n';
   if (!finding.is_minimal) out << "   the search ended before it was sure that every party is needed\n";
 }
 
