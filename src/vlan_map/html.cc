@@ -50,16 +50,24 @@ std::string conflicts_markup(const Map &map, const ClaimNumbers &numbers) {
   return markup + "<div class=\"articles\">\n" + conflict_articles(map, numbers) + "</div>\n</section>\n";
 }
 
+/// Some of the ports, in their order, as long as the claims drawn so far are not too many; the first ever is.
+std::vector<std::size_t> ports_to_draw(const Map &map, bool busy, std::size_t &claims) {
+  std::vector<std::size_t> ports;
+  for (std::size_t i = 0; i < map.ports.size(); ++i) {
+    const Port &port = map.ports[i];
+    const bool is_wanted = map.ports.size() <= kMostPortsOnPaper ? busy : is_busy(port) == busy;
+    if (!is_wanted || (claims != 0 && claims + port.claims.size() > kMostPlottedClaims)) continue;
+    claims += port.claims.size();
+    ports.push_back(i);
+  }
+  return ports;
+}
+
 /// Without scripts, and on paper: the ports as fixed pictures, of a large map those that matter.
 std::string fixed_pictures(const Map &map) {
-  std::vector<std::size_t> busy;
-  std::vector<std::size_t> quiet;
   std::size_t claims = 0;
-  for (std::size_t i = 0; i < map.ports.size(); ++i) {
-    claims += map.ports[i].claims.size();
-    if (claims > kMostPlottedClaims && !(busy.empty() && quiet.empty())) break;
-    (is_busy(map.ports[i]) || map.ports.size() <= kMostPortsOnPaper ? busy : quiet).push_back(i);
-  }
+  const std::vector<std::size_t> busy = ports_to_draw(map, true, claims);
+  const std::vector<std::size_t> quiet = ports_to_draw(map, false, claims);
   const std::size_t drawn = busy.size() + quiet.size();
   std::string markup = "<noscript>\n" + picture_sheets(map, busy);
   if (!quiet.empty()) {

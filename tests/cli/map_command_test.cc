@@ -76,7 +76,7 @@ TEST_F(MapCommand, a_budget_bounds_the_search_and_the_picture_says_so) {
                              "1 rejection, 0 warnings; the search was ended before all was found.\n");
   EXPECT_NE(content_of(html).find("<p class=\"message\">" + message +
                                   "</p>\n<p class=\"when\">The element says it on "
-                                  "this commit. Its claims were not looked for.</p>\n</article>"),
+                                  "this commit. Its claims were not looked for.</p>\n"),
             std::string::npos);
 }
 

@@ -31,9 +31,10 @@ TEST(FreeVlans, of_many_spans_the_widest_are_told) {
     ranges.push_back(on_vpws("ge-1") + "/encapsulation/dot1q-range{" + std::to_string(first) + " " +
                      std::to_string(first) + "}");
   }
-  EXPECT_EQ(free_on({}, ranges),
-            "10-15, 17-24, 26-35, 37-48, 50-63, 65-80, 82-99, 101-120, 122-143, 145-168, 170-195, 197-4094 and 2 narrower "
-            "spans");
+  EXPECT_EQ(
+      free_on({}, ranges),
+      "10-15, 17-24, 26-35, 37-48, 50-63, 65-80, 82-99, 101-120, 122-143, 145-168, 170-195, 197-4094 and 2 narrower "
+      "spans");
 }
 
 }  // namespace
