@@ -103,6 +103,7 @@ TEST(SarifOutput, a_result_names_its_rule_its_message_and_its_parties) {
   EXPECT_EQ(rules.at(result.at("ruleIndex").get<std::size_t>()).at("id"), "access-same-dot1q");
   result.erase("ruleIndex");
   result.erase("partialFingerprints");
+  result["properties"].erase("advice");
   EXPECT_EQ(result, expected) << result.dump(2);
 }
 
@@ -125,6 +126,20 @@ TEST(SarifOutput, a_party_that_the_commit_leaves_alone_is_related_even_where_it_
   const json result = results_of({decided({finding})}).at(0);
   EXPECT_EQ(result.at("relatedLocations").size(), 1u);
   EXPECT_EQ(result.at("locations").at(0).at("logicalLocations").at(0).at("fullyQualifiedName"), finding.path);
+}
+
+TEST(SarifOutput, the_run_has_the_advice_for_all_findings_of_a_commit) {
+  report::CommitReport commit = decided({same_dot1q(), too_many_vpns(5)});
+  EXPECT_FALSE(json::parse(written({commit})).at("runs").at(0).contains("properties"));
+  commit.advice = same_dot1q().advice;
+  const json log = json::parse(written({decided({}), commit}));
+  const json &joint = log.at("runs").at(0).at("properties").at("joint-advice");
+  ASSERT_EQ(joint.size(), 1u);
+  EXPECT_EQ(joint.at(0).at("commit"), "night/42");
+  EXPECT_EQ(joint.at(0).at("rollback"), false);
+  const json &own = log.at("runs").at(0).at("results").at(0).at("properties").at("advice");
+  EXPECT_EQ(joint.at(0).at("advice"), own);
+  EXPECT_EQ(own.at("alternatives").at(0).at(0).at("path"), same_dot1q().advice.alternatives.at(0).at(0).node.path);
 }
 
 TEST(SarifOutput, what_makes_the_library_look_is_related_and_said_to_be_that) {

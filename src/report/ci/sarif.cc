@@ -12,6 +12,7 @@
 #include "report/escape/file_uri.h"
 #include "report/json/advice_json.h"
 #include "report/json/array.h"
+#include "report/text/advice_text.h"
 #include "report/text/findings_text.h"
 #include "rules/rule.h"
 
@@ -81,6 +82,7 @@ class ResultWriter {
                           {"from-device", finding.from_device},
                           {"preexisting", finding.is_preexisting},
                           {"minimal", finding.is_minimal}};
+    if (has_advice(finding.advice)) json["properties"]["advice"] = advice_json(finding.advice);
     if (!finding.repairs.empty()) json["properties"]["repairs"] = array(finding.repairs, repair_json);
     if (commit.is_rollback) json["properties"]["rollback"] = true;
     return json;
@@ -124,6 +126,16 @@ ordered_json undecided_json(const CommitReport &commit) {
   return json;
 }
 
+/// What to take back for all findings of a commit together.
+ordered_json joint_advice_json(const std::vector<CommitReport> &commits) {
+  ordered_json all = ordered_json::array();
+  for (const CommitReport &commit : commits) {
+    if (!has_advice(commit.advice)) continue;
+    all.push_back({{"commit", commit.name}, {"rollback", commit.is_rollback}, {"advice", advice_json(commit.advice)}});
+  }
+  return all;
+}
+
 ordered_json notification_json(std::string_view level, const std::string &name, const std::string &text) {
   return {{"level", level}, {"message", message_json(name + ": " + text)}};
 }
@@ -158,6 +170,8 @@ void write_sarif(std::ostream &out, const std::vector<CommitReport> &commits) {
   run["invocations"] = ordered_json::array({invocation_json(commits)});
   run["columnKind"] = "unicodeCodePoints";
   run["results"] = std::move(results);
+  ordered_json advice = joint_advice_json(commits);
+  if (!advice.empty()) run["properties"] = {{"joint-advice", std::move(advice)}};
   const ordered_json log{{"version", "2.1.0"}, {"runs", ordered_json::array({std::move(run)})}};
   out << log.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
 }

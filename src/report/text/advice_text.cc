@@ -26,8 +26,10 @@ std::string part_text(const PartReport &part, const TextStyle &style) {
   return node_text(part.node, " " + nodes_text(details, part.node.path, true), place_of(details.front()), style);
 }
 
-void write_parts(std::ostream &out, const Parts &parts, const TextStyle &style) {
-  write_list(out, "     ", parts, [&](const PartReport &part) { out << "     " << part_text(part, style) << '\n'; });
+/// At least as many as are needed are told, so that what is told can be done.
+void write_parts(std::ostream &out, const Parts &parts, std::size_t needed, const TextStyle &style) {
+  const auto write = [&](const PartReport &part) { out << "     " << part_text(part, style) << '\n'; };
+  write_list(out, "     ", parts, write, needed);
 }
 
 /// Sets of several parts, each with its number.
@@ -49,12 +51,12 @@ void write_alternatives(std::ostream &out, std::string_view lead, const std::vec
     out << lead << " take back " << part_text(sets.front().front(), style) << '\n';
   } else if (sets.size() == 1) {
     out << lead << fmt::format(" take back these {}:\n", grouped(sets.front().size()));
-    write_parts(out, sets.front(), style);
+    write_parts(out, sets.front(), sets.front().size(), style);
   } else if (is_single) {
     Parts choices;
     for (const Parts &parts : sets) choices.push_back(parts.front());
     out << lead << fmt::format(" take back any one of these {}:\n", grouped(sets.size()));
-    write_parts(out, choices, style);
+    write_parts(out, choices, 1, style);
   } else {
     out << lead << fmt::format(" take back any one of these {} sets, the whole of it:\n", grouped(sets.size()));
     write_sets(out, sets, style);
@@ -118,7 +120,7 @@ void write_advice(std::ostream &out, std::string_view lead, const AdviceReport &
   if (advice.enough != 0) {
     out << lead
         << fmt::format(" take back any {} of these {}:\n", grouped(advice.enough), grouped(advice.choices.size()));
-    write_parts(out, advice.choices, style);
+    write_parts(out, advice.choices, advice.enough, style);
   } else if (!advice.alternatives.empty()) {
     write_alternatives(out, lead, advice.alternatives, style);
   }

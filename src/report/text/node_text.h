@@ -37,9 +37,10 @@ std::string nodes_text(std::vector<NodeReport> nodes, const std::string &entry, 
 
 /// Calls `write` with each item; a long list is cut, and a line says by how many.
 template <typename Items, typename Writer>
-void write_list(std::ostream &out, std::string_view indent, const Items &items, Writer write) {
+void write_list(std::ostream &out, std::string_view indent, const Items &items, Writer write, std::size_t needed = 0) {
+  const std::size_t most = std::max(kLongestList, needed);
   // A line for one more is as good as the line that says so.
-  const std::size_t shown = items.size() == kLongestList + 1 ? items.size() : std::min(items.size(), kLongestList);
+  const std::size_t shown = items.size() == most + 1 ? items.size() : std::min(items.size(), most);
   for (std::size_t i = 0; i < shown; ++i) write(items[i]);
   if (items.size() > shown) out << indent << fmt::format("... and {} more\n", grouped(items.size() - shown));
 }

@@ -144,6 +144,35 @@ std::string judged_profile() {
   return profile.dump();
 }
 
+/// New VPNs, each on a VLAN that one of the running configuration has.
+Configurations many_conflicts(std::uint32_t conflicts) {
+  drawn::Network before;
+  drawn::Network after;
+  for (std::uint32_t i = 0; i < conflicts; ++i) {
+    const auto vlan = static_cast<std::uint16_t>(100 + i);
+    const drawn::VpnName old{drawn::Family::vpws, "old", "v" + std::to_string(vlan)};
+    const drawn::VpnName added{drawn::Family::vpws, "new", "v" + std::to_string(vlan)};
+    before.vpns[old].attachments["gigabit-ethernet-1/1/1"].dot1q = vlan;
+    after.vpns[old] = before.vpns[old];
+    after.vpns[added] = before.vpns[old];
+  }
+  return {tree_of(before.lines()), tree_of(after.lines())};
+}
+
+/// New VPNs without anything, more than the card has room for.
+Configurations many_vpns(std::uint32_t vpns) {
+  drawn::Network after;
+  for (std::uint32_t i = 0; i < vpns; ++i) after.vpns[{drawn::Family::vpls, "g", "v" + std::to_string(i)}] = {};
+  return {tree_of({}), tree_of(after.lines())};
+}
+
+// Longer lists than a text shows of alternatives.
+TEST(LongAdvice, is_told_as_far_as_it_must_be_followed) {
+  expect_followed_advice(content_of(fs::path(SOURCE_DIR "/examples/access-two-vpns-one-vlan/element.json")),
+                         many_conflicts(10));
+  expect_followed_advice(judged_profile(), many_vpns(JudgedElement::kVpnLimit + 10));
+}
+
 TEST(RandomCommits, give_advice_that_can_be_followed) {
   for (std::uint32_t i = 0; i < commits_to_draw(16) && !HasFailure(); ++i) {
     const std::uint32_t seed = first_seed() + i;
