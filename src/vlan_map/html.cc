@@ -1,6 +1,10 @@
 #include "vlan_map/html.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <map>
 
 #include "report/escape/markup.h"
 #include "vlan_map/assets.h"
@@ -42,10 +46,23 @@ std::string summary_markup(const Map &map) {
   return markup + "</header>\n";
 }
 
+/// "access-same-dot1q 38, access-static-member 2. Ports with conflicts: 37 of 64."
+std::string conflict_counts(const Map &map) {
+  std::map<std::string, std::size_t> by_rule;
+  for (const Conflict &conflict : map.conflicts) {
+    ++by_rule[conflict.finding.rule.empty() ? "of no known rule" : conflict.finding.rule];
+  }
+  std::vector<std::string> texts;
+  for (const auto &[rule, count] : by_rule) texts.push_back(fmt::format("{} {}", rule, count));
+  const auto ports =
+      std::count_if(map.ports.begin(), map.ports.end(), [](const Port &port) { return !port.conflicts.empty(); });
+  return fmt::format("{}. Ports with conflicts: {} of {}.", fmt::join(texts, ", "), ports, map.ports.size());
+}
+
 std::string conflicts_markup(const Map &map, const ClaimNumbers &numbers) {
   std::string markup =
       "<section id=\"conflicts\" aria-labelledby=\"conflicts-heading\">\n<h2 id=\"conflicts-heading\">Conflicts</h2>\n";
-  if (map.conflicts.empty()) markup += "<p>None.</p>\n";
+  markup += fmt::format("<p>{}</p>\n", map.conflicts.empty() ? "None." : conflict_counts(map));
   if (!map.advice.empty()) markup += fmt::format("<p class=\"advice\">{}</p>\n", to_markup(map.advice));
   return markup + "<div class=\"articles\">\n" + conflict_articles(map, numbers) + "</div>\n</section>\n";
 }

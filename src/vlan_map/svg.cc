@@ -32,7 +32,7 @@ constexpr std::size_t kFewPorts = 8;
 constexpr std::size_t kLanesOfFew = 10;  ///< for names; claims that need more lanes have them
 constexpr std::size_t kLanesOfMany = 5;
 constexpr double kFreeSample = 24;
-constexpr double kSheetHeight = 560;  ///< of the rows on a sheet of paper; one row may be higher
+constexpr double kSheetHeight = 760;  ///< of the rows on a sheet of paper; one row may be higher
 constexpr std::size_t kFlags = 3;
 
 /// The begin of the character of UTF-8 that the byte at `offset` belongs to.

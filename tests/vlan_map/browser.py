@@ -72,13 +72,6 @@ class Page:
             packed.placed.map(({item, shape, x, width, left, right, lane, label}) => ({port: port.name, first: item.first,
                 last: item.last, claim: item.claim.number, shape, x, width, left, right, lane, label})));""")
 
-    def scale(self):
-        """Pixels a VLAN, and the VLANs that the page says are in view."""
-        k = self.run("const placed = rowLayout.rows.flatMap(({packed}) => packed.placed).find(({item}) => item.first > 0);"
-                     "return placed.width / (placed.item.last - placed.item.first + 1)")
-        first, last = self.find("#in-view").text.removeprefix("VLANs ").split("-")
-        return k, int(first), int(last)
-
     def point_of(self, claim):
         """Where in the window the middle of a claim's drawing is."""
         return self.run("""const claim = model.claims[arguments[0]], {x, width, lane} = rowLayout.placedOf(claim);
@@ -93,6 +86,20 @@ class Page:
         chain.move_to_element_with_offset(canvas, int(x - box["x"] - box["width"] / 2), int(y - box["y"] - box["height"] / 2))
         (chain.double_click() if times == 2 else chain.click()).perform()
         self.settle()
+
+    def zoom_with_wheel(self, x, y, distance):
+        """Turns the wheel with Ctrl held."""
+        self.driver.execute_cdp_cmd("Input.dispatchMouseEvent", {"type": "mouseWheel", "x": x, "y": y, "deltaX": 0,
+                                                                 "deltaY": distance, "modifiers": 2})
+        self.settle()
+
+    def drag(self, distance):
+        ActionChains(self.driver).click_and_hold(self.find("#canvas")).move_by_offset(distance, 0).release().perform()
+        self.settle()
+
+    def vlans_in_view(self):
+        first, last = self.find("#in-view").text.removeprefix("VLANs ").split("-")
+        return int(first), int(last)
 
     def spoken(self):
         """What a screen reader says of where the keyboard is in the drawing."""

@@ -72,7 +72,7 @@ class WholePage:
     def test_zoom_narrows_and_widens_what_is_in_view(self):
         self.assertEqual(self.page.find("#in-view").text, "VLANs 1-4094")
         self.page.click("#zoom-in")
-        first, last = map(int, self.page.find("#in-view").text.removeprefix("VLANs ").split("-"))
+        first, last = self.page.vlans_in_view()
         self.assertTrue(1900 < last - first < 2300)
         self.page.click("#zoom-out")
         self.page.click("#zoom-all")
@@ -162,7 +162,7 @@ class FourPorts(WholePage, PageTest):
     def test_ways_to_a_claim_a_port_and_a_vlan(self):
         south = self.claim("south", 210, "gigabit-ethernet-1/1/1")
         self.page.click_at(*self.page.point_of(south), times=2)
-        first, last = map(int, self.page.find("#in-view").text.removeprefix("VLANs ").split("-"))
+        first, last = self.page.vlans_in_view()
         self.assertTrue(first <= 210 <= last and last - first < 40)
         self.page.press("v")
         self.assertIn("Free on 1 of 4 ports", self.page.detail())
@@ -170,6 +170,17 @@ class FourPorts(WholePage, PageTest):
         self.page.press(Keys.ESCAPE, "p")
         self.assertIn("Free VLANs: 1-19, 21-100, 102-209, 211-319, 321-4094.", self.page.detail())
         self.assertEqual(self.page.find("#in-view").text.split("-")[0], "VLANs 1")
+
+    def test_the_pointer_zooms_where_it_is_and_drags(self):
+        x, y = self.page.point_of(self.claim("east", 1000, PORT_2))
+        self.page.zoom_with_wheel(x, y, -200)
+        self.page.zoom_with_wheel(x, y, -200)
+        first, last = self.page.vlans_in_view()
+        self.assertTrue(200 < first < 1200 < last < 2000, (first, last))
+        self.assertAlmostEqual(self.page.point_of(self.claim("east", 1000, PORT_2))[0], x, delta=2)
+        self.page.drag(-200)
+        self.assertGreater(self.page.vlans_in_view()[0], first + 50)
+        self.assertTrue(self.page.detail().startswith("Conflicts ("))
 
     def test_a_link_of_the_text_leads_into_the_drawing(self):
         self.page.type_into("#port-filter", "no such port")

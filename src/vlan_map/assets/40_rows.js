@@ -8,7 +8,7 @@ const rowLayout = (() => {
   const padding = 4;
   const footHeight = 12;
   const portsAtOnce = 12;
-  const lanesOfSelected = 60;
+  const lanesOfSelected = 100;
   const unknown = {placed: [], lanes: 3, level: 0};
   let rows = [];
   let height = 0;
