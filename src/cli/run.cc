@@ -13,6 +13,7 @@
 #include "cli/commands/headroom_command.h"
 #include "cli/commands/map_command.h"
 #include "cli/commands/plan_command.h"
+#include "cli/commands/profile_command.h"
 #include "cli/commands/show_command.h"
 #include "report/escape/printable.h"
 
@@ -34,6 +35,7 @@ struct CarryOut {
   ExitStatus operator()(const MapArguments &arguments) const { return map(arguments, environment); }
   ExitStatus operator()(const PlanArguments &arguments) const { return plan(arguments, environment); }
   ExitStatus operator()(const ApplyArguments &arguments) const { return apply(arguments, environment); }
+  ExitStatus operator()(const ProfileArguments &arguments) const { return make_profile(arguments, environment); }
   ExitStatus operator()(const FetchArguments &arguments) const { return fetch(arguments, environment); }
 };
 

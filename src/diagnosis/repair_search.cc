@@ -8,6 +8,7 @@
 #include "diagnosis/free_values.h"
 #include "diagnosis/limit_search.h"
 #include "element/datastore/lookup.h"
+#include "element/profile/nearest_interfaces.h"
 
 namespace diagnosis {
 namespace {
@@ -155,7 +156,7 @@ void RepairSearch::add_names(std::uint32_t party) {
   repair.kind = RepairKind::interface_name;
   repair.path = context_.entries.tree().path_of(context_.entries[party].node);
   std::vector<Proposal> proposals;
-  for (const std::string &near : nearest_interfaces(name, profile_, kMostValues)) {
+  for (const std::string &near : element::nearest_interfaces(name, profile_, kMostValues)) {
     if (vpn->find_attachment(near) == nullptr) proposals.push_back({{near}, near, users_.entries_on(near)});
   }
   add(std::move(repair), proposals);

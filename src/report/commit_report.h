@@ -35,6 +35,13 @@ struct SearchReport {
   std::string contract_violation;           ///< what the library did against its contract; empty for the other ends
 };
 
+/// A limit that the element's profile lacks.
+struct MissingLimit {
+  std::string field;  ///< of the profile's card
+  std::string rule;   ///< id of the rule about the limit
+  int allowed = 0;    ///< what the library takes the limit for
+};
+
 /// A commit that was decided, or could not be, as the formats for many commits show it.
 struct CommitReport {
   std::string name;                        ///< as its user named it: its folder, or the candidate's file
@@ -44,6 +51,8 @@ struct CommitReport {
   FilePlace error_place;                   ///< where that stands; without a file where it is not known
   double seconds = 0;                      ///< how long it took; not known of a rollback by itself
   PassedOver passed_over;                  ///< of the files; nothing for a rollback
+  std::string element;                     ///< the profile's file
+  std::vector<MissingLimit> missing_limits;
   std::vector<UnreadableName> unreadable;  ///< beside the verdict, whatever it is
   std::vector<Finding> findings;
   AdviceReport advice;  ///< for all findings together

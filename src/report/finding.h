@@ -37,6 +37,8 @@ struct PartyReport {
   std::string interface;
   std::string neighbor;
   std::vector<NodeReport> details;  ///< its leafs and ranges
+  /// Set where the profile does not have the interface: those that are spelled alike.
+  std::optional<std::vector<std::string>> near_interfaces{};
 };
 
 /// A part of the change that can be taken back by itself.

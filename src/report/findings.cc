@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "diagnosis/messages.h"
-#include "element/input/source_lines.h"
+#include "report/file_place.h"
 
 namespace report {
 namespace {
@@ -54,22 +54,17 @@ std::vector<diagnosis::ChangePart> outermost(const std::vector<diagnosis::Change
   return outer;
 }
 
+/// A configuration's file, and what is known of it.
 class Source {
  public:
-  Source(const std::filesystem::path &file, const element::ConfigurationSource &source) {
-    files_.push_back({file, source.lines});
-    files_.insert(files_.end(), source.further.begin(), source.further.end());
-  }
+  Source(std::filesystem::path file, const element::ConfigurationSource &source)
+      : file_(std::move(file)), source_(source) {}
 
-  FilePlace place_of(const element::Path &path) const {
-    for (const auto &[file, lines] : files_) {
-      if (const std::optional<std::size_t> line = lines.line_of(path)) return {file.string(), *line};
-    }
-    return {files_.front().file.string(), 0};
-  }
+  FilePlace place_of(const element::Path &path) const { return report::place_of(path, file_, source_); }
 
  private:
-  std::vector<element::FileLines> files_;
+  std::filesystem::path file_;
+  const element::ConfigurationSource &source_;
 };
 
 class FindingMaker {

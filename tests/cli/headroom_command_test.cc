@@ -140,8 +140,8 @@ TEST_F(HeadroomCommand, what_is_wrong_with_one_element_is_told_before_any_is_mea
   EXPECT_EQ(result.status, 65);
   EXPECT_EQ(result.output, "");
   EXPECT_EQ(err,
-            "vpnval: other.json: candidate configuration: path \"/config/vlan{100}/interface{ge-1}\": the element has "
-            "no such interface; expected one of its profile's\n");
+            "vpnval: other.json: candidate configuration: /config/vlan{100}/interface{ge-1}: not in the profile (near: "
+            "ge-9); expected an interface of the profile\n");
 }
 
 TEST_F(HeadroomCommand, a_missing_profile_is_an_unreadable_file) {

@@ -8,8 +8,6 @@ namespace {
 
 using diagnosis::nearest_free_numbers;
 using diagnosis::nearest_free_vlans;
-using diagnosis::nearest_interfaces;
-using diagnosis::spelling_distance;
 using Ranges = std::vector<l2vpn::VlanRange>;
 using Numbers = std::vector<std::uint32_t>;
 
@@ -38,31 +36,6 @@ TEST(FreeNumbers, keep_within_their_bounds) {
   EXPECT_EQ(nearest_free_numbers(1, {1}, 3), (Numbers{2, 3, 4}));
   EXPECT_EQ(nearest_free_numbers(last, {last, last - 1}, 2), (Numbers{last - 2, last - 3}));
   EXPECT_EQ(nearest_free_numbers(10, {9, 10, 11, 12, 13}, 3), (Numbers{8, 7, 14}));
-}
-
-TEST(Spelling, counts_letters) {
-  EXPECT_EQ(spelling_distance("eth1", "eth1"), 0U);
-  EXPECT_EQ(spelling_distance("ETH1", "eth1"), 0U);
-  EXPECT_EQ(spelling_distance("eth1", "eht1"), 1U);
-  EXPECT_EQ(spelling_distance("eth1", "eth11"), 1U);
-  EXPECT_EQ(spelling_distance("eth1", "et1"), 1U);
-  EXPECT_EQ(spelling_distance("eth1", "ath2"), 2U);
-  EXPECT_EQ(spelling_distance("", "abc"), 3U);
-  EXPECT_EQ(spelling_distance("gigabit-ethernet-1/1/1", "gigabitethernet-1/1/1"), 1U);
-}
-
-TEST(Spelling, the_nearest_interfaces_alone_are_named) {
-  const element::Profile profile({}, {{"gigabit-ethernet-1/1/1", 1, 1},
-                                      {"gigabit-ethernet-1/1/2", 2, 2},
-                                      {"ten-gigabit-ethernet-1/1/1", 3, 3},
-                                      {"lag-1", 4, 4}});
-  using Names = std::vector<std::string>;
-  EXPECT_EQ(nearest_interfaces("gigabit-ethernt-1/1/2", profile, 3), Names{"gigabit-ethernet-1/1/2"});
-  EXPECT_EQ(nearest_interfaces("gigabit-ethernet-1/1/9", profile, 3),
-            (Names{"gigabit-ethernet-1/1/1", "gigabit-ethernet-1/1/2"}));
-  EXPECT_EQ(nearest_interfaces("gigabit-ethernet-1/1/9", profile, 1), Names{"gigabit-ethernet-1/1/1"});
-  EXPECT_TRUE(nearest_interfaces("lag-77", profile, 3).empty());
-  EXPECT_TRUE(nearest_interfaces("", profile, 3).empty());
 }
 
 }  // namespace

@@ -212,10 +212,10 @@ TEST(Projection, gives_values_the_types_of_the_derived_nodes) {
 TEST(Projection, refuses_an_interface_that_the_profile_does_not_have) {
   const std::pair<Lines, std::string> refused[] = {
       {{"/config/vlan{10}/interface{eth3}"},
-       "path \"/config/vlan{10}/interface{eth3}\": the element has no such interface; expected one of its profile's"},
+       "/config/vlan{10}/interface{eth3}: not in the profile (near: eth1, eth2); expected an interface of the profile"},
       {{"/config/igmp-snooping{1}/interface{eth3}"},
-       "path \"/config/igmp-snooping{1}/interface{eth3}\": the element has no such interface; expected one of its "
-       "profile's"}};
+       "/config/igmp-snooping{1}/interface{eth3}: not in the profile (near: eth1, eth2); expected an interface of the "
+       "profile"}};
   for (const auto &[configuration, message] : refused) {
     try {
       projected(configuration);

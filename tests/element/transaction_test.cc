@@ -86,11 +86,11 @@ TEST(Transaction, of_two_equal_configurations_changes_nothing) {
 TEST(Transaction, tells_which_configuration_names_an_unknown_interface) {
   const Lines unknown = {R"(/config/igmp-snooping{3}/interface{"eth 9"})"};
   EXPECT_EQ(failure(unknown, {}),
-            "running configuration: path \"/config/igmp-snooping{3}/interface{\"eth 9\"}\": the element has no such "
-            "interface; expected one of its profile's");
+            "running configuration: /config/igmp-snooping{3}/interface{\"eth 9\"}: not in the profile; expected an "
+            "interface of the profile");
   EXPECT_EQ(failure({}, unknown),
-            "candidate configuration: path \"/config/igmp-snooping{3}/interface{\"eth 9\"}\": the element has no such "
-            "interface; expected one of its profile's");
+            "candidate configuration: /config/igmp-snooping{3}/interface{\"eth 9\"}: not in the profile; expected an "
+            "interface of the profile");
 }
 
 }  // namespace

@@ -260,6 +260,7 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   PlanArguments plan;
   ApplyArguments apply;
   FetchArguments fetch;
+  ProfileArguments profile;
   const CLI::App *check_command = add_check(program, check);
   const CLI::App *show_command = add_show(program, show);
   const CLI::App *explain_command = add_explain(program, explain);
@@ -268,6 +269,7 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   const CLI::App *plan_command = add_plan(program, plan);
   const CLI::App *apply_command = add_apply(program, apply);
   add_fetch(program, fetch);
+  add_profile(program, profile);
 
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
@@ -288,6 +290,7 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   if (map_command->parsed()) return map;
   if (plan_command->parsed()) return plan;
   if (apply_command->parsed()) return apply;
+  if (!profile.files.empty()) return profile;
   return fetch;
 }
 

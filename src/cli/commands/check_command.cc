@@ -19,6 +19,7 @@
 #include "report/check_report.h"
 #include "report/escape/printable.h"
 #include "report/json/verdict_json.h"
+#include "report/profile_faults.h"
 #include "report/summary.h"
 #include "report/suppressions.h"
 #include "report/text/findings_text.h"
@@ -99,6 +100,8 @@ class SingleCommit {
     report_.verdict =
         host::validate_commit(plugin, session, input.transaction(), {.all_points = arguments_.all_points});
     report_.commit.decision = report_.verdict.decision;
+    report_.commit.element = report_.inputs.element.string();
+    report_.commit.missing_limits = report::missing_limits(input.profile(), report_.verdict);
     report_.commit.unreadable = report::unreadable_names(report_.verdict.unreadable);
     outputs_.write_text(
         [this](std::ostream &out, const report::TextStyle &style) { report::write_verdict(out, report_, style); });

@@ -9,6 +9,7 @@
 #include "diagnosis/diagnose.h"
 #include "process/interrupts.h"
 #include "report/findings.h"
+#include "report/profile_faults.h"
 
 namespace cli {
 namespace {
@@ -78,6 +79,7 @@ void search(const CheckArguments &arguments, const Environment &environment, con
   report.commit.search.unproven_rules = diagnosis.unproven_rules;
   report.commit.search.contract_violation = diagnosis.contract_violation;
   report::add_findings(report.commit, diagnosis, verdict, input.schema(), input.files(), input.sources());
+  report::mark_unknown_interfaces(report.commit.findings, input.profile());
 }
 
 }  // namespace cli

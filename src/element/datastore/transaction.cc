@@ -1,11 +1,9 @@
 #include "element/datastore/transaction.h"
 
-#include <fmt/format.h>
-
 #include <utility>
 
-#include "element/input/input_error.h"
 #include "element/projection/projection.h"
+#include "element/projection/unknown_interface.h"
 
 namespace element {
 namespace {
@@ -13,8 +11,8 @@ namespace {
 void project_named(const char *name, Tree &tree, Projector &projector) {
   try {
     projector.project(tree);
-  } catch (const InputError &error) {
-    throw InputError(fmt::format("{} configuration: {}", name, error.what()));
+  } catch (const UnknownInterface &error) {
+    throw UnknownInterface(error.path(), error.fault(), name);
   }
 }
 

@@ -1,9 +1,11 @@
 #ifndef ELEMENT_PROFILE_PROFILE_H
 #define ELEMENT_PROFILE_PROFILE_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,6 +21,19 @@ struct CardLimits {
   std::optional<std::uint32_t> selective_encapsulation_vlan_entries;
   std::optional<std::uint32_t> selective_encapsulation_vlan_ranges;
 };
+
+/// The members of a profile's card.
+struct LimitField {
+  const char *name;
+  std::optional<std::uint32_t> CardLimits::*value;
+};
+inline constexpr std::array<LimitField, 4> kLimitFields{
+    {{"vpn-max", &CardLimits::vpn_max},
+     {"access-ports", &CardLimits::access_ports},
+     {"selective-encapsulation-vlan-entries", &CardLimits::selective_encapsulation_vlan_entries},
+     {"selective-encapsulation-vlan-ranges", &CardLimits::selective_encapsulation_vlan_ranges}}};
+
+inline constexpr std::size_t kLongestInterfaceName = 63;  // bytes
 
 /// An interface in the identifier manager.
 struct Interface {
@@ -60,6 +75,10 @@ Profile read_profile(const std::filesystem::path &file);
 
 /// As read_profile, from a text. Errors name `origin` as the file.
 Profile parse_profile(std::string_view text, const std::string &origin);
+
+/// Reads a table of cards (JSON): an object with a member for each card, named as the card is, whose value is that of a
+/// profile's "card". Throws as read_profile does.
+std::map<std::string, CardLimits> read_cards(const std::filesystem::path &file);
 
 }  // namespace element
 

@@ -15,7 +15,6 @@ namespace {
 
 using Json = nlohmann::json;
 
-constexpr std::size_t kLongestName = 63;
 constexpr const char *kNameExpected = "text of 1..63 bytes";
 constexpr const char *kInterfacesExpected = "an array of interfaces";
 
@@ -58,23 +57,21 @@ T number(const Json &object, const std::string &path, const char *name, T least)
   return value.get<T>();
 }
 
-std::optional<std::uint32_t> limit(const Json &card, const char *name) {
-  if (!card.contains(name)) return std::nullopt;
-  return number<std::uint32_t>(card, "card", name, 0);
-}
-
-CardLimits read_card(const Json &card) {
-  require_object(
-      card, "card",
-      {"vpn-max", "access-ports", "selective-encapsulation-vlan-entries", "selective-encapsulation-vlan-ranges"});
-  return {limit(card, "vpn-max"), limit(card, "access-ports"), limit(card, "selective-encapsulation-vlan-entries"),
-          limit(card, "selective-encapsulation-vlan-ranges")};
+CardLimits read_card(const Json &card, const std::string &path) {
+  std::vector<std::string_view> fields;
+  for (const LimitField &field : kLimitFields) fields.emplace_back(field.name);
+  require_object(card, path, fields);
+  CardLimits limits;
+  for (const LimitField &field : kLimitFields) {
+    if (card.contains(field.name)) limits.*field.value = number<std::uint32_t>(card, path, field.name, 0);
+  }
+  return limits;
 }
 
 std::string interface_name(const Json &interface, const std::string &path) {
   const Json &value = required(interface, path, "name", kNameExpected);
   const std::string *name = value.get_ptr<const std::string *>();
-  if (name == nullptr || name->empty() || name->size() > kLongestName) {
+  if (name == nullptr || name->empty() || name->size() > kLongestInterfaceName) {
     throw_field_error(below(path, "name"), found(value), kNameExpected);
   }
   return *name;
@@ -99,20 +96,35 @@ std::vector<Interface> read_interfaces(const Json &value) {
 Profile profile_from(const Json &profile) {
   require_object(profile, "", {"card", "interfaces"});
   const auto card = profile.find("card");
-  const CardLimits limits = card == profile.end() ? CardLimits{} : read_card(*card);
+  const CardLimits limits = card == profile.end() ? CardLimits{} : read_card(*card, "card");
   return {limits, read_interfaces(required(profile, "", "interfaces", kInterfacesExpected))};
+}
+
+std::map<std::string, CardLimits> cards_from(const Json &table) {
+  if (!table.is_object()) throw_field_error("", found(table), "an object with a member for each card");
+  std::map<std::string, CardLimits> cards;
+  for (const auto &[name, card] : table.items()) cards.emplace(name, read_card(card, one_line(name)));
+  return cards;
+}
+
+/// What `read` makes of the JSON text. Errors name `origin` as the file.
+template <typename Read>
+auto parse(std::string_view text, const std::string &origin, Read read) {
+  require_json(text, origin);
+  const Json json = Json::parse(text);
+  try {
+    return read(json);
+  } catch (const InputError &error) {
+    throw InputError(fmt::format("{}: {}", origin, error.what()));
+  }
 }
 
 }  // namespace
 
-Profile parse_profile(std::string_view text, const std::string &origin) {
-  require_json(text, origin);
-  const Json json = Json::parse(text);
-  try {
-    return profile_from(json);
-  } catch (const InputError &error) {
-    throw InputError(fmt::format("{}: {}", origin, error.what()));
-  }
+Profile parse_profile(std::string_view text, const std::string &origin) { return parse(text, origin, profile_from); }
+
+std::map<std::string, CardLimits> read_cards(const std::filesystem::path &file) {
+  return parse(read_input(file), file.string(), cards_from);
 }
 
 Profile read_profile(const std::filesystem::path &file) { return parse_profile(read_input(file), file.string()); }

@@ -1,9 +1,9 @@
 #include <fmt/format.h>
 
 #include "element/datastore/lookup.h"
-#include "element/datastore/path.h"
-#include "element/input/input_error.h"
+#include "element/profile/nearest_interfaces.h"
 #include "element/projection/projection_tables.h"
+#include "element/projection/unknown_interface.h"
 
 namespace element {
 namespace {
@@ -11,13 +11,14 @@ namespace {
 // The VLAN manager runs as one instance.
 constexpr std::uint32_t kVlanManagerInstance = 1;
 
+constexpr std::size_t kMostNear = 3;
+
 /// The ifindex of the interface that an entry below a base list names.
 std::int32_t ifindex_of(const Profile &profile, const Node &owner, const Node &interface) {
   const std::string name = to_text(interface.keys.front());
   if (const Interface *known = profile.by_name(name)) return known->ifindex;
-  throw InputError(fmt::format(
-      "path \"/config/{}{{{}}}/interface{{{}}}\": the element has no such interface; expected one of its profile's",
-      owner.schema->name, quoted_key(to_text(owner.keys.front())), quoted_key(name)));
+  throw UnknownInterface({{owner.schema->parent, {}}, {owner.schema, owner.keys}, {interface.schema, interface.keys}},
+                         not_in_profile(nearest_interfaces(name, profile, kMostNear)));
 }
 
 const Nodes &entries_of(const Tree &configuration, std::string_view list_path) {

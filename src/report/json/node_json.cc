@@ -64,6 +64,7 @@ ordered_json party_json(const PartyReport &party) {
   if (!party.interface.empty()) json["interface"] = party.interface;
   if (!party.neighbor.empty()) json["neighbor"] = party.neighbor;
   json["details"] = array(party.details, node_json);
+  if (party.near_interfaces) json["not-in-profile"] = {{"near", *party.near_interfaces}};
   return json;
 }
 
@@ -75,6 +76,9 @@ PartyReport read_party(const ordered_json &json) {
   party.interface = json.value("interface", "");
   party.neighbor = json.value("neighbor", "");
   party.details = items<NodeReport>(json.at("details"), read_node);
+  if (json.contains("not-in-profile")) {
+    party.near_interfaces = json.at("not-in-profile").at("near").get<std::vector<std::string>>();
+  }
   return party;
 }
 

@@ -26,6 +26,14 @@ ordered_json point_json(const host::PointVerdict &point) {
   return json;
 }
 
+ordered_json limit_json(const MissingLimit &limit) {
+  return {{"limit", limit.field}, {"rule", limit.rule}, {"allowed", limit.allowed}};
+}
+
+MissingLimit read_limit(const ordered_json &json) {
+  return {json.at("limit").get<std::string>(), json.at("rule").get<std::string>(), json.at("allowed").get<int>()};
+}
+
 ordered_json total_json(const host::Verdict &verdict) {
   const PointCounts counts = count_points(verdict);
   return {{"fired", verdict.points_fired},
@@ -76,6 +84,7 @@ std::string verdict_json(const CheckReport &report) {
   if (!report.commit.refusal.empty()) json["refusal"] = report.commit.refusal;
   json["total"] = total_json(report.verdict);
   json["points"] = array(report.verdict.points, point_json);
+  if (!report.commit.missing_limits.empty()) json["missing-limits"] = array(report.commit.missing_limits, limit_json);
   write_unreadable(json, report.commit.unreadable);
   json["changes"] = array(report.changes, change_json);
   json["findings"] = findings_json(report.commit.findings);
@@ -94,6 +103,10 @@ CommitReport read_verdict(const ordered_json &json, const std::string &name) {
   commit.decision = read_decision(json.at("decision").get<std::string>());
   commit.refusal = json.value("refusal", "");
   if (json.contains("passed-over")) commit.passed_over = read_passed_over(json.at("passed-over"));
+  commit.element = json.at("inputs").at("element").get<std::string>();
+  if (json.contains("missing-limits")) {
+    commit.missing_limits = items<MissingLimit>(json.at("missing-limits"), read_limit);
+  }
   commit.unreadable = read_unreadable(json);
   commit.findings = read_findings(json.at("findings"));
   commit.advice = read_advice(json.at("advice"));

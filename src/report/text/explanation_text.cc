@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "element/profile/nearest_interfaces.h"
 #include "report/escape/printable.h"
 #include "report/text/advice_text.h"
 #include "report/text/node_text.h"
@@ -73,6 +74,7 @@ void write_headline(std::ostream &out, const Finding &finding, const TextStyle &
 void write_party(std::ostream &out, const PartyReport &party, const TextStyle &style) {
   const std::string details = nodes_text(party.details, party.node.path, party.node.status == ChangeStatus::changed);
   out << mark(party.node, style) << ' ' << printable(title_of(party)) << ": " << status_text(party.node)
+      << (party.near_interfaces ? ", " + printable(element::not_in_profile(*party.near_interfaces)) : "")
       << (details.empty() ? "" : ", ") << details << in_brackets(place_of(party)) << '\n';
 }
 

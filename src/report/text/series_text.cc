@@ -4,6 +4,7 @@
 
 #include "report/decision_text.h"
 #include "report/escape/printable.h"
+#include "report/profile_faults.h"
 #include "report/text/explanation_text.h"
 #include "report/text/findings_text.h"
 #include "report/text/summary_text.h"
@@ -29,6 +30,9 @@ void SeriesText::write(const CommitResult &result) {
 void SeriesText::write_commit(const CommitReport &commit) {
   out_ << printable(commit.name) << ": " << outcome_text(commit, style_) << '\n';
   if (!commit.refusal.empty()) out_ << refusal_text(commit, style_) << '\n';
+  for (const MissingLimit &limit : commit.missing_limits) {
+    out_ << style_(Accent::warning, to_text(limit, commit.element)) << '\n';
+  }
   for (const UnreadableName &name : commit.unreadable) out_ << style_(Accent::warning, to_text(name)) << '\n';
   std::size_t number = 0;
   bool is_device_over = false;

@@ -7,6 +7,7 @@
 
 #include "report/decision_text.h"
 #include "report/escape/printable.h"
+#include "report/profile_faults.h"
 
 namespace report {
 namespace {
@@ -98,6 +99,9 @@ void write_verdict(std::ostream &out, const CheckReport &report, const TextStyle
   out << fmt::format("\ncommit {}: {} of {} points asked, {} accepted, {} with a warning, {} rejected\n",
                      decision(report.verdict.decision, style), report.verdict.points.size(),
                      report.verdict.points_fired, counts.accepted, counts.warned, counts.rejected);
+  for (const MissingLimit &limit : report.commit.missing_limits) {
+    out << style(Accent::warning, to_text(limit, report.commit.element)) << '\n';
+  }
   for (const UnreadableName &name : report.commit.unreadable) out << style(Accent::warning, to_text(name)) << '\n';
   out << fmt::format("decided by {}, build id {}\n", printable(report.plugin_file), report.build_id);
 }
