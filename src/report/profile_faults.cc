@@ -38,7 +38,8 @@ bool was_asked(const host::Verdict &verdict, std::string_view point) {
 }
 
 void mark(PartyReport &party, const element::Profile &profile) {
-  if (party.interface.empty() || profile.by_name(party.interface) != nullptr) return;
+  // Layer-3 interfaces and uplinks are none of the profile's.
+  if (party.vpn.empty() || party.interface.empty() || profile.by_name(party.interface) != nullptr) return;
   party.near_interfaces = element::nearest_interfaces(party.interface, profile, kMostNear);
 }
 
