@@ -9,8 +9,8 @@ using headroom::LimitState;
 using headroom::LimitUsage;
 using Number = std::optional<std::int64_t>;
 
-const headroom::Answer vpn_limit_answer{"vpn-limit", "vpn_overflow_valp",
-                                     "Maximum number of VPNs has been exceeded. Attempt to configure 5 of 4 allowed"};
+const headroom::Answer vpn_limit_answer{
+    "vpn-limit", "vpn_overflow_valp", "Maximum number of VPNs has been exceeded. Attempt to configure 5 of 4 allowed"};
 const headroom::Answer too_many_vlans{
     "encapsulation-vlan-limit", "vpn_access_valp",
     "Maximum number of VLANs on VPN Selective Encapsulation has been exceeded. Attempt to configure 9 of 8 allowed"};
