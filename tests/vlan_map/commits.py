@@ -1,4 +1,4 @@
-"""Commits of any number of ports for the tests of the page: valid, but for two conflicts that the change brings."""
+"""Commits of any number of ports and claims for the tests of the page."""
 import json
 import pathlib
 
@@ -72,33 +72,6 @@ def write(folder, ports, running, candidate):
     for name, content in (("element", profile(ports)), ("running", running.document()),
                           ("candidate", candidate.document())):
         (folder / f"{name}.json").write_text(json.dumps(content), encoding="utf-8")
-
-
-def large_configuration(ports, is_candidate):
-    """Port i carries VPNs on VLANs that are its own: no two claims of a port meet until one is planted."""
-    made = Configuration()
-    for i, port in enumerate(ports):
-        group = f"region-{i // 20}"
-        for j in range(4):
-            moves = is_candidate and i % 50 == 10 and j == 2
-            made.add_vpws(group, f"customer-{i}-{j}", attachment(port, 11 + 900 * j + i * 2 + (1 if moves else 0)))
-        first = 820 + 10 * (i % 8)
-        made.add_vpws(group, f"transit-{i}", attachment(port, ranges=[(first, first + 4), (1720, 1720 + i % 60)]))
-        if i % 4 == 0:
-            made.add_vpws(group, f"management-{i}", attachment(port, untagged=True))
-    for i in range(0, len(ports), 20):
-        made.add_vpls("campus", f"lan-{i}", 3800 + i // 20, ports[i:i + 10])
-    made.members = {3900 + i: [ports[i * 7 % len(ports)], ports[i * 11 % len(ports)]] for i in range(1, 60)}
-    if is_candidate:
-        made.add_vpws("new", "south", attachment(ports[0], 11))
-        made.add_vpws("new", "north", attachment(ports[-1], 1730))
-    return made
-
-
-def write_large(folder, count=400):
-    """So many ports with six claims or more each, and a change that draws two rejections at its ends."""
-    ports = port_names(count)
-    write(folder, ports, large_configuration(ports, False), large_configuration(ports, True))
 
 
 def dense_configuration(ports, claims_a_port, conflicts, is_candidate):

@@ -211,7 +211,8 @@ class FourPorts(WholePage, PageTest):
         self.driver.execute_cdp_cmd("Emulation.setEmulatedVisionDeficiency", {"type": "none"})
 
     def test_what_is_done_to_a_claim_shows_in_its_outline_too(self):
-        outlines = self.page.run("""return [...document.querySelectorAll(".legend .within.vpws .bar:not(.head)")].map((bar) => {
+        outlines = self.page.run("""const bars = document.querySelectorAll(".legend .within.vpws .bar:not(.head)");
+            return [...bars].map((bar) => {
             const style = getComputedStyle(bar);
             return [style.stroke, style.strokeWidth, style.strokeDasharray, style.fill].join(" "); });""")
         self.assertEqual(len(outlines), 7)
@@ -260,7 +261,8 @@ class TwentyThousandClaims(WholePage, PageTest):
         cls.file = cls.draw(commit, "--budget", "200")
 
     def test_time_between_frames_is_reported(self):
-        steps = {"zoom": "view.zoomBy(i < 30 ? 1.2 : 1 / 1.2)", "move": "if (i === 0) view.zoomBy(6); view.frame.scrollLeft += 12",
+        steps = {"zoom": "view.zoomBy(i < 30 ? 1.2 : 1 / 1.2)",
+                 "move": "if (i === 0) view.zoomBy(6); view.frame.scrollLeft += 12",
                  "scroll": "if (i === 0) view.showAll(); view.frame.scrollTop += 40"}
         for name, step in steps.items():
             times = sorted(self.page.frames(step))

@@ -146,7 +146,8 @@ const view = (() => {
   });
   state.listen(request);
 
-  return {frame, showAll: () => scaleTo(0), zoomBy: (factor, x, y) => scaleTo(currentScale() * factor, x, y), showVlans, showRow, showClaim,
+  return {frame, showVlans, showRow, showClaim, showAll: () => scaleTo(0),
+    zoomBy: (factor, x, y) => scaleTo(currentScale() * factor, x, y),
     at(event) {
       const box = frame.getBoundingClientRect();
       return {x: event.clientX - box.left - nameWidth(), y: event.clientY - box.top - paint.scaleHeight};
