@@ -139,6 +139,26 @@ TEST(Page, has_articles_of_conflicts_and_tables_of_claims) {
   EXPECT_EQ(only(lines, "mark").size(), 4u);
 }
 
+TEST(Page, a_long_list_of_parties_is_cut_and_what_makes_the_library_look_is_told_apart) {
+  Lines members;
+  for (int vlan = 1; vlan <= 14; ++vlan)
+    members.push_back("/config/vlan{" + std::to_string(vlan) + "}/interface{ge-1}");
+  Map map = map_of(members, members);
+  report::Finding in_force = finding("too many", members);
+  in_force.is_preexisting = true;
+  in_force.triggers = finding("", {on_vpws("ge-2")}).parties;
+  map.conflicts = find_conflicts({in_force}, map.ports);
+  const std::string article = only(read_by("page_text.py", to_html(map)), "conflict").front();
+  EXPECT_NE(article.find("The running configuration has this fault."), std::string::npos);
+  EXPECT_NE(article.find("/config/vlan{12}/interface{ge-1}: in the running configuration ge-1: VLAN 12 | and 2 more | "
+                         "Makes the library look | " +
+                         on_vpws("ge-2") +
+                         ": in the running configuration | to do: mend the fault in the running "
+                         "configuration first"),
+            std::string::npos)
+      << article;
+}
+
 TEST(Page, tells_its_script_what_to_draw) {
   EXPECT_EQ(only(read_by("page_text.py", to_html(refused_commit())), "data"),
             (Lines{R"({"lastVlan": 4094, "names": ["branches", "south", "campus", "data"], "ports": [)"
