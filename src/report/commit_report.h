@@ -44,7 +44,8 @@ struct MissingLimit {
 
 /// A commit that was decided, or could not be, as the formats for many commits show it.
 struct CommitReport {
-  std::string name;                        ///< as its user named it: its folder, or the candidate's file
+  std::string name;             ///< as its user named it: its folder, or the candidate's file
+  std::string input_arguments;  ///< what names it on a command line, quoted for a shell; empty for one of many
   std::optional<host::Decision> decision;  ///< nothing: there is an error instead
   std::string error;                       ///< why it could not be decided, one line
   std::string refusal;                     ///< why it is not to be committed whatever the library says; empty: none
@@ -57,9 +58,10 @@ struct CommitReport {
   std::vector<Finding> findings;
   AdviceReport advice;  ///< for all findings together
   SearchReport search;
-  std::vector<std::string> unused_suppressions;  ///< "FILE:LINE: RULE PATH" of those that fit no finding
-  bool is_rollback = false;                      ///< it leads from another commit's candidate back
-  std::vector<CommitReport> rollback;            ///< the way back where it was decided: one, else none
+  std::vector<std::string> unused_suppressions;   ///< "FILE:LINE: RULE PATH" of those that fit no finding
+  std::vector<std::string> expired_suppressions;  ///< of those that hold no more, with their date
+  bool is_rollback = false;                       ///< it leads from another commit's candidate back
+  std::vector<CommitReport> rollback;             ///< the way back where it was decided: one, else none
 };
 
 /// Whether it is proven that there are no findings but those that are told.

@@ -65,6 +65,7 @@ struct RepairReport {
   std::optional<FilePlace> place;
   std::vector<std::string> values;  ///< any one of them
   bool on_all_ports = false;        ///< VLANs: free on every port of the VPN
+  std::string command{};            ///< two commits: the command line that makes them
 };
 
 /// A smallest set of entries that draws a message.

@@ -1,5 +1,7 @@
 #include "report/findings.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -191,6 +193,17 @@ bool says(const diagnosis::Finding &finding, const host::PointVerdict &message) 
                      [&message](const diagnosis::Conflict &conflict) { return is_same(conflict.verdict, message); });
 }
 
+/// Command lines for what other commands do, where the commit has arguments of its own.
+void add_commands(CommitReport &commit) {
+  if (commit.input_arguments.empty()) return;
+  for (Finding &finding : commit.findings) {
+    for (RepairReport &repair : finding.repairs) {
+      if (repair.kind != RepairKind::two_commits) continue;
+      repair.command = fmt::format("vpnval plan {} -o steps", commit.input_arguments);
+    }
+  }
+}
+
 }  // namespace
 
 void add_findings(CommitReport &commit, const diagnosis::Diagnosis &diagnosis, const host::Verdict &verdict,
@@ -217,6 +230,7 @@ void add_findings(CommitReport &commit, const diagnosis::Diagnosis &diagnosis, c
   }
   for (const diagnosis::Finding *found : left) commit.findings.push_back(maker.make(*found, false));
   commit.advice = maker.advice(diagnosis.advice);
+  add_commands(commit);
 }
 
 }  // namespace report

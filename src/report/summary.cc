@@ -17,6 +17,7 @@ void SeriesSummary::add(const CommitReport &commit) {
   if (commits == 0) unused_suppressions = unused;
   std::erase_if(unused_suppressions, [&unused](const std::string &line) { return !unused.contains(line); });
 
+  expired_suppressions.insert(commit.expired_suppressions.begin(), commit.expired_suppressions.end());
   ++commits;
   ++count_of(*this, commit);
   if (!commit.passed_over.is_nothing()) ++with_foreign_nodes;

@@ -27,6 +27,7 @@ struct SeriesSummary {
 
   /// Suppressions that fit no finding of any commit. Empty as soon as one commit was not decided.
   std::set<std::string> unused_suppressions;
+  std::set<std::string> expired_suppressions;
 
   void add(const CommitReport &commit);
 };

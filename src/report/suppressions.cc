@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <ctime>
 #include <optional>
 
 #include "element/input/input_error.h"
@@ -38,7 +39,40 @@ std::size_t end_of_path(std::string_view text) {
 }
 
 [[noreturn]] void refuse(const FilePlace &place, const std::string &fault) {
-  throw element::InputError(fmt::format("{}: {}; expected RULE PATH # REASON", to_text(place), fault));
+  throw element::InputError(
+      fmt::format("{}: {}; expected RULE PATH [until YYYY-MM-DD] # REASON", to_text(place), fault));
+}
+
+constexpr std::string_view kUntil = "until";
+
+/// "2026-12-31"; nothing for a text that is no date.
+std::optional<std::chrono::sys_days> date_of(const std::string &text) {
+  std::tm read{};
+  const char *end = strptime(text.c_str(), "%Y-%m-%d", &read);
+  if (text.size() != 10 || end == nullptr || *end != '\0') return std::nullopt;
+  const std::chrono::year_month_day date{std::chrono::year(read.tm_year + 1900),
+                                         std::chrono::month(static_cast<unsigned>(read.tm_mon) + 1),
+                                         std::chrono::day(static_cast<unsigned>(read.tm_mday))};
+  if (!date.ok()) return std::nullopt;
+  return std::chrono::sys_days(date);
+}
+
+std::string text_of(std::chrono::sys_days day) {
+  const std::chrono::year_month_day date(day);
+  return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+                     static_cast<unsigned>(date.day()));
+}
+
+/// Takes "until DATE" from the front of what follows a path.
+std::optional<std::chrono::sys_days> take_until(std::string_view &rest, const FilePlace &place) {
+  const std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
+  if (word != kUntil) return std::nullopt;
+  rest = without_blanks(rest.substr(word.size()));
+  const std::string day(rest.substr(0, rest.find_first_of(kBlanks)));
+  const auto until = date_of(day);
+  if (!until) refuse(place, fmt::format("\"{}\" is no date", element::one_line(day)));
+  rest = without_blanks(rest.substr(day.size()));
+  return until;
 }
 
 /// Paths are compared as they are printed. The node under validation counts only where no parties are known: a point
@@ -57,40 +91,37 @@ Suppressions::Line Suppressions::parse_line(std::string_view text, const FilePla
   const std::string_view rule = text.substr(0, text.find_first_of(kBlanks));
   const std::string_view rest = without_blanks(text.substr(rule.size()));
   const std::string_view path = rest.substr(0, end_of_path(rest));
-  const std::string_view comment = without_blanks(rest.substr(path.size()));
+  std::string_view comment = without_blanks(rest.substr(path.size()));
   if (rules::find_rule(rule) == nullptr) {
     refuse(place, fmt::format("there is no rule \"{}\"", element::one_line(rule)));
   }
   if (!path.starts_with('/')) refuse(place, fmt::format("\"{}\" is no path", element::one_line(path)));
+  const auto until = take_until(comment, place);
   if (!comment.empty() && comment[0] != '#') {
     refuse(place, fmt::format("\"{}\" follows the path", element::one_line(comment)));
   }
   const std::string_view reason = comment.empty() ? comment : without_blanks(comment.substr(1));
   if (reason.empty()) refuse(place, "there is no reason");
-  return {{place, std::string(reason)}, std::string(rule), std::string(path)};
+  return {{place, std::string(reason)}, std::string(rule), std::string(path), until};
 }
 
-Suppressions Suppressions::parse(std::string_view text, const std::string &origin) {
-  Suppressions suppressions;
+void Suppressions::parse(std::string_view text, const std::string &origin) {
   for (std::size_t number = 1; !text.empty(); ++number) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     const std::string_view line = without_blanks(text.substr(0, end));
-    if (!line.empty() && line[0] != '#') suppressions.lines_.push_back(parse_line(line, {origin, number}));
+    if (!line.empty() && line[0] != '#') lines_.push_back(parse_line(line, {origin, number}));
     text.remove_prefix(std::min(end + 1, text.size()));
   }
-  return suppressions;
 }
 
-Suppressions Suppressions::read(const std::filesystem::path &file) {
-  return parse(element::read_input(file), file.string());
-}
+void Suppressions::read(const std::filesystem::path &file) { parse(element::read_input(file), file.string()); }
 
 void Suppressions::apply(std::vector<Finding> &findings) {
   for (Finding &finding : findings) {
     std::vector<bool> is_known(std::max<std::size_t>(finding.conflicts.size(), 1));
     std::optional<Suppressed> first;
     for (Line &line : lines_) {
-      if (line.rule != finding.rule) continue;
+      if (line.rule != finding.rule || is_over(line)) continue;
       for (std::size_t conflict = 0; conflict < is_known.size(); ++conflict) {
         if (!leads_to(line.path, finding, conflict)) continue;
         is_known[conflict] = true;
@@ -107,7 +138,18 @@ void Suppressions::apply(std::vector<Finding> &findings) {
 std::vector<std::string> Suppressions::unused() const {
   std::vector<std::string> texts;
   for (const Line &line : lines_) {
-    if (!line.used) texts.push_back(fmt::format("{}: {} {}", to_text(line.suppressed.by), line.rule, line.path));
+    if (line.used || is_over(line)) continue;
+    texts.push_back(fmt::format("{}: {} {}", to_text(line.suppressed.by), line.rule, line.path));
+  }
+  return texts;
+}
+
+std::vector<std::string> Suppressions::expired() const {
+  std::vector<std::string> texts;
+  for (const Line &line : lines_) {
+    if (!is_over(line)) continue;
+    texts.push_back(
+        fmt::format("{}: {} {}, until {}", to_text(line.suppressed.by), line.rule, line.path, text_of(*line.until)));
   }
   return texts;
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <regex>
 
@@ -81,7 +82,8 @@ TEST_F(CheckFindings, a_rejection_is_explained_with_both_parties_and_their_lines
           south + "/dot1q (" + rejected +
           "/candidate.xml:14) to what is free on this port: 211, 209 or 212\n"
           "\nwhy: vpnval explain access-same-dot1q\n"
-          "what else is wrong, if anything: vpnval check --all-faults\n");
+          "what else is wrong, if anything: vpnval check --all-faults " +
+          rejected + "\n");
 }
 
 TEST_F(CheckFindings, an_accepted_commit_has_nothing_below_its_verdict) {
@@ -89,12 +91,46 @@ TEST_F(CheckFindings, an_accepted_commit_has_nothing_below_its_verdict) {
   EXPECT_EQ(below_verdict(check(accepted, {"--all-faults"})), "");
 }
 
-TEST_F(CheckFindings, without_a_budget_the_verdict_stands_alone) {
+TEST_F(CheckFindings, without_a_budget_rule_and_hints_stand_below_the_verdict) {
   for (const std::string nothing : {"0", "0s", "0,60s"}) {
     const Outcome outcome = check(rejected, {"--budget", nothing});
-    EXPECT_EQ(below_verdict(outcome), "");
+    EXPECT_EQ(
+        below_verdict(outcome),
+        "\nwhat the device says: 1\n\n"
+        "1. rejected [access-same-dot1q]: vpls-group campus vpn data and vpws-group branches vpn south must not be "
+        "configured with the same dot1q on interface gigabit-ethernet-1/1/1\n"
+        "   at " +
+            south + " (" + rejected +
+            "/candidate.xml:12)\n"
+            "\nwhy: vpnval explain access-same-dot1q\n"
+            "what else is wrong, if anything: vpnval check --all-faults " +
+            rejected + "\n");
     EXPECT_EQ(outcome.status, 1);
   }
+}
+
+TEST_F(CheckFindings, hints_are_commands_to_copy) {
+  const std::string candidate = rejected + "/candidate.xml";
+  folder.write("it's.xml", "");
+  std::filesystem::copy(candidate, folder.file("it's.xml"), std::filesystem::copy_options::overwrite_existing);
+  const std::string text = check(rejected, {"--candidate", folder.file("it's.xml"), "--budget", "0"}).out;
+  const std::string hint = "what else is wrong, if anything: vpnval check ";
+  ASSERT_NE(text.find(hint), std::string::npos) << text;
+  const std::string command = text.substr(text.find(hint) + hint.size());
+  const ProcessResult result = run_process(VPNVAL_FILE " check " + command.substr(0, command.find('\n')));
+  EXPECT_EQ(result.status, 1) << command;
+  EXPECT_NE(result.output.find(folder.file("it's.xml") + ":12"), std::string::npos) << result.output;
+}
+
+TEST_F(CheckFindings, a_suppression_that_is_over_is_told_and_suppresses_nothing) {
+  const std::string line = "access-same-dot1q " + south + " until 2001-02-03 # moves tonight\n";
+  const Outcome text = suppress(rejected, line);
+  EXPECT_EQ(text.err, "vpnval: expired suppression: " + folder.file("known.txt") + ":1: access-same-dot1q " + south +
+                          ", until 2001-02-03\n");
+  EXPECT_EQ(text.out.find("suppressed by"), std::string::npos);
+  const auto json = nlohmann::json::parse(verdict_in(suppress(rejected, line, {"--format=json"}).out));
+  EXPECT_EQ(json.at("expired-suppressions").size(), 1u);
+  EXPECT_FALSE(json.at("findings").at(0).contains("suppressed"));
 }
 
 TEST_F(CheckFindings, a_budget_that_is_used_up_is_told) {
@@ -169,7 +205,7 @@ TEST_F(CheckFindings, a_wrong_suppression_file_is_an_input_error_before_anything
   EXPECT_EQ(outcome.status, 65);
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err, "vpnval: " + folder.file("known.txt") +
-                             ":1: there is no rule \"no-such-rule\"; expected RULE PATH # REASON\n");
+                             ":1: there is no rule \"no-such-rule\"; expected RULE PATH [until YYYY-MM-DD] # REASON\n");
   EXPECT_EQ(check(rejected, {"--suppress", folder.file("not-there.txt")}).status, 66);
 }
 

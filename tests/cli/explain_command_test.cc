@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include "rules/rule.h"
 #include "tests/cli/commit_folder.h"
@@ -89,10 +92,9 @@ TEST(ExplainCommand, a_text_of_two_points_has_two_pages) {
 
 TEST(ExplainCommand, an_unknown_rule_is_a_usage_error_that_names_what_is_near) {
   const std::vector<std::pair<std::string, std::string>> rows{
-      {"pw-id-twise", "there is no rule \"pw-id-twise\"; near it: pw-id-twice (vpnval explain lists all)"},
-      {"uplink", "there is no rule \"uplink\"; near it: access-on-uplink, member-on-uplink (vpnval explain lists all)"},
-      {"vpn_limit", "there is no rule \"vpn_limit\"; near it: vpn-limit (vpnval explain lists all)"},
-      {"no such thing", "there is no rule \"no such thing\" (vpnval explain lists all)"},
+      {"pw-id-twise", "there is no rule \"pw-id-twise\"; did you mean pw-id-twice? (vpnval explain lists all)"},
+      {"vpn_limit", "there is no rule \"vpn_limit\"; did you mean vpn-limit? (vpnval explain lists all)"},
+      {"no such words", "there is no rule \"no such words\" (vpnval explain lists all)"},
       {std::string(5000, 'x'), "there is no rule \"" + std::string(5000, 'x') + "\" (vpnval explain lists all)"},
       {"\x1b[31m", "there is no rule \"\\x1b[31m\" (vpnval explain lists all)"},
   };
@@ -102,6 +104,34 @@ TEST(ExplainCommand, an_unknown_rule_is_a_usage_error_that_names_what_is_near) {
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, "vpnval: " + error + "\n");
   }
+}
+
+std::vector<std::string> ids_in(const std::string &index) {
+  std::vector<std::string> ids;
+  std::istringstream lines(index);
+  for (std::string line; std::getline(lines, line);) ids.push_back(line.substr(0, line.find(' ')));
+  return ids;
+}
+
+TEST(ExplainCommand, a_validation_point_stands_for_its_rules) {
+  EXPECT_EQ(ids_in(run_with_answers({"explain", "vpn_peer_valp"}).out),
+            (std::vector<std::string>{"pseudowire-limit", "pw-id-twice", "pw-id-moved"}));
+}
+
+TEST(ExplainCommand, words_find_the_rules_whose_pages_have_them_all) {
+  const auto found = ids_in(run_with_answers({"explain", "UPLINK", "warning"}).out);
+  EXPECT_EQ(found.size(), ids_in(run_with_answers({"explain", "warning uplink"}).out).size());
+  const auto uplinks = ids_in(run_with_answers({"explain", "uplink"}).out);
+  for (const std::string id : {"access-on-uplink", "member-on-uplink"}) {
+    EXPECT_NE(std::find(uplinks.begin(), uplinks.end(), id), uplinks.end()) << id;
+  }
+  EXPECT_EQ(run_with_answers({"explain", "find", "each", "other", "pw-id"}).out,
+            run_with_answers({"explain", "pw-id-twice"}).out);
+}
+
+TEST(ExplainCommand, several_ids_have_their_pages_one_after_the_other) {
+  EXPECT_EQ(run_with_answers({"explain", "vpn-limit", "pw-id-twice"}).out,
+            run_with_answers({"explain", "vpn-limit"}).out + "\n" + run_with_answers({"explain", "pw-id-twice"}).out);
 }
 
 TEST(ExplainCommand, a_page_in_markdown_links_into_the_tree) {

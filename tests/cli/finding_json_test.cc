@@ -31,7 +31,7 @@ report::CheckReport full_report() {
   last.repairs = {{report::RepairKind::free_vlans, last.path + "/dot1q", last.place, {"211", "209"}, true},
                   {report::RepairKind::free_pw_ids, last.path, std::nullopt, {"7", "8"}, false},
                   {report::RepairKind::interface_name, last.path, last.place, {"ge-1"}, false},
-                  {report::RepairKind::two_commits, "", std::nullopt, {"2"}, false}};
+                  {report::RepairKind::two_commits, "", std::nullopt, {"2"}, false, "vpnval plan a -o b"}};
   report.commit.advice.alternatives = {{{last.parties[0].node, {}}, {last.triggers[0].node, {}}}};
   report.commit.search = {.all_faults = true,
                           .calls = 500,
@@ -90,7 +90,8 @@ TEST(FindingJson, a_repair_names_what_to_change_and_its_values) {
   EXPECT_EQ(repairs.at(0), nlohmann::ordered_json::parse(R"({"kind": "free-vlans", "path": ")" + same_dot1q().path +
                                                          R"(/dot1q", "place": {"file": "night/42/candidate.xml",
                            "line": 11}, "values": ["211", "209"], "on-all-ports": true})"));
-  EXPECT_EQ(repairs.at(3), nlohmann::ordered_json::parse(R"({"kind": "two-commits", "values": ["2"]})"));
+  EXPECT_EQ(repairs.at(3), nlohmann::ordered_json::parse(
+                               R"({"kind": "two-commits", "values": ["2"], "command": "vpnval plan a -o b"})"));
 }
 
 TEST(FindingJson, a_bound_that_ended_the_search_is_named) {

@@ -44,7 +44,7 @@ TEST(FindingsText, both_parties_are_shown_with_their_places_and_what_is_to_be_ta
   commit.search.all_faults = false;
   EXPECT_EQ(text_of(commit), "\nwhat the device says: 1\n\n" + same_dot1q_text +
                                  "\nwhy: vpnval explain access-same-dot1q\n"
-                                 "what else is wrong, if anything: vpnval check --all-faults\n");
+                                 "what else is wrong, if anything: vpnval check --all-faults night/42\n");
 }
 
 TEST(FindingsText, what_the_device_would_say_next_follows) {
@@ -65,7 +65,7 @@ TEST(FindingsText, what_the_device_would_say_next_follows) {
                 "access-interface{gigabit-ethernet-1/1/1} (night/42/candidate.xml:11)\n"
                 "     - /b (c:3)\n"
                 "\nnothing else is wrong\n"
-                "\nwhy: vpnval explain RULE, with what stands in brackets\n");
+                "\nwhy: vpnval explain access-same-dot1q member-on-uplink\n");
 }
 
 TEST(FindingsText, that_nothing_else_is_wrong_is_said_only_where_it_is_proven) {
@@ -165,18 +165,19 @@ TEST(FindingsText, changes_in_place_are_taken_back_leaf_by_leaf) {
 TEST(FindingsText, a_repair_is_told_after_what_can_be_taken_back) {
   report::Finding finding = same_dot1q();
   const report::FilePlace place{"c", 5};
-  finding.repairs = {{report::RepairKind::free_vlans, "/a/dot1q", place, {"8", "6", "9"}, false},
-                     {report::RepairKind::free_vlans, "/a/dot1q", place, {"9"}, true},
-                     {report::RepairKind::free_pw_ids, "/a/pw-id", place, {"7"}, false},
-                     {report::RepairKind::interface_name, "/a/interface{ge1}", std::nullopt, {"ge-1", "ge-2"}, false},
-                     {report::RepairKind::two_commits, "", std::nullopt, {"2"}, false}};
+  finding.repairs = {
+      {report::RepairKind::free_vlans, "/a/dot1q", place, {"8", "6", "9"}, false},
+      {report::RepairKind::free_vlans, "/a/dot1q", place, {"9"}, true},
+      {report::RepairKind::free_pw_ids, "/a/pw-id", place, {"7"}, false},
+      {report::RepairKind::interface_name, "/a/interface{ge1}", std::nullopt, {"ge-1", "ge-2"}, false},
+      {report::RepairKind::two_commits, "", std::nullopt, {"2"}, false, "vpnval plan night/42 -o steps"}};
   EXPECT_NE(text_of(decided({finding}))
                 .find("(night/42/candidate.xml:11)\n"
                       "      or: change /a/dot1q (c:5) to what is free on this port: 8, 6 or 9\n"
                       "      or: change /a/dot1q (c:5) to what is free on every port of the VPN: 9\n"
                       "      or: change /a/pw-id (c:5) to a pw-id that is free towards this neighbour: 7\n"
                       "      or: rename /a/interface{ge1} to an interface that the element has: ge-1 or ge-2\n"
-                      "      or: make 2 commits of it, one after the other: vpnval plan DIR -o STEPS\n"),
+                      "      or: make 2 commits of it, one after the other: vpnval plan night/42 -o steps\n"),
             std::string::npos)
       << text_of(decided({finding}));
 }
@@ -273,14 +274,19 @@ TEST(FindingsText, a_message_that_the_search_did_not_come_to_has_its_node_alone)
             std::string::npos);
 }
 
-TEST(FindingsText, without_a_search_the_verdict_stands_alone) {
-  CommitReport commit = decided({same_dot1q()});
+TEST(FindingsText, without_a_search_findings_have_their_rules_and_others_are_left_to_the_verdict) {
+  report::Finding unknown = bare(same_dot1q());
+  unknown.rule.clear();
+  CommitReport commit = decided({bare(same_dot1q()), unknown});
   commit.search.end = report::SearchEnd::call_budget;
   commit.search.budget_calls = 0;
-  EXPECT_EQ(text_of(commit), "");
+  const std::string text = text_of(commit);
+  EXPECT_TRUE(text.starts_with("\nwhat the device says: 1\n\n1. rejected [access-same-dot1q]: ")) << text;
+  EXPECT_NE(text.find("\nwhy: vpnval explain access-same-dot1q\n"), std::string::npos) << text;
+  EXPECT_EQ(text.find("search stopped"), std::string::npos) << text;
   commit.search.budget_calls = 20000;
   commit.search.budget_seconds = 0;
-  EXPECT_EQ(text_of(commit), "");
+  EXPECT_EQ(text_of(commit), text);
 }
 
 TEST(FindingsText, what_is_suppressed_is_shown_with_the_line_that_suppresses_it) {
@@ -297,9 +303,9 @@ TEST(FindingsText, what_is_suppressed_is_shown_with_the_line_that_suppresses_it)
       "2. warning [member-on-uplink]: Some MPLS VPN's have access and uplink interfaces in common.\n"
       "   suppressed by known.txt:3: moves tonight\n";
   EXPECT_EQ(text_of(commit),
-            expected + "\nnothing else is wrong\n\nwhy: vpnval explain RULE, with what stands in brackets\n");
+            expected + "\nnothing else is wrong\n\nwhy: vpnval explain access-same-dot1q member-on-uplink\n");
   commit.search.budget_calls = 0;
-  EXPECT_EQ(text_of(commit), expected);
+  EXPECT_EQ(text_of(commit), expected + "\nwhy: vpnval explain access-same-dot1q member-on-uplink\n");
 }
 
 TEST(FindingsText, a_message_without_a_rule_has_no_page) {

@@ -173,6 +173,7 @@ Finding hostile() {
 CommitReport decided(std::vector<Finding> findings) {
   CommitReport commit;
   commit.name = "night/42";
+  commit.input_arguments = "night/42";
   commit.decision = host::Decision::accepted;
   for (const Finding &finding : findings) {
     if (finding.is_warning && commit.decision == host::Decision::accepted) {

@@ -9,13 +9,17 @@ namespace {
 
 using report::Suppressions;
 
+const std::chrono::sys_days today{std::chrono::year(2026) / 11 / 22};
+
 const std::string south = "/mpls/l2vpn-config/l2vpn/vpws-group{branches}/vpn{south}/access-interface{*}";
 const std::string data = "/mpls/l2vpn-config/l2vpn/vpls-group{campus}/vpn{data}/bridge-domain/access-interface{*}";
 
 /// What suppresses the finding, as "FILE:LINE: REASON"; empty: nothing.
 std::string suppressed(const report::Finding &finding, const std::string &file) {
   std::vector<report::Finding> findings{finding};
-  Suppressions::parse(file, "known.txt").apply(findings);
+  Suppressions suppressions(today);
+  suppressions.parse(file, "known.txt");
+  suppressions.apply(findings);
   if (!findings[0].suppressed) return "";
   return to_text(findings[0].suppressed->by) + ": " + findings[0].suppressed->reason;
 }
@@ -83,13 +87,39 @@ TEST(Suppressions, the_first_line_that_fits_is_the_one_that_is_shown) {
 }
 
 TEST(Suppressions, lines_that_fit_nothing_are_told) {
-  Suppressions suppressions = Suppressions::parse("access-same-dot1q " + south + " # known\naccess-same-dot1q " + data +
-                                                      " # known, too\nvpn-limit /mpls # long gone\n",
-                                                  "known.txt");
+  Suppressions suppressions(today);
+  suppressions.parse("access-same-dot1q " + south + " # known\naccess-same-dot1q " + data +
+                         " # known, too\nvpn-limit /mpls # long gone\n",
+                     "known.txt");
   EXPECT_EQ(suppressions.unused().size(), 3u);
   std::vector<report::Finding> findings{uplink_warning(), same_dot1q()};
   suppressions.apply(findings);
   EXPECT_EQ(suppressions.unused(), std::vector<std::string>{"known.txt:3: vpn-limit /mpls"});
+}
+
+TEST(Suppressions, a_line_with_a_date_holds_to_the_end_of_that_day) {
+  const std::string line = "access-same-dot1q " + south + " until ";
+  EXPECT_EQ(suppressed(same_dot1q(), line + "2026-11-22 # known"), "known.txt:1: known");
+  EXPECT_EQ(suppressed(same_dot1q(), line + "2027-01-01 # known"), "known.txt:1: known");
+  EXPECT_EQ(suppressed(same_dot1q(), line + "2026-11-21 # known"), "");
+}
+
+TEST(Suppressions, a_line_that_is_over_is_told_as_expired_and_not_as_unused) {
+  Suppressions suppressions(today);
+  suppressions.parse("vpn-limit /mpls until 2026-02-03 # x\nvpn-limit /config until 2026-12-31 # y\n", "known.txt");
+  EXPECT_EQ(suppressions.expired(), std::vector<std::string>{"known.txt:1: vpn-limit /mpls, until 2026-02-03"});
+  EXPECT_EQ(suppressions.unused(), std::vector<std::string>{"known.txt:2: vpn-limit /config"});
+}
+
+TEST(Suppressions, lines_of_several_files_count_together) {
+  Suppressions suppressions(today);
+  suppressions.parse("vpn-limit /mpls # x\n", "a.txt");
+  suppressions.parse("access-same-dot1q " + south + " # y\n", "b.txt");
+  std::vector<report::Finding> findings{same_dot1q()};
+  suppressions.apply(findings);
+  ASSERT_TRUE(findings[0].suppressed);
+  EXPECT_EQ(to_text(findings[0].suppressed->by), "b.txt:1");
+  EXPECT_EQ(suppressions.unused(), std::vector<std::string>{"a.txt:1: vpn-limit /mpls"});
 }
 
 TEST(Suppressions, a_line_that_is_none_is_an_input_error) {
@@ -103,20 +133,26 @@ TEST(Suppressions, a_line_that_is_none_is_an_input_error) {
       {"vpn-limit /mpls", "there is no reason"},
       {"vpn-limit /mpls #  ", "there is no reason"},
       {"vpn-limit /mpls{never closed # x", "there is no reason"},
+      {"vpn-limit /mpls until # x", "\"#\" is no date"},
+      {"vpn-limit /mpls until 2026-02-30 # x", "\"2026-02-30\" is no date"},
+      {"vpn-limit /mpls until 26-02-03 # x", "\"26-02-03\" is no date"},
+      {"vpn-limit /mpls until 2026-02-03T # x", "\"2026-02-03T\" is no date"},
+      {"vpn-limit /mpls until 2026-02-03 x # x", "\"x # x\" follows the path"},
+      {"vpn-limit /mpls until 2026-02-03", "there is no reason"},
       {"vpn\x1b-limit /mpls # x", "there is no rule \"vpn\\x1b-limit\""},
   };
   for (const auto &[line, fault] : rows) {
     try {
-      Suppressions::parse("# first line\n" + line + "\n", "known.txt");
+      Suppressions(today).parse("# first line\n" + line + "\n", "known.txt");
       ADD_FAILURE() << line << " is taken";
     } catch (const element::InputError &error) {
-      EXPECT_EQ(error.what(), "known.txt:2: " + fault + "; expected RULE PATH # REASON");
+      EXPECT_EQ(error.what(), "known.txt:2: " + fault + "; expected RULE PATH [until YYYY-MM-DD] # REASON");
     }
   }
 }
 
 TEST(Suppressions, a_file_that_is_not_there_is_a_file_error) {
-  EXPECT_THROW(Suppressions::read("/nowhere/known.txt"), element::FileError);
+  EXPECT_THROW(Suppressions(today).read("/nowhere/known.txt"), element::FileError);
 }
 
 }  // namespace

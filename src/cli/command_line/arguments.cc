@@ -3,30 +3,23 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <map>
 #include <set>
 
 #include "cli/command_line/budget.h"
 #include "cli/command_line/errors.h"
+#include "cli/command_line/help.h"
+#include "cli/command_line/near_names.h"
 
 namespace cli {
 namespace {
 
 constexpr std::size_t kMostJobs = 256;
 
-std::string exit_status_text() {
-  std::string text = "Exit status:\n";
-  for (const auto &[status, meaning] : exit_status_table) {
-    text += fmt::format("  {:<4}{}\n", static_cast<int>(status), meaning);
-  }
-  return text;
-}
-
-const std::map<std::string, Format> formats{{"text", Format::text},
-                                            {"json", Format::json},
-                                            {"sarif", Format::sarif},
-                                            {"junit", Format::junit},
-                                            {"github", Format::github}};
+const std::map<std::string, Format> formats{{"text", Format::text},     {"json", Format::json},
+                                            {"sarif", Format::sarif},   {"junit", Format::junit},
+                                            {"github", Format::github}, {"markdown", Format::markdown}};
 const std::map<std::string, TableFormat> table_formats{{"text", TableFormat::text}, {"json", TableFormat::json}};
 const std::map<std::string, Colour> colours{
     {"auto", Colour::on_a_terminal}, {"always", Colour::always}, {"never", Colour::never}};
@@ -62,7 +55,7 @@ void add_outputs(CLI::App &command, CheckArguments &check) {
           "times")
       ->allow_extra_args(false)
       ->type_name("")
-      ->option_text("[FORMAT=]FILE");
+      ->option_text("FILE");
   command.add_flag("-q,--quiet", check.quiet, "No text for people; errors that are in no result are told all the same");
 }
 
@@ -103,7 +96,9 @@ void add_search_options(CLI::App &command, CheckArguments &check) {
   add_budget(command, check.budget);
   command
       .add_option("--suppress", check.suppressions,
-                  "File of faults that are known, a line each: RULE PATH # REASON; implies --all-faults")
+                  "File of faults that are known, a line each: RULE PATH [until YYYY-MM-DD] # REASON; implies "
+                  "--all-faults; may be given many times")
+      ->allow_extra_args(false)
       ->type_name("FILE");
 }
 
@@ -143,14 +138,17 @@ CLI::App *add_show(CLI::App &program, ShowArguments &show) {
   command->add_option("DIR", show.input.directory, "Folder as for check")->required()->type_name("");
   command->add_option("PATH", show.path, "Print what stands at or below this path; default: all derived trees")
       ->type_name("");
+  add_files(*command, show.input);
   command->add_flag("--running-config", show.running, "Print from the running configuration, not the candidate");
-  add_foreign_options(*command, show.input);
+  add_choice(*command, "--format", table_formats, show.format, "Format of the result; text unless it is given");
   return command;
 }
 
 CLI::App *add_explain(CLI::App &program, ExplainArguments &explain) {
   CLI::App *command = program.add_subcommand("explain", "Tell what provokes a message, why, and what to do");
-  command->add_option("RULE", explain.rule, "Id of a rule, or the text of a message; default: list all rules")
+  command
+      ->add_option("RULE", explain.rules,
+                   "Ids of rules, the text of a message, a validation point, or words; default: list all rules")
       ->type_name("");
   const auto set_format = [&explain](const std::string &name) {
     explain.format = name == "markdown" ? PageFormat::markdown : PageFormat::text;
@@ -245,13 +243,43 @@ CLI::App *add_apply(CLI::App &program, ApplyArguments &apply) {
   return command;
 }
 
+std::vector<std::string> option_names(const CLI::App &command) {
+  std::vector<std::string> names;
+  for (const CLI::Option *option : command.get_options()) {
+    for (const std::string &name : option->get_lnames()) names.push_back("--" + name);
+  }
+  return names;
+}
+
+/// What a command or an option that there is not may have been meant to be.
+std::string suggestion(const CLI::App &program, const std::vector<std::string> &arguments) {
+  std::vector<std::string> commands;
+  const CLI::App *given = nullptr;
+  for (const CLI::App *command : program.get_subcommands([](const CLI::App *) { return true; })) {
+    commands.push_back(command->get_name());
+    if (!arguments.empty() && arguments.front() == command->get_name()) given = command;
+  }
+  if (given == nullptr) {
+    if (arguments.empty() || arguments.front().starts_with('-')) return {};
+    return fmt::format(": there is no \"{}\"{}", arguments.front(), did_you_mean(arguments.front(), commands));
+  }
+  const std::vector<std::string> names = option_names(*given);
+  for (const std::string &argument : arguments) {
+    const std::string name = argument.substr(0, argument.find('='));
+    if (argument == "--") break;
+    const bool is_known = std::find(names.begin(), names.end(), name) != names.end();
+    if (name.starts_with("--") && !is_known) return did_you_mean(name, names);
+  }
+  return {};
+}
+
 }  // namespace
 
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment) {
   CLI::App program{"Checks commits of MPLS layer-2 VPN configuration off the network element.", "vpnval"};
   program.set_version_flag("--version", "vpnval " VPNVAL_VERSION);
   program.require_subcommand(1);
-  program.footer(exit_status_text());
+  program.footer(help_footer());
   CheckArguments check;
   ShowArguments show;
   ExplainArguments explain;
@@ -271,14 +299,21 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   add_fetch(program, fetch);
   add_profile(program, profile);
 
-  std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+  for (CLI::App *command : program.get_subcommands({})) command->footer(help_footer(command->get_name()));
+  const std::vector<std::string> options = without_words(arguments);
+  const auto is_first = [&options](const CLI::App *command) { return command->get_name() == options.front(); };
+  if (options != arguments && options.size() > 1 && program.get_subcommands(is_first).empty()) {
+    throw UsageError("no help" + suggestion(program, options));
+  }
+  std::vector<std::string> reversed(options.rbegin(), options.rend());
   try {
     program.parse(reversed);
   } catch (const CLI::Success &request) {
     program.exit(request, environment.out, environment.err);
     return ExitStatus::accepted;
   } catch (const CLI::ParseError &error) {
-    throw UsageError(fmt::format("{} (vpnval --help lists what is expected)", error.what()));
+    throw UsageError(
+        fmt::format("{}{} (vpnval --help lists what is expected)", error.what(), suggestion(program, options)));
   }
   if (check_command->parsed()) {
     complete(check, *check_command);

@@ -27,7 +27,7 @@ struct InputArguments {
   bool list_foreign = false;         ///< list the modules of such nodes
 };
 
-enum class Format { text, json, sarif, junit, github };
+enum class Format { text, json, sarif, junit, github, markdown };
 enum class Colour { on_a_terminal, always, never };
 
 /// A file that takes the result.
@@ -54,27 +54,28 @@ struct CheckArguments {
   bool rollback = false;  ///< decide the way back, too
   bool all_faults = false;
   diagnosis::Budget budget;
-  std::string suppressions;  ///< a file; empty: none
+  std::vector<std::string> suppressions;  ///< files
   Colour colour = Colour::on_a_terminal;
 
   /// Many commits, or one that is to be decided as one of many.
   bool is_series() const { return jobs != 0 || directories.size() > 1; }
 };
 
+enum class TableFormat { text, json };
+
 struct ShowArguments {
   InputArguments input;
   std::string path;
   bool running = false;  ///< the running configuration instead of the candidate
+  TableFormat format = TableFormat::text;
 };
 
 enum class PageFormat { text, markdown };
 
 struct ExplainArguments {
-  std::string rule;  ///< id or message; empty: list all rules
+  std::vector<std::string> rules;  ///< ids, messages, a validation point or words; none: list all rules
   PageFormat format = PageFormat::text;
 };
-
-enum class TableFormat { text, json };
 
 struct HeadroomArguments {
   InputArguments input;               ///< its element is not used

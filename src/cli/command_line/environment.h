@@ -24,6 +24,11 @@ struct Environment {
 
   /// The time by which progress is shown and commits are timed.
   std::function<Clock::time_point()> clock = Clock::now;
+
+  /// The day by which suppressions end, in UTC.
+  std::function<std::chrono::sys_days()> today = [] {
+    return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+  };
 };
 
 /// The same surroundings with another stream for errors.
@@ -36,7 +41,8 @@ inline Environment with_errors_to(std::ostream &err, const Environment &environm
           environment.err_is_terminal,
           environment.no_colour,
           environment.search_path,
-          environment.clock};
+          environment.clock,
+          environment.today};
 }
 
 }  // namespace cli

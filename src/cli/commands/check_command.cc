@@ -17,7 +17,7 @@
 #include "host/run/plugin.h"
 #include "host/seam/host_session.h"
 #include "report/check_report.h"
-#include "report/escape/printable.h"
+#include "report/escape/shell_word.h"
 #include "report/json/verdict_json.h"
 #include "report/profile_faults.h"
 #include "report/summary.h"
@@ -55,14 +55,28 @@ std::string name_of(const InputArguments &input) {
   return input.edits.empty() ? input.candidate : input.edits.back();
 }
 
+/// The arguments that name a commit, for a command line to copy. A folder named as an option is keeps from being one.
+std::string as_typed(const InputArguments &input) {
+  std::string text;
+  const auto add = [&text](const std::string &option, const std::string &file) {
+    if (!file.empty()) text += (text.empty() ? "" : " ") + option + report::shell_word(file);
+  };
+  add("", input.directory.starts_with('-') ? "./" + input.directory : input.directory);
+  add("--element ", input.element);
+  add("--running ", input.running);
+  add("--candidate ", input.candidate);
+  for (const std::string &edit : input.edits) add("--edit ", edit);
+  return text;
+}
+
 /// One commit on its way to a verdict, with the text that is written on the way.
 class SingleCommit {
  public:
   SingleCommit(const CheckArguments &arguments, const Environment &environment, Outputs &outputs)
-      : arguments_(arguments), environment_(environment), outputs_(outputs) {}
+      : arguments_(arguments), environment_(environment), outputs_(outputs), suppressions_(environment.today()) {}
 
   report::CommitResult decide() {
-    if (!arguments_.suppressions.empty()) suppressions_ = report::Suppressions::read(arguments_.suppressions);
+    for (const std::string &file : arguments_.suppressions) suppressions_.read(file);
     const CommitInput input(find_input_files(arguments_.input), read_options(arguments_.input));
     host::HostSession session(input.profile());
     const host::Plugin plugin(find_plugin_file(arguments_.plugin, environment_));
@@ -71,12 +85,14 @@ class SingleCommit {
     ExitStatus status = worse(status_of(report_.commit, arguments_.fail_on_warn), refusal_status_);
     if (arguments_.rollback) status = worse(status, decide_way_back(input, plugin, session));
     report_.commit.unused_suppressions = suppressions_.unused();
+    report_.commit.expired_suppressions = suppressions_.expired();
     return {report_.commit, static_cast<int>(status), report::verdict_json(report_)};
   }
 
  private:
   void begin(const CommitInput &input, const host::Plugin &plugin) {
     report_.commit.name = name_of(arguments_.input);
+    report_.commit.input_arguments = as_typed(arguments_.input);
     report_.inputs = input.files();
     report_.plugin_file = plugin.file().string();
     report_.build_id = plugin.build_id();
@@ -138,9 +154,8 @@ report::CommitResult decide(const CheckArguments &arguments, const Environment &
     const auto start = environment.clock();
     report::CommitResult result = SingleCommit(arguments, environment, outputs).decide();
     result.commit.seconds = std::chrono::duration<double>(environment.clock() - start).count();
-    for (const std::string &line : result.commit.unused_suppressions) {
-      environment.err << "vpnval: unused suppression: " << report::printable(line) << '\n';
-    }
+    tell_suppressions(environment.err, "unused", result.commit.unused_suppressions);
+    tell_suppressions(environment.err, "expired", result.commit.expired_suppressions);
     outputs.write(result);
     return result;
   } catch (...) {

@@ -18,7 +18,6 @@
 #include "cli/workers/commit_result.h"
 #include "process/batch.h"
 #include "process/interrupts.h"
-#include "report/escape/printable.h"
 #include "report/summary.h"
 #include "report/suppressions.h"
 #include "report/text/summary_text.h"
@@ -55,11 +54,16 @@ class Series {
 
   /// Reads what all commits share: a fault in it is one result, not one for each of them.
   bool can_begin() {
+    std::string name;
     try {
-      if (!arguments_.suppressions.empty()) report::Suppressions::read(arguments_.suppressions);
+      report::Suppressions suppressions(environment_.today());
+      for (const std::string &file : arguments_.suppressions) {
+        name = file;
+        suppressions.read(file);
+      }
       return true;
     } catch (...) {
-      const report::CommitResult result = tell_undecided(arguments_, environment_, arguments_.suppressions, outputs_);
+      const report::CommitResult result = tell_undecided(arguments_, environment_, name, outputs_);
       decided_.add(result.commit);
       worst_ = static_cast<ExitStatus>(result.exit_status);
       return false;
@@ -92,9 +96,8 @@ class Series {
     progress_.clear();
     outputs_.finish(decided_, worst_);
     if (!is_text) report::write_summary(environment_.err, decided_);
-    for (const std::string &line : decided_.unused_suppressions) {
-      environment_.err << "vpnval: unused suppression: " << report::printable(line) << '\n';
-    }
+    tell_suppressions(environment_.err, "unused", decided_.unused_suppressions);
+    tell_suppressions(environment_.err, "expired", decided_.expired_suppressions);
     return worst_;
   }
 

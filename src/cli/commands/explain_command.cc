@@ -1,12 +1,18 @@
 #include "cli/commands/explain_command.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
-#include <numeric>
+#include <cctype>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/command_line/errors.h"
+#include "cli/command_line/near_names.h"
 #include "report/text/rule_page.h"
 #include "rules/rule.h"
 
@@ -24,50 +30,87 @@ std::vector<const Rule *> find_rules(std::string_view id_or_message) {
   return found;
 }
 
-/// How many characters must be typed, deleted or replaced to make one text of the other.
-std::size_t distance(std::string_view from, std::string_view to) {
-  std::vector<std::size_t> row(to.size() + 1);
-  std::iota(row.begin(), row.end(), std::size_t{0});
-  for (const char character : from) {
-    std::size_t diagonal = row[0]++;
-    for (std::size_t at = 1; at < row.size(); ++at) {
-      const std::size_t replaced = diagonal + (character == to[at - 1] ? 0 : 1);
-      diagonal = row[at];
-      row[at] = std::min({row[at] + 1, row[at - 1] + 1, replaced});
-    }
-  }
-  return row.back();
-}
-
-bool is_near(std::string_view id, std::string_view wanted) {
-  if (wanted.size() > 2 * id.size()) return false;
-  return id.find(wanted) != id.npos || distance(wanted, id) <= 1 + id.size() / 5;
-}
-
-std::string near_ids(std::string_view wanted) {
-  std::string text;
+std::vector<const Rule *> rules_of_point(std::string_view point) {
+  std::vector<const Rule *> found;
   for (const Rule &rule : rules::all_rules()) {
-    if (is_near(rule.id, wanted)) text += fmt::format("{}{}", text.empty() ? "; near it: " : ", ", rule.id);
+    if (rule.point == point) found.push_back(&rule);
   }
+  return found;
+}
+
+std::string in_lower_case(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return text;
+}
+
+/// Rules whose page has all the words, in any order and case.
+std::vector<const Rule *> rules_with_words(const std::vector<std::string> &words) {
+  std::vector<const Rule *> found;
+  for (const Rule &rule : rules::all_rules()) {
+    const std::string page = in_lower_case(
+        fmt::format("{} {} {} {} {} {}", rule.id, rule.point, rule.message, rule.provokes, rule.why, rule.remedy));
+    const bool has_all = std::all_of(words.begin(), words.end(), [&page](const std::string &word) {
+      return page.find(in_lower_case(word)) != std::string::npos;
+    });
+    if (has_all) found.push_back(&rule);
+  }
+  return found;
+}
+
+std::vector<std::string> words_of(const std::string &text) {
+  std::istringstream stream(text);
+  return {std::istream_iterator<std::string>(stream), {}};
+}
+
+[[noreturn]] void refuse(const std::string &wanted) {
+  std::vector<std::string> ids;
+  for (const Rule &rule : rules::all_rules()) ids.push_back(rule.id);
+  throw UsageError(
+      fmt::format("there is no rule \"{}\"{} (vpnval explain lists all)", wanted, did_you_mean(wanted, ids)));
+}
+
+/// What the arguments ask for.
+struct Wanted {
+  std::vector<const Rule *> rules;
+  bool as_pages = true;  ///< else a line each
+};
+
+/// Each argument is an id or a message, or all of them together a message, a validation point, or words of pages.
+Wanted find(const std::vector<std::string> &arguments) {
+  std::vector<const Rule *> each;
+  bool is_each_known = true;
+  for (const std::string &argument : arguments) {
+    const std::vector<const Rule *> found = find_rules(argument);
+    is_each_known = is_each_known && !found.empty();
+    each.insert(each.end(), found.begin(), found.end());
+  }
+  if (is_each_known) return {each};
+  const std::string together = fmt::format("{}", fmt::join(arguments, " "));
+  if (auto found = find_rules(together); !found.empty()) return {std::move(found)};
+  if (auto found = rules_of_point(together); !found.empty()) return {std::move(found), false};
+  auto found = rules_with_words(words_of(together));
+  if (found.empty()) refuse(together);
+  const bool is_one = found.size() == 1;
+  return {std::move(found), is_one};
 }
 
 }  // namespace
 
 ExitStatus explain(const ExplainArguments &arguments, const Environment &environment) {
   const bool is_markdown = arguments.format == PageFormat::markdown;
-  if (arguments.rule.empty()) {
+  if (arguments.rules.empty()) {
     environment.out << (is_markdown ? report::markdown_index() : report::text_index());
     return ExitStatus::accepted;
   }
 
-  const std::vector<const Rule *> found = find_rules(arguments.rule);
-  if (found.empty()) {
-    throw UsageError(
-        fmt::format("there is no rule \"{}\"{} (vpnval explain lists all)", arguments.rule, near_ids(arguments.rule)));
+  const Wanted wanted = find(arguments.rules);
+  if (!wanted.as_pages) {
+    environment.out << (is_markdown ? report::markdown_index(wanted.rules) : report::text_index(wanted.rules));
+    return ExitStatus::accepted;
   }
-  for (const Rule *rule : found) {
-    if (rule != found.front()) environment.out << '\n';
+  for (const Rule *rule : wanted.rules) {
+    if (rule != wanted.rules.front()) environment.out << '\n';
     environment.out << (is_markdown ? report::markdown_page(*rule) : report::text_page(*rule));
   }
   return ExitStatus::accepted;

@@ -7,8 +7,9 @@
 
 namespace cli {
 
-/// Prints the page of a rule, found by its id or by a message's text, which two points may have in common; or all ids
-/// with their messages. Throws UsageError for a rule that there is not.
+/// Prints the pages of rules, found by id or by a message's text, which two points may have in common; the ids with
+/// their messages of a validation point's rules, of those whose pages have all the words, or of all. One rule with the
+/// words has its page printed. Throws UsageError for a rule that there is not.
 ExitStatus explain(const ExplainArguments &arguments, const Environment &environment);
 
 }  // namespace cli

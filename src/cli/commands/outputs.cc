@@ -6,6 +6,7 @@
 #include "cli/terminal/colour.h"
 #include "report/ci/github.h"
 #include "report/ci/junit.h"
+#include "report/ci/markdown.h"
 #include "report/ci/sarif.h"
 #include "report/json/series_json.h"
 #include "report/rollback.h"
@@ -46,6 +47,8 @@ std::unique_ptr<report::SeriesOutput> make_document(Format format, std::ostream 
           });
     case Format::github:
       return std::make_unique<DocumentAtEnd>(out, report::write_github);
+    case Format::markdown:
+      return std::make_unique<DocumentAtEnd>(out, report::write_markdown);
   }
   return nullptr;
 }

@@ -1,11 +1,14 @@
 #include "cli/commands/show_command.h"
 
-#include <fmt/format.h>
+#include <functional>
+#include <string>
+#include <utility>
 
 #include "cli/command_line/errors.h"
 #include "cli/input/commit_input.h"
 #include "cli/input/foreign_nodes.h"
-#include "report/escape/printable.h"
+#include "report/json/shown_json.h"
+#include "report/text/shown_text.h"
 #include "report/value_text.h"
 
 namespace cli {
@@ -15,9 +18,12 @@ using element::Node;
 using element::NodeKind;
 using element::Path;
 
+/// Takes a leaf with its value, or an entry that holds none.
+using LineWriter = std::function<void(const std::string &path, const std::string &value)>;
+
 class Printer {
  public:
-  explicit Printer(std::ostream &out) : out_(out) {}
+  explicit Printer(LineWriter write) : write_(std::move(write)) {}
 
   /// Prints a node that stands at `above`; a list as its entries. False where there was nothing to print.
   bool print(const Node &node, Path &above) {
@@ -38,19 +44,14 @@ class Printer {
     above.push_back({node.schema, node.keys});
     bool printed = print_below(node, above);
     if (!printed && (node.is_entry() || node.schema->presence || node.schema->kind == NodeKind::leaf)) {
-      print_line(node, above);
+      write_(to_text(above), report::value_text(node));
       printed = true;
     }
     above.pop_back();
     return printed;
   }
 
-  void print_line(const Node &node, const Path &path) {
-    const std::string value = report::value_text(node);
-    out_ << report::printable(to_text(path)) << (value.empty() ? "" : ": ") << report::printable(value) << '\n';
-  }
-
-  std::ostream &out_;
+  LineWriter write_;
 };
 
 bool print_derived(Printer &printer, const element::Tree &tree) {
@@ -79,11 +80,14 @@ ExitStatus show(const ShowArguments &arguments, const Environment &environment) 
   const element::Transaction &transaction = input.transaction();
   const element::Tree &tree = arguments.running ? transaction.running : transaction.candidate;
 
-  Printer printer(environment.out);
+  report::ShownNodes nodes;
+  Printer printer([&nodes](const std::string &path, const std::string &value) { nodes.push_back({path, value}); });
   try {
     const bool printed =
         arguments.path.empty() ? print_derived(printer, tree) : print_at(printer, tree, arguments.path);
     if (!printed) environment.err << "no such node\n";
+    const auto write = arguments.format == TableFormat::json ? report::write_shown_json : report::write_shown_text;
+    write(environment.out, nodes);
   } catch (const element::PathError &error) {
     throw UsageError(error.what());
   }

@@ -12,7 +12,7 @@ namespace cli {
 namespace {
 
 std::vector<std::string> named_files(const CheckArguments &arguments) {
-  std::vector<std::string> names{arguments.suppressions};
+  std::vector<std::string> names = arguments.suppressions;
   try {
     const InputFiles files = find_input_files(arguments.input);
     for (const auto &file : {files.element, files.running, files.candidate}) names.push_back(file.string());

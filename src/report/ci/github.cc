@@ -35,7 +35,7 @@ void write_command(std::ostream &out, std::string_view command, const FilePlace 
   out << "::" << command << ' ';
   if (!place.file.empty()) out << "file=" << property(place.file) << ',';
   if (place.line != 0) out << "line=" << place.line << ',';
-  out << "title=" << property(title) << "::" << message_data(message) << '\n';
+  out << "title=" << property(printable(title)) << "::" << message_data(message) << '\n';
 }
 
 /// "access-same-dot1q (the device says)": the runner shows titles in the order of the files, not of the findings.
@@ -60,6 +60,7 @@ void write_finding(std::ostream &out, const Finding &finding, bool is_rollback) 
 void write_github(std::ostream &out, const std::vector<CommitReport> &commits) {
   for (const CommitReport &commit : commits) {
     if (!commit.decision) write_command(out, "error", commit.error_place, commit.name, printable(commit.error));
+    if (!commit.refusal.empty()) write_command(out, "error", {}, commit.name, "refused: " + commit.refusal);
     for (const UnreadableName &name : commit.unreadable) write_command(out, "warning", {}, commit.name, to_text(name));
     for (const Finding &finding : commit.findings) {
       if (!finding.suppressed) write_finding(out, finding, commit.is_rollback);

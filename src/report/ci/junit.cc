@@ -20,6 +20,7 @@ enum class Outcome { passed, failed, skipped, error };
 
 Outcome outcome_of(const CommitReport &commit, bool fail_on_warn) {
   if (!commit.decision) return Outcome::error;
+  if (!commit.refusal.empty()) return Outcome::failed;
   if (*commit.decision != host::Decision::rejected) {
     return fail_on_warn && has_open_warning(commit) ? Outcome::failed : Outcome::passed;
   }
@@ -76,9 +77,9 @@ struct Fails {
 /// warnings unseen that may not be suppressed.
 void write_failure(std::ostream &out, const CommitReport &commit, Fails fails) {
   const auto first = std::find_if(commit.findings.begin(), commit.findings.end(), fails);
-  std::string message = search_end_text(commit.search);
-  std::string type = "search-stopped";
-  if (first != commit.findings.end()) {
+  std::string message = commit.refusal.empty() ? search_end_text(commit.search) : commit.refusal;
+  std::string type = commit.refusal.empty() ? "search-stopped" : "refused";
+  if (commit.refusal.empty() && first != commit.findings.end()) {
     message = first->message;
     type = first->rule.empty() ? first->point : first->rule;
   }

@@ -116,6 +116,13 @@ class ResultWriter {
   std::map<std::string_view, std::size_t> indices_;
 };
 
+ordered_json refusal_json(const CommitReport &commit) {
+  return {{"ruleId", "refused"},
+          {"level", "error"},
+          {"message", message_json("refused: " + commit.refusal)},
+          {"properties", {{"commit", commit.name}}}};
+}
+
 /// What could not be decided is a result of its own: a reader that shows results alone must not take it for accepted.
 ordered_json undecided_json(const CommitReport &commit) {
   ordered_json json{{"ruleId", "not-decided"}, {"level", "error"}, {"message", message_json(commit.error)}};
@@ -163,6 +170,7 @@ void write_sarif(std::ostream &out, const std::vector<CommitReport> &commits) {
   ordered_json results = ordered_json::array();
   for (const CommitReport &commit : commits) {
     if (!commit.decision) results.push_back(undecided_json(commit));
+    if (!commit.refusal.empty()) results.push_back(refusal_json(commit));
     for (const Finding &finding : commit.findings) results.push_back(result_json(commit, finding));
   }
   ordered_json run;

@@ -74,6 +74,7 @@ ordered_json repair_json(const RepairReport &repair) {
   if (!repair.path.empty()) json["path"] = repair.path;
   if (repair.place) json["place"] = place_json(*repair.place);
   json["values"] = repair.values;
+  if (!repair.command.empty()) json["command"] = repair.command;
   if (repair.kind == RepairKind::free_vlans) json["on-all-ports"] = repair.on_all_ports;
   return json;
 }
@@ -84,6 +85,7 @@ RepairReport read_repair(const ordered_json &json) {
   repair.path = json.value("path", "");
   repair.place = optional_place(json, "place");
   repair.values = json.at("values").get<std::vector<std::string>>();
+  repair.command = json.value("command", "");
   repair.on_all_ports = json.value("on-all-ports", false);
   return repair;
 }

@@ -64,6 +64,7 @@ ordered_json summary_json(const SeriesSummary &summary, int exit_status) {
                     {"findings", findings},
                     {"unused-suppressions", summary.unused_suppressions},
                     {"status", exit_status}};
+  if (!summary.expired_suppressions.empty()) json["expired-suppressions"] = summary.expired_suppressions;
   if (summary.with_foreign_nodes != 0) json["with-foreign-nodes"] = summary.with_foreign_nodes;
   return json;
 }

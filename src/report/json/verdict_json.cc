@@ -91,6 +91,7 @@ std::string verdict_json(const CheckReport &report) {
   json["advice"] = advice_json(report.commit.advice);
   json["search"] = search_json(report.commit.search);
   json["unused-suppressions"] = report.commit.unused_suppressions;
+  if (!report.commit.expired_suppressions.empty()) json["expired-suppressions"] = report.commit.expired_suppressions;
   if (report.rollback) json["rollback"] = rollback_json(report.commit.rollback.front(), *report.rollback);
   if (report.with_trace) json["trace"] = report.verdict.statistics.trace;
   // A message may end within a character: the library cuts long names at a number of bytes.
@@ -112,6 +113,7 @@ CommitReport read_verdict(const ordered_json &json, const std::string &name) {
   commit.advice = read_advice(json.at("advice"));
   commit.search = read_search(json.at("search"));
   commit.unused_suppressions = json.at("unused-suppressions").get<std::vector<std::string>>();
+  commit.expired_suppressions = json.value("expired-suppressions", std::vector<std::string>());
   if (json.contains("rollback")) commit.rollback.push_back(read_rollback(json["rollback"], name));
   return commit;
 }

@@ -107,7 +107,8 @@ std::string repair_text(const RepairReport &repair) {
     case RepairKind::interface_name:
       return fmt::format("rename {} to an interface that the element has: {}", where, values);
     case RepairKind::two_commits:
-      return fmt::format("make {} commits of it, one after the other: vpnval plan DIR -o STEPS", values);
+      return fmt::format("make {} commits of it, one after the other: {}", values,
+                         printable(repair.command.empty() ? "vpnval plan" : repair.command));
   }
   return {};
 }

@@ -57,6 +57,7 @@ void write_advice_for_all(std::ostream &out, const CommitReport &commit, const T
   write_advice(out, lead_for_all(commit), commit.advice, style);
 }
 
+/// Commands to copy and run.
 void write_hints(std::ostream &out, const CommitReport &commit) {
   std::set<std::string_view> rules;
   for (const Finding &finding : commit.findings) rules.insert(finding.rule);
@@ -64,9 +65,10 @@ void write_hints(std::ostream &out, const CommitReport &commit) {
   const bool may_hide = !commit.search.all_faults && count_open(commit.findings, false) != 0;
   if (rules.empty() && !may_hide) return;
   out << '\n';
-  if (rules.size() == 1) out << "why: vpnval explain " << *rules.begin() << '\n';
-  if (rules.size() > 1) out << "why: vpnval explain RULE, with what stands in brackets\n";
-  if (may_hide) out << "what else is wrong, if anything: vpnval check --all-faults\n";
+  if (!rules.empty()) out << fmt::format("why: vpnval explain {}\n", fmt::join(rules, " "));
+  // The way back has no arguments of its own.
+  if (!may_hide || commit.input_arguments.empty()) return;
+  out << fmt::format("what else is wrong, if anything: vpnval check --all-faults {}\n", commit.input_arguments);
 }
 
 /// "there may be further findings of vpn-limit".
@@ -98,7 +100,7 @@ void write_findings(std::ostream &out, const CommitReport &commit, const TextSty
   const bool searched = is_wanted(commit.search);
   std::vector<Finding> shown;
   std::copy_if(commit.findings.begin(), commit.findings.end(), std::back_inserter(shown),
-               [searched](const Finding &finding) { return searched || finding.suppressed; });
+               [searched](const Finding &finding) { return searched || finding.suppressed || !finding.rule.empty(); });
   if (shown.empty()) return;
 
   const auto next = std::stable_partition(shown.begin(), shown.end(), [](const Finding &f) { return f.from_device; });
@@ -109,7 +111,7 @@ void write_findings(std::ostream &out, const CommitReport &commit, const TextSty
     out << '\n';
     write_numbered(out, i + 1, shown[i], style);
   }
-  if (!searched) return;
+  if (!searched) return write_hints(out, commit);
   write_advice_for_all(out, commit, style);
   if (is_proven_complete(commit.search)) out << "\nnothing else is wrong\n";
   const std::string end = search_end_text(commit.search);

@@ -10,7 +10,8 @@
 namespace report {
 
 /// What stands below a verdict: what the device says and what it would say next, each with its explanation, what is to
-/// be done about all of it, and whether there may be more. Without a search, the suppressed findings alone.
+/// be done about all of it, and whether there may be more. Without a search, findings without a rule are left out: the
+/// verdict says as much.
 void write_findings(std::ostream &out, const CommitReport &commit, const TextStyle &style);
 
 /// "for the commit to be accepted: take back ..." in one line; empty where there is no such advice, or one finding

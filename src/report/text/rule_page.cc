@@ -68,6 +68,12 @@ constexpr std::string_view kIndexHead =
     "`%s`, `%d` and `%u` stand for what the message names. VPNs are named in prefixed form: `vpls-group campus vpn "
     "data`. A message is a rejection unless its row says Warning.\n";
 
+std::vector<const Rule *> every_rule() {
+  std::vector<const Rule *> rules;
+  for (const Rule &rule : rules::all_rules()) rules.push_back(&rule);
+  return rules;
+}
+
 }  // namespace
 
 std::string text_page(const Rule &rule) {
@@ -89,22 +95,27 @@ std::string markdown_page(const Rule &rule) {
       rule.remedy, markdown_examples(rule), source_link(rule));
 }
 
-std::string text_index() {
+std::string text_index(const std::vector<const Rule *> &rules) {
   std::size_t width = 0;
-  for (const Rule &rule : rules::all_rules()) width = std::max(width, rule.id.size());
+  for (const Rule *rule : rules) width = std::max(width, rule->id.size());
 
   std::string text;
-  for (const Rule &rule : rules::all_rules()) {
-    text += fmt::format("{:{}}  {}{}\n", rule.id, width, rule.severity == Severity::warning ? "warning: " : "",
-                        rule.message);
+  for (const Rule *rule : rules) {
+    text += fmt::format("{:{}}  {}{}\n", rule->id, width, rule->severity == Severity::warning ? "warning: " : "",
+                        rule->message);
   }
   return text;
 }
 
-std::string markdown_index() {
+std::string text_index() { return text_index(every_rule()); }
+
+std::string markdown_index() { return markdown_index(every_rule()); }
+
+std::string markdown_index(const std::vector<const Rule *> &rules) {
   std::string text{kIndexHead};
   std::string_view point;
-  for (const Rule &rule : rules::all_rules()) {
+  for (const Rule *listed : rules) {
+    const Rule &rule = *listed;
     if (rule.point != point) {
       text += fmt::format(
           "\n## `{}`\n\n| Id | Message | What provokes it | Rule in `src/lib` | Examples |\n|---|---|---|---|---|\n",
