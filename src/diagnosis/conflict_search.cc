@@ -66,12 +66,12 @@ void ConflictSearch::find_at(const std::string &point, NumberSet left) {
   }
 }
 
-/// Finds what the point says of the entries as they are.
-void ConflictSearch::look_at(const std::string &point, const NumberSet &set) {
+/// Finds what is said of the entries as they are, by the point or by any.
+void ConflictSearch::look_at(const NumberSet &set, const std::string *point) {
   const std::optional<NumberSet> answer = set.empty() ? NumberSet{} : context_.oracle.ask({set, {}});
   if (!answer) return;
   for (const std::uint32_t message : *answer) {
-    if (point_of(message) == point) explain(set, message);
+    if (point == nullptr || point_of(message) == *point) explain(set, message);
   }
 }
 
@@ -204,10 +204,10 @@ bool ConflictSearch::explore_presence(const NumberSet &region) {
 // Another fault of the same point may hide one, and what is party of any fault may mend it: what is known is taken out
 // in every way all at once, and then point by point, so that more is left beside it.
 void ConflictSearch::explore_independent_sets(const NumberSet &set) {
-  find_among(set);
   std::size_t known = 0;
   do {
     known = conflicts_.size();
+    look_at(set);
     FoundConflicts counting;
     for (const FoundConflict &conflict : conflicts_) {
       if (is_subset(conflict.entries, set)) counting.push_back(conflict);
@@ -236,14 +236,16 @@ void ConflictSearch::look_beside(const NumberSet &set, const std::string &point,
   FoundConflicts of_many = conflicts;
   const std::size_t limits = std::erase_if(no_limits, is_limit);
   const std::size_t of_one = std::erase_if(of_many, is_of_one);
-  const auto look = [&](const NumberSet &beside) { look_at(point, beside); };
+  const auto look = [&](const NumberSet &beside) { look_at(beside, &point); };
   if (limits != 0) ask_beside(set, no_limits, look);
   if (of_one != 0) ask_beside(set, of_many, look);
   std::erase_if(of_many, is_limit);
   if (limits != 0 && of_one != 0) ask_beside(set, of_many, look);
 }
 
-/// Asks about the set with the parties of the conflicts in sets that keep to them, until something new is found.
+/// Asks about the set with the parties of the conflicts in sets that keep to them, until something new is found. Each
+/// party is asked about beside all the rest once; what parties of a large commit have with each other is asked about
+/// beside what is near them.
 void ConflictSearch::ask_beside(const NumberSet &set, const FoundConflicts &conflicts,
                                 const std::function<void(const NumberSet &)> &ask) {
   NumberSet members;
@@ -260,10 +262,15 @@ void ConflictSearch::ask_beside(const NumberSet &set, const FoundConflicts &conf
   if (!independent.is_covering) {
     for (const FoundConflict &conflict : conflicts) unfinished_points_.insert(point_of(conflict.message));
   }
+  const NumberSet near = context_.locality == nullptr ? set : context_.entries.closure(context_.scope(members));
+  NumberSet seen;
   const std::size_t known = conflicts_.size();
   for (const NumberSet &beside : independent.sets) {
     if (context_.oracle.has_ended() || conflicts_.size() != known) return;
-    ask(context_.entries.without(set, minus(members, beside)));
+    const bool brings_new = !is_subset(beside, seen) || beside.empty();
+    seen = united(seen, beside);
+    const NumberSet asked = context_.entries.without(set, minus(members, beside));
+    ask(brings_new ? asked : intersection(asked, near));
   }
 }
 

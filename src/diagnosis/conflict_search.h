@@ -40,7 +40,7 @@ class ConflictSearch {
  private:
   void find_among(const NumberSet &set);
   void find_at(const std::string &point, NumberSet left);
-  void look_at(const std::string &point, const NumberSet &set);
+  void look_at(const NumberSet &set, const std::string *point = nullptr);
   void explain(const NumberSet &set, std::uint32_t message);
   void explain_limit(const NumberSet &set, std::uint32_t message);
   bool record(FoundConflict conflict);

@@ -166,7 +166,7 @@ bool CorrectionCheck::is_proven_around(const std::vector<bool> &is_own, const Nu
   for (std::size_t i = 0; i < conflicts_.size(); ++i) {
     if (is_own[i] || !is_subset(conflicts_[i].parties, scope)) continue;
     others = united(others, conflicts_[i].innermost());
-    bounds.push_back(bound_of(context_, conflicts_[i]));
+    bounds.push_back(within(bound_of(context_, conflicts_[i]), scope));
   }
   if (!holds_known_pairs(is_own, entries_of(context_, parts), united(others, kept))) return false;
   others = minus(others, kept);

@@ -44,15 +44,18 @@ std::size_t choose(std::size_t of, std::size_t number) {
 }
 
 /// A word for each of `number` conflicts, such that any two of them show all four pairs of bits at one place or
-/// another, with one place more where all bits are 0: words of equal weight, so that none holds another (Katona 1973,
-/// Kleitman and Spencer 1973: no shorter ones do).
+/// another: all bits are 0 at the first place and 1 at the second, and behind these no word holds another, for their
+/// weights are equal (Sperner 1928: no shorter ones do).
 class Words {
  public:
   explicit Words(std::size_t number) {
-    while (choose(places_ - 1, (places_ + 1) / 2) < number) ++places_;
-    std::uint64_t word = (std::uint64_t{1} << (places_ + 1) / 2) - 1;
+    std::size_t length = 0;
+    while (choose(length, length / 2) < number) ++length;
+    places_ = kConstantPlaces + length;
+    std::uint64_t word = (std::uint64_t{1} << length / 2) - 1;
     for (std::size_t i = 0; i < number; ++i) {
       words_.push_back(word);
+      if (word == 0) break;
       const std::uint64_t lowest = word & (~word + 1);
       const std::uint64_t carried = word + lowest;
       word = carried | ((word ^ carried) / lowest >> 2U);  // the next number with as many bits
@@ -60,10 +63,14 @@ class Words {
   }
 
   std::size_t places() const { return places_; }
-  bool bit(std::size_t conflict, std::size_t place) const { return (words_[conflict] >> place & 1U) != 0; }
+  bool bit(std::size_t conflict, std::size_t place) const {
+    return place < kConstantPlaces ? place == 1 : (words_[conflict] >> (place - kConstantPlaces) & 1U) != 0;
+  }
 
  private:
-  std::size_t places_ = 2;
+  static constexpr std::size_t kConstantPlaces = 2;
+
+  std::size_t places_ = 0;
   std::vector<std::uint64_t> words_;
 };
 
@@ -251,6 +258,16 @@ class Covering {
 };
 
 }  // namespace
+
+Bound within(const Bound &bound, const NumberSet &set) {
+  Bound left{{}, bound.most};
+  for (std::size_t i = 0; i < bound.parties.size(); ++i) {
+    if (!contains(set, bound.parties[i])) continue;
+    left.parties.push_back(bound.parties[i]);
+    left.weights.push_back(bound.weight(i));
+  }
+  return left;
+}
 
 IndependentSets independent_sets(const std::vector<Bound> &bounds, const NumberSet &kept, std::size_t most_sets,
                                  const std::function<bool()> &is_over) {

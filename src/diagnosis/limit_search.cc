@@ -105,12 +105,16 @@ std::vector<NumberSet> counted_groups(const SearchContext &context, const Number
 FoundConflicts find_exceeded_limits(const SearchContext &context, const NumberSet &entries, std::uint32_t message) {
   const Limit limit(context, message);
   FoundConflicts conflicts;
-  const std::vector<std::vector<Share>> of_all = limit.exceeding_groups(context.all());
+  const NumberSet commit = context.all();
+  const std::vector<std::vector<Share>> of_all = limit.exceeding_groups(commit);
+  const auto is_drawn_by = [&](const std::vector<Share> &group) {
+    return context.oracle.reproduces(commit, message) ||
+           context.oracle.reproduces(context.entries.closure(entries_of(group)), message);
+  };
   for (std::vector<Share> &group : limit.exceeding_groups(entries)) {
     const auto whole = std::find_if(of_all.begin(), of_all.end(),
                                     [&group](const std::vector<Share> &all) { return shares_entry(all, group); });
-    const bool is_whole =
-        whole != of_all.end() && context.oracle.reproduces(context.entries.closure(entries_of(*whole)), message);
+    const bool is_whole = whole != of_all.end() && is_drawn_by(*whole);
     add_conflicts(context, limit, message, is_whole ? *whole : std::move(group), conflicts);
   }
   return conflicts;

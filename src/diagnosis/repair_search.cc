@@ -215,8 +215,8 @@ std::vector<NumberSet> RepairSearch::surroundings(const CandidateEdit &edit, con
       // The edit may make other conflicts of its entry go, too.
       const bool is_near = !intersection(conflict.parties, own).empty();
       if (is_near && is_gone(conflict.entries, {conflict.message}, edit)) continue;
-      others = united(others, conflict.innermost());
-      bounds.push_back(bound_of(context_, conflict));
+      bounds.push_back(within(bound_of(context_, conflict), scope));
+      others = united(others, bounds.back().parties);
     }
   }
   others = minus(others, own);

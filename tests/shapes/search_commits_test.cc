@@ -12,6 +12,7 @@
 namespace {
 
 constexpr std::size_t kScale = 100;
+constexpr diagnosis::Budget kAmple{.calls = 1'000'000, .time = std::chrono::hours(24)};
 
 class SearchCommits : public testing::TestWithParam<bench::SearchCommitKind> {};
 
@@ -22,15 +23,17 @@ TEST_P(SearchCommits, have_the_findings_that_they_are_made_for) {
   host::HostSession session(commit.profile);
   const host::Plugin plugin(PLUGIN_FILE);
   const host::Verdict verdict = host::validate_commit(plugin, session, *transaction);
-  const diagnosis::Diagnosis found =
-      diagnosis::diagnose(plugin, session, *transaction, verdict, {.with_repairs = false});
+  const diagnosis::Diagnosis found = diagnosis::diagnose(plugin, session, *transaction, verdict, {.budget = kAmple});
   EXPECT_EQ(found.end, diagnosis::SearchEnd::complete);
   // A hundredth of the pseudowires are below the limit.
   const bool has_limit = GetParam() == bench::SearchCommitKind::pseudowires_beyond_limit;
   EXPECT_EQ(found.findings.size(), commit.findings - (has_limit ? 1 : 0));
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, SearchCommits, testing::ValuesIn(bench::kSearchCommitKinds),
-                         [](const auto &info) { return std::string(bench::name(info.param)); });
+std::string test_name(const testing::TestParamInfo<bench::SearchCommitKind> &tested) {
+  return std::string(bench::name(tested.param));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, SearchCommits, testing::ValuesIn(bench::kSearchCommitKinds), test_name);
 
 }  // namespace
