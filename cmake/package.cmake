@@ -10,6 +10,13 @@ install(TARGETS element_host config_validate_vpn LIBRARY DESTINATION ${private_l
 file(GLOB yang_modules CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/yang/*.yang)
 install(FILES ${yang_modules} DESTINATION share/vpnval/yang)
 
+# For many commits: docs/many-commits.md. The schemas are those of the documents that the program reads and prints.
+file(GLOB schemas CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/*.schema.json)
+install(PROGRAMS tools/decide_chunk DESTINATION share/vpnval)
+install(FILES tools/sum_up.jq DESTINATION share/vpnval)
+install(FILES ${schemas} DESTINATION share/vpnval/schemas)
+install(DIRECTORY examples DESTINATION share/doc/vpnval)
+
 install(FILES completions/vpnval.bash DESTINATION share/bash-completion/completions RENAME vpnval)
 install(FILES completions/_vpnval DESTINATION share/zsh/vendor-completions)
 
@@ -51,6 +58,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXE
                                                 WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION net)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "jq")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 include(CPack)

@@ -49,7 +49,16 @@ std::set<std::string> expected_files() {
       "-rw-r--r-- /usr/share/zsh/vendor-completions/_vpnval",
       "-rw-r--r-- /usr/share/doc/vpnval/changelog.gz",
       "-rw-r--r-- /usr/share/doc/vpnval/copyright",
+      "-rwxr-xr-x /usr/share/vpnval/decide_chunk",
+      "-rw-r--r-- /usr/share/vpnval/sum_up.jq",
   };
+  for (const auto &name : names_in(SOURCE_DIR "/docs")) {
+    if (name.ends_with(".schema.json")) files.insert("-rw-r--r-- /usr/share/vpnval/schemas/" + name);
+  }
+  for (const auto &entry : fs::recursive_directory_iterator(SOURCE_DIR "/examples")) {
+    const std::string name = fs::relative(entry.path(), SOURCE_DIR).string();
+    if (entry.is_regular_file()) files.insert("-rw-r--r-- /usr/share/doc/vpnval/" + name);
+  }
   for (const auto &name : names_in(SOURCE_DIR "/yang")) files.insert("-rw-r--r-- /usr/share/vpnval/yang/" + name);
   for (const auto &name : names_in(SOURCE_DIR "/docs/man")) {
     files.insert("-rw-r--r-- /usr/share/man/man1/" + name + ".gz");
@@ -130,6 +139,15 @@ TEST_F(Package, decides_a_commit_where_it_is_unpacked) {
   EXPECT_NE(result.output.find("decided by " + root + libraries + "libconfig_validate_vpn.so, build id "),
             std::string::npos)
       << result.output;
+}
+
+TEST_F(Package, decides_a_chunk_of_its_examples_and_sums_up) {
+  const std::string share = root + "/usr/share";
+  const std::string script = "cd " + scratch + " && ls -d " + share +
+                             "/doc/vpnval/examples/vpn-count-* >chunk && VPNVAL=" + root + "/usr/bin/vpnval " + share +
+                             "/vpnval/decide_chunk chunk result && jq -n -f " + share +
+                             "/vpnval/sum_up.jq result | jq -c '[.accepted, .rejected]'";
+  EXPECT_EQ(run_clean("sh -c \"" + script + "\"").output, "[1,1]\n");
 }
 
 TEST_F(Package, takes_its_own_libraries_and_knows_nothing_of_the_build) {
