@@ -85,6 +85,14 @@ ChangeSummary summarize_changes(const Change &root) {
   return summarizer.summary;
 }
 
+std::string in_force_text(const ChangeSummary &summary) {
+  std::vector<std::string> parts;
+  for (const ObjectKind &kind : kObjectKinds) {
+    parts.push_back(fmt::format("{} {}", kind.plural, (summary.*kind.changes).added));
+  }
+  return fmt::format("in force: {}", fmt::join(parts, ", "));
+}
+
 std::string change_summary_text(const ChangeSummary &summary) {
   if (summary.is_nothing) return "summary: nothing to commit";
   std::vector<std::string> parts;

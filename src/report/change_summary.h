@@ -47,6 +47,9 @@ inline constexpr std::array<ObjectKind, 4> kObjectKinds{{{&ChangeSummary::vpns, 
 /// commit", or "summary: no VPN, attachment, neighbour or member is touched" where it is something else that changes.
 std::string change_summary_text(const ChangeSummary &summary);
 
+/// "in force: VPNs 12, attachments 30, neighbours 8, members 0": of a commit that adds all there is.
+std::string in_force_text(const ChangeSummary &summary);
+
 }  // namespace report
 
 #endif

@@ -48,6 +48,7 @@ struct CommitReport {
   std::string input_arguments;  ///< what names it on a command line, quoted for a shell; empty for one of many
   std::optional<host::Decision> decision;  ///< nothing: there is an error instead
   std::string error;                       ///< why it could not be decided, one line
+  bool is_audit = false;                   ///< of what is in force, not of a change
   std::string refusal;                     ///< why it is not to be committed whatever the library says; empty: none
   FilePlace error_place;                   ///< where that stands; without a file where it is not known
   double seconds = 0;                      ///< how long it took; not known of a rollback by itself

@@ -13,7 +13,8 @@ std::string to_text(const FilePlace &place) {
 }
 
 const FilePlace *place_of(const NodeReport &node) {
-  const bool is_new = node.status == ChangeStatus::added || node.status == ChangeStatus::changed;
+  const bool is_new = node.status == ChangeStatus::added || node.status == ChangeStatus::changed ||
+                      node.status == ChangeStatus::in_force;
   const std::optional<FilePlace> &place = is_new ? node.candidate : node.running;
   return place ? &*place : nullptr;
 }
@@ -30,6 +31,7 @@ std::string title_of(const PartyReport &party) {
 }
 
 std::string status_text(const NodeReport &node) {
+  if (node.status == ChangeStatus::in_force) return "in force";
   if (node.status == ChangeStatus::unchanged) return "in the running configuration";
   return fmt::format("{} by this commit", status_name(node.status));
 }
@@ -44,6 +46,8 @@ std::string_view status_name(ChangeStatus status) {
       return "changed";
     case ChangeStatus::removed:
       return "removed";
+    case ChangeStatus::in_force:
+      return "in-force";
   }
   return "?";
 }

@@ -17,7 +17,13 @@ struct FilePlace {
 };
 
 /// What a commit does to a node.
-enum class ChangeStatus { unchanged, added, changed, removed };
+enum class ChangeStatus {
+  unchanged,
+  added,
+  changed,
+  removed,
+  in_force  ///< of an audit: there is no change
+};
 
 /// A node with what the commit does to it and where it stands in the files that hold it.
 struct NodeReport {
@@ -116,7 +122,7 @@ std::string title_of(const PartyReport &party);
 /// What the commit does to a node: "added by this commit", "in the running configuration" ...
 std::string status_text(const NodeReport &node);
 
-/// "added", "changed", "removed" or "unchanged".
+/// "added", "changed", "removed", "unchanged" or "in-force".
 std::string_view status_name(ChangeStatus status);
 
 }  // namespace report

@@ -11,7 +11,7 @@ namespace report {
 /// The three files that make up a commit, named as the user or the folder names them.
 struct InputFiles {
   std::filesystem::path element;
-  std::filesystem::path running;
+  std::filesystem::path running;    ///< empty: nothing is in force
   std::filesystem::path candidate;  ///< or the last edit
   std::vector<std::filesystem::path>
       edits{};  ///< in their order: what makes the candidate of the running configuration

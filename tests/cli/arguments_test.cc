@@ -122,7 +122,7 @@ TEST(Arguments, what_is_not_the_series_own_is_handed_on) {
       std::get<CheckArguments>(parse({"check", "a", "b", "--fail-on-warn", "--jobs", "4", "--format", "json", "--color",
                                       "never", "--plugin", "p", "--suppress", "x y", "--budget", "7,3s", "--all"}));
   EXPECT_EQ(series.forwarded_options,
-            (std::vector<std::string>{"--all", "--budget=7,3s", "--suppress=x y", "--fail-on-warn"}));
+            (std::vector<std::string>{"--budget=7,3s", "--suppress=x y", "--all", "--fail-on-warn"}));
 }
 
 TEST(Arguments, show_takes_a_directory_and_a_path) {

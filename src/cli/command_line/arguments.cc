@@ -92,14 +92,40 @@ void add_budget(CLI::App &command, diagnosis::Budget &budget) {
 }
 
 void add_search_options(CLI::App &command, CheckArguments &check) {
-  command.add_flag("--all-faults", check.all_faults, "Look for further faults behind what the device says");
   add_budget(command, check.budget);
   command
       .add_option("--suppress", check.suppressions,
-                  "File of faults that are known, a line each: RULE PATH [until YYYY-MM-DD] # REASON; implies "
-                  "--all-faults; may be given many times")
+                  "File of faults that are known, a line each: RULE PATH [until YYYY-MM-DD] # REASON; all faults are "
+                  "looked for then; may be given many times")
       ->allow_extra_args(false)
       ->type_name("FILE");
+}
+
+/// What `check` and `audit` have in common.
+void add_common_options(CLI::App &command, CheckArguments &check, const std::string &jobs) {
+  command.add_option("--plugin", check.plugin, "Validation library to ask")->type_name("FILE");
+  command.add_option("--jobs", check.jobs, jobs)->check(CLI::Range(std::size_t{1}, kMostJobs))->type_name("N");
+  add_outputs(command, check);
+  add_choice(command, "--color", colours, check.colour, "Colour in the text; auto: on a terminal");
+  add_search_options(command, check);
+}
+
+CLI::App *add_audit(CLI::App &program, CheckArguments &audit) {
+  audit.is_audit = true;
+  audit.all_points = true;
+  audit.all_faults = true;
+  CLI::App *command = program.add_subcommand("audit", "Tell which faults are in force in a configuration");
+  command
+      ->add_option("FILE", audit.directories,
+                   "Configuration (XML or JSON); several are audited each by itself and summed up")
+      ->required()
+      ->type_name("");
+  command->add_option("--element", audit.input.element, "Element profile (JSON)")->required()->type_name("FILE");
+  add_foreign_options(*command, audit.input);
+  add_common_options(*command, audit,
+                     "Audit so many files at once; as many as there are processors unless it is given");
+  command->add_flag("--fail-on-warn", audit.fail_on_warn, "End with status 2 when there are warnings alone");
+  return command;
 }
 
 CLI::App *add_check(CLI::App &program, CheckArguments &check) {
@@ -111,18 +137,12 @@ CLI::App *add_check(CLI::App &program, CheckArguments &check) {
           "by itself and summed up")
       ->type_name("");
   add_files(*command, check.input);
-  command->add_option("--plugin", check.plugin, "Validation library to ask")->type_name("FILE");
-  command
-      ->add_option("--jobs", check.jobs,
-                   "Decide so many commits at once; as many as there are processors unless it is given")
-      ->check(CLI::Range(std::size_t{1}, kMostJobs))
-      ->type_name("N");
-  add_outputs(*command, check);
-  add_choice(*command, "--color", colours, check.colour, "Colour in the text; auto: on a terminal");
+  add_common_options(*command, check,
+                     "Decide so many commits at once; as many as there are processors unless it is given");
+  command->add_flag("--all-faults", check.all_faults, "Look for further faults behind what the device says");
   command->add_flag("--all", check.all_points, "Go on to the other validation points after a rejection");
   command->add_flag("--derived", check.derived, "List the changes of derived nodes, too");
   command->add_flag("--trace", check.trace, "Add what the library wrote to its trace");
-  add_search_options(*command, check);
   command->add_flag("--fail-on-warn", check.fail_on_warn, "End with status 2 when a commit is accepted with warnings");
   command
       ->add_option("--max-removed", check.max_removed,
@@ -160,7 +180,7 @@ CLI::App *add_explain(CLI::App &program, ExplainArguments &explain) {
 }
 
 bool is_forwarded(const CLI::Option &option) {
-  static const std::set<std::string> own{"DIR", "jobs", "format", "color", "output", "plugin", "quiet"};
+  static const std::set<std::string> own{"DIR", "FILE", "jobs", "format", "color", "output", "plugin", "quiet"};
   return option.count() != 0 && !own.contains(option.get_single_name());
 }
 
@@ -180,7 +200,12 @@ std::vector<std::string> forwarded_options(const CLI::App &command) {
 void complete(CheckArguments &check, const CLI::App &command) {
   check.forwarded_options = forwarded_options(command);
   if (check.jobs != 0 && check.directories.empty()) throw UsageError("--jobs without a folder; expected DIR...");
-  if (check.directories.size() == 1) check.input.directory = check.directories.front();
+  const bool is_read_by_others = check.is_audit && check.is_series();
+  if (is_read_by_others && std::count(check.directories.begin(), check.directories.end(), "-") != 0) {
+    throw UsageError("- beside other files, or with --jobs; expected files, for each is read by a process of its own");
+  }
+  if (check.directories.size() != 1) return;
+  (check.is_audit ? check.input.candidate : check.input.directory) = check.directories.front();
 }
 
 CLI::App *add_headroom(CLI::App &program, HeadroomArguments &headroom) {
@@ -281,6 +306,7 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   program.require_subcommand(1);
   program.footer(help_footer());
   CheckArguments check;
+  CheckArguments audit;
   ShowArguments show;
   ExplainArguments explain;
   HeadroomArguments headroom;
@@ -290,6 +316,7 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   FetchArguments fetch;
   ProfileArguments profile;
   const CLI::App *check_command = add_check(program, check);
+  const CLI::App *audit_command = add_audit(program, audit);
   const CLI::App *show_command = add_show(program, show);
   const CLI::App *explain_command = add_explain(program, explain);
   const CLI::App *headroom_command = add_headroom(program, headroom);
@@ -318,6 +345,10 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   if (check_command->parsed()) {
     complete(check, *check_command);
     return check;
+  }
+  if (audit_command->parsed()) {
+    complete(audit, *audit_command);
+    return audit;
   }
   if (show_command->parsed()) return show;
   if (explain_command->parsed()) return explain;

@@ -37,8 +37,9 @@ struct OutputArgument {
 };
 
 struct CheckArguments {
+  bool is_audit = false;                       ///< what stands in a configuration is asked about, not a change
   InputArguments input;                        ///< a single commit's
-  std::vector<std::string> directories;        ///< as they were given
+  std::vector<std::string> directories;        ///< as they were given; an audit's files
   std::size_t jobs = 0;                        ///< so many commits are decided at once; 0: not given
   std::vector<std::string> forwarded_options;  ///< the options that deciding each of many commits takes
   std::string plugin;

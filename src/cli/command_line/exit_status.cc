@@ -4,7 +4,7 @@ namespace cli {
 
 const std::array<ExitStatusMeaning, 13> exit_status_table{{
     {ExitStatus::accepted, "the commit is accepted, also with warnings"},
-    {ExitStatus::rejected, "the commit is rejected"},
+    {ExitStatus::rejected, "the commit is rejected; of an audit, faults are in force"},
     {ExitStatus::accepted_with_warnings, "the commit is accepted with warnings, under --fail-on-warn"},
     {ExitStatus::removes_too_much, "the commit removes more than --max-removed allows, whatever the verdict is"},
     {ExitStatus::nothing_to_commit, "the commit changes nothing, under --fail-on-no-change"},

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <chrono>
 #include <ostream>
 #include <string>
@@ -18,6 +19,7 @@
 #include "host/seam/host_session.h"
 #include "report/check_report.h"
 #include "report/escape/shell_word.h"
+#include "report/in_force.h"
 #include "report/json/verdict_json.h"
 #include "report/profile_faults.h"
 #include "report/summary.h"
@@ -69,6 +71,19 @@ std::string as_typed(const InputArguments &input) {
   return text;
 }
 
+/// Whether any output is JSON, which alone takes the document.
+bool wants_document(const CheckArguments &arguments) {
+  return arguments.format == Format::json ||
+         std::any_of(arguments.outputs.begin(), arguments.outputs.end(),
+                     [](const OutputArgument &output) { return output.format == Format::json; });
+}
+
+/// An audit's configuration is committed to an element on which nothing is in force.
+InputFiles input_files(const CheckArguments &arguments) {
+  if (!arguments.is_audit) return find_input_files(arguments.input);
+  return {arguments.input.element, "", arguments.input.candidate, {}};
+}
+
 /// One commit on its way to a verdict, with the text that is written on the way.
 class SingleCommit {
  public:
@@ -77,7 +92,7 @@ class SingleCommit {
 
   report::CommitResult decide() {
     for (const std::string &file : arguments_.suppressions) suppressions_.read(file);
-    const CommitInput input(find_input_files(arguments_.input), read_options(arguments_.input));
+    const CommitInput input(input_files(arguments_), read_options(arguments_.input));
     host::HostSession session(input.profile());
     const host::Plugin plugin(find_plugin_file(arguments_.plugin, environment_));
     begin(input, plugin);
@@ -86,17 +101,21 @@ class SingleCommit {
     if (arguments_.rollback) status = worse(status, decide_way_back(input, plugin, session));
     report_.commit.unused_suppressions = suppressions_.unused();
     report_.commit.expired_suppressions = suppressions_.expired();
-    return {report_.commit, static_cast<int>(status), report::verdict_json(report_)};
+    return {report_.commit, static_cast<int>(status), wants_document(arguments_) ? report::verdict_json(report_) : ""};
   }
 
  private:
   void begin(const CommitInput &input, const host::Plugin &plugin) {
     report_.commit.name = name_of(arguments_.input);
     report_.commit.input_arguments = as_typed(arguments_.input);
+    report_.commit.is_audit = arguments_.is_audit;
     report_.inputs = input.files();
     report_.plugin_file = plugin.file().string();
     report_.build_id = plugin.build_id();
-    report_.changes = report::list_changes(input.transaction().changes, arguments_.derived);
+    // Of an audit, all of the configuration would be listed.
+    if (!arguments_.is_audit) {
+      report_.changes = report::list_changes(input.transaction().changes, arguments_.derived);
+    }
     report_.summary = report::summarize_changes(input.transaction().changes);
     Refusal refusal = refusal_of(arguments_, report_.summary);
     report_.commit.refusal = std::move(refusal.text);
@@ -108,7 +127,7 @@ class SingleCommit {
     outputs_.write_text([&](std::ostream &out, const report::TextStyle &style) {
       report::write_summary_of_change(out, report_, style);
       tell_foreign_nodes(out, arguments_.input, input.sources());
-      report::write_changes(out, report_.changes, style);
+      if (!arguments_.is_audit) report::write_changes(out, report_.changes, style);
     });
   }
 
@@ -122,6 +141,7 @@ class SingleCommit {
     outputs_.write_text(
         [this](std::ostream &out, const report::TextStyle &style) { report::write_verdict(out, report_, style); });
     search(arguments_, environment_, input, plugin, session, report_);
+    if (arguments_.is_audit) report::tell_as_in_force(report_.commit);
     suppressions_.apply(report_.commit.findings);
     outputs_.write_text([this](std::ostream &out, const report::TextStyle &style) {
       report::write_findings(out, report_.commit, style);

@@ -26,7 +26,7 @@ namespace cli {
 namespace {
 
 process::Batch make_batch(const CheckArguments &arguments, const Environment &environment) {
-  std::vector<std::string> common{"check", "--format=json", "--quiet",
+  std::vector<std::string> common{arguments.is_audit ? "audit" : "check", "--format=json", "--quiet",
                                   "--plugin=" + find_plugin_file(arguments.plugin, environment).string()};
   common.insert(common.end(), arguments.forwarded_options.begin(), arguments.forwarded_options.end());
   common.emplace_back("--");

@@ -33,7 +33,8 @@ CommitInput::CommitInput(InputFiles files, const element::ReadOptions &options)
     : files_(std::move(files)),
       profile_(element::read_profile(files_.element)),
       schema_(std::make_shared<const element::Schema>()) {
-  element::ConfigurationFile running = element::read_configuration_file(*schema_, files_.running, options);
+  element::ConfigurationFile running{element::Tree(*schema_), {}};
+  if (!files_.running.empty()) running = element::read_configuration_file(*schema_, files_.running, options);
   element::ConfigurationFile candidate = read_candidate(*schema_, running, files_, options);
   sources_ = {std::move(running.source), std::move(candidate.source)};
   try {

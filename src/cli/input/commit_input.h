@@ -18,7 +18,8 @@ element::ConfigurationFile read_candidate(const element::Schema &schema, const e
 /// A commit with its element's profile and schema. Each file is read only once, so any of them may be a pipe.
 class CommitInput {
  public:
-  /// Throws element::InputError, or element::FileError for a file that cannot be read.
+  /// Without a running configuration's file that is empty. Throws element::InputError, or element::FileError for a file
+  /// that cannot be read.
   explicit CommitInput(InputFiles files, const element::ReadOptions &options = {});
 
   /// The way back: from the candidate to the running configuration.

@@ -2,11 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "cli/command_line/errors.h"
 #include "element/input/input_error.h"
+#include "element/input/input_file.h"
 
 namespace cli {
 namespace {
@@ -44,6 +47,13 @@ InputFiles in_directory(const fs::path &directory) {
   return files;
 }
 
+void require_one_standard_input(const InputArguments &arguments) {
+  std::vector<std::string> names{arguments.element, arguments.running, arguments.candidate};
+  names.insert(names.end(), arguments.edits.begin(), arguments.edits.end());
+  if (std::count(names.begin(), names.end(), element::kStandardInput) <= 1) return;
+  throw UsageError("- is given more than once; expected it once, for standard input can be read once alone");
+}
+
 void take_edits(const InputArguments &arguments, InputFiles &files) {
   if (!arguments.candidate.empty() && !arguments.edits.empty()) {
     throw UsageError("--edit beside --candidate; expected one of them");
@@ -56,6 +66,7 @@ void take_edits(const InputArguments &arguments, InputFiles &files) {
 }  // namespace
 
 InputFiles find_configurations(const InputArguments &arguments) {
+  require_one_standard_input(arguments);
   const bool has_change = !arguments.candidate.empty() || !arguments.edits.empty();
   if (arguments.directory.empty() && (arguments.running.empty() || !has_change)) {
     throw UsageError("a directory was expected, or --running and --candidate or --edit");

@@ -18,7 +18,8 @@ namespace {
 
 }  // namespace
 
-InputFile::InputFile(std::filesystem::path name) : name_(std::move(name)), stream_(std::fopen(name_.c_str(), "rb")) {
+InputFile::InputFile(std::filesystem::path name)
+    : name_(std::move(name)), stream_(name_ == kStandardInput ? stdin : std::fopen(name_.c_str(), "rb")) {
   if (!stream_) throw_file_error(name_);
 }
 

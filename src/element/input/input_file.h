@@ -8,10 +8,13 @@
 
 namespace element {
 
+/// The name that stands for standard input.
+inline constexpr const char *kStandardInput = "-";
+
 /// A file, or a pipe, that is read from begin to end.
 class InputFile {
  public:
-  /// Throws FileError if the file cannot be opened.
+  /// "-" is standard input. Throws FileError if the file cannot be opened.
   explicit InputFile(std::filesystem::path name);
 
   const std::filesystem::path &name() const { return name_; }
@@ -21,7 +24,9 @@ class InputFile {
 
  private:
   struct Close {
-    void operator()(std::FILE *file) const { std::fclose(file); }
+    void operator()(std::FILE *file) const {
+      if (file != stdin) std::fclose(file);
+    }
   };
 
   std::filesystem::path name_;

@@ -13,8 +13,8 @@ std::optional<std::string> optional_text(const ordered_json &json, const char *n
 }
 
 ChangeStatus read_status(const std::string &name) {
-  for (const auto status :
-       {ChangeStatus::unchanged, ChangeStatus::added, ChangeStatus::changed, ChangeStatus::removed}) {
+  for (const auto status : {ChangeStatus::unchanged, ChangeStatus::added, ChangeStatus::changed, ChangeStatus::removed,
+                            ChangeStatus::in_force}) {
     if (status_name(status) == name) return status;
   }
   throw UnknownNameError("status \"" + name + "\" is none that is known");

@@ -79,6 +79,7 @@ std::string verdict_json(const CheckReport &report) {
                     {"candidate", report.inputs.candidate.string()}};
   for (const std::filesystem::path &edit : report.inputs.edits) json["inputs"]["edits"].push_back(edit.string());
   if (!report.commit.passed_over.is_nothing()) json["passed-over"] = passed_over_json(report);
+  if (report.commit.is_audit) json["audit"] = true;
   json["summary"] = change_summary_json(report.summary);
   json["decision"] = decision_name(report.verdict.decision);
   if (!report.commit.refusal.empty()) json["refusal"] = report.commit.refusal;
@@ -102,6 +103,7 @@ CommitReport read_verdict(const ordered_json &json, const std::string &name) {
   CommitReport commit;
   commit.name = name;
   commit.decision = read_decision(json.at("decision").get<std::string>());
+  commit.is_audit = json.value("audit", false);
   commit.refusal = json.value("refusal", "");
   if (json.contains("passed-over")) commit.passed_over = read_passed_over(json.at("passed-over"));
   commit.element = json.at("inputs").at("element").get<std::string>();

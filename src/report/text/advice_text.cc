@@ -14,8 +14,8 @@ namespace {
 using Parts = std::vector<PartReport>;
 
 std::string node_text(const NodeReport &node, const std::string &what, const FilePlace *place, const TextStyle &style) {
-  return fmt::format("{} {}{}{}{}", mark(node, style), printable(node.path), what.empty() ? "" : ":", what,
-                     in_brackets(place));
+  const std::string sign = node.status == ChangeStatus::in_force ? "" : mark(node, style) + " ";
+  return fmt::format("{}{}{}{}{}", sign, printable(node.path), what.empty() ? "" : ":", what, in_brackets(place));
 }
 
 /// One change in place is told as such, several with the entry in which they are.
@@ -44,21 +44,27 @@ void write_sets(std::ostream &out, const std::vector<Parts> &sets, const TextSty
   });
 }
 
+/// What is in force was never given: there is nothing to take back.
+const char *verb_for(const Parts &parts) {
+  return !parts.empty() && parts.front().node.status == ChangeStatus::in_force ? "remove" : "take back";
+}
+
 void write_alternatives(std::ostream &out, std::string_view lead, const std::vector<Parts> &sets,
                         const TextStyle &style) {
   const bool is_single = std::all_of(sets.begin(), sets.end(), [](const Parts &parts) { return parts.size() == 1; });
+  const char *verb = verb_for(sets.front());
   if (sets.size() == 1 && is_single) {
-    out << lead << " take back " << part_text(sets.front().front(), style) << '\n';
+    out << lead << ' ' << verb << ' ' << part_text(sets.front().front(), style) << '\n';
   } else if (sets.size() == 1) {
-    out << lead << fmt::format(" take back these {}:\n", grouped(sets.front().size()));
+    out << lead << fmt::format(" {} these {}:\n", verb, grouped(sets.front().size()));
     write_parts(out, sets.front(), sets.front().size(), style);
   } else if (is_single) {
     Parts choices;
     for (const Parts &parts : sets) choices.push_back(parts.front());
-    out << lead << fmt::format(" take back any one of these {}:\n", grouped(sets.size()));
+    out << lead << fmt::format(" {} any one of these {}:\n", verb, grouped(sets.size()));
     write_parts(out, choices, 1, style);
   } else {
-    out << lead << fmt::format(" take back any one of these {} sets, the whole of it:\n", grouped(sets.size()));
+    out << lead << fmt::format(" {} any one of these {} sets, the whole of it:\n", verb, grouped(sets.size()));
     write_sets(out, sets, style);
   }
 }
@@ -78,13 +84,14 @@ std::string joined(const Parts &parts) {
 
 std::string alternatives_line(const std::vector<Parts> &sets) {
   const bool is_single = std::all_of(sets.begin(), sets.end(), [](const Parts &parts) { return parts.size() == 1; });
-  if (sets.size() == 1 && is_single) return "take back " + joined(sets.front());
-  if (sets.size() == 1) return fmt::format("take back these {}: {}", grouped(sets[0].size()), joined(sets[0]));
+  const char *verb = verb_for(sets.front());
+  if (sets.size() == 1 && is_single) return fmt::format("{} {}", verb, joined(sets.front()));
+  if (sets.size() == 1) return fmt::format("{} these {}: {}", verb, grouped(sets[0].size()), joined(sets[0]));
   std::vector<std::string> texts;
   for (const Parts &parts : sets) {
     texts.push_back(is_single ? joined(parts) : fmt::format("{}) {}", texts.size() + 1, joined(parts)));
   }
-  return fmt::format("take back any one of these {}: {}",
+  return fmt::format("{} any one of these {}: {}", verb,
                      grouped(sets.size()) + (is_single ? "" : " sets, the whole of it"), joined(texts));
 }
 
@@ -120,7 +127,8 @@ bool has_advice(const AdviceReport &advice) { return advice.enough != 0 || !advi
 void write_advice(std::ostream &out, std::string_view lead, const AdviceReport &advice, const TextStyle &style) {
   if (advice.enough != 0) {
     out << lead
-        << fmt::format(" take back any {} of these {}:\n", grouped(advice.enough), grouped(advice.choices.size()));
+        << fmt::format(" {} any {} of these {}:\n", verb_for(advice.choices), grouped(advice.enough),
+                       grouped(advice.choices.size()));
     write_parts(out, advice.choices, advice.enough, style);
   } else if (!advice.alternatives.empty()) {
     write_alternatives(out, lead, advice.alternatives, style);
@@ -129,8 +137,8 @@ void write_advice(std::ostream &out, std::string_view lead, const AdviceReport &
 
 std::string advice_line(const AdviceReport &advice) {
   if (advice.enough != 0) {
-    return fmt::format("take back any {} of these {}: {}", grouped(advice.enough), grouped(advice.choices.size()),
-                       joined(advice.choices));
+    return fmt::format("{} any {} of these {}: {}", verb_for(advice.choices), grouped(advice.enough),
+                       grouped(advice.choices.size()), joined(advice.choices));
   }
   return advice.alternatives.empty() ? "" : alternatives_line(advice.alternatives);
 }

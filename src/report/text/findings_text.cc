@@ -46,6 +46,7 @@ bool has_advice_for_all(const CommitReport &commit) {
 }
 
 std::string_view lead_for_all(const CommitReport &commit) {
+  if (commit.is_audit) return "for none to be left:";
   const bool has_warnings = std::any_of(commit.findings.begin(), commit.findings.end(),
                                         [](const Finding &finding) { return finding.is_warning; });
   return has_warnings ? "for the commit to be accepted without a warning:" : "for the commit to be accepted:";
@@ -105,7 +106,7 @@ void write_findings(std::ostream &out, const CommitReport &commit, const TextSty
 
   const auto next = std::stable_partition(shown.begin(), shown.end(), [](const Finding &f) { return f.from_device; });
   const auto from_device = static_cast<std::size_t>(next - shown.begin());
-  out << fmt::format("\nwhat the device says: {}\n", from_device);
+  out << fmt::format("\n{}: {}\n", commit.is_audit ? "faults in force" : "what the device says", from_device);
   for (std::size_t i = 0; i < shown.size(); ++i) {
     if (i == from_device) out << fmt::format("\nwhat it would say next: {}\n", shown.size() - from_device);
     out << '\n';

@@ -13,9 +13,17 @@
 namespace report {
 namespace {
 
+/// "2 faults in force".
+std::string faults_text(const CommitReport &commit) {
+  if (*commit.decision == host::Decision::accepted) return "no fault in force";
+  // Without a search nothing but the decision is known.
+  if (commit.findings.empty()) return "faults in force";
+  return fmt::format("{} in force", count_text(commit.findings.size(), "fault"));
+}
+
 std::string outcome_text(const CommitReport &commit, const TextStyle &style) {
   if (!commit.decision) return style(Accent::rejected, "not decided") + ": " + printable(commit.error);
-  std::string text(decision_text(*commit.decision));
+  std::string text(commit.is_audit ? faults_text(commit) : decision_text(*commit.decision));
   if (*commit.decision == host::Decision::accepted) return text;
   return style(*commit.decision == host::Decision::rejected ? Accent::rejected : Accent::warning, text);
 }

@@ -47,9 +47,11 @@ void write_line(std::ostream &out, std::string_view indent, const std::string &s
   out << indent << sign << ' ' << printable(text) << '\n';
 }
 
-void write_points(std::ostream &out, const host::Verdict &verdict, const TextStyle &style) {
-  out << fmt::format("validation points fired: {}\n", verdict.points_fired);
-  for (const host::PointVerdict &point : verdict.points) {
+/// An audit tells of those that accept by their number alone.
+void write_points(std::ostream &out, const CheckReport &report, const TextStyle &style) {
+  out << fmt::format("validation points fired: {}\n", report.verdict.points_fired);
+  for (const host::PointVerdict &point : report.verdict.points) {
+    if (report.commit.is_audit && point.answer == host::Answer::accepted) continue;
     out << fmt::format("  {} at {}: {}", point.point, printable(point.path), answer(point, style));
     if (!point.text.empty()) out << ": " << style(Accent::message, printable(point.text));
     out << '\n';
@@ -68,7 +70,7 @@ void write_trace(std::ostream &out, const std::vector<std::string> &trace) {
 }  // namespace
 
 void write_summary_of_change(std::ostream &out, const CheckReport &report, const TextStyle &style) {
-  out << change_summary_text(report.summary) << '\n';
+  out << (report.commit.is_audit ? in_force_text(report.summary) : change_summary_text(report.summary)) << '\n';
   if (!report.commit.refusal.empty()) out << refusal_text(report.commit, style) << '\n';
 }
 
@@ -93,12 +95,13 @@ void write_changes(std::ostream &out, const std::vector<ListedChange> &changes, 
 }
 
 void write_verdict(std::ostream &out, const CheckReport &report, const TextStyle &style) {
-  write_points(out, report.verdict, style);
+  write_points(out, report, style);
   if (report.with_trace) write_trace(out, report.verdict.statistics.trace);
   const PointCounts counts = count_points(report.verdict);
-  out << fmt::format("\ncommit {}: {} of {} points asked, {} accepted, {} with a warning, {} rejected\n",
-                     decision(report.verdict.decision, style), report.verdict.points.size(),
-                     report.verdict.points_fired, counts.accepted, counts.warned, counts.rejected);
+  out << fmt::format("\n{}: {} of {} points asked, {} accepted, {} with a warning, {} rejected\n",
+                     report.commit.is_audit ? "audit" : "commit " + decision(report.verdict.decision, style),
+                     report.verdict.points.size(), report.verdict.points_fired, counts.accepted, counts.warned,
+                     counts.rejected);
   for (const MissingLimit &limit : report.commit.missing_limits) {
     out << style(Accent::warning, to_text(limit, report.commit.element)) << '\n';
   }
