@@ -7,6 +7,11 @@ set_target_properties(vpnval PROPERTIES INSTALL_RPATH "$ORIGIN/../${private_libr
 install(TARGETS vpnval RUNTIME DESTINATION bin)
 install(TARGETS element_host config_validate_vpn LIBRARY DESTINATION ${private_libraries})
 
+if(TARGET vpnval_agent)
+  install(TARGETS vpnval_agent LIBRARY DESTINATION ${private_libraries}/agent)
+endif()
+install(FILES src/agent/yang/vpnval-agent.yang DESTINATION share/vpnval/yang)
+
 file(GLOB yang_modules CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/yang/*.yang)
 install(FILES ${yang_modules} DESTINATION share/vpnval/yang)
 
@@ -60,5 +65,6 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "jq")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "netconfd, openssh-client, openssh-server")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 include(CPack)

@@ -14,6 +14,7 @@
 #include "cli/commands/map_command.h"
 #include "cli/commands/plan_command.h"
 #include "cli/commands/profile_command.h"
+#include "cli/commands/serve_command.h"
 #include "cli/commands/show_command.h"
 #include "report/escape/printable.h"
 
@@ -36,6 +37,7 @@ struct CarryOut {
   ExitStatus operator()(const PlanArguments &arguments) const { return plan(arguments, environment); }
   ExitStatus operator()(const ApplyArguments &arguments) const { return apply(arguments, environment); }
   ExitStatus operator()(const ProfileArguments &arguments) const { return make_profile(arguments, environment); }
+  ExitStatus operator()(const ServeArguments &arguments) const { return serve_element(arguments, environment); }
   ExitStatus operator()(const FetchArguments &arguments) const { return fetch(arguments, environment); }
 };
 

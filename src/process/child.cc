@@ -128,6 +128,12 @@ void Child::read_out() { read_into(result_.out, out_); }
 
 std::size_t Child::read_out(char *buffer, std::size_t size) { return read_some(out_, buffer, size); }
 
+std::size_t Child::read_err(char *buffer, std::size_t size) { return read_some(err_, buffer, size); }
+
+void Child::send(int signal) const {
+  if (process_ >= 0) kill(process_, signal);
+}
+
 void Child::read_err() {
   read_into(result_.err, err_);
   if (result_.err.size() > kErrorTail) result_.err.erase(0, result_.err.size() - kErrorTail);

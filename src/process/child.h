@@ -46,8 +46,12 @@ class Child {
   /// Takes what stands ready, without waiting where the descriptor is ready.
   void read_out();
   void read_err();
-  /// As read_out(), but into the buffer. 0: there is nothing, or it was the end.
+  /// The same into a buffer. 0: there is nothing, or it was the end.
   std::size_t read_out(char *buffer, std::size_t size);
+  std::size_t read_err(char *buffer, std::size_t size);
+
+  /// Sends the process a signal.
+  void send(int signal) const;
 
   /// Waits for the end of the process, to be called when both descriptors are closed.
   Result finish();

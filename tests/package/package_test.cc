@@ -59,6 +59,10 @@ std::set<std::string> expected_files() {
     const std::string name = fs::relative(entry.path(), SOURCE_DIR).string();
     if (entry.is_regular_file()) files.insert("-rw-r--r-- /usr/share/doc/vpnval/" + name);
   }
+  files.insert("-rw-r--r-- /usr/share/vpnval/yang/vpnval-agent.yang");
+  if (fs::exists(BUILD_DIR "/lib/agent/libvpnval-agent.so")) {
+    files.insert("-rw-r--r-- " + libraries + "agent/libvpnval-agent.so");
+  }
   for (const auto &name : names_in(SOURCE_DIR "/yang")) files.insert("-rw-r--r-- /usr/share/vpnval/yang/" + name);
   for (const auto &name : names_in(SOURCE_DIR "/docs/man")) {
     files.insert("-rw-r--r-- /usr/share/man/man1/" + name + ".gz");
@@ -120,6 +124,10 @@ TEST_F(Package, depends_on_the_libraries_that_its_files_need) {
   const std::string names = run_process("dpkg-deb -f " + package + " Depends | sed 's/ ([^)]*)//g; s/, /\\n/g'").output;
   EXPECT_EQ(lines_of(names),
             (std::set<std::string>{"libc6", "libexpat1", "libfmt9", "libgcc-s1", "libstdc++6", "libyang2"}));
+}
+
+TEST_F(Package, recommends_what_serving_an_element_needs) {
+  EXPECT_EQ(field("Recommends"), "netconfd, openssh-client, openssh-server");
 }
 
 TEST_F(Package, holds_every_file_in_its_place_and_no_other) {

@@ -315,6 +315,7 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   ApplyArguments apply;
   FetchArguments fetch;
   ProfileArguments profile;
+  ServeArguments serve;
   const CLI::App *check_command = add_check(program, check);
   const CLI::App *audit_command = add_audit(program, audit);
   const CLI::App *show_command = add_show(program, show);
@@ -323,8 +324,9 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   const CLI::App *map_command = add_map(program, map);
   const CLI::App *plan_command = add_plan(program, plan);
   const CLI::App *apply_command = add_apply(program, apply);
-  add_fetch(program, fetch);
   add_profile(program, profile);
+  const CLI::App *fetch_command = add_fetch(program, fetch);
+  add_serve(program, serve);
 
   for (CLI::App *command : program.get_subcommands({})) command->footer(help_footer(command->get_name()));
   const std::vector<std::string> options = without_words(arguments);
@@ -357,7 +359,8 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
   if (plan_command->parsed()) return plan;
   if (apply_command->parsed()) return apply;
   if (!profile.files.empty()) return profile;
-  return fetch;
+  if (fetch_command->parsed()) return fetch;
+  return serve;
 }
 
 }  // namespace cli

@@ -11,6 +11,7 @@
 #include "cli/command_line/exit_status.h"
 #include "cli/command_line/fetch_arguments.h"
 #include "cli/command_line/profile_arguments.h"
+#include "cli/command_line/serve_arguments.h"
 #include "diagnosis/diagnose.h"
 #include "element/input/configuration_format.h"
 
@@ -107,8 +108,9 @@ struct ApplyArguments {
 };
 
 /// A command to carry out, or the status to end with because help or the version was all that was asked for.
-using ParsedArguments = std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, HeadroomArguments,
-                                     MapArguments, PlanArguments, ApplyArguments, FetchArguments, ProfileArguments>;
+using ParsedArguments =
+    std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, HeadroomArguments, MapArguments,
+                 PlanArguments, ApplyArguments, FetchArguments, ProfileArguments, ServeArguments>;
 
 /// Reads a command line without the program's name; prints help and version itself. Throws UsageError.
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment);

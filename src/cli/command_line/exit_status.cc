@@ -15,7 +15,7 @@ const std::array<ExitStatusMeaning, 13> exit_status_table{{
     {ExitStatus::internal, "internal error, or the library broke its contract"},
     {ExitStatus::out_of_memory, "memory ran out"},
     {ExitStatus::unwritable_output, "a result cannot be written"},
-    {ExitStatus::no_session, "an element cannot be reached, or refuses, over NETCONF"},
+    {ExitStatus::no_session, "an element cannot be reached, refuses, or cannot be served over NETCONF"},
 }};
 
 int severity(ExitStatus status) {

@@ -6,6 +6,7 @@
 #include "cli/command_line/errors.h"
 #include "element/input/input_error.h"
 #include "host/run/plugin.h"
+#include "serve/serve_error.h"
 
 namespace cli {
 
@@ -23,6 +24,8 @@ Failure current_failure() {
   } catch (const OutputError &error) {
     return {ExitStatus::unwritable_output, error.what()};
   } catch (const ElementError &error) {
+    return {ExitStatus::no_session, error.what()};
+  } catch (const serve::ServeError &error) {
     return {ExitStatus::no_session, error.what()};
   } catch (const host::LoadError &error) {
     return {ExitStatus::no_plugin, error.what()};

@@ -9,7 +9,7 @@ constexpr double kLongestSilence = 86'400;
 
 }  // namespace
 
-void add_fetch(CLI::App &program, FetchArguments &fetch) {
+const CLI::App *add_fetch(CLI::App &program, FetchArguments &fetch) {
   CLI::App *command = program.add_subcommand("fetch", "Fetch an element's configurations over NETCONF");
   command->add_option("HOST", fetch.host, "The element, as ssh takes it: [USER@]HOST, or a name of ssh's configuration")
       ->required()
@@ -28,6 +28,7 @@ void add_fetch(CLI::App &program, FetchArguments &fetch) {
           "Give up after so many seconds in which the element says nothing; 60 unless it is given")
       ->check(CLI::Range(0.001, kLongestSilence))
       ->type_name("S");
+  return command;
 }
 
 }  // namespace cli

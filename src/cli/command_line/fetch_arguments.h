@@ -18,7 +18,7 @@ struct FetchArguments {
   std::chrono::milliseconds silence{60'000};  ///< of the element that is borne
 };
 
-void add_fetch(CLI::App &program, FetchArguments &fetch);
+const CLI::App *add_fetch(CLI::App &program, FetchArguments &fetch);
 
 }  // namespace cli
 

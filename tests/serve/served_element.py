@@ -1,0 +1,233 @@
+"""An element served by vpnval serve, and clients of it, for the tests of this folder."""
+import json
+import os
+import pathlib
+import queue
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import threading
+
+from lxml import etree
+
+VPNVAL, WRITE_EDIT, SOURCE, ANSWERING_PLUGIN = (
+    os.environ.get(name, "") for name in ("VPNVAL", "WRITE_EDIT", "SOURCE_DIR", "ANSWERING_PLUGIN"))
+BASE = "urn:ietf:params:xml:ns:netconf:base:1.0"
+AGENT = "urn:element:vpnval-agent"
+SKIPPED = 77  # what ctest takes for a test that could not be run
+# Far beyond what any step takes on a slow machine: a test fails instead of hanging.
+LONGEST = int(os.environ.get("LONGEST", 300))
+
+
+def missing_packages():
+    """What keeps these tests from running; empty: nothing."""
+    lacks = [name for name in ("netconfd", "sshd") if not shutil.which(name, path=os.environ["PATH"] + ":/usr/sbin")]
+    module = pathlib.Path(VPNVAL).parent.parent / "lib/agent/libvpnval-agent.so"
+    return lacks + ([] if module.exists() else [str(module)])
+
+
+def example(name):
+    return pathlib.Path(SOURCE) / "examples" / name
+
+
+def configuration_of(folder, name):
+    return next(file for file in (folder / f"{name}.xml", folder / f"{name}.json") if file.exists())
+
+
+class Element:
+    """A running vpnval serve with its folders; ended with the object, which makes sure that nothing is left."""
+
+    def __init__(self, folder, *options, state=None):
+        self.scratch = pathlib.Path(tempfile.mkdtemp(prefix="vpnval-served-"))
+        self.key = self.scratch / "key"
+        subprocess.run(["ssh-keygen", "-q", "-t", "ed25519", "-N", "", "-f", self.key], check=True)
+        self.profile = self.scratch / "element.json"
+        shutil.copy(folder / "element.json", self.profile)
+        command = [VPNVAL, "serve", f"--element={self.profile}", f"--running={configuration_of(folder, 'running')}"]
+        command += [f"--authorized-keys={self.key}.pub", "--log=json", *options]
+        if state is not None:
+            command.append(f"--state={state}")
+        environment = {**os.environ, "TMPDIR": str(self.scratch)}
+        self.process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, env=environment)
+        # Read at all times: a log that nobody reads stops what writes it.
+        self.events = queue.Queue()
+        threading.Thread(target=self.read_log, daemon=True).start()
+        self.ready = self.event("ready")
+
+    def read_log(self):
+        for line in self.process.stdout:
+            self.events.put(json.loads(line))
+        self.events.put(None)
+
+    def event(self, name, **content):
+        """The next event of this name, with this content."""
+        while event := self.events.get(timeout=LONGEST):
+            if event["event"] == name and content.items() <= event.items():
+                return event
+        raise AssertionError(f"ended before event {name}: {self.process.stderr.read()}")
+
+    def runtime(self):
+        return next(self.scratch.glob("vpnval-serve-*"))
+
+    def ssh(self):
+        known_hosts = self.runtime() / "sshd/known_hosts"
+        options = ["-F", "none", "-i", self.key, "-o", "IdentitiesOnly=yes", "-o", f"UserKnownHostsFile={known_hosts}"]
+        target = f"{self.ready['user']}@{self.ready['address']}"
+        return ["ssh", *map(str, options), "-p", str(self.ready["port"]), "-s", target, "netconf"]
+
+    def end(self):
+        """Ends it by a signal as an operator would, and makes sure that it leaves nothing."""
+        self.process.send_signal(signal.SIGTERM)
+        self.process.wait(LONGEST)
+        left = sorted(path.name for path in self.scratch.iterdir() if path.name not in ("key", "key.pub", "element.json"))
+        shutil.rmtree(self.scratch)
+        return self.process.returncode, left
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            status, left = self.end()
+            assert (status, left) == (0, []), (status, left)
+
+
+class Client:
+    """A session whose messages are written by hand."""
+
+    def __init__(self, element, version="1.1"):
+        self.process = subprocess.Popen(element.ssh(), stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.chunked = version == "1.1"
+        self.buffer = b""
+        self.last_id = 0
+        self.write(f'<hello xmlns="{BASE}"><capabilities><capability>urn:ietf:params:netconf:base:{version}'
+                   f"</capability></capabilities></hello>]]>]]>".encode())
+        self.hello = etree.fromstring(self.until(b"]]>]]>"))
+        self.id = int(self.hello.findtext(f"{{{BASE}}}session-id"))
+
+    def write(self, data):
+        self.process.stdin.write(data)
+        self.process.stdin.flush()
+
+    def more(self):
+        data = os.read(self.process.stdout.fileno(), 65536)
+        if not data:
+            raise EOFError(self.process.stderr.read().decode())
+        self.buffer += data
+
+    def until(self, mark):
+        while mark not in self.buffer:
+            self.more()
+        text, self.buffer = self.buffer.split(mark, 1)
+        return text
+
+    def read(self):
+        """The next message."""
+        if not self.chunked:
+            return etree.fromstring(self.until(b"]]>]]>"))
+        text = b""
+        while True:
+            self.until(b"\n#")
+            size = self.until(b"\n")
+            if size == b"#":
+                return etree.fromstring(text)
+            while len(self.buffer) < int(size):
+                self.more()
+            text, self.buffer = text + self.buffer[: int(size)], self.buffer[int(size):]
+
+    def message(self, operation):
+        self.last_id += 1
+        return f'<rpc message-id="{self.last_id}" xmlns="{BASE}">{operation}</rpc>'.encode()
+
+    def framed(self, message):
+        return b"\n#%d\n%s\n##\n" % (len(message), message) if self.chunked else message + b"]]>]]>"
+
+    def send(self, operation):
+        self.write(self.framed(self.message(operation)))
+
+    def ask(self, operation):
+        self.send(operation)
+        return Reply(self.read())
+
+    def edit(self, config, more=""):
+        return self.ask(f"<edit-config><target><candidate/></target>{more}{config}</edit-config>")
+
+    def commit(self, more=""):
+        return self.ask(f"<commit>{more}</commit>")
+
+    def discard(self):
+        return self.ask("<discard-changes/>")
+
+    def running(self):
+        return self.ask("<get-config><source><running/></source></get-config>")
+
+    def close(self):
+        """Ends the session as a broken connection does."""
+        self.process.stdin.close()
+        self.process.wait(LONGEST)
+
+
+class Reply:
+    """An rpc-reply."""
+
+    def __init__(self, xml):
+        self.xml = xml
+        self.errors = [Error(error) for error in xml.findall(f"{{{BASE}}}rpc-error")]
+
+    @property
+    def is_ok(self):
+        return self.xml.find(f"{{{BASE}}}ok") is not None and not self.errors
+
+    def data(self):
+        return etree.tostring(self.xml.find(f"{{{BASE}}}data"))
+
+    def __repr__(self):
+        return etree.tostring(self.xml).decode()
+
+
+class Error:
+    """An rpc-error."""
+
+    def __init__(self, xml):
+        self.xml = xml
+        for name in ("type", "tag", "severity", "app-tag", "path", "message"):
+            setattr(self, name.replace("-", "_"), xml.findtext(f"{{{BASE}}}error-{name}"))
+
+    def findings(self):
+        """Those of error-info, each as its leafs' texts by name."""
+        found = []
+        for finding in self.xml.iterfind(f".//{{{AGENT}}}finding"):
+            leafs = {}
+            for leaf in finding:
+                leafs.setdefault(etree.QName(leaf).localname, []).append(leaf.text)
+            found.append(leafs)
+        return found
+
+
+def edit_between(before, after):
+    """What leads from one file's configuration to the other's, as an edit."""
+    return subprocess.run([WRITE_EDIT, before, after], check=True, capture_output=True, text=True).stdout
+
+
+def verdict_of(document):
+    """Of the only commit of a document."""
+    commit, = json.loads(document)["commits"]
+    return commit["verdict"]
+
+
+def check(*options):
+    """What vpnval check says of a commit."""
+    command = [VPNVAL, "check", "--format=json", "--budget=500,2s", *options]
+    output = subprocess.run(command, capture_output=True, text=True)
+    return verdict_of(output.stdout)
+
+
+def main():
+    import unittest
+    lacks = missing_packages()
+    if lacks:
+        print(f"skipped: {', '.join(lacks)} missing")
+        sys.exit(SKIPPED)
+    unittest.main(verbosity=2, warnings="ignore")
