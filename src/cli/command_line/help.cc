@@ -45,6 +45,9 @@ const std::vector<CommandHelp> &command_helps() {
        {accepted, rejected, accepted_with_warnings, bad_input, unreadable_file, no_plugin},
        "vpnval audit running.xml --element element.json"},
       {"fetch", {accepted, bad_input, no_session}, "vpnval fetch admin@pe1.example -o night/42"},
+      {"serve",
+       {accepted, bad_input, unreadable_file, no_plugin, no_session},
+       "vpnval serve night/42 --listen 127.0.0.1:8300"},
   };
   return helps;
 }
