@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <cstring>
 
 #include "element/input/input_text.h"
 
@@ -95,14 +94,14 @@ char MessageReader::take() {
 }
 
 std::size_t MessageReader::pass_on(std::size_t count, char *buffer) {
-  std::memcpy(buffer, next_.data(), count);
+  next_.copy(buffer, count);
   next_.remove_prefix(count);
   return count;
 }
 
 /// Reads more behind what is left, which is at most the begin of a mark.
 void MessageReader::fill() {
-  std::memmove(buffer_.data(), next_.data(), next_.size());
+  std::copy(next_.begin(), next_.end(), buffer_.begin());
   const std::size_t count = transport_.read(buffer_.data() + next_.size(), buffer_.size() - next_.size());
   if (count == 0) {
     const bool is_inside = is_in_message_ || !next_.empty();
