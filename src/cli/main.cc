@@ -1,5 +1,8 @@
+#include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <charconv>
+#include <cstddef>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -35,6 +38,16 @@ std::string variable(const char *name) {
   std::abort();
 }
 
+/// The columns of a terminal: those that the environment names, else those that it has itself.
+std::size_t columns_of(int terminal) {
+  const std::string named = variable("COLUMNS");
+  std::size_t columns = 0;
+  const auto [end, error] = std::from_chars(named.data(), named.data() + named.size(), columns);
+  if (error == std::errc() && columns != 0) return columns;
+  winsize size{};
+  return ioctl(terminal, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
+
 bool is_terminal(int file) { return isatty(file) == 1 && variable("TERM") != "dumb"; }
 
 }  // namespace
@@ -43,14 +56,15 @@ int main(int argc, char **argv) {
   std::set_terminate(end_program);
   std::ios::sync_with_stdio(false);
   std::error_code unknown;
-  const cli::Environment environment{std::cout,
-                                     std::cerr,
-                                     std::filesystem::read_symlink("/proc/self/exe", unknown),
-                                     variable("VPNVAL_PLUGIN"),
-                                     is_terminal(STDOUT_FILENO),
-                                     is_terminal(STDERR_FILENO),
-                                     !variable("NO_COLOR").empty(),
-                                     variable("PATH")};
+  cli::Environment environment{std::cout,
+                               std::cerr,
+                               std::filesystem::read_symlink("/proc/self/exe", unknown),
+                               variable("VPNVAL_PLUGIN"),
+                               is_terminal(STDOUT_FILENO),
+                               is_terminal(STDERR_FILENO),
+                               !variable("NO_COLOR").empty(),
+                               variable("PATH")};
+  if (environment.out_is_terminal) environment.columns = columns_of(STDOUT_FILENO);
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
   return static_cast<int>(cli::run(arguments, environment));
 }

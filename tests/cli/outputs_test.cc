@@ -174,4 +174,19 @@ TEST_F(OutputsOfCheck, a_result_that_cannot_be_written_leaves_no_file) {
   }
 }
 
+TEST_F(OutputsOfCheck, marks_that_turn_text_reach_no_terminal_in_any_format) {
+  const std::string turned = "a\u202eb\u2066\u061c";
+  folder.configure("", vpws_group(vpn(turned)));
+  for (const std::string format : {"text", "json", "sarif", "junit", "github", "markdown"}) {
+    const Outcome outcome = check({"--format", format, "--all-faults"});
+    for (const std::string mark : {"\u202e", "\u2066", "\u061c"}) {
+      EXPECT_EQ((outcome.out + outcome.err).find(mark), std::string::npos) << format;
+    }
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+  }
+  const json document = json::parse(check({"--format=json"}).out);
+  EXPECT_EQ(document["commits"][0]["verdict"]["changes"][1]["path"],
+            "/mpls/l2vpn-config/l2vpn/vpws-group{metro}/vpn{" + turned + "}");
+}
+
 }  // namespace

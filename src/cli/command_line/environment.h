@@ -2,6 +2,7 @@
 #define CLI_COMMAND_LINE_ENVIRONMENT_H
 
 #include <chrono>
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <ostream>
@@ -25,6 +26,9 @@ struct Environment {
   /// The time by which progress is shown and commits are timed.
   std::function<Clock::time_point()> clock = Clock::now;
 
+  /// Of the terminal that standard output is; 0: none, or it is not known.
+  std::size_t columns = 0;
+
   /// The day by which suppressions end, in UTC.
   std::function<std::chrono::sys_days()> today = [] {
     return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
@@ -42,6 +46,7 @@ inline Environment with_errors_to(std::ostream &err, const Environment &environm
           environment.no_colour,
           environment.search_path,
           environment.clock,
+          environment.columns,
           environment.today};
 }
 

@@ -13,6 +13,7 @@
 
 #include "cli/command_line/errors.h"
 #include "cli/command_line/near_names.h"
+#include "cli/terminal/wrapped_stream.h"
 #include "report/text/rule_page.h"
 #include "rules/rule.h"
 
@@ -99,19 +100,20 @@ Wanted find(const std::vector<std::string> &arguments) {
 
 ExitStatus explain(const ExplainArguments &arguments, const Environment &environment) {
   const bool is_markdown = arguments.format == PageFormat::markdown;
+  WrappedStream out(environment.out, is_markdown ? 0 : environment.columns);
   if (arguments.rules.empty()) {
-    environment.out << (is_markdown ? report::markdown_index() : report::text_index());
+    out << (is_markdown ? report::markdown_index() : report::text_index());
     return ExitStatus::accepted;
   }
 
   const Wanted wanted = find(arguments.rules);
   if (!wanted.as_pages) {
-    environment.out << (is_markdown ? report::markdown_index(wanted.rules) : report::text_index(wanted.rules));
+    out << (is_markdown ? report::markdown_index(wanted.rules) : report::text_index(wanted.rules));
     return ExitStatus::accepted;
   }
   for (const Rule *rule : wanted.rules) {
-    if (rule != wanted.rules.front()) environment.out << '\n';
-    environment.out << (is_markdown ? report::markdown_page(*rule) : report::text_page(*rule));
+    if (rule != wanted.rules.front()) out << '\n';
+    out << (is_markdown ? report::markdown_page(*rule) : report::text_page(*rule));
   }
   return ExitStatus::accepted;
 }

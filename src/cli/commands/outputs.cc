@@ -56,7 +56,10 @@ std::unique_ptr<report::SeriesOutput> make_document(Format format, std::ostream 
 }  // namespace
 
 Outputs::Outputs(const CheckArguments &arguments, const Environment &environment, TextForm form)
-    : arguments_(arguments), standard_output_(environment.out), form_(form) {
+    : arguments_(arguments),
+      standard_output_(environment.out),
+      text_on_terminal_(environment.out, environment.columns),
+      form_(form) {
   const report::TextStyle style_elsewhere(arguments.colour == Colour::always);
   bool is_standard_output_free = false;
   for (const OutputArgument &output : arguments.outputs) {
@@ -66,7 +69,8 @@ Outputs::Outputs(const CheckArguments &arguments, const Environment &environment
   }
   const bool is_for_people = arguments.format == Format::text;
   if (!is_standard_output_free && !(is_for_people && arguments.quiet)) {
-    add(arguments.format, environment.out, report::TextStyle(wants_colour(arguments.colour, environment)));
+    std::ostream &out = is_for_people ? text_on_terminal_ : environment.out;
+    add(arguments.format, out, report::TextStyle(wants_colour(arguments.colour, environment)));
   }
   if (!is_for_people && form == TextForm::in_steps) texts_.push_back({environment.err, style_elsewhere, false});
 }

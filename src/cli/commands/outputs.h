@@ -9,6 +9,7 @@
 #include "cli/command_line/arguments.h"
 #include "cli/command_line/environment.h"
 #include "cli/terminal/output_stream.h"
+#include "cli/terminal/wrapped_stream.h"
 #include "report/series_output.h"
 #include "report/text/text_style.h"
 
@@ -59,6 +60,7 @@ class Outputs {
 
   const CheckArguments &arguments_;
   std::ostream &standard_output_;
+  WrappedStream text_on_terminal_;  ///< standard output, for text
   TextForm form_;
   std::vector<std::unique_ptr<OutputStream>> files_;
   std::vector<Text> texts_;

@@ -12,6 +12,7 @@
 #include "cli/input/plugin_file.h"
 #include "cli/terminal/output_folder.h"
 #include "cli/terminal/progress.h"
+#include "cli/terminal/wrapped_stream.h"
 #include "diagnosis/plan.h"
 #include "host/run/plugin.h"
 #include "host/seam/host_session.h"
@@ -93,7 +94,8 @@ ExitStatus plan(const PlanArguments &arguments, const Environment &environment) 
   report::PlanReport report = report_of(found, arguments, input, plugin);
   if (!found.stages.empty()) report.steps = write_steps(output, input, found.stages, plugin, session);
   const auto write = arguments.format == TableFormat::json ? report::write_plan_json : report::write_plan_text;
-  write(environment.out, report);
+  WrappedStream out(environment.out, arguments.format == TableFormat::text ? environment.columns : 0);
+  write(out, report);
   return report.steps.empty() ? ExitStatus::rejected : ExitStatus::accepted;
 }
 

@@ -12,6 +12,7 @@
 #include "report/escape/file_uri.h"
 #include "report/json/advice_json.h"
 #include "report/json/array.h"
+#include "report/json/json_text.h"
 #include "report/text/advice_text.h"
 #include "report/text/findings_text.h"
 #include "rules/rule.h"
@@ -181,7 +182,7 @@ void write_sarif(std::ostream &out, const std::vector<CommitReport> &commits) {
   ordered_json advice = joint_advice_json(commits);
   if (!advice.empty()) run["properties"] = {{"joint-advice", std::move(advice)}};
   const ordered_json log{{"version", "2.1.0"}, {"runs", ordered_json::array({std::move(run)})}};
-  out << log.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+  out << json_text(log, 2) << '\n';
 }
 
 }  // namespace report

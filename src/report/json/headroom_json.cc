@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "report/decision_text.h"
+#include "report/json/json_text.h"
 #include "report/json/unreadable_json.h"
 
 namespace report {
@@ -135,7 +136,7 @@ void write_headroom_json(std::ostream &out, const HeadroomReport &report) {
   json["elements"] = ordered_json::array();
   for (const ElementHeadroom &element : report.elements) json["elements"].push_back(element_json(element));
   // A message may end within a character: the library cuts long names at a number of bytes.
-  out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+  out << json_text(json, 2) << '\n';
 }
 
 HeadroomReport read_headroom_json(const std::string &text) {

@@ -6,6 +6,7 @@
 #include "report/json/array.h"
 #include "report/json/change_json.h"
 #include "report/json/finding_json.h"
+#include "report/json/json_text.h"
 #include "rules/rule.h"
 
 namespace report {
@@ -76,7 +77,7 @@ void write_plan_json(std::ostream &out, const PlanReport &report) {
   if (report.steps.empty()) json["no-steps"] = no_steps_json(report);
   json["search"] = plan_search_json(report);
   // A message may end within a character: the library cuts long names at a number of bytes.
-  out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+  out << json_text(json, 2) << '\n';
 }
 
 }  // namespace report

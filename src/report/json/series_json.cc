@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "report/json/json_text.h"
 #include "report/json/node_json.h"
 #include "report/json/verdict_json.h"
 
@@ -12,20 +13,17 @@ namespace {
 
 using nlohmann::ordered_json;
 
-// Names of folders and messages may hold bytes that are not UTF-8.
-std::string text(const ordered_json &json) { return json.dump(-1, ' ', false, ordered_json::error_handler_t::replace); }
-
 /// The verdict is put in as it is: parsing a large one only to print it again would take long.
 std::string commit_text(const CommitResult &result) {
   ordered_json json{{"name", result.commit.name}, {"status", result.exit_status}};
   if (result.commit.decision) {
-    std::string line = text(json);
+    std::string line = json_text(json);
     line.pop_back();
     return line + ",\"verdict\":" + result.verdict + "}";
   }
   json["error"] = result.commit.error;
   if (!result.commit.error_place.file.empty()) json["place"] = place_json(result.commit.error_place);
-  return text(json);
+  return json_text(json);
 }
 
 CommitResult read_result(const ordered_json &document, const std::string &name) {
@@ -37,7 +35,7 @@ CommitResult read_result(const ordered_json &document, const std::string &name) 
   CommitResult result;
   if (json.contains("verdict")) {
     result.commit = read_verdict(json.at("verdict"), name);
-    result.verdict = text(json.at("verdict"));
+    result.verdict = json_text(json.at("verdict"));
   } else {
     result.commit.error = json.at("error").get<std::string>();
     if (json.contains("place")) result.commit.error_place = read_place(json.at("place"));
@@ -74,7 +72,7 @@ ordered_json summary_json(const SeriesSummary &summary, int exit_status) {
 void SeriesJson::write(const CommitResult &result) {
   if (!has_begun_) {
     const ordered_json program{{"name", "vpnval"}, {"version", VPNVAL_VERSION}};
-    out_ << "{\n  \"schema-version\": " << json_schema_version << ",\n  \"program\": " << text(program)
+    out_ << "{\n  \"schema-version\": " << json_schema_version << ",\n  \"program\": " << json_text(program)
          << ",\n  \"commits\": [";
   }
   out_ << (has_begun_ ? ",\n    " : "\n    ") << commit_text(result) << std::flush;
@@ -82,7 +80,7 @@ void SeriesJson::write(const CommitResult &result) {
 }
 
 void SeriesJson::finish(const SeriesSummary &summary, int exit_status) {
-  out_ << "\n  ],\n  \"summary\": " << text(summary_json(summary, exit_status)) << "\n}\n";
+  out_ << "\n  ],\n  \"summary\": " << json_text(summary_json(summary, exit_status)) << "\n}\n";
 }
 
 CommitResult read_single_result(std::string_view document, const std::string &name) {

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "report/json/array.h"
+#include "report/json/json_text.h"
 
 namespace report {
 namespace {
@@ -23,7 +24,7 @@ void write_shown_json(std::ostream &out, const ShownNodes &nodes) {
   const ordered_json json{{"schema-version", kShownSchemaVersion},
                           {"program", {{"name", "vpnval"}, {"version", VPNVAL_VERSION}}},
                           {"nodes", array(nodes, shown_json)}};
-  out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+  out << json_text(json, 2) << '\n';
 }
 
 }  // namespace report

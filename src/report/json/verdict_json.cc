@@ -10,6 +10,7 @@
 #include "report/json/change_json.h"
 #include "report/json/change_summary_json.h"
 #include "report/json/finding_json.h"
+#include "report/json/json_text.h"
 #include "report/json/node_json.h"
 #include "report/json/passed_over_json.h"
 #include "report/json/unreadable_json.h"
@@ -96,7 +97,7 @@ std::string verdict_json(const CheckReport &report) {
   if (report.rollback) json["rollback"] = rollback_json(report.commit.rollback.front(), *report.rollback);
   if (report.with_trace) json["trace"] = report.verdict.statistics.trace;
   // A message may end within a character: the library cuts long names at a number of bytes.
-  return json.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
+  return json_text(json);
 }
 
 CommitReport read_verdict(const ordered_json &json, const std::string &name) {
