@@ -27,12 +27,7 @@ const SchemaNode *EditModel::child(const SchemaNode &parent, const EditName &nam
   const bool is_xml = format_ == InputFormat::xml;
   const Module *module = is_xml ? schema_.find_namespace(name.module) : schema_.find_module(name.module);
   if (module == nullptr && !name.module.empty()) {
-    if (options_.refuse_foreign) {
-      fail(name.line,
-           fmt::format("foreign node {} of {} \"{}\"", one_line(name.name), is_xml ? "namespace" : "module",
-                       one_line(name.module)),
-           "nodes of the element's own modules alone");
-    }
+    if (options_.refuse_foreign) fail(name.line, foreign_fault(name.name, name.module, format_), kOwnNodesAlone);
     return nullptr;
   }
   return &own_child(parent, module, name, format_);
@@ -52,8 +47,7 @@ const SchemaNode &EditModel::own_child(const SchemaNode &parent, const Module *m
 }
 
 void EditModel::count_foreign(std::string_view module, std::size_t line) {
-  ForeignModule &counted = passed_over_.of_module(module);
-  if (counted.nodes++ == 0) counted.line = line;
+  passed_over_.count(module, [line] { return line; });
 }
 
 Value EditModel::value(const SchemaNode &leaf, std::string_view text, std::size_t line) const {

@@ -89,8 +89,7 @@ class ForeignMember {
  private:
   void count() {
     if (is_annotation_) return;
-    ForeignModule &module = nodes_.of_module(name_);
-    if (module.nodes++ == 0) module.line = line_;
+    nodes_.count(name_, [this] { return line_; });
   }
 
   ForeignNodes &nodes_;
@@ -239,8 +238,7 @@ class JsonFilter : public JsonEvents {
 
   void pass_over(std::string_view module, std::string_view name, std::size_t line) {
     if (options_.refuse_foreign) {
-      nodes_.refuse(line, fmt::format("foreign node {} of module \"{}\"", one_line(name), one_line(module)),
-                    "nodes of the element's own modules alone");
+      nodes_.refuse(line, foreign_fault(name, module, InputFormat::json), kOwnNodesAlone);
     }
     foreign_.begin(module, line, false);
   }

@@ -126,16 +126,14 @@ class XmlFilter : public XmlEvents {
     if (name_space.empty()) refuse(fmt::format("element {} without a namespace", name));
     if (name_space == kNetconfNamespace) refuse(fmt::format("element {} of NETCONF's namespace", name));
     if (options_.refuse_foreign) {
-      nodes_.refuse(element.line(), fmt::format("foreign node {} of namespace \"{}\"", name, one_line(name_space)),
-                    "nodes of the element's own modules alone");
+      nodes_.refuse(element.line(), foreign_fault(element.name(), name_space, InputFormat::xml), kOwnNodesAlone);
     }
     enter_foreign(element);
   }
 
   void enter_foreign(const XmlElement &element) {
     ++foreign_depth_;
-    ForeignModule &module = foreign_.of_module(element.name_space());
-    if (module.nodes++ == 0) module.line = element.line();
+    foreign_.count(element.name_space(), [&element] { return element.line(); });
   }
 
   void require_no_edit(const XmlElement &element) const {
