@@ -298,6 +298,13 @@ std::string suggestion(const CLI::App &program, const std::vector<std::string> &
   return {};
 }
 
+/// Of what help is asked for, if it is a command.
+void require_known_command(const CLI::App &program, const std::vector<std::string> &options) {
+  const auto is_first = [&options](const CLI::App *command) { return command->get_name() == options.front(); };
+  if (options.size() < 2 || !program.get_subcommands(is_first).empty()) return;
+  throw UsageError("no help" + suggestion(program, options));
+}
+
 }  // namespace
 
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment) {
@@ -330,10 +337,7 @@ ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const
 
   for (CLI::App *command : program.get_subcommands({})) command->footer(help_footer(command->get_name()));
   const std::vector<std::string> options = without_words(arguments);
-  const auto is_first = [&options](const CLI::App *command) { return command->get_name() == options.front(); };
-  if (options != arguments && options.size() > 1 && program.get_subcommands(is_first).empty()) {
-    throw UsageError("no help" + suggestion(program, options));
-  }
+  if (options != arguments) require_known_command(program, options);
   std::vector<std::string> reversed(options.rbegin(), options.rend());
   try {
     program.parse(reversed);
