@@ -74,6 +74,8 @@ std::vector<Repair> RepairSearch::for_group(std::size_t group) {
       add_vlans(party);
     } else if (kind == l2vpn::name::neighbor || kind == l2vpn::name::backup_neighbor) {
       add_pw_ids(party);
+    } else if (is_static_member(context_.entries.tree().path_of(context_.entries[party].node))) {
+      add_member_vlans(party);
     }
   }
   return std::move(repairs_);
@@ -85,13 +87,35 @@ void RepairSearch::add_vlans(std::uint32_t party) {
   const l2vpn::Attachment *attachment = vpn == nullptr ? nullptr : vpn->find_attachment(port);
   if (attachment == nullptr) return;
   for (const PortClaim &claim : l2vpn::claims_of(*vpn, *attachment)) {
-    const std::vector<PortClaim> &others = users_.claims_on(port);
-    const bool is_shared = std::any_of(others.begin(), others.end(), [&claim](const PortClaim &other) {
-      const bool is_own = other.path == claim.path && other.source == claim.source;
-      return !is_own && takes_vlans(other) && overlap(other, claim);
-    });
-    if (can_move(claim) && is_shared) add_vlans(*vpn, claim);
+    if (can_move(claim) && is_shared(claim)) add_vlans(*vpn, claim);
   }
+}
+
+/// Others take VLANs of the claim, too.
+bool RepairSearch::is_shared(const PortClaim &claim) {
+  const std::vector<PortClaim> &others = users_.claims_on(claim.port);
+  return std::any_of(others.begin(), others.end(), [&claim](const PortClaim &other) {
+    const bool is_own = other.path == claim.path && other.source == claim.source;
+    return !is_own && takes_vlans(other) && overlap(other, claim);
+  });
+}
+
+// What matters to the member in the other VLAN: an uplink there.
+void RepairSearch::add_member_vlans(std::uint32_t party) {
+  Repair repair;
+  repair.kind = RepairKind::free_vlans;
+  repair.path = context_.entries.tree().path_of(context_.entries[party].node);
+  const std::string path = to_text(repair.path);
+  const std::vector<PortClaim> &claims = users_.claims_on(element::to_text(repair.path.back().keys.front()));
+  const auto own = std::find_if(claims.begin(), claims.end(), [&path](const PortClaim &claim) {
+    return claim.claimant == l2vpn::Claimant::static_member && claim.path == path;
+  });
+  if (own == claims.end() || !is_shared(*own)) return;
+  std::vector<Proposal> proposals;
+  for (const VlanRange &vlans : nearest_free_vlans(own->vlans, taken_on({own->port}), kMostValues)) {
+    proposals.push_back({{vlan_value(vlans.first)}, text_of(vlans, own->kind), users_.uplinks_in(vlans.first)});
+  }
+  add(std::move(repair), proposals);
 }
 
 // A VLAN that is free on every port of the VPN may be moved on all of them. The VLAN of a bridge domain must be.

@@ -35,6 +35,8 @@ class RepairSearch {
 
   void add_vlans(std::uint32_t party);
   void add_vlans(const l2vpn::Vpn &vpn, const l2vpn::PortClaim &claim);
+  void add_member_vlans(std::uint32_t party);
+  bool is_shared(const l2vpn::PortClaim &claim);
   void add_pw_ids(std::uint32_t party);
   void add_names(std::uint32_t party);
   std::vector<l2vpn::VlanRange> taken_on(const std::vector<std::string> &ports);

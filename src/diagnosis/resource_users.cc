@@ -3,6 +3,7 @@
 #include <numeric>
 
 #include "diagnosis/restricted_commit.h"
+#include "element/datastore/lookup.h"
 
 namespace diagnosis {
 namespace {
@@ -35,6 +36,27 @@ NumberSet ResourceUsers::entries_on(const std::string &port) const {
         node.schema->name == l2vpn::name::access_interface || node.schema->name == l2vpn::name::interface;
     if (is_user && has_key(node, port)) found.push_back(entry);
   }
+  return found;
+}
+
+NumberSet ResourceUsers::uplinks_in(std::uint32_t vlan) const {
+  NumberSet found;
+  std::set<std::string> names;
+  for (std::uint32_t entry = 0; entry < entries_.size(); ++entry) {
+    const MergedNode &node = entries_.node(entry);
+    if (node.schema->name != "l3-interface") continue;
+    const bool is_in_vlan =
+        element::number_below(node.before, {"vlan"}) == vlan || element::number_below(node.after, {"vlan"}) == vlan;
+    if (!is_in_vlan) continue;
+    found.push_back(entry);
+    names.insert(element::to_text(node.node().keys.front()));
+  }
+  for (std::uint32_t entry = 0; entry < entries_.size() && !names.empty(); ++entry) {
+    const MergedNode &node = entries_.node(entry);
+    const bool is_ldp = node.schema->name == l2vpn::name::interface && entries_[entry].parent == kNone;
+    if (is_ldp && names.count(element::to_text(node.node().keys.front())) != 0) found.push_back(entry);
+  }
+  normalise(found);
   return found;
 }
 

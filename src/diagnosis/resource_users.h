@@ -31,6 +31,9 @@ class ResourceUsers {
   /// What these take of the port in the candidate configuration.
   const std::vector<l2vpn::PortClaim> &claims_on(const std::string &port);
 
+  /// Layer-3 interfaces of the VLAN, in either configuration, with the LDP interfaces of their names.
+  NumberSet uplinks_in(std::uint32_t vlan) const;
+
   const PwIds &pw_ids_towards(const std::string &address);
 
   /// The candidate's VPN that the entry stands in, with all that it holds; null where it stands in none.

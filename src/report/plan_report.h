@@ -11,6 +11,7 @@
 #include "report/change_list.h"
 #include "report/commit_report.h"
 #include "report/input_files.h"
+#include "report/passed_over.h"
 
 namespace report {
 
@@ -24,6 +25,8 @@ struct PlanStep {
 /// What a search for steps came to.
 struct PlanReport {
   InputFiles inputs;
+  PassedOver passed_over;
+  std::optional<InputSources> foreign;  ///< whose modules are to be listed, where that was asked for
   std::string plugin_file;
   std::string build_id;
   std::vector<PlanStep> steps;                  ///< none: no steps were found, and what follows tells why

@@ -71,6 +71,19 @@ class PlanJson : public testing::Test {
   std::string steps = folder.file("steps");
 };
 
+TEST_F(PlanJson, tells_what_of_other_modules_was_passed_over) {
+  report::PlanReport report = with_own_fault("wrong");
+  EXPECT_FALSE(fitting(json_of(report)).contains("passed-over"));
+  report.passed_over.candidate = {212, 87};
+  const json counts = fitting(json_of(report)).at("passed-over");
+  EXPECT_EQ(counts.at("running").at("nodes"), 0);
+  EXPECT_EQ(counts.at("candidate"), json::parse(R"({"nodes": 212, "modules": 87})"));
+  report.foreign.emplace();
+  report.foreign->candidate.passed_over.modules.push_back({"urn:other", 212, 7, "c/candidate.xml"});
+  const json listed = fitting(json_of(report)).at("passed-over").at("candidate").at("list");
+  EXPECT_EQ(listed, json::parse(R"([{"module": "urn:other", "nodes": 212, "file": "c/candidate.xml", "line": 7}])"));
+}
+
 TEST_F(PlanJson, each_step_has_its_folder_and_what_it_changes) {
   const json document = plan(examples + "pw-id-moved-to-another-vpn", 0);
   EXPECT_EQ(document.at("steps"), json::parse(R"([

@@ -23,6 +23,7 @@ std::string keys_of(const std::string &value, diagnosis::RepairKind kind) {
 RepairedPath repaired_path(const diagnosis::Repair &repair, const std::string &value) {
   const std::string path = to_text(repair.path);
   if (path.back() != '}') return {path, path};
+  if (path.starts_with("/config/vlan{")) return {path, "/config/vlan{" + value + path.substr(path.find('}'))};
   return {path, path.substr(0, path.rfind('{')) + "{" + keys_of(value, repair.kind) + "}"};
 }
 

@@ -69,6 +69,8 @@ report::PlanReport report_of(const diagnosis::Plan &found, const PlanArguments &
                              const host::Plugin &plugin) {
   report::PlanReport report;
   report.inputs = input.files();
+  report.passed_over = report::count_passed_over(input.sources());
+  if (arguments.input.list_foreign) report.foreign = input.sources();
   report.plugin_file = plugin.file().string();
   report.build_id = plugin.build_id();
   report.own_fault = found.own_fault;

@@ -25,12 +25,10 @@ PassedOverCount read_count(const ordered_json &json) {
 
 }  // namespace
 
-ordered_json passed_over_json(const CheckReport &report) {
-  const InputSources *listed = report.foreign ? &*report.foreign : nullptr;
-  return {{"running",
-           count_json(report.commit.passed_over.running, listed == nullptr ? nullptr : &listed->running.passed_over)},
-          {"candidate", count_json(report.commit.passed_over.candidate,
-                                   listed == nullptr ? nullptr : &listed->candidate.passed_over)}};
+ordered_json passed_over_json(const PassedOver &passed_over, const InputSources *listed) {
+  return {
+      {"running", count_json(passed_over.running, listed == nullptr ? nullptr : &listed->running.passed_over)},
+      {"candidate", count_json(passed_over.candidate, listed == nullptr ? nullptr : &listed->candidate.passed_over)}};
 }
 
 PassedOver read_passed_over(const ordered_json &json) {

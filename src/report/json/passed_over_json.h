@@ -3,13 +3,13 @@
 
 #include <nlohmann/json_fwd.hpp>
 
-#include "report/check_report.h"
+#include "report/passed_over.h"
 
 namespace report {
 
-/// {"running": {"nodes": 212, "modules": 87}, "candidate": ...}, each with a "list" of the modules where that was asked
-/// for.
-nlohmann::ordered_json passed_over_json(const CheckReport &report);
+/// {"running": {"nodes": 212, "modules": 87}, "candidate": ...}, each with a "list" of the modules of `listed` where it
+/// is not null.
+nlohmann::ordered_json passed_over_json(const PassedOver &passed_over, const InputSources *listed);
 
 /// Throws nlohmann::ordered_json::exception for another document.
 PassedOver read_passed_over(const nlohmann::ordered_json &json);

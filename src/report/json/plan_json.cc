@@ -7,6 +7,7 @@
 #include "report/json/change_json.h"
 #include "report/json/finding_json.h"
 #include "report/json/json_text.h"
+#include "report/json/passed_over_json.h"
 #include "rules/rule.h"
 
 namespace report {
@@ -73,6 +74,9 @@ void write_plan_json(std::ostream &out, const PlanReport &report) {
   json["inputs"] = {{"element", report.inputs.element.string()},
                     {"running", report.inputs.running.string()},
                     {"candidate", report.inputs.candidate.string()}};
+  if (!report.passed_over.is_nothing()) {
+    json["passed-over"] = passed_over_json(report.passed_over, report.foreign ? &*report.foreign : nullptr);
+  }
   json["steps"] = array(report.steps, plan_step_json);
   if (report.steps.empty()) json["no-steps"] = no_steps_json(report);
   json["search"] = plan_search_json(report);

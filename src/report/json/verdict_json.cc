@@ -79,7 +79,9 @@ std::string verdict_json(const CheckReport &report) {
                     {"running", report.inputs.running.string()},
                     {"candidate", report.inputs.candidate.string()}};
   for (const std::filesystem::path &edit : report.inputs.edits) json["inputs"]["edits"].push_back(edit.string());
-  if (!report.commit.passed_over.is_nothing()) json["passed-over"] = passed_over_json(report);
+  if (!report.commit.passed_over.is_nothing()) {
+    json["passed-over"] = passed_over_json(report.commit.passed_over, report.foreign ? &*report.foreign : nullptr);
+  }
   if (report.commit.is_audit) json["audit"] = true;
   json["summary"] = change_summary_json(report.summary);
   json["decision"] = decision_name(report.verdict.decision);
