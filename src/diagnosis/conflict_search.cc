@@ -23,6 +23,12 @@ constexpr std::size_t kMostSets = 64;
 // To cover the pairs of more parties would take longer than to ask.
 constexpr std::size_t kMostCoveredParties = 4096;
 
+NumberSet members_of(const FoundConflicts &conflicts) {
+  NumberSet members;
+  for (const FoundConflict &conflict : conflicts) members = united(members, conflict.innermost());
+  return members;
+}
+
 }  // namespace
 
 void ConflictSearch::find_all() {
@@ -215,6 +221,7 @@ void ConflictSearch::explore_independent_sets(const NumberSet &set) {
     drop_mended(context_, counting);
     std::map<std::string, FoundConflicts> of_point;
     for (const FoundConflict &conflict : counting) of_point[point_of(conflict.message)].push_back(conflict);
+    find_among(context_.entries.without(set, members_of(counting)));
     ask_beside(set, counting, [this](const NumberSet &beside) { find_among(beside); });
     for (const auto &[point, conflicts] : of_point) {
       if (of_point.size() > 1) ask_beside(set, conflicts, [&](const NumberSet &beside) { find_at(point, beside); });
