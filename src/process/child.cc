@@ -3,7 +3,9 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -129,6 +131,12 @@ void Child::read_out() { read_into(result_.out, out_); }
 std::size_t Child::read_out(char *buffer, std::size_t size) { return read_some(out_, buffer, size); }
 
 std::size_t Child::read_err(char *buffer, std::size_t size) { return read_some(err_, buffer, size); }
+
+Descriptor Child::end() const {
+  Descriptor end(static_cast<int>(syscall(SYS_pidfd_open, process_, 0)));
+  if (!end.is_open()) require(errno, "pidfd_open");
+  return end;
+}
 
 void Child::send(int signal) const {
   if (process_ >= 0) kill(process_, signal);

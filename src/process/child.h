@@ -50,6 +50,10 @@ class Child {
   std::size_t read_out(char *buffer, std::size_t size);
   std::size_t read_err(char *buffer, std::size_t size);
 
+  /// A descriptor that is ready to read when the process has ended, whoever still writes to its output. Throws
+  /// std::system_error.
+  Descriptor end() const;
+
   /// Sends the process a signal.
   void send(int signal) const;
 

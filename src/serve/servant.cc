@@ -20,15 +20,17 @@ std::vector<std::string> arguments_of(const ServantStart &start) {
 }  // namespace
 
 Servant::Servant(const ServantStart &start, const sigset_t &mask)
-    : child_(start.setpriv, arguments_of(start), mask), buffer_(kPiece) {}
+    : child_(start.setpriv, arguments_of(start), mask), end_(child_.end()), buffer_(kPiece) {}
 
 std::vector<pollfd> Servant::places() const {
-  return {{child_.out().number(), POLLIN, 0}, {child_.err().number(), POLLIN, 0}};
+  return {{child_.out().number(), POLLIN, 0}, {child_.err().number(), POLLIN, 0}, {end_.number(), POLLIN, 0}};
 }
 
 void Servant::read(const std::vector<pollfd> &ready, const Line &line) {
   if (ready[0].revents != 0) take(out_, child_.read_out(buffer_.data(), buffer_.size()), line);
   if (ready[1].revents != 0) take(err_, child_.read_err(buffer_.data(), buffer_.size()), line);
+  // What it said last is taken first.
+  if (ready[0].revents == 0 && ready[1].revents == 0 && ready[2].revents != 0) end_.close();
 }
 
 void Servant::take(std::string &rest, std::size_t count, const Line &line) {

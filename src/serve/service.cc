@@ -30,7 +30,7 @@ void Service::start(const ServantStart &agent, const ServantStart &sshd) {
 
 void Service::wait_for(Servant &servant, const char *name, const bool &is_ready) {
   for (int waited = 0; !is_ready; waited += step(kStep) ? 0 : kStep) {
-    if (servant.is_at_end()) fail(servant, name);
+    if (servant.has_ended()) fail(servant, name);
     if (waited >= kLongestStart) throw ServeError(fmt::format("{} does not get ready", name));
   }
 }
@@ -38,8 +38,8 @@ void Service::wait_for(Servant &servant, const char *name, const bool &is_ready)
 void Service::run() {
   for (;;) {
     step(-1);
-    if (agent_->is_at_end()) fail(*agent_, "netconfd");
-    if (sshd_->is_at_end()) fail(*sshd_, "sshd");
+    if (agent_->has_ended()) fail(*agent_, "netconfd");
+    if (sshd_->has_ended()) fail(*sshd_, "sshd");
   }
 }
 
@@ -58,8 +58,8 @@ void Service::end() {
 
 /// Waits for what they say, at most so long, and takes it. False where nothing came.
 bool Service::step(int milliseconds) {
-  const std::vector<pollfd> agent = agent_ ? agent_->places() : std::vector<pollfd>(2, {-1, 0, 0});
-  const std::vector<pollfd> sshd = sshd_ ? sshd_->places() : std::vector<pollfd>(2, {-1, 0, 0});
+  const std::vector<pollfd> agent = agent_ ? agent_->places() : std::vector<pollfd>(3, {-1, 0, 0});
+  const std::vector<pollfd> sshd = sshd_ ? sshd_->places() : std::vector<pollfd>(3, {-1, 0, 0});
   std::vector<pollfd> all = agent;
   all.insert(all.end(), sshd.begin(), sshd.end());
   const timespec limit = to_timespec(milliseconds);
@@ -67,8 +67,8 @@ bool Service::step(int milliseconds) {
                           heeds_signals_ ? &interrupts_.mask_before() : nullptr);
   if (heeds_signals_) interrupts_.throw_if_any();
   if (count <= 0) return false;
-  if (agent_) agent_->read({all[0], all[1]}, [this](const std::string &line) { take_agent_line(line); });
-  if (sshd_) sshd_->read({all[2], all[3]}, [this](const std::string &line) { take_sshd_line(line); });
+  if (agent_) agent_->read({all[0], all[1], all[2]}, [this](const std::string &line) { take_agent_line(line); });
+  if (sshd_) sshd_->read({all[3], all[4], all[5]}, [this](const std::string &line) { take_sshd_line(line); });
   return true;
 }
 
