@@ -54,6 +54,9 @@ TEST_F(ProfileFaults, missing_limits_are_in_the_documents_of_one_and_of_many_com
   const auto limits = nlohmann::json::parse(R"([{"limit": "vpn-max", "rule": "vpn-limit", "allowed": -1}])");
   EXPECT_EQ(nlohmann::json::parse(verdict_in(check({"--format=json"}).out)).at("missing-limits"), limits);
   const ProcessResult many = run_process(VPNVAL_FILE " check --jobs 1 " + folder.path());
+  const ProcessResult github = run_process(VPNVAL_FILE " check -q --format github " + folder.path());
+  EXPECT_NE(github.output.find("card/vpn-max: missing, so that the library allows -1"), std::string::npos)
+      << github.output;
   EXPECT_NE(many.output.find(": rejected\n" + missing("vpn-max", "-1", "vpn-limit")), std::string::npos) << many.output;
   folder.write("element.json", R"({"card": {"vpn-max": 8}, "interfaces": []})");
   EXPECT_FALSE(nlohmann::json::parse(verdict_in(check({"--format=json"}).out)).contains("missing-limits"));

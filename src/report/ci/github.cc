@@ -8,6 +8,7 @@
 
 #include "element/input/utf8.h"
 #include "report/escape/printable.h"
+#include "report/profile_faults.h"
 #include "report/text/explanation_text.h"
 #include "report/text/findings_text.h"
 
@@ -61,6 +62,9 @@ void write_github(std::ostream &out, const std::vector<CommitReport> &commits) {
   for (const CommitReport &commit : commits) {
     if (!commit.decision) write_command(out, "error", commit.error_place, commit.name, printable(commit.error));
     if (!commit.refusal.empty()) write_command(out, "error", {}, commit.name, "refused: " + commit.refusal);
+    for (const MissingLimit &limit : commit.missing_limits) {
+      write_command(out, "warning", {commit.element, 0}, commit.name, to_text(limit, commit.element));
+    }
     for (const UnreadableName &name : commit.unreadable) write_command(out, "warning", {}, commit.name, to_text(name));
     for (const Finding &finding : commit.findings) {
       if (!finding.suppressed) write_finding(out, finding, commit.is_rollback);

@@ -14,6 +14,7 @@
 #include "report/escape/markdown.h"
 #include "report/escape/markup.h"
 #include "report/passed_over.h"
+#include "report/profile_faults.h"
 #include "report/text/explanation_text.h"
 #include "report/text/findings_text.h"
 
@@ -106,6 +107,7 @@ std::string commit_markdown(const CommitReport &commit) {
   };
   add(commit.error);
   if (!commit.refusal.empty()) add("refused: " + commit.refusal);
+  for (const MissingLimit &limit : commit.missing_limits) add(to_text(limit, commit.element));
   for (const UnreadableName &name : commit.unreadable) add(to_text(name));
   std::size_t room = kMostFindings;
   text += findings_markdown(commit, true, room);
@@ -116,7 +118,8 @@ std::string commit_markdown(const CommitReport &commit) {
 }
 
 bool is_plain(const CommitReport &commit) {
-  return commit.decision == host::Decision::accepted && commit.refusal.empty() && commit.unreadable.empty();
+  return commit.decision == host::Decision::accepted && commit.refusal.empty() && commit.missing_limits.empty() &&
+         commit.unreadable.empty();
 }
 
 }  // namespace
