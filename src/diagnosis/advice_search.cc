@@ -73,6 +73,13 @@ std::size_t fewest_of(const RevertibleChanges &changes, const NumberSet &order,
   return enough;
 }
 
+/// The search ended before.
+Corrections not_asked() {
+  Corrections corrections;
+  corrections.has_all = false;
+  return corrections;
+}
+
 }  // namespace
 
 AdviceSearch::AdviceSearch(const SearchContext &context, const FoundConflicts &conflicts,
@@ -81,14 +88,14 @@ AdviceSearch::AdviceSearch(const SearchContext &context, const FoundConflicts &c
 
 const std::vector<Corrections> &AdviceSearch::for_each() {
   for (std::size_t group = corrections_.size(); group < groups_.size(); ++group) {
-    corrections_.push_back(context_.oracle.has_ended() ? Corrections{} : for_groups({group}));
+    corrections_.push_back(context_.oracle.has_ended() ? not_asked() : for_groups({group}));
   }
   return corrections_;
 }
 
 Corrections AdviceSearch::for_all() {
   for_each();
-  if (context_.oracle.has_ended()) return {};
+  if (context_.oracle.has_ended()) return not_asked();
   if (context_.changes.size() > kFewParts) return together();
   const auto effect = [&](const NumberSet &parts) {
     if (!silences_each(parts)) return Effect::unproven;

@@ -55,8 +55,9 @@ struct PartReport {
 
 /// What to take back.
 struct AdviceReport {
-  std::vector<std::vector<PartReport>> alternatives;  ///< any one is enough; none: nothing was found
-  std::uint64_t enough = 0;                           ///< a limit: so many of `choices` are enough, whichever
+  std::vector<std::vector<PartReport>>
+      alternatives;          ///< any one is enough; none: nothing was found, or not looked for to the end
+  std::uint64_t enough = 0;  ///< a limit: so many of `choices` are enough, whichever
   std::vector<PartReport> choices;
   bool is_minimal = false;           ///< no smaller set helps
   bool has_all_alternatives = true;  ///< false: there may be more of the same size

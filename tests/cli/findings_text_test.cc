@@ -144,7 +144,8 @@ TEST(FindingsText, what_to_do_is_a_line_or_a_list_of_which_all_any_one_or_so_man
             " take back any one of these 2 sets, the whole of it:\n"
             "     1) + /a (c:1)\n        - /b (c:2)\n     2) + /a (c:1)\n        + /c (c:3)\n"},
            {limit, " take back any 1 of these 2:\n     + /a (c:1)\n     + /c (c:3)\n"},
-           {{}, " no part of the change was found that helps when it is taken back\n"}}) {
+           {{}, " no part of the change was found that helps when it is taken back\n"},
+           {{{}, 0, {}, false, false}, " the search was ended before it found what to take back; see --budget\n"}}) {
     EXPECT_EQ(to_do(advice), "   to do:" + text);
   }
 }

@@ -83,6 +83,8 @@ void write_to_do(std::ostream &out, const Finding &finding, const TextStyle &sty
   if (finding.is_preexisting) out << lead << " mend the fault in the running configuration first\n";
   if (has_advice(finding.advice)) {
     write_advice(out, finding.is_preexisting ? "      or:" : lead, finding.advice, style);
+  } else if (!finding.is_preexisting && !finding.advice.has_all_alternatives) {
+    out << lead << " the search was ended before it found what to take back; see --budget\n";
   } else if (!finding.is_preexisting) {
     out << lead << " no part of the change was found that helps when it is taken back\n";
   }
