@@ -21,7 +21,6 @@ struct Settings {
   std::filesystem::path work;     ///< a folder for files that are gone after each question
   std::filesystem::path running;  ///< where the running configuration is kept
   WarningStyle warnings = WarningStyle::error;
-  bool asks_at_edit = false;
   std::string budget;                       ///< of the search, as vpnval check takes it
   std::chrono::milliseconds limit{60'000};  ///< for one answer
 };
