@@ -82,8 +82,12 @@ class Element:
         self.process.send_signal(signal.SIGTERM)
         self.process.wait(LONGEST)
         left = sorted(path.name for path in self.scratch.iterdir() if path.name not in ("key", "key.pub", "element.json"))
-        shutil.rmtree(self.scratch)
+        self.clear()
         return self.process.returncode, left
+
+    def clear(self):
+        """Removes the folders of one that has ended."""
+        shutil.rmtree(self.scratch)
 
     def __enter__(self):
         return self
