@@ -8,6 +8,7 @@
 #include <set>
 
 #include "cli/command_line/budget.h"
+#include "cli/command_line/choice.h"
 #include "cli/command_line/errors.h"
 #include "cli/command_line/help.h"
 #include "cli/command_line/near_names.h"
@@ -23,17 +24,6 @@ const std::map<std::string, Format> formats{{"text", Format::text},     {"json",
 const std::map<std::string, TableFormat> table_formats{{"text", TableFormat::text}, {"json", TableFormat::json}};
 const std::map<std::string, Colour> colours{
     {"auto", Colour::on_a_terminal}, {"always", Colour::always}, {"never", Colour::never}};
-
-/// An option that takes one of the names.
-template <typename Value>
-void add_choice(CLI::App &command, const std::string &option, const std::map<std::string, Value> &names, Value &value,
-                const std::string &description) {
-  command
-      .add_option_function<std::string>(
-          option, [&names, &value](const std::string &name) { value = names.at(name); }, description)
-      ->check(CLI::IsMember(names))
-      ->type_name("NAME");
-}
 
 /// "FORMAT=FILE", or a file alone, which may hold an equals sign behind anything but a format.
 OutputArgument parse_output(const std::string &text) {

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "cli/command_line/budget.h"
+#include "cli/command_line/choice.h"
 
 namespace cli {
 namespace {
@@ -14,16 +15,6 @@ using serve::LogFormat;
 const std::map<std::string, WarningStyle> warning_styles{
     {"error", WarningStyle::error}, {"notify", WarningStyle::notify}, {"both", WarningStyle::both}};
 const std::map<std::string, LogFormat> log_formats{{"text", LogFormat::text}, {"json", LogFormat::json}};
-
-template <typename Value>
-void add_name(CLI::App &command, const std::string &option, const std::map<std::string, Value> &names, Value &value,
-              const std::string &description) {
-  command
-      .add_option_function<std::string>(
-          option, [&names, &value](const std::string &name) { value = names.at(name); }, description)
-      ->check(CLI::IsMember(names))
-      ->type_name("NAME");
-}
 
 }  // namespace
 
@@ -44,10 +35,10 @@ void add_serve(CLI::App &program, ServeArguments &serve) {
   command
       ->add_option("--state", serve.state, "Keep the running configuration and the host key there, and go on with them")
       ->option_text("DIR");
-  add_name(*command, "--warnings", warning_styles, serve.warnings,
-           "What a session is told of warnings: an rpc-error of severity warning (error, unless it is given), a "
-           "notification, or both");
-  add_name(*command, "--log", log_formats, serve.log, "Format of the log; text unless it is given");
+  add_choice(*command, "--warnings", warning_styles, serve.warnings,
+             "What a session is told of warnings: an rpc-error of severity warning (error, unless it is given), a "
+             "notification, or both");
+  add_choice(*command, "--log", log_formats, serve.log, "Format of the log; text unless it is given");
   command->add_option("--plugin", serve.plugin, "Validation library to ask")->type_name("FILE");
   command
       ->add_option_function<std::string>(

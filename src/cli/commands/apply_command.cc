@@ -23,13 +23,7 @@ ExitStatus apply(const ApplyArguments &arguments, const Environment &environment
   tell_foreign_nodes(environment.err, arguments.input, {running.source, candidate.source});
   const std::string text =
       element::write_configuration(candidate.tree, arguments.format.value_or(running.source.format));
-  if (arguments.output.empty()) {
-    environment.out << text;
-    return ExitStatus::accepted;
-  }
-  OutputFile output(arguments.output);
-  output.write(text);
-  output.publish();
+  write_whole(arguments.output, environment.out, text);
   return ExitStatus::accepted;
 }
 

@@ -37,13 +37,7 @@ ExitStatus make_profile(const ProfileArguments &arguments, const Environment &en
   const element::MadeProfile made = element::make_profile(card, files);
   for (const std::string &note : made.notes) environment.err << report::printable(note) << '\n';
   const std::string text = element::write_profile(made.profile);
-  if (arguments.output.empty()) {
-    environment.out << text;
-    return ExitStatus::accepted;
-  }
-  OutputFile output(arguments.output);
-  output.write(text);
-  output.publish();
+  write_whole(arguments.output, environment.out, text);
   return ExitStatus::accepted;
 }
 

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <ostream>
 #include <system_error>
 #include <utility>
 
@@ -61,6 +62,16 @@ void OutputFile::publish() {
 void OutputFile::fail() const {
   const int error = errno;
   throw OutputError(fmt::format("{}: cannot be written: {}", file_.string(), std::generic_category().message(error)));
+}
+
+void write_whole(const std::filesystem::path &file, std::ostream &out, std::string_view text) {
+  if (file.empty()) {
+    out << text;
+    return;
+  }
+  OutputFile output(file);
+  output.write(text);
+  output.publish();
 }
 
 }  // namespace cli

@@ -2,6 +2,7 @@
 #define CLI_TERMINAL_OUTPUT_FILE_H
 
 #include <filesystem>
+#include <iosfwd>
 #include <string_view>
 
 namespace cli {
@@ -29,6 +30,9 @@ class OutputFile {
   std::filesystem::path part_;  ///< what is to be moved; empty: nothing
   int descriptor_ = -1;
 };
+
+/// Writes the text to the file, there whole or not at all, or to `out` where no file is named. Throws OutputError.
+void write_whole(const std::filesystem::path &file, std::ostream &out, std::string_view text);
 
 }  // namespace cli
 
