@@ -5,6 +5,8 @@
 set(private_libraries lib/${CMAKE_LIBRARY_ARCHITECTURE}/vpnval)
 set_target_properties(vpnval PROPERTIES INSTALL_RPATH "$ORIGIN/../${private_libraries}")
 install(TARGETS vpnval RUNTIME DESTINATION bin)
+set_target_properties(vpnval_maintenance PROPERTIES INSTALL_RPATH "$ORIGIN/../../${private_libraries}")
+install(TARGETS vpnval_maintenance RUNTIME DESTINATION libexec/vpnval)
 install(TARGETS element_host config_validate_vpn LIBRARY DESTINATION ${private_libraries})
 
 if(TARGET vpnval_agent)

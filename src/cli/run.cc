@@ -11,6 +11,7 @@
 #include "cli/commands/explain_command.h"
 #include "cli/commands/fetch_command.h"
 #include "cli/commands/headroom_command.h"
+#include "cli/commands/maintenance_program.h"
 #include "cli/commands/map_command.h"
 #include "cli/commands/plan_command.h"
 #include "cli/commands/profile_command.h"
@@ -39,10 +40,14 @@ struct CarryOut {
   ExitStatus operator()(const ProfileArguments &arguments) const { return make_profile(arguments, environment); }
   ExitStatus operator()(const ServeArguments &arguments) const { return serve_element(arguments, environment); }
   ExitStatus operator()(const FetchArguments &arguments) const { return fetch(arguments, environment); }
+  ExitStatus operator()(const MaintenanceArguments &arguments) const {
+    return become_maintenance_program(arguments, environment);
+  }
 };
 
-ExitStatus run_command(const std::vector<std::string> &arguments, const Environment &environment) {
-  const ExitStatus status = std::visit(CarryOut{environment}, parse_arguments(arguments, environment));
+ExitStatus run_and_flush(const Command &command, const std::vector<std::string> &arguments,
+                         const Environment &environment) {
+  const ExitStatus status = command(arguments, environment);
   environment.out.flush();
   if (!environment.out) throw OutputError("standard output cannot be written");
   return status;
@@ -50,10 +55,19 @@ ExitStatus run_command(const std::vector<std::string> &arguments, const Environm
 
 }  // namespace
 
+ExitStatus run_command(const std::vector<std::string> &arguments, const Environment &environment) {
+  return std::visit(CarryOut{environment}, parse_arguments(arguments, environment));
+}
+
 ExitStatus run(const std::vector<std::string> &arguments, const Environment &environment) {
+  return run_guarded(run_command, arguments, environment);
+}
+
+ExitStatus run_guarded(const Command &command, const std::vector<std::string> &arguments,
+                       const Environment &environment) {
   try {
     try {
-      return run_command(arguments, environment);
+      return run_and_flush(command, arguments, environment);
     } catch (...) {
       const Failure failure = current_failure();
       environment.out.flush();

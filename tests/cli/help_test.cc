@@ -23,7 +23,7 @@ TEST(Help, words_stand_for_options) {
 
 TEST(Help, every_command_lists_its_statuses_and_an_example) {
   for (const std::string &command : commands_in_help()) {
-    const std::string help = run_with_answers({command, "--help"}).out;
+    const std::string help = help_of(command);
     const std::size_t statuses = help.find("\nExit status:\n  0   ");
     ASSERT_NE(statuses, std::string::npos) << command;
     EXPECT_NE(help.find("\n  64  the command line is wrong\n", statuses), std::string::npos) << command;

@@ -3,13 +3,12 @@
 #include <regex>
 #include <sstream>
 
+#include "build_paths.h"
+#include "cli/command_line/maintenance_commands.h"
 #include "tests/cli/commit_folder.h"
+#include "tests/support/process.h"
 
 namespace {
-
-std::string help_of(const std::string &command) {
-  return command.empty() ? run_with_answers({"--help"}).out : run_with_answers({command, "--help"}).out;
-}
 
 /// The options of "-h, --help", "-o,--output FILE" or "--format FORMAT".
 void add_options(const std::string &definition, std::set<std::string> &options) {
@@ -23,6 +22,13 @@ void add_options(const std::string &definition, std::set<std::string> &options) 
 }
 
 }  // namespace
+
+std::string help_of(const std::string &command) {
+  if (command.empty()) return run_with_answers({"--help"}).out;
+  // Another program takes the place of the process that it is asked in.
+  if (!cli::maintenance_description(command).empty()) return run_process(VPNVAL_FILE " " + command + " --help").output;
+  return run_with_answers({command, "--help"}).out;
+}
 
 std::set<std::string> options_at_line_begin(const std::string &text, std::size_t indent) {
   std::set<std::string> options;

@@ -11,6 +11,9 @@
 /// The commands that `vpnval --help` lists, in its order.
 std::vector<std::string> commands_in_help();
 
+/// The help of the command, of whichever program it is; of the program itself for an empty command.
+std::string help_of(const std::string &command);
+
 /// The options, short and long, that the help of the command lists; of the program itself for an empty command.
 std::set<std::string> options_in_help(const std::string &command);
 

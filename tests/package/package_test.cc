@@ -43,6 +43,7 @@ std::set<std::string> names_in(const std::string &directory) {
 std::set<std::string> expected_files() {
   std::set<std::string> files{
       "-rwxr-xr-x /usr/bin/vpnval",
+      "-rwxr-xr-x /usr/libexec/vpnval/vpnval-maintenance",
       "-rw-r--r-- " + libraries + "libconfig_validate_vpn.so",
       "-rw-r--r-- " + libraries + "libelement_host.so",
       "-rw-r--r-- /usr/share/bash-completion/completions/vpnval",

@@ -107,10 +107,15 @@ struct ApplyArguments {
   std::optional<element::InputFormat> format;  ///< that of the running configuration unless it is given
 };
 
+/// A command of maintenance_commands().
+struct MaintenanceArguments {
+  std::vector<std::string> words;  ///< the command line that its program takes
+};
+
 /// A command to carry out, or the status to end with because help or the version was all that was asked for.
 using ParsedArguments =
     std::variant<ExitStatus, CheckArguments, ShowArguments, ExplainArguments, HeadroomArguments, MapArguments,
-                 PlanArguments, ApplyArguments, FetchArguments, ProfileArguments, ServeArguments>;
+                 PlanArguments, ApplyArguments, FetchArguments, ProfileArguments, ServeArguments, MaintenanceArguments>;
 
 /// Reads a command line without the program's name; prints help and version itself. Throws UsageError.
 ParsedArguments parse_arguments(const std::vector<std::string> &arguments, const Environment &environment);

@@ -20,6 +20,7 @@ struct CommandHelp {
   std::string_view command;
   std::vector<ExitStatus> statuses;  ///< beside the common ones
   std::string_view example;
+  std::vector<ExitStatusMeaning> own_meanings{};  ///< of statuses that mean something else here
 };
 
 const std::vector<CommandHelp> &command_helps() {
@@ -54,6 +55,9 @@ const std::vector<CommandHelp> &command_helps() {
 
 /// Of a command that decides nothing, 0 is plain success.
 std::string_view meaning_of(const ExitStatusMeaning &row, const CommandHelp &help) {
+  for (const ExitStatusMeaning &own : help.own_meanings) {
+    if (own.status == row.status) return own.meaning;
+  }
   const bool decides = std::find(help.statuses.begin(), help.statuses.end(), rejected) != help.statuses.end();
   return row.status == accepted && !decides ? "done" : row.meaning;
 }

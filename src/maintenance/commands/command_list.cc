@@ -1,0 +1,24 @@
+#include "maintenance/commands/command_list.h"
+
+#include <CLI/CLI.hpp>
+
+#include "cli/command_line/maintenance_commands.h"
+#include "cli/command_line/program_options.h"
+
+namespace maintenance {
+
+const std::vector<ListedCommand> &command_list() {
+  static const std::vector<ListedCommand> commands{};
+  return commands;
+}
+
+cli::ExitStatus run_command(const std::vector<std::string> &arguments, const cli::Environment &environment) {
+  CLI::App program;
+  Chosen chosen;
+  for (const ListedCommand &listed : command_list()) {
+    listed.add(*program.add_subcommand(listed.name, std::string(cli::maintenance_description(listed.name))), chosen);
+  }
+  return cli::parse_program(program, arguments, environment) ? chosen(environment) : cli::ExitStatus::accepted;
+}
+
+}  // namespace maintenance
