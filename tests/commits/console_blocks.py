@@ -66,8 +66,9 @@ def faults(document, name, folder):
 
 
 def prepare(folder, tree, program):
-    for name in ("examples", "tools"):
-        shutil.copytree(tree / name, folder / name)
+    for name in ("examples", "tools", "docs/queue-example"):
+        if (tree / name).exists():
+            shutil.copytree(tree / name, folder / name)
     for name in ("run", "vpnval"):
         (folder / name).symlink_to(program)
 

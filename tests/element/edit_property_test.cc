@@ -2,9 +2,9 @@
 #include <rapidcheck/gtest.h>
 
 #include "drawn_configuration.h"
-#include "edit_of_difference.h"
 #include "element/datastore/difference.h"
 #include "element/edit/apply_edit.h"
+#include "element/edit/edit_of_difference.h"
 #include "print.h"
 
 namespace {

@@ -4,10 +4,10 @@
 #include <rapidcheck/gtest.h>
 
 #include "drawn_configuration.h"
-#include "edit_of_difference.h"
 #include "edit_writer.h"
 #include "edited_by.h"
 #include "element/datastore/difference.h"
+#include "element/edit/edit_of_difference.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "edit_of_difference.h"
 #include "edit_writer.h"
 #include "element/datastore/difference.h"
 #include "element/edit/apply_edit.h"
+#include "element/edit/edit_of_difference.h"
 #include "element/input/input_error.h"
 #include "print.h"
 

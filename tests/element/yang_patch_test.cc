@@ -2,9 +2,9 @@
 #include <rapidcheck/gtest.h>
 
 #include "drawn_configuration.h"
-#include "edit_of_difference.h"
 #include "edited_by.h"
 #include "element/datastore/difference.h"
+#include "element/edit/edit_of_difference.h"
 #include "patch_writer.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include <iostream>
 
 #include "element/datastore/difference.h"
+#include "element/edit/edit_of_difference.h"
 #include "element/input/configuration.h"
-#include "tests/element/edit_of_difference.h"
 #include "tests/element/edit_writer.h"
 
 int main(int argc, char **argv) {

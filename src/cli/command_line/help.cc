@@ -49,6 +49,10 @@ const std::vector<CommandHelp> &command_helps() {
       {"serve",
        {accepted, bad_input, unreadable_file, no_plugin, no_session},
        "vpnval serve night/42 --listen 127.0.0.1:8300"},
+      {"queue",
+       {accepted, rejected, bad_input, unreadable_file, no_plugin},
+       "vpnval queue --running running.xml --element element.json tonight/*.xml",
+       {{accepted, "all changes go through"}, {rejected, "not all go through, or no order was found for all"}}},
   };
   return helps;
 }

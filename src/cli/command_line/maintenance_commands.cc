@@ -3,7 +3,9 @@
 namespace cli {
 
 const std::vector<MaintenanceCommand> &maintenance_commands() {
-  static const std::vector<MaintenanceCommand> commands{};
+  static const std::vector<MaintenanceCommand> commands{
+      {"queue", "Tell which of many changes go together, and in which order"},
+  };
   return commands;
 }
 

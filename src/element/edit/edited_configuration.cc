@@ -28,28 +28,21 @@ void add_lines(const EditNode &node, SourceTree &tree) {
   tree.close();
 }
 
-SourceLines lines_of(const EditFile &file) {
-  SourceTree tree;
-  for (const Edit &edit : file.edits) {
-    for (const EditNode &node : edit.nodes) add_lines(node, tree);
-  }
-  return SourceLines(std::move(tree));
-}
-
 /// The data model's demands on the whole result. That of a mandatory leaf is looked at here, for libyang does not say
 /// in which entry it is missing.
 class ResultCheck {
  public:
-  ResultCheck(const ConfigurationFile &result, std::string origin) : result_(result), origin_(std::move(origin)) {}
+  ResultCheck(const Tree &result, const SourceLines &lines, const std::string &origin)
+      : result_(result), lines_(lines), origin_(origin) {}
 
   void run() {
-    require_mandatory(result_.tree.root());
-    const Schema &schema = result_.tree.schema();
+    require_mandatory(result_.root());
+    const Schema &schema = result_.schema();
     const CollectedMessages messages(schema);
-    lyd_node *data = data_tree(result_.tree).release();
+    lyd_node *data = data_tree(result_).release();
     const LY_ERR status = lyd_validate_all(&data, schema.context(), LYD_VALIDATE_NO_STATE, nullptr);
     const DataTree owner(data);
-    if (status != LY_SUCCESS) throw first_fault(schema, result_.source.lines, origin_);
+    if (status != LY_SUCCESS) throw first_fault(schema, lines_, origin_);
   }
 
  private:
@@ -74,16 +67,29 @@ class ResultCheck {
   }
 
   [[noreturn]] void fail(const SchemaNode &leaf) const {
-    throw edit_fault({origin_}, result_.source.lines.line_of(path_).value_or(0), path_,
-                     fmt::format("\"{}\" is missing", leaf.name), "it to be set, because it is mandatory");
+    throw edit_fault({origin_}, lines_.line_of(path_).value_or(0), path_, fmt::format("\"{}\" is missing", leaf.name),
+                     "it to be set, because it is mandatory");
   }
 
-  const ConfigurationFile &result_;
-  std::string origin_;
+  const Tree &result_;
+  const SourceLines &lines_;
+  const std::string &origin_;
   Path path_;
 };
 
 }  // namespace
+
+SourceLines lines_of(const std::vector<Edit> &edits) {
+  SourceTree tree;
+  for (const Edit &edit : edits) {
+    for (const EditNode &node : edit.nodes) add_lines(node, tree);
+  }
+  return SourceLines(std::move(tree));
+}
+
+void require_allowed(const Tree &result, const SourceLines &lines, const std::string &origin) {
+  ResultCheck(result, lines, origin).run();
+}
 
 ConfigurationFile edited_configuration(const ConfigurationFile &before, const std::filesystem::path &file_before,
                                        const std::vector<std::filesystem::path> &files, const ReadOptions &options) {
@@ -93,12 +99,12 @@ ConfigurationFile edited_configuration(const ConfigurationFile &before, const st
     const EditFile edits = read_edits(before.tree.schema(), file, options);
     for (const Edit &edit : edits.edits) result.tree = edited(result.tree, edit);
     result.source.further.insert(result.source.further.begin(), {*last, result.source.lines});
-    result.source.lines = lines_of(edits);
+    result.source.lines = lines_of(edits.edits);
     std::vector<ForeignModule> &modules = result.source.passed_over.modules;
     modules.insert(modules.end(), edits.passed_over.modules.begin(), edits.passed_over.modules.end());
     last = &file;
   }
-  ResultCheck(result, last->string()).run();
+  require_allowed(result.tree, result.source.lines, last->string());
   return result;
 }
 

@@ -4,11 +4,12 @@
 
 #include "cli/command_line/maintenance_commands.h"
 #include "cli/command_line/program_options.h"
+#include "maintenance/commands/queue_command.h"
 
 namespace maintenance {
 
 const std::vector<ListedCommand> &command_list() {
-  static const std::vector<ListedCommand> commands{};
+  static const std::vector<ListedCommand> commands{{"queue", add_queue}};
   return commands;
 }
 

@@ -1,4 +1,4 @@
-#include "edit_of_difference.h"
+#include "element/edit/edit_of_difference.h"
 
 #include <algorithm>
 
@@ -20,37 +20,38 @@ EditOperation operation_for(const Change &change) {
   return EditOperation::merge;
 }
 
-int turn(const EditNode &node) {
+int turn_of(const EditNode &node) {
   if (node.operation == EditOperation::delete_existing) return 0;
   return node.operation == EditOperation::merge ? 1 : 2;
 }
 
-void add_all(const Change &change, bool in_created, std::vector<EditNode> &nodes);
+void add_edits(const Change &change, bool in_created, std::vector<EditNode> &nodes);
 
-void add(const Change &change, bool in_created, std::vector<EditNode> &nodes) {
+void add_edit(const Change &change, bool in_created, std::vector<EditNode> &nodes) {
   const SchemaNode &schema = *change.schema;
   if (schema.derived) return;
-  if (schema.kind == NodeKind::list && !change.is_entry()) return add_all(change, in_created, nodes);
+  if (schema.kind == NodeKind::list && !change.is_entry()) return add_edits(change, in_created, nodes);
   EditNode node;
   node.schema = &schema;
   node.operation = in_created ? EditOperation::create : operation_for(change);
   if (change.is_entry()) node.keys = change.keys();
   if (schema.kind == NodeKind::leaf && change.after != nullptr) node.value = change.after->value;
-  add_all(change, node.operation == EditOperation::create, node.children);
+  add_edits(change, node.operation == EditOperation::create, node.children);
   const bool is_nothing = node.operation == EditOperation::merge && node.children.empty();
   if (!is_nothing) nodes.push_back(std::move(node));
 }
 
-void add_all(const Change &change, bool in_created, std::vector<EditNode> &nodes) {
-  for (const Change &below : change.children) add(below, in_created, nodes);
-  std::stable_sort(nodes.begin(), nodes.end(), [](const EditNode &a, const EditNode &b) { return turn(a) < turn(b); });
+void add_edits(const Change &change, bool in_created, std::vector<EditNode> &nodes) {
+  for (const Change &below : change.children) add_edit(below, in_created, nodes);
+  std::stable_sort(nodes.begin(), nodes.end(),
+                   [](const EditNode &a, const EditNode &b) { return turn_of(a) < turn_of(b); });
 }
 
 }  // namespace
 
 Edit edit_of(const Change &difference) {
   Edit edit;
-  add_all(difference, false, edit.nodes);
+  add_edits(difference, false, edit.nodes);
   return edit;
 }
 

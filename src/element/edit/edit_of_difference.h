@@ -1,5 +1,5 @@
-#ifndef TESTS_ELEMENT_EDIT_OF_DIFFERENCE_H
-#define TESTS_ELEMENT_EDIT_OF_DIFFERENCE_H
+#ifndef ELEMENT_EDIT_EDIT_OF_DIFFERENCE_H
+#define ELEMENT_EDIT_EDIT_OF_DIFFERENCE_H
 
 #include "element/datastore/difference.h"
 #include "element/edit/edit.h"
