@@ -17,6 +17,9 @@ constexpr int kLongestEnd = 10'000;
 
 constexpr int kStep = 250;
 
+/// After the end, for a reader of the log that is slow.
+constexpr int kLongestFlush = 1'000;
+
 timespec to_timespec(int milliseconds) { return {milliseconds / 1000, milliseconds % 1000 * 1'000'000L}; }
 
 }  // namespace
@@ -54,6 +57,7 @@ void Service::end() {
   }
   agent_.reset();
   sshd_.reset();
+  lines_.flush(kLongestFlush);
 }
 
 /// Waits for what they say, at most so long, and takes it. False where nothing came.
@@ -62,11 +66,13 @@ bool Service::step(int milliseconds) {
   const std::vector<pollfd> sshd = sshd_ ? sshd_->places() : std::vector<pollfd>(3, {-1, 0, 0});
   std::vector<pollfd> all = agent;
   all.insert(all.end(), sshd.begin(), sshd.end());
+  all.push_back(lines_.place());
   const timespec limit = to_timespec(milliseconds);
   const int count = ppoll(all.data(), all.size(), milliseconds < 0 ? nullptr : &limit,
                           heeds_signals_ ? &interrupts_.mask_before() : nullptr);
   if (heeds_signals_) interrupts_.throw_if_any();
   if (count <= 0) return false;
+  lines_.write_ready();
   if (agent_) agent_->read({all[0], all[1], all[2]}, [this](const std::string &line) { take_agent_line(line); });
   if (sshd_) sshd_->read({all[3], all[4], all[5]}, [this](const std::string &line) { take_sshd_line(line); });
   return true;

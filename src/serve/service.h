@@ -7,6 +7,7 @@
 #include "process/interrupts.h"
 #include "serve/event_log.h"
 #include "serve/folders.h"
+#include "serve/line_queue.h"
 #include "serve/netconf_agent.h"
 #include "serve/private_sshd.h"
 #include "serve/servant.h"
@@ -16,7 +17,9 @@ namespace serve {
 /// An agent and the sshd in front of it, while they run.
 class Service {
  public:
-  Service(EventLog &log, const process::Interrupts &interrupts) : log_(log), interrupts_(interrupts) {}
+  /// `lines` is where the log's events go.
+  Service(EventLog &log, LineQueue &lines, const process::Interrupts &interrupts)
+      : log_(log), lines_(lines), interrupts_(interrupts) {}
 
   /// Starts the one, then the other, each when the one before is ready. Throws ServeError where one does not get ready,
   /// with what it said, and process::Interrupted.
@@ -38,6 +41,7 @@ class Service {
   void take_sshd_line(const std::string &line);
 
   EventLog &log_;
+  LineQueue &lines_;
   const process::Interrupts &interrupts_;
   std::optional<Servant> agent_;
   std::optional<Servant> sshd_;

@@ -32,7 +32,8 @@ TEST_F(Question, is_asked_about_the_two_files) {
   settings.profile = "element.json";
   const Answer answer = answer_of("echo \"$@\" >&2; exit 70");
   EXPECT_EQ(answer.failure,
-            "check --format=json --budget=5 --plugin=lib.so --element=element.json --running=r.xml --candidate=c.xml");
+            "check --format=json --all-faults --budget=5 --plugin=lib.so --element=element.json --running=r.xml "
+            "--candidate=c.xml");
 }
 
 TEST_F(Question, has_an_answer) {

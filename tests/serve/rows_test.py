@@ -215,9 +215,11 @@ class Rows(unittest.TestCase):
             finding, = error.findings()
             self.assertEqual(finding["rule"], ["access-same-dot1q"])
             self.assertEqual(finding["validation-point"], ["vpn_access_valp"])
-            self.assertEqual([party.split(":")[0] for party in finding["party"]], ["added", "unchanged"])
-            self.assertEqual(finding["take-back"][0].split(":")[0], "added")
-            self.assertIn("211", finding["instead"][0])
+            self.assertEqual([party["status"] for party in finding["party"]], [["added"], ["unchanged"]])
+            self.assertEqual(finding["party"][0]["detail"][0]["new"], ["210"])
+            self.assertEqual(finding["advice"][0]["alternative"][0]["part"][0]["status"], ["added"])
+            self.assertEqual(finding["repair"][0]["kind"], ["free-vlans"])
+            self.assertIn("211", finding["repair"][0]["value"])
 
     def test_13_copies(self):
         self.assert_ok(self.a.edit(one_vlan(10)))

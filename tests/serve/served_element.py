@@ -1,8 +1,10 @@
 """An element served by vpnval serve, and clients of it, for the tests of this folder."""
+import itertools
 import json
 import os
 import pathlib
 import queue
+import select
 import shutil
 import signal
 import subprocess
@@ -12,10 +14,12 @@ import threading
 
 from lxml import etree
 
-VPNVAL, WRITE_EDIT, SOURCE, ANSWERING_PLUGIN = (
-    os.environ.get(name, "") for name in ("VPNVAL", "WRITE_EDIT", "SOURCE_DIR", "ANSWERING_PLUGIN"))
+VPNVAL, WRITE_EDIT, SOURCE, ANSWERING_PLUGIN, HANGING_PLUGIN = (
+    os.environ.get(name, "") for name in ("VPNVAL", "WRITE_EDIT", "SOURCE_DIR", "ANSWERING_PLUGIN", "HANGING_PLUGIN"))
 BASE = "urn:ietf:params:xml:ns:netconf:base:1.0"
 AGENT = "urn:element:vpnval-agent"
+# A bound of time would cut the search short on a slow machine.
+BUDGET = "--budget=500"
 SKIPPED = 77  # what ctest takes for a test that could not be run
 # Far beyond what any step takes on a slow machine: a test fails instead of hanging.
 LONGEST = int(os.environ.get("LONGEST", 300))
@@ -23,7 +27,7 @@ LONGEST = int(os.environ.get("LONGEST", 300))
 
 def missing_packages():
     """What keeps these tests from running; empty: nothing."""
-    lacks = [name for name in ("netconfd", "sshd") if not shutil.which(name, path=os.environ["PATH"] + ":/usr/sbin")]
+    lacks = [name for name in ("netconfd", "sshd", "yanglint") if not shutil.which(name, path=os.environ["PATH"] + ":/usr/sbin")]
     module = pathlib.Path(VPNVAL).parent.parent / "lib/agent/libvpnval-agent.so"
     return lacks + ([] if module.exists() else [str(module)])
 
@@ -39,27 +43,39 @@ def configuration_of(folder, name):
 class Element:
     """A running vpnval serve with its folders; ended with the object, which makes sure that nothing is left."""
 
-    def __init__(self, folder, *options, state=None):
+    def __init__(self, folder, *options, state=None, program=VPNVAL, log_is_read=True):
         self.scratch = pathlib.Path(tempfile.mkdtemp(prefix="vpnval-served-"))
         self.key = self.scratch / "key"
         subprocess.run(["ssh-keygen", "-q", "-t", "ed25519", "-N", "", "-f", self.key], check=True)
         self.profile = self.scratch / "element.json"
         shutil.copy(folder / "element.json", self.profile)
-        command = [VPNVAL, "serve", f"--element={self.profile}", f"--running={configuration_of(folder, 'running')}"]
+        command = [program, "serve", f"--element={self.profile}", f"--running={configuration_of(folder, 'running')}"]
         command += [f"--authorized-keys={self.key}.pub", "--log=json", *options]
         if state is not None:
             command.append(f"--state={state}")
         environment = {**os.environ, "TMPDIR": str(self.scratch)}
         self.process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, env=environment)
-        # Read at all times: a log that nobody reads stops what writes it.
         self.events = queue.Queue()
-        threading.Thread(target=self.read_log, daemon=True).start()
+        if log_is_read:
+            threading.Thread(target=self.read_log, daemon=True).start()
+        else:
+            self.read_log(lines=1)
         self.ready = self.event("ready")
 
-    def read_log(self):
-        for line in self.process.stdout:
+    def read_log(self, lines=None):
+        for line in itertools.islice(self.process.stdout, lines):
             self.events.put(json.loads(line))
-        self.events.put(None)
+        if lines is None:
+            self.events.put(None)
+
+    def agent(self):
+        """The number of the agent's process."""
+        return self.child("netconfd")
+
+    def child(self, name):
+        """The number of a process that vpnval serve has started."""
+        children = subprocess.run(["ps", "-o", "pid=,comm=", "--ppid", str(self.process.pid)], capture_output=True, text=True)
+        return next(int(line.split()[0]) for line in children.stdout.splitlines() if name in line)
 
     def event(self, name, **content):
         """The next event of this name, with this content."""
@@ -141,6 +157,10 @@ class Client:
                 self.more()
             text, self.buffer = text + self.buffer[: int(size)], self.buffer[int(size):]
 
+    def has_reply(self):
+        """Whether some of a reply is there."""
+        return bool(self.buffer or select.select([self.process.stdout], [], [], 0)[0])
+
     def message(self, operation):
         self.last_id += 1
         return f'<rpc message-id="{self.last_id}" xmlns="{BASE}">{operation}</rpc>'.encode()
@@ -200,14 +220,24 @@ class Error:
             setattr(self, name.replace("-", "_"), xml.findtext(f"{{{BASE}}}error-{name}"))
 
     def findings(self):
-        """Those of error-info, each as its leafs' texts by name."""
-        found = []
-        for finding in self.xml.iterfind(f".//{{{AGENT}}}finding"):
-            leafs = {}
-            for leaf in finding:
-                leafs.setdefault(etree.QName(leaf).localname, []).append(leaf.text)
-            found.append(leafs)
-        return found
+        """Those of error-info, each as its children's values by name: a text for a leaf, such a dictionary for another node."""
+        return [values_of(finding) for finding in self.xml.iterfind(f".//{{{AGENT}}}finding")]
+
+
+def values_of(node):
+    values = {}
+    for child in node:
+        values.setdefault(etree.QName(child).localname, []).append(values_of(child) if len(child) else child.text)
+    return values
+
+
+def schema_faults(data, kind):
+    """What yanglint, and so libyang, finds wrong with data of our YANG module; kind is its name of the type of data."""
+    module = pathlib.Path(SOURCE) / "src/agent/yang/vpnval-agent.yang"
+    with tempfile.NamedTemporaryFile(suffix=".xml") as file:
+        file.write(etree.tostring(data))
+        file.flush()
+        return subprocess.run(["yanglint", "-t", kind, module, file.name], capture_output=True, text=True).stderr
 
 
 def edit_between(before, after):
@@ -222,8 +252,8 @@ def verdict_of(document):
 
 
 def check(*options):
-    """What vpnval check says of a commit."""
-    command = [VPNVAL, "check", "--format=json", "--budget=500,2s", *options]
+    """What vpnval check says of a commit. Its search is bounded by calls alone, as that of an Element with BUDGET."""
+    command = [VPNVAL, "check", "--format=json", "--all-faults", BUDGET, *options]
     output = subprocess.run(command, capture_output=True, text=True)
     return verdict_of(output.stdout)
 

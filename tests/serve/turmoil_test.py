@@ -108,11 +108,6 @@ class Turmoil(unittest.TestCase):
                             "--candidate", self.scratch / "running.xml")
             self.assertEqual(verdict["changes"], [], f"seed {SEED}")
 
-    def kill(self, element, name):
-        children = subprocess.run(["ps", "-o", "pid=,comm=", "--ppid", str(element.process.pid)], capture_output=True, text=True)
-        victim = next(int(line.split()[0]) for line in children.stdout.splitlines() if name in line)
-        os.kill(victim, signal.SIGKILL)
-
     def test_a_server_that_is_killed_during_a_commit_leaves_running_whole(self):
         state = self.scratch / "state"
         drawn = random.Random(SEED)
@@ -126,7 +121,7 @@ class Turmoil(unittest.TestCase):
             client.send("<commit/>")
             for _ in range(drawn.randrange(200_000)):
                 pass
-            self.kill(element, victim)
+            os.kill(element.child(victim), signal.SIGKILL)
             element.process.wait()
             shutil.rmtree(element.scratch)
             with Element(FOLDER, state=state) as again:

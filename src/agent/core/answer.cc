@@ -6,64 +6,30 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "agent/core/finding_data.h"
+
 namespace agent {
 namespace {
 
 using nlohmann::json;
 
-std::string text_of(const json &object, const char *name) {
-  const auto found = object.find(name);
-  return found != object.end() && found->is_string() ? found->get<std::string>() : "";
-}
-
-const json &list_of(const json &object, const char *name) {
-  static const json empty = json::array();
-  const auto found = object.find(name);
-  return found != object.end() && found->is_array() ? *found : empty;
-}
-
-std::string node_text(const json &node) {
-  std::string text = fmt::format("{}: {}", text_of(node, "status"), text_of(node, "path"));
-  for (const json &detail : list_of(node, "details")) {
-    const std::string path = text_of(detail, "path");
-    text += fmt::format(", {} {}", path.substr(path.find_last_of('/') + 1), text_of(detail, "new"));
-  }
-  return text;
-}
-
-std::string repair_text(const json &repair) {
-  std::vector<std::string> values;
-  for (const json &value : list_of(repair, "values")) {
-    values.push_back(value.is_string() ? value.get<std::string>() : value.dump());
-  }
-  return fmt::format("{} for {}: {}", text_of(repair, "kind"), text_of(repair, "path"), fmt::join(values, ", "));
-}
-
-/// The parts of the change to take back, of the first way to do so.
-std::vector<std::string> first_alternative(const json &finding) {
-  std::vector<std::string> parts;
-  const auto advice = finding.find("advice");
-  if (advice == finding.end() || list_of(*advice, "alternatives").empty()) return parts;
-  for (const json &part : list_of(*advice, "alternatives").front()) parts.push_back(node_text(part));
-  return parts;
-}
-
 Finding read_finding(const json &object) {
-  Finding finding{text_of(object, "rule"),
-                  text_of(object, "point"),
-                  text_of(object, "path"),
-                  text_of(object, "message"),
-                  {},
-                  {},
-                  {}};
-  for (const json &party : list_of(object, "parties")) finding.parties.push_back(node_text(party));
-  finding.take_back = first_alternative(object);
-  for (const json &repair : list_of(object, "repairs")) finding.instead.push_back(repair_text(repair));
+  const auto device = object.find("from-device");
+  const bool from_device = device == object.end() || *device != false;
+  return {text_of(object, "rule"), text_of(object, "path"), text_of(object, "message"), from_device,
+          finding_data(object)};
+}
+
+/// What a validation point said, in the shape of a finding that was not looked into.
+json finding_of_point(const json &point) {
+  json finding{{"severity", text_of(point, "verdict") == "rejected" ? "rejection" : "warning"}, {"from-device", true}};
+  finding["point"] = text_of(point, "name");
+  for (const char *member : {"path", "message"}) finding[member] = text_of(point, member);
   return finding;
 }
 
-/// The findings of the messages that the points have set, in the order of NETCONF's interest: the rejection first. A
-/// message that was not looked into is a finding without more.
+/// The findings, and the messages of validation points without one, in the order of NETCONF's interest: the rejection
+/// first.
 std::vector<Finding> read_findings(const json &commit) {
   std::vector<Finding> findings;
   for (const json &object : list_of(commit, "findings")) findings.push_back(read_finding(object));
@@ -73,10 +39,8 @@ std::vector<Finding> read_findings(const json &commit) {
   };
   for (const json &point : list_of(commit, "points")) {
     if (text_of(point, "verdict") == "accepted" || has(text_of(point, "message"))) continue;
-    Finding finding = read_finding(point);
-    finding.point = text_of(point, "name");
     const bool is_first = text_of(point, "verdict") == "rejected";
-    findings.insert(is_first ? findings.begin() : findings.end(), std::move(finding));
+    findings.insert(is_first ? findings.begin() : findings.end(), read_finding(finding_of_point(point)));
   }
   return findings;
 }
@@ -100,9 +64,29 @@ Decision decision_of(const std::string &name) {
   return name == "rejected" ? Decision::rejected : Decision::undecided;
 }
 
+/// Why the commit was not decided. The agent has accepted the configurations itself: where one of them is refused, the
+/// two read the YANG modules in different ways.
+void take_error(Answer &answer, const json &commit, const std::vector<std::string> &configurations) {
+  answer.failure = text_of(commit, "error");
+  const auto place = commit.find("place");
+  const std::string file = place == commit.end() ? "" : text_of(*place, "file");
+  if (std::find(configurations.begin(), configurations.end(), file) == configurations.end()) return;
+  answer.kind = Failure::internal_fault;
+  answer.failure = "internal fault: vpnval does not read what the agent has accepted: " + answer.failure;
+}
+
+void take_verdict(Answer &answer, const json &verdict) {
+  answer.decision = decision_of(text_of(verdict, "decision"));
+  answer.findings = read_findings(verdict);
+  const bool has_message = answer.decision == Decision::accepted || !answer.findings.empty();
+  if (answer.decision != Decision::undecided && has_message) return;
+  answer.decision = Decision::undecided;
+  answer.failure = "vpnval check printed no decision";
+}
+
 }  // namespace
 
-Answer read_answer(const process::Result &result) {
+Answer read_answer(const process::Result &result, const std::vector<std::string> &configurations) {
   Answer answer;
   const json document = json::parse(result.out, nullptr, false);
   if (!document.is_object() || list_of(document, "commits").size() != 1) {
@@ -110,19 +94,15 @@ Answer read_answer(const process::Result &result) {
     return answer;
   }
   const json &commit = list_of(document, "commits").front();
-  answer.failure = text_of(commit, "error");
   const auto verdict = commit.find("verdict");
-  if (!answer.failure.empty() || verdict == commit.end() || !verdict->is_object()) {
-    if (answer.failure.empty()) answer.failure = "vpnval check printed no verdict";
-    return answer;
+  if (!text_of(commit, "error").empty()) {
+    take_error(answer, commit, configurations);
+  } else if (verdict == commit.end() || !verdict->is_object()) {
+    answer.failure = "vpnval check printed no verdict";
+  } else {
+    take_verdict(answer, *verdict);
+    answer.document = result.out;
   }
-  answer.decision = decision_of(text_of(*verdict, "decision"));
-  answer.findings = read_findings(*verdict);
-  answer.document = result.out;
-  const bool has_message = answer.decision == Decision::accepted || !answer.findings.empty();
-  if (answer.decision != Decision::undecided && has_message) return answer;
-  answer.decision = Decision::undecided;
-  answer.failure = "vpnval check printed no decision";
   return answer;
 }
 

@@ -1,29 +1,20 @@
 #include "agent/module/events.h"
 
-#include <array>
 #include <cstdio>
-#include <nlohmann/json.hpp>
 
+#include "agent/core/event_lines.h"
 #include "agent/module/findings_data.h"
 
 namespace agent {
-namespace {
-
-constexpr std::array<const char *, 4> kDecisions{"accepted", "accepted-with-warnings", "rejected", "undecided"};
-
-}  // namespace
 
 void log_answer(const ses_cb_t *session, std::string_view operation, const Answer &answer) {
-  nlohmann::json line{{"event", operation},
-                      {"decision", kDecisions.at(static_cast<std::size_t>(answer.decision))},
-                      {"session", session == nullptr ? 0 : session->sid},
-                      {"user", session == nullptr ? "" : from_xml(session->username)}};
-  if (!answer.failure.empty()) line["failure"] = answer.failure;
-  for (const Finding &finding : answer.findings) {
-    line["findings"].push_back({{"rule", finding.rule}, {"path", finding.path}, {"message", finding.message}});
+  Operation told{std::string(operation), 0, ""};
+  if (session != nullptr) {
+    told.session = session->sid;
+    told.user = from_xml(session->username);
   }
-  const std::string text = line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
-  std::fwrite(text.data(), 1, text.size(), stderr);
+  const std::string line = answer_line(told, answer) + "\n";
+  std::fwrite(line.data(), 1, line.size(), stderr);
   std::fflush(stderr);
 }
 

@@ -5,13 +5,16 @@ namespace {
 
 constexpr const char *kModule = "vpnval-agent";
 
-void add_leaf(val_value_t *parent, const char *name, const std::string &text) {
-  if (text.empty()) return;
-  if (val_value_t *leaf = make_leaf(parent->obj, name, text)) val_add_child(leaf, parent);
-}
-
-void add_leaves(val_value_t *parent, const char *name, const std::vector<std::string> &texts) {
-  for (const std::string &text : texts) add_leaf(parent, name, text);
+val_value_t *make_value(obj_template_t *parent, const DataNode &node) {
+  if (node.children.empty()) return make_leaf(parent, node.name.c_str(), node.text);
+  obj_template_t *object = obj_find_child(parent, to_xml(kModule), to_xml(node.name));
+  val_value_t *value = object == nullptr ? nullptr : val_new_value();
+  if (value == nullptr) return nullptr;
+  val_init_from_template(value, object);
+  for (const DataNode &child : node.children) {
+    if (val_value_t *made = make_value(object, child)) val_add_child(made, value);
+  }
+  return value;
 }
 
 }  // namespace
@@ -26,19 +29,9 @@ val_value_t *make_leaf(obj_template_t *parent, const char *name, const std::stri
 }
 
 void add_findings(val_value_t *parent, const std::vector<Finding> &findings) {
-  obj_template_t *list = obj_find_child(parent->obj, to_xml(kModule), to_xml("finding"));
   for (const Finding &finding : findings) {
-    val_value_t *entry = list == nullptr ? nullptr : val_new_value();
-    if (entry == nullptr) return;
-    val_init_from_template(entry, list);
-    val_add_child(entry, parent);
-    add_leaf(entry, "rule", finding.rule);
-    add_leaf(entry, "validation-point", finding.point);
-    add_leaf(entry, "node", finding.path);
-    add_leaf(entry, "message", finding.message);
-    add_leaves(entry, "party", finding.parties);
-    add_leaves(entry, "take-back", finding.take_back);
-    add_leaves(entry, "instead", finding.instead);
+    const DataNode entry{"finding", "", finding.data};
+    if (val_value_t *value = make_value(parent->obj, entry)) val_add_child(value, parent);
   }
 }
 

@@ -57,7 +57,7 @@ void add_error(xml_msg_hdr_t *header, val_value_t *root, const Answer &answer) {
   rpc_err_rec_t *error = new_error(is_warning ? RPC_ERR_SEV_WARNING : RPC_ERR_SEV_ERROR, message);
   if (error == nullptr) return;
   if (is_undecided) {
-    error->error_app_tag = lasting("undecided");
+    error->error_app_tag = lasting(answer.kind == Failure::internal_fault ? "internal-fault" : "undecided");
   } else {
     const Finding &finding = answer.findings.front();
     error->error_type = NCX_LAYER_CONTENT;

@@ -16,6 +16,8 @@ const std::map<std::string, WarningStyle> warning_styles{
     {"error", WarningStyle::error}, {"notify", WarningStyle::notify}, {"both", WarningStyle::both}};
 const std::map<std::string, LogFormat> log_formats{{"text", LogFormat::text}, {"json", LogFormat::json}};
 
+constexpr int kLongestTimeout = 86'400;
+
 }  // namespace
 
 void add_serve(CLI::App &program, ServeArguments &serve) {
@@ -49,6 +51,11 @@ void add_serve(CLI::App &program, ServeArguments &serve) {
           },
           "Bound of the search for what draws a message, for each answer: as 500,2s, unless it is given")
       ->type_name("BUDGET");
+  command
+      ->add_option("--library-timeout", serve.library_timeout,
+                   "Longest time for one answer, after which it is given up; 60 unless it is given")
+      ->check(CLI::Range(1, kLongestTimeout))
+      ->type_name("SECONDS");
 }
 
 }  // namespace cli

@@ -21,6 +21,7 @@ struct ServeArguments {
   std::string state;            ///< a folder; empty: nothing is kept
   std::string plugin;
   std::string budget = "500,2s";
+  int library_timeout = 60;  ///< seconds for one answer, at least 1
   agent::WarningStyle warnings = agent::WarningStyle::error;
   serve::LogFormat log = serve::LogFormat::text;
 };

@@ -40,6 +40,9 @@ std::string time_of_day() {
   return fmt::format("{:%FT%TZ}", fmt::gmtime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())));
 }
 
+/// Bytes of the log that may wait for its reader.
+constexpr std::size_t kLogCapacity = std::size_t{1} << 20;
+
 struct ServedFiles {
   fs::path element;
   fs::path running;
@@ -76,14 +79,16 @@ class ElementService {
         environment_(environment),
         user_(this_user()),
         tools_(serve::find_tools(environment.search_path, environment.program, VPNVAL_MULTIARCH)),
-        log_(environment.out, arguments.log, time_of_day) {
+        lines_(STDOUT_FILENO, kLogCapacity,
+               [this](std::size_t count) { return serve::dropped_event(arguments_.log, count, time_of_day()); }),
+        log_([this](const std::string &line) { lines_.add(line); }, arguments.log, time_of_day) {
     if (!arguments.state.empty()) state_.emplace(fs::absolute(arguments.state));
   }
 
   void run(const process::Interrupts &interrupts) {
     const serve::NetconfAgent agent = make_agent();
     const serve::PrivateSshd sshd = make_sshd(agent);
-    serve::Service service(log_, interrupts);
+    serve::Service service(log_, lines_, interrupts);
     try {
       service.start(serve::prepare_agent(agent, tools_), serve::prepare_sshd(sshd, tools_));
       log_.ready(serve::ssh_command(sshd), sshd.endpoint.address, sshd.endpoint.port, user_.name);
@@ -113,6 +118,7 @@ class ElementService {
     agent.settings.running = state_ ? state_->running() : agent.folder / "running.xml";
     agent.settings.warnings = arguments_.warnings;
     agent.settings.budget = arguments_.budget;
+    agent.settings.limit = std::chrono::seconds(arguments_.library_timeout);
     agent.startup = agent.folder / "begin.xml";
     std::error_code unknown;
     const bool goes_on = state_ && fs::exists(state_->running(), unknown);
@@ -152,6 +158,7 @@ class ElementService {
   const Environment &environment_;
   User user_;
   serve::Tools tools_;
+  serve::LineQueue lines_;
   serve::EventLog log_;
   serve::RuntimeFolder runtime_;
   std::optional<serve::StateFolder> state_;
