@@ -53,6 +53,9 @@ const std::vector<CommandHelp> &command_helps() {
        {accepted, rejected, bad_input, unreadable_file, no_plugin},
        "vpnval queue --running running.xml --element element.json tonight/*.xml",
        {{accepted, "all changes go through"}, {rejected, "not all go through, or no order was found for all"}}},
+      {"shrink",
+       {accepted, bad_input, unreadable_file, no_plugin},
+       "vpnval shrink night/42 -o examples/pw-id-moved-in-the-night"},
   };
   return helps;
 }

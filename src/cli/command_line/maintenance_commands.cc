@@ -5,6 +5,7 @@ namespace cli {
 const std::vector<MaintenanceCommand> &maintenance_commands() {
   static const std::vector<MaintenanceCommand> commands{
       {"queue", "Tell which of many changes go together, and in which order"},
+      {"shrink", "Find the smallest commit that draws the same words"},
   };
   return commands;
 }

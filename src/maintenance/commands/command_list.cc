@@ -5,11 +5,15 @@
 #include "cli/command_line/maintenance_commands.h"
 #include "cli/command_line/program_options.h"
 #include "maintenance/commands/queue_command.h"
+#include "maintenance/commands/shrink_command.h"
 
 namespace maintenance {
 
 const std::vector<ListedCommand> &command_list() {
-  static const std::vector<ListedCommand> commands{{"queue", add_queue}};
+  static const std::vector<ListedCommand> commands{
+      {"queue", add_queue},
+      {"shrink", add_shrink},
+  };
   return commands;
 }
 

@@ -1,0 +1,16 @@
+#ifndef MAINTENANCE_COMMANDS_COMMIT_SOURCE_H
+#define MAINTENANCE_COMMANDS_COMMIT_SOURCE_H
+
+#include <string>
+
+#include "maintenance/commits/commit.h"
+
+namespace maintenance {
+
+/// The commit of a folder as `vpnval check` takes it. The schema must outlive it. Throws element::FileError,
+/// element::InputError or cli::UsageError.
+Commit read_commit(const element::Schema &schema, const std::string &folder);
+
+}  // namespace maintenance
+
+#endif

@@ -1,0 +1,146 @@
+#include "maintenance/shrinking/shrink.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "maintenance/shrinking/configuration_nodes.h"
+#include "maintenance/shrinking/ddmin.h"
+
+namespace maintenance {
+namespace {
+
+using Paths = std::vector<element::Path>;
+
+/// The items that are in `all` and not in `some`, which has them in the same order.
+template <typename Item>
+std::vector<Item> without(const std::vector<Item> &all, const std::vector<Item> &some) {
+  std::vector<Item> rest;
+  std::set_difference(all.begin(), all.end(), some.begin(), some.end(), std::back_inserter(rest));
+  return rest;
+}
+
+std::vector<std::size_t> numbers_below(std::size_t end) {
+  std::vector<std::size_t> numbers(end);
+  for (std::size_t i = 0; i < end; ++i) numbers[i] = i;
+  return numbers;
+}
+
+class Shrinker {
+ public:
+  Shrinker(const Commit &commit, const Reproduces &reproduces, std::size_t most_questions)
+      : reproduces_(reproduces), most_questions_(most_questions), shrunk_{commit, count_nodes(commit)} {}
+
+  ShrunkCommit run() {
+    shrink_interfaces();
+    while (shrink_configurations()) {
+    }
+    shrink_interfaces();
+    shorten_names();
+    shrunk_.nodes_after = count_nodes(shrunk_.commit);
+    return std::move(shrunk_);
+  }
+
+ private:
+  bool holds(const Commit &commit) {
+    if (shrunk_.questions == most_questions_) {
+      shrunk_.is_complete = false;
+      return false;
+    }
+    ++shrunk_.questions;
+    return reproduces_(commit);
+  }
+
+  /// Leaves out as many of `count` changes as can be, where `make` does to a commit what is to be left out.
+  bool leave_out(std::size_t count, const std::function<void(Commit &, std::size_t)> &make) {
+    const Commit start = shrunk_.commit;
+    const std::vector<std::size_t> all = numbers_below(count);
+    const auto without_all_but = [&](const std::vector<std::size_t> &kept) {
+      Commit commit = start;
+      for (const std::size_t number : without(all, kept)) make(commit, number);
+      return commit;
+    };
+    const std::vector<std::size_t> kept = ddmin(all, [&](const auto &part) { return holds(without_all_but(part)); });
+    if (kept.size() == count) return false;
+    shrunk_.commit = without_all_but(kept);
+    return true;
+  }
+
+  /// One round; false where nothing went.
+  bool shrink_configurations() {
+    bool is_smaller = false;
+    for (std::size_t depth = 0;; ++depth) {
+      const std::vector<CommitNode> nodes = nodes_at(shrunk_.commit, depth);
+      if (nodes.empty()) break;
+      is_smaller |= leave_out(nodes.size(), [&nodes](Commit &commit, std::size_t number) {
+        erase_node(commit.running, nodes[number].path);
+        erase_node(commit.candidate, nodes[number].path);
+      });
+    }
+    is_smaller |= take_changes_back();
+    is_smaller |= make_changes_before();
+    return is_smaller;
+  }
+
+  bool take_changes_back() {
+    const Paths changes = outermost_changes(shrunk_.commit);
+    return leave_out(changes.size(), [&changes](Commit &commit, std::size_t number) {
+      copy_node(commit.candidate, commit.running, changes[number]);
+    });
+  }
+
+  bool make_changes_before() {
+    const Paths changes = outermost_changes(shrunk_.commit);
+    return leave_out(changes.size(), [&changes](Commit &commit, std::size_t number) {
+      copy_node(commit.running, commit.candidate, changes[number]);
+    });
+  }
+
+  void shrink_interfaces() {
+    const element::Profile &profile = *shrunk_.commit.profile;
+    const std::vector<element::Interface> start = profile.interfaces();
+    const auto of = [&](const std::vector<std::size_t> &kept) {
+      std::vector<element::Interface> interfaces;
+      for (const std::size_t number : kept) interfaces.push_back(start[number]);
+      Commit commit = shrunk_.commit;
+      commit.profile = std::make_shared<const element::Profile>(profile.card, std::move(interfaces));
+      return commit;
+    };
+    const auto kept = ddmin(numbers_below(start.size()), [&](const auto &part) { return holds(of(part)); });
+    if (kept.size() != start.size()) shrunk_.commit = of(kept);
+  }
+
+  void shorten_names() {
+    shorten_names(NameKind::group, "g");
+    shorten_names(NameKind::vpn, "vpn");
+    shorten_names(NameKind::interface, "eth");
+  }
+
+  void shorten_names(NameKind kind, const char *stem) {
+    std::size_t number = 0;
+    for (const std::string &name : names_of(shrunk_.commit, kind)) {
+      const std::string to = fmt::format("{}{}", stem, ++number);
+      if (name.starts_with(stem) || is_used(kind, to)) continue;
+      Commit other = renamed(shrunk_.commit, kind, name, to);
+      if (holds(other)) shrunk_.commit = std::move(other);
+    }
+  }
+
+  bool is_used(NameKind kind, const std::string &name) const {
+    const std::vector<std::string> names = names_of(shrunk_.commit, kind);
+    return std::find(names.begin(), names.end(), name) != names.end() ||
+           (kind == NameKind::interface && shrunk_.commit.profile->by_name(name) != nullptr);
+  }
+
+  const Reproduces &reproduces_;
+  const std::size_t most_questions_;
+  ShrunkCommit shrunk_;
+};
+
+}  // namespace
+
+ShrunkCommit shrink(const Commit &commit, const Reproduces &reproduces, std::size_t most_questions) {
+  return Shrinker(commit, reproduces, most_questions).run();
+}
+
+}  // namespace maintenance
