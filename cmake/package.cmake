@@ -19,7 +19,8 @@ install(FILES ${yang_modules} DESTINATION share/vpnval/yang)
 
 # For many commits: docs/many-commits.md. The schemas are those of the documents that the program reads and prints.
 file(GLOB schemas CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/*.schema.json)
-install(PROGRAMS tools/decide_chunk DESTINATION share/vpnval)
+install(PROGRAMS tools/decide_chunk tools/decide_indexed DESTINATION share/vpnval)
+install(FILES docs/kubernetes-commits.yaml DESTINATION share/doc/vpnval)
 install(FILES tools/sum_up.jq DESTINATION share/vpnval)
 install(FILES ${schemas} DESTINATION share/vpnval/schemas)
 install(DIRECTORY examples DESTINATION share/doc/vpnval)

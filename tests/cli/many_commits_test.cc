@@ -54,6 +54,28 @@ TEST_F(ManyCommits, chunks_sum_up_to_what_one_run_over_all_gives) {
   EXPECT_EQ(at_once["not-decided"], 1);
 }
 
+TEST_F(ManyCommits, a_job_with_indexes_sums_up_to_what_one_run_over_all_gives) {
+  make_chunks();
+  const ProcessResult tasks =
+      run("for i in 0 1; do JOB_COMPLETION_INDEX=$i decide_indexed . " + options +
+          " || exit; done; SLURM_ARRAY_TASK_ID=2 decide_indexed . " + options + " && ls results");
+  EXPECT_EQ(tasks.output, "0000.json\n0001.json\n0002.json\n");
+  run("jq -n -f " SOURCE_DIR "/tools/sum_up.jq results/*.json > sum.json; xargs $VPNVAL check --format json " +
+      options + " < commits.txt 2>/dev/null > all.json");
+  json at_once = file("all.json")["summary"];
+  at_once.erase("unused-suppressions");
+  EXPECT_EQ(file("sum.json"), at_once);
+}
+
+TEST_F(ManyCommits, a_task_without_index_or_chunk_fails) {
+  make_chunks();
+  EXPECT_EQ(run("decide_indexed .").status, 64);
+  EXPECT_EQ(run("JOB_COMPLETION_INDEX= decide_indexed .").status, 64);
+  const ProcessResult beyond = run("JOB_COMPLETION_INDEX=3 decide_indexed .");
+  EXPECT_EQ(beyond.status, 66);
+  EXPECT_EQ(beyond.output, "decide_indexed: ./chunks/0003: no such chunk\n");
+}
+
 TEST_F(ManyCommits, the_worst_status_is_kept_whatever_the_order) {
   const auto result = [](int status) {
     return R"({"summary": {"commits": 1, "accepted": 0, "accepted-with-warnings": 0, "rejected": 1, "not-decided": 0, )"

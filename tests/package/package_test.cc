@@ -50,7 +50,9 @@ std::set<std::string> expected_files() {
       "-rw-r--r-- /usr/share/zsh/vendor-completions/_vpnval",
       "-rw-r--r-- /usr/share/doc/vpnval/changelog.gz",
       "-rw-r--r-- /usr/share/doc/vpnval/copyright",
+      "-rw-r--r-- /usr/share/doc/vpnval/kubernetes-commits.yaml",
       "-rwxr-xr-x /usr/share/vpnval/decide_chunk",
+      "-rwxr-xr-x /usr/share/vpnval/decide_indexed",
       "-rw-r--r-- /usr/share/vpnval/sum_up.jq",
   };
   for (const auto &name : names_in(SOURCE_DIR "/docs")) {
