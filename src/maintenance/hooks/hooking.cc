@@ -1,0 +1,92 @@
+#include "maintenance/hooks/hooking.h"
+
+#include <string_view>
+#include <vector>
+
+#include "maintenance/hooks/library_slots.h"
+
+namespace hooks {
+
+namespace {
+
+using recording::Function;
+
+struct NamedSymbol {
+  std::string_view symbol;
+  Function function;
+};
+
+// Symbols that are not called as the recording calls the function: those of the C++ session class, whose constructors
+// and destructors for a whole object and for a base are alike, and the clock.
+constexpr NamedSymbol kNamedSymbols[] = {
+    {"_ZN21QnConfdCdbSessionBaseC1EP16QnConfdInterface11cdb_db_typeb", Function::cdb_session_start},
+    {"_ZN21QnConfdCdbSessionBaseC2EP16QnConfdInterface11cdb_db_typeb", Function::cdb_session_start},
+    {"_ZN21QnConfdCdbSessionBaseD1Ev", Function::cdb_session_end},
+    {"_ZN21QnConfdCdbSessionBaseD2Ev", Function::cdb_session_end},
+    {"_ZNK21QnConfdCdbSessionBase6SocketEv", Function::cdb_session_socket},
+    {"_ZNSt6chrono3_V212system_clock3nowEv", Function::system_clock_now},
+};
+
+std::optional<Function> function_of(std::string_view symbol) {
+  for (const NamedSymbol &named : kNamedSymbols) {
+    if (named.symbol == symbol) return named.function;
+  }
+  return recording::function_named(symbol);
+}
+
+// Names that begin with two underscores belong to the compiler and its run-time libraries.
+bool is_unknown_platform_function(const Slot &slot) {
+  return slot.is_call && !slot.is_versioned && slot.symbol.substr(0, 2) != "__";
+}
+
+/// A slot to be written to.
+struct Target {
+  Function function;
+  void **address;
+};
+
+/// Those of the slots that call hooked functions, or a problem.
+std::string find_targets(const std::vector<Slot> &slots, const Addresses &replacements, std::vector<Target> &targets) {
+  bool calls_platform = false;
+  for (const Slot &slot : slots) {
+    const std::optional<Function> function = function_of(slot.symbol);
+    const bool is_hooked = function && replacements[static_cast<std::size_t>(*function)] != nullptr;
+    if (!is_hooked) {
+      if (is_unknown_platform_function(slot)) return "it calls " + std::string(slot.symbol) + ", which is not known";
+      continue;
+    }
+    if (!slot.is_writable) {
+      return "the slot of " + std::string(slot.symbol) + " is read-only once the library is loaded";
+    }
+    calls_platform = calls_platform || *function != Function::system_clock_now;
+    targets.push_back({*function, slot.address});
+  }
+  return calls_platform ? "" : "it calls no function of the platform through a slot";
+}
+
+int *error_number_of(const std::vector<Slot> &slots) {
+  for (const Slot &slot : slots) {
+    if (slot.symbol == "confd_errno") return static_cast<int *>(*slot.address);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Hooked hook(void *library, const Addresses &replacements) {
+  Hooked hooked;
+  const LibrarySlots read = read_slots(library);
+  hooked.problem = read.problem;
+  std::vector<Target> targets;
+  if (hooked.problem.empty()) hooked.problem = find_targets(read.slots, replacements, targets);
+  if (!hooked.problem.empty()) return hooked;
+
+  hooked.error_number = error_number_of(read.slots);
+  for (const Target &target : targets) hooked.originals[static_cast<std::size_t>(target.function)] = *target.address;
+  for (const Target &target : targets) {
+    *target.address = replacements[static_cast<std::size_t>(target.function)];
+  }
+  return hooked;
+}
+
+}  // namespace hooks

@@ -1,0 +1,58 @@
+#include "maintenance/recording/function.h"
+
+#include <array>
+
+namespace recording {
+
+namespace {
+
+constexpr std::array<std::string_view, function_count> kNames{"confd_free_value",
+                                                              "confd_pp_kpath",
+                                                              "confd_trans_seterr",
+                                                              "confd_data_set_timeout",
+                                                              "maapi_num_instances",
+                                                              "maapi_exists",
+                                                              "maapi_init_cursor",
+                                                              "maapi_get_next",
+                                                              "maapi_find_next",
+                                                              "maapi_destroy_cursor",
+                                                              "maapi_get_elem",
+                                                              "maapi_get_u_int32_elem",
+                                                              "maapi_get_enum_value_elem",
+                                                              "maapi_get_object",
+                                                              "maapi_get_objects",
+                                                              "maapi_keypath_diff_iterate",
+                                                              "cdb_num_instances",
+                                                              "cdb_get_objects",
+                                                              "qnconfd_maapi_socket_get",
+                                                              "qnconfd_instance_get",
+                                                              "cdb_session_start",
+                                                              "cdb_session_end",
+                                                              "cdb_session_socket",
+                                                              "qnmw_trace_register_category",
+                                                              "zlog",
+                                                              "fm_init",
+                                                              "fm_local_slot",
+                                                              "fm_scalar_card_hal_vpn_vpn_max_limit",
+                                                              "fm_scalar_card_vpn_mgr_access_ports",
+                                                              "fm_scalar_card_selective_encapsulation_max_vlan_entries",
+                                                              "fm_scalar_card_selective_encapsulation_max_vlan_ranges",
+                                                              "limid_from_intfname",
+                                                              "limid_to_intfname",
+                                                              "limid_from_ifindex",
+                                                              "limid_to_ifindex",
+                                                              "valid_intfname",
+                                                              "system_clock_now"};
+
+}  // namespace
+
+std::string_view name(Function function) { return kNames[static_cast<std::size_t>(function)]; }
+
+std::optional<Function> function_named(std::string_view name) {
+  for (std::size_t i = 0; i < kNames.size(); ++i) {
+    if (kNames[i] == name) return static_cast<Function>(i);
+  }
+  return std::nullopt;
+}
+
+}  // namespace recording
