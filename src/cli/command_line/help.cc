@@ -56,6 +56,13 @@ const std::vector<CommandHelp> &command_helps() {
       {"shrink",
        {accepted, bad_input, unreadable_file, no_plugin},
        "vpnval shrink night/42 -o examples/pw-id-moved-in-the-night"},
+      {"recording",
+       {accepted, bad_input, unreadable_file},
+       "vpnval recording 0000000042-811-vpn_peer_valp-rejected.vpnrec"},
+      {"replay",
+       {accepted, rejected, bad_input, unreadable_file, no_plugin},
+       "vpnval replay 0000000042-811-vpn_peer_valp-rejected.vpnrec --plugin new/libconfig_validate_vpn.so",
+       {{accepted, "the library does the same"}, {rejected, "the library does not do the same"}}},
   };
   return helps;
 }

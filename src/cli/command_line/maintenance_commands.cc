@@ -6,6 +6,8 @@ const std::vector<MaintenanceCommand> &maintenance_commands() {
   static const std::vector<MaintenanceCommand> commands{
       {"queue", "Tell which of many changes go together, and in which order"},
       {"shrink", "Find the smallest commit that draws the same words"},
+      {"recording", "Show what the library asked on an element, and was answered"},
+      {"replay", "Ask the library again what was recorded on an element"},
   };
   return commands;
 }

@@ -5,6 +5,8 @@
 #include "cli/command_line/maintenance_commands.h"
 #include "cli/command_line/program_options.h"
 #include "maintenance/commands/queue_command.h"
+#include "maintenance/commands/recording_command.h"
+#include "maintenance/commands/replay_command.h"
 #include "maintenance/commands/shrink_command.h"
 
 namespace maintenance {
@@ -13,6 +15,8 @@ const std::vector<ListedCommand> &command_list() {
   static const std::vector<ListedCommand> commands{
       {"queue", add_queue},
       {"shrink", add_shrink},
+      {"recording", add_recording},
+      {"replay", add_replay},
   };
   return commands;
 }

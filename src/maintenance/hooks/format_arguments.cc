@@ -160,31 +160,42 @@ void FormatArguments::add_word(std::uint64_t word) {
   word_[words_++] = word;
 }
 
+// Texts are written where they are: the recorder makes no copies.
 void FormatArguments::write(recording::Writer &writer) const {
   writer.format(format_);
   for (std::size_t i = 0; i < count_; ++i) {
     const Argument &argument = argument_[i];
-    switch (argument.kind) {
-      case Kind::signed_number:
-        writer.signed_item(static_cast<std::int64_t>(argument.bits));
-        break;
-      case Kind::unsigned_number:
-        writer.unsigned_item(argument.bits);
-        break;
-      case Kind::real: {
-        double number = 0;
-        std::memcpy(&number, &argument.bits, sizeof number);
-        writer.real_item(number);
-        break;
-      }
-      case Kind::text:
-        writer.text_item({argument.text, argument.bits});
-        break;
-      case Kind::null:
-        writer.null_item();
-        break;
+    if (argument.kind == Kind::text) {
+      writer.text_item({argument.text, argument.bits});
+    } else {
+      writer.item(item_of(argument));
     }
   }
+}
+
+recording::Format FormatArguments::recorded() const {
+  recording::Format format{format_, {}};
+  for (std::size_t i = 0; i < count_; ++i) format.arguments.push_back(item_of(argument_[i]));
+  return format;
+}
+
+recording::Item FormatArguments::item_of(const Argument &argument) {
+  switch (argument.kind) {
+    case Kind::signed_number:
+      return static_cast<std::int64_t>(argument.bits);
+    case Kind::unsigned_number:
+      return argument.bits;
+    case Kind::real: {
+      double number = 0;
+      std::memcpy(&number, &argument.bits, sizeof number);
+      return number;
+    }
+    case Kind::text:
+      return std::string(argument.text, argument.bits);
+    case Kind::null:
+      break;
+  }
+  return recording::Null{};
 }
 
 }  // namespace hooks

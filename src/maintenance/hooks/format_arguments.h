@@ -29,6 +29,7 @@ class FormatArguments {
 
   /// The format and its arguments.
   void write(recording::Writer &writer) const;
+  recording::Format recorded() const;
 
   /// Calls `function` with the fixed arguments and then these.
   template <typename Function, typename... Fixed>
@@ -64,6 +65,7 @@ class FormatArguments {
     return function(fixed..., double_[Double]..., word_[Word]...);
   }
 
+  static recording::Item item_of(const Argument &argument);
   const char *conversion(const char *at, Source &source);
   const char *width(const char *at, Source &source, long &width);
   void number(bool is_signed, int size, Source &source);

@@ -111,15 +111,6 @@ void free_value(confd_value_t *v) {
   call.done();
 }
 
-int print_path(char *buf, int bufsiz, const confd_hkeypath_t *hkeypath) {
-  RecordedCall call(Function::confd_pp_kpath, bufsiz);
-  const int result = original<decltype(confd_pp_kpath)>(Function::confd_pp_kpath)(buf, bufsiz, hkeypath);
-  call.answered_by_agent(result);
-  if (bufsiz > 0) call.outputs(static_cast<const char *>(buf));
-  call.done();
-  return result;
-}
-
 void keep_message(const hooks::FormatArguments &arguments) {
   char none = '\0';
   const int size = arguments.pass_on(&std::snprintf, &none, std::size_t{0}, arguments.format());
@@ -166,7 +157,6 @@ void add_agent(hooks::Addresses &replacements) {
   add(replacements, Function::cdb_num_instances, cdb_instances);
   add(replacements, Function::cdb_get_objects, cdb_objects);
   add(replacements, Function::confd_free_value, free_value);
-  add(replacements, Function::confd_pp_kpath, print_path);
   add(replacements, Function::confd_trans_seterr, set_error);
   add(replacements, Function::confd_data_set_timeout, set_timeout);
 }

@@ -16,7 +16,7 @@ recording::Handle cursor(const maapi_cursor *mc) { return tape().handles().known
 
 /// Where the cursor stands: how many keys, and the keys.
 void record_place(RecordedCall &call, const maapi_cursor &mc) {
-  call.outputs(mc.n, Values{mc.keys, mc.n < MAXKEYLEN ? mc.n : MAXKEYLEN});
+  call.outputs(mc.n, hooks::Values{mc.keys, mc.n < MAXKEYLEN ? mc.n : MAXKEYLEN});
 }
 
 int init_cursor(int sock, int thandle, maapi_cursor *mc, const char *fmt, ...) {
@@ -42,7 +42,8 @@ int get_next(maapi_cursor *mc) {
 }
 
 int find_next(maapi_cursor *mc, confd_find_next_type type, confd_value_t *inkeys, int n_inkeys) {
-  RecordedCall call(Function::maapi_find_next, cursor(mc), static_cast<std::int32_t>(type), Values{inkeys, n_inkeys});
+  RecordedCall call(Function::maapi_find_next, cursor(mc), static_cast<std::int32_t>(type),
+                    hooks::Values{inkeys, n_inkeys});
   const auto platform = original<decltype(maapi_find_next)>(Function::maapi_find_next);
   const int result = platform(mc, type, inkeys, n_inkeys);
   call.answered_by_agent(result);

@@ -17,22 +17,4 @@ void RecordedCall::answered_by_agent(std::int64_t result) {
   finish(&result, has_reason ? &reason : nullptr);
 }
 
-void RecordedCall::put(const char *text) {
-  if (text == nullptr) return tape().writer().null_item();
-  tape().writer().text_item(text);
-}
-
-void RecordedCall::put(const hooks::FormatArguments &arguments) {
-  arguments.write(tape().writer());
-  if (!arguments.is_known()) tape().give_up("a format holds a conversion that is not known");
-}
-
-void RecordedCall::put(const confd_value_t &value) {
-  if (!hooks::write(tape().writer(), value)) tape().give_up("a value is of a type whose content is not known");
-}
-
-void RecordedCall::put(const Values &values) {
-  for (int i = 0; i < values.count; ++i) put(values.first[i]);
-}
-
 }  // namespace recorder

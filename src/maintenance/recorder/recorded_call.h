@@ -5,9 +5,8 @@
 #include <cstdint>
 
 #include "confd_lib.h"
-#include "maintenance/hooks/agent_values.h"
-#include "maintenance/hooks/format_arguments.h"
 #include "maintenance/hooks/hooking.h"
+#include "maintenance/hooks/question.h"
 #include "maintenance/recorder/tape.h"
 
 namespace recorder {
@@ -20,12 +19,6 @@ template <typename Type>
 Type *original(recording::Function function) {
   return reinterpret_cast<Type *>(hooked.originals[static_cast<std::size_t>(function)]);
 }
-
-/// Values of the agent, one after the other.
-struct Values {
-  const confd_value_t *first;
-  int count;
-};
 
 /// One call of the platform on the tape, while a recording is made; nothing otherwise. An exception that leaves the
 /// call ends the recording, for it has no answer then.
@@ -69,16 +62,10 @@ class RecordedCall {
  private:
   void finish(const std::int64_t *result, const std::int64_t *error);
 
-  static void put(std::int32_t number) { tape().writer().signed_item(number); }
-  static void put(std::int64_t number) { tape().writer().signed_item(number); }
-  static void put(std::uint32_t number) { tape().writer().unsigned_item(number); }
-  static void put(std::uint64_t number) { tape().writer().unsigned_item(number); }
-  static void put(const recording::Handle &handle) { tape().writer().handle_item(handle); }
-  static void put(const char *text);
-  static void put(std::string_view text) { tape().writer().text_item(text); }
-  static void put(const hooks::FormatArguments &arguments);
-  static void put(const confd_value_t &value);
-  static void put(const Values &values);
+  template <typename Argument>
+  static void put(const Argument &argument) {
+    if (!hooks::write(tape().writer(), argument)) tape().give_up("it holds a value or a conversion that is not known");
+  }
 
   bool is_recording_;
   bool is_answered_ = false;

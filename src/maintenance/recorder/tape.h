@@ -9,7 +9,7 @@
 #include <string>
 
 #include "confd_dp.h"
-#include "maintenance/recorder/handle_table.h"
+#include "maintenance/hooks/handle_table.h"
 #include "maintenance/recorder/known_limits.h"
 #include "maintenance/recording/writer.h"
 
@@ -45,7 +45,7 @@ class Tape {
   void give_up(const char *problem) { problem_ = problem; }
 
   recording::Writer &writer() { return writer_; }
-  HandleTable &handles() { return handles_; }
+  hooks::HandleTable &handles() { return handles_; }
   KnownLimits &limits() { return limits_; }
 
   /// The last text that the library gave the agent in this recording.
@@ -59,7 +59,7 @@ class Tape {
                     const confd_value_t *value);
 
   recording::Writer writer_{kLargestRecording};
-  HandleTable handles_;
+  hooks::HandleTable handles_;
   KnownLimits limits_;
   std::optional<std::string> message_;
   std::optional<std::int64_t> last_time_;

@@ -7,7 +7,6 @@ namespace recording {
 namespace {
 
 constexpr std::array<std::string_view, function_count> kNames{"confd_free_value",
-                                                              "confd_pp_kpath",
                                                               "confd_trans_seterr",
                                                               "confd_data_set_timeout",
                                                               "maapi_num_instances",

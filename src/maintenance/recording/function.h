@@ -12,7 +12,6 @@ namespace recording {
 /// files: new functions come last.
 enum class Function : std::uint8_t {
   confd_free_value,
-  confd_pp_kpath,
   confd_trans_seterr,
   confd_data_set_timeout,
   maapi_num_instances,

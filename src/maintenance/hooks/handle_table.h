@@ -1,5 +1,5 @@
-#ifndef MAINTENANCE_RECORDER_HANDLE_TABLE_H
-#define MAINTENANCE_RECORDER_HANDLE_TABLE_H
+#ifndef MAINTENANCE_HOOKS_HANDLE_TABLE_H
+#define MAINTENANCE_HOOKS_HANDLE_TABLE_H
 
 #include <array>
 #include <cstddef>
@@ -7,7 +7,7 @@
 
 #include "maintenance/recording/recording.h"
 
-namespace recorder {
+namespace hooks {
 
 /// Numbers for addresses: what a pointer stands for is the n-th of its kind in a recording. It keeps the last addresses
 /// of each kind; a cursor that was left open a long time ago is forgotten.
@@ -60,6 +60,6 @@ class HandleTable {
   std::array<Kind, static_cast<std::size_t>(recording::HandleKind::other) + 1> kinds_{};
 };
 
-}  // namespace recorder
+}  // namespace hooks
 
 #endif

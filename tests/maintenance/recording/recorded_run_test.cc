@@ -1,0 +1,56 @@
+#include "tests/maintenance/recording/recorded_run.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <map>
+
+#include "build_paths.h"
+#include "maintenance/generator/draw_commit.h"
+#include "tests/support/sanitizers.h"
+
+namespace {
+
+std::string joined(const std::vector<std::string> &lines) {
+  std::string text;
+  for (const std::string &line : lines) text += line + "\n";
+  return text;
+}
+
+TEST(RecordedRun, equals_an_unrecorded_one_and_its_replay_in_every_example) {
+  const element::Schema schema;
+  std::size_t count = 0;
+  for (const auto &folder : std::filesystem::directory_iterator(SOURCE_DIR "/examples")) {
+    if (!folder.is_directory()) continue;
+    std::unique_ptr<element::Profile> profile;
+    const NamedCommit commit = example(schema, folder.path().filename(), profile);
+    EXPECT_EQ(joined(differences(schema, *profile, {commit})), "");
+    ++count;
+  }
+  EXPECT_GT(count, 50U);
+}
+
+/// RECORDED_COMMITS asks for another number: 10,000 take some minutes.
+std::uint64_t commits_to_draw() {
+  const char *wanted = std::getenv("RECORDED_COMMITS");
+  return wanted == nullptr ? (is_sanitized ? 20 : 100) : std::strtoull(wanted, nullptr, 10);
+}
+
+// Replaying takes a process each, so that of many commits only some are replayed.
+TEST(RecordedRun, equals_an_unrecorded_one_and_its_replay_in_commits_at_random) {
+  const element::Schema schema;
+  const std::uint64_t count = commits_to_draw();
+  std::map<std::shared_ptr<const element::Profile>, std::vector<NamedCommit>> by_element;
+  for (std::uint64_t seed = 1; seed <= count; ++seed) {
+    maintenance::Commit commit = maintenance::draw_commit(schema, seed);
+    auto transaction =
+        element::make_transaction(std::move(commit.running), std::move(commit.candidate), *commit.profile);
+    const bool is_replayed = seed % (count / 500 + 1) == 0;
+    by_element[commit.profile].push_back({"seed " + std::to_string(seed), std::move(transaction), is_replayed});
+  }
+  for (const auto &[profile, commits] : by_element) {
+    EXPECT_EQ(joined(differences(schema, *profile, commits)), "");
+  }
+}
+
+}  // namespace
