@@ -88,7 +88,9 @@ confd_trans_ctx make_context(HostSession &session, std::string &point) {
 /// The path is written where the answer is kept.
 PointVerdict decide(const Plugin &plugin, HostSession &session, TriggeredPoint &triggered, bool keep_accepted) {
   confd_trans_ctx context = make_context(session, triggered.point);
+  session.question = {session.question.number + 1, triggered.point};
   const std::int32_t result = ask(plugin, triggered, context);
+  session.question.point.clear();
   session.state().cursors.close_all();
   std::string text = result == CONFD_OK || context.error.str == nullptr ? "" : context.error.str;
   const Answer answer = answer_of(triggered.point, result, !text.empty());

@@ -79,6 +79,7 @@ int HostSession::transaction_handle() const { return kTransactionHandle; }
 void *HostSession::middleware() { return this; }
 
 bool HostSession::enter(SeamFunction function) {
+  if (on_call) on_call(function);
   const std::uint64_t call = ++statistics.calls[static_cast<std::size_t>(function)];
   if (function != injected_failure.function || injected_failure.nth == 0) return false;
   return call == injected_failure.nth || (injected_failure.and_all_later && call > injected_failure.nth);

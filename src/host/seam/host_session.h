@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -121,6 +122,16 @@ class HostSession {
 
   CallStatistics statistics;
   InjectedFailure injected_failure;
+
+  /// What is being asked, for those who watch.
+  struct Question {
+    std::uint64_t number = 0;  ///< counts the questions of the session, from 1
+    std::string point;         ///< empty between the questions
+  };
+  Question question;
+
+  /// Called first in each platform call; empty: nobody watches. It must not call the platform.
+  std::function<void(SeamFunction)> on_call;
 
   /// Counts a call. True where it must fail.
   bool enter(SeamFunction function);

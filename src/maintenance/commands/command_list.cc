@@ -4,6 +4,7 @@
 
 #include "cli/command_line/maintenance_commands.h"
 #include "cli/command_line/program_options.h"
+#include "maintenance/commands/cost_command.h"
 #include "maintenance/commands/queue_command.h"
 #include "maintenance/commands/recording_command.h"
 #include "maintenance/commands/replay_command.h"
@@ -13,10 +14,8 @@ namespace maintenance {
 
 const std::vector<ListedCommand> &command_list() {
   static const std::vector<ListedCommand> commands{
-      {"queue", add_queue},
-      {"shrink", add_shrink},
-      {"recording", add_recording},
-      {"replay", add_replay},
+      {"cost", add_cost},           {"queue", add_queue},   {"shrink", add_shrink},
+      {"recording", add_recording}, {"replay", add_replay},
   };
   return commands;
 }
