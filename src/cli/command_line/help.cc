@@ -68,6 +68,13 @@ const std::vector<CommandHelp> &command_helps() {
        {accepted, rejected, bad_input, unreadable_file, no_plugin},
        "vpnval replay 0000000042-811-vpn_peer_valp-rejected.vpnrec --plugin new/libconfig_validate_vpn.so",
        {{accepted, "the library does the same"}, {rejected, "the library does not do the same"}}},
+      {"diff",
+       {accepted, rejected, accepted_with_warnings, bad_input, unreadable_file, no_plugin},
+       "vpnval diff --plugin old.so --plugin new.so examples --random 10000",
+       {{accepted, "nothing changed"},
+        {rejected, "something changed that is not accepted"},
+        {accepted_with_warnings, "accepted changes only, under --accept"},
+        {internal, "internal error, or OLD gives two answers to a commit, so that the comparison is void"}}},
   };
   return helps;
 }

@@ -9,6 +9,7 @@ const std::vector<MaintenanceCommand> &maintenance_commands() {
       {"shrink", "Find the smallest commit that draws the same words"},
       {"recording", "Show what the library asked on an element, and was answered"},
       {"replay", "Ask the library again what was recorded on an element"},
+      {"diff", "Tell what two builds of the validation library answer differently"},
   };
   return commands;
 }

@@ -1,0 +1,62 @@
+#include "maintenance/commands/corpus_source.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "cli/command_line/errors.h"
+#include "element/input/input_error.h"
+#include "maintenance/commands/commit_source.h"
+#include "maintenance/generator/draw_commit.h"
+
+namespace maintenance {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool is_commit(const fs::path &folder) {
+  std::error_code unknown;
+  return fs::exists(folder / "element.json", unknown);
+}
+
+/// The folder itself, or the commits' folders in it, by name.
+std::vector<std::string> folders_at(const std::string &place) {
+  if (is_commit(place)) return {place};
+  std::vector<std::string> folders;
+  std::error_code error;
+  for (const auto &entry : fs::directory_iterator(place, error)) {
+    if (is_commit(entry.path())) folders.push_back(entry.path().string());
+  }
+  if (error) throw element::FileError(fmt::format("{}: cannot be read: {}", place, error.message()));
+  if (folders.empty()) {
+    throw element::InputError(
+        fmt::format("{}: no commit; expected a folder with element.json, or one of such folders", place));
+  }
+  std::sort(folders.begin(), folders.end());
+  return folders;
+}
+
+}  // namespace
+
+Corpus find_corpus(const CorpusArguments &arguments, const element::Schema &schema) {
+  std::vector<std::string> folders;
+  for (const std::string &place : arguments.places) {
+    const std::vector<std::string> found = folders_at(place);
+    folders.insert(folders.end(), found.begin(), found.end());
+  }
+  const std::size_t size = folders.size() + arguments.random;
+  if (size == 0) throw cli::UsageError("no corpus; expected CORPUS... or --random N");
+  const std::uint64_t seed = arguments.seed;
+  const auto commit = [folders, seed, &schema](std::size_t number) {
+    return number < folders.size() ? read_commit(schema, folders[number])
+                                   : draw_commit(schema, seed + (number - folders.size()));
+  };
+  const auto name = [folders, seed](std::size_t number) {
+    return number < folders.size() ? folders[number]
+                                   : fmt::format("random commit of seed {}", seed + (number - folders.size()));
+  };
+  return {{size, commit}, name};
+}
+
+}  // namespace maintenance

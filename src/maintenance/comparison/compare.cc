@@ -1,0 +1,121 @@
+#include "maintenance/comparison/compare.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/run/build_id.h"
+#include "maintenance/shrinking/configuration_nodes.h"
+#include "maintenance/shrinking/shrink.h"
+#include "rules/rule.h"
+
+namespace maintenance {
+namespace {
+
+constexpr std::size_t kMostAtOnce = 4096;
+constexpr std::size_t kMostExamples = 8;  // of which the smallest is shrunk
+constexpr std::size_t kMostShrinkQuestions =
+    600;  // a limit's example keeps hundreds of entries, which takes time to find out
+
+struct Found {
+  std::size_t commits = 0;
+  std::vector<std::size_t> examples;  ///< numbers of the first ones
+};
+
+/// Rules in their order, then what is no rule.
+std::size_t place_of(const AnswerChange &change) {
+  const auto &rules = rules::all_rules();
+  const auto rule = std::find_if(rules.begin(), rules.end(), [&](const auto &each) { return each.id == change.rule; });
+  return static_cast<std::size_t>(rule - rules.begin());
+}
+
+class Comparing {
+ public:
+  Comparing(const CompareTask &task, AcceptedChanges &accepted) : task_(task), accepted_(accepted) {
+    result_.old_library = {task.old_library.string(), host::build_id(task.old_library)};
+    result_.new_library = {task.new_library.string(), host::build_id(task.new_library)};
+  }
+
+  Comparison run() {
+    for (std::size_t begin = 0; begin < task_.corpus.row.size; begin += kMostAtOnce) {
+      compare_some(begin, std::min(begin + kMostAtOnce, task_.corpus.row.size));
+    }
+    // What a library that contradicts itself says of a smaller commit shows nothing.
+    for (const auto &[change, found] : found_) add_group(change, found);
+    std::stable_sort(result_.groups.begin(), result_.groups.end(),
+                     [](const auto &a, const auto &b) { return place_of(a.change) < place_of(b.change); });
+    result_.unused_lines = accepted_.unused();
+    return std::move(result_);
+  }
+
+ private:
+  std::vector<Answer> answers(const std::filesystem::path &library, std::size_t begin, std::size_t end) const {
+    const CommitRow row{end - begin, [&](std::size_t number) { return task_.corpus.row.commit(begin + number); }};
+    return ask_all(library, row, {.jobs = task_.jobs, .progress = [&](std::size_t) { task_.progress(begin); }});
+  }
+
+  void compare_some(std::size_t begin, std::size_t end) {
+    const std::vector<Answer> before = answers(task_.old_library, begin, end);
+    const std::vector<Answer> again = answers(task_.old_library, begin, end);
+    const std::vector<Answer> after = answers(task_.new_library, begin, end);
+    for (std::size_t i = 0; i < before.size(); ++i) {
+      result_.corpus.add(before[i]);
+      if (!changes_between(before[i], again[i], task_.options).empty()) {
+        if (result_.unsteady++ == 0) result_.first_unsteady = task_.corpus.name(begin + i);
+      }
+      add(begin + i, before[i], after[i]);
+    }
+  }
+
+  void add(std::size_t number, const Answer &before, const Answer &after) {
+    const std::vector<AnswerChange> changes = changes_between(before, after, task_.options);
+    if (changes.empty()) return;
+    ++result_.changed;
+    ++result_.directions[verdict_direction(before, after)];
+    for (const AnswerChange &change : changes) {
+      Found &found = found_[change];
+      ++found.commits;
+      if (found.examples.size() < kMostExamples) found.examples.push_back(number);
+    }
+  }
+
+  void add_group(const AnswerChange &change, const Found &found) {
+    ChangeGroup group{change, found.commits, accepted_.reason_of(change), std::nullopt};
+    if (!result_.is_void()) group.shown = smallest(change, found.examples);
+    result_.groups.push_back(std::move(group));
+  }
+
+  ShownChange smallest(const AnswerChange &change, const std::vector<std::size_t> &examples) const {
+    const auto size_of = [&](std::size_t number) { return count_nodes(task_.corpus.row.commit(number)); };
+    const std::size_t number = *std::min_element(examples.begin(), examples.end(),
+                                                 [&](std::size_t a, std::size_t b) { return size_of(a) < size_of(b); });
+    const auto shows = [&](const Commit &commit) {
+      const auto changes =
+          changes_between(ask(task_.old_library, commit), ask(task_.new_library, commit), task_.options);
+      return std::find(changes.begin(), changes.end(), change) != changes.end();
+    };
+    ShrunkCommit shrunk = shrink(task_.corpus.row.commit(number), shows, kMostShrinkQuestions);
+    const Answer before = ask(task_.old_library, shrunk.commit);
+    const Answer after = ask(task_.new_library, shrunk.commit);
+    return {task_.corpus.name(number),
+            std::move(shrunk.commit),
+            shrunk.nodes_before,
+            shrunk.nodes_after,
+            differing_lines(before, after, task_.options),
+            differing_lines(after, before, task_.options)};
+  }
+
+  const CompareTask &task_;
+  AcceptedChanges &accepted_;
+  Comparison result_;
+  std::map<AnswerChange, Found> found_;
+};
+
+}  // namespace
+
+bool Comparison::is_all_accepted() const {
+  return std::all_of(groups.begin(), groups.end(), [](const ChangeGroup &group) { return !group.reason.empty(); });
+}
+
+Comparison compare(const CompareTask &task, AcceptedChanges &accepted) { return Comparing(task, accepted).run(); }
+
+}  // namespace maintenance
