@@ -58,6 +58,8 @@ std::string sum_line(const Comparison &comparison);
 
 /// "10,000".
 std::string counted(std::size_t number);
+/// "10,000 commits", "1 commit".
+std::string commits_text(std::size_t number);
 
 void write_text(std::ostream &out, const Comparison &comparison);
 void write_markdown(std::ostream &out, const Comparison &comparison);

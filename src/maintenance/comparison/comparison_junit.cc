@@ -24,7 +24,7 @@ std::string details(const ChangeGroup &group) {
 void write_case(std::ostream &out, const ChangeGroup &group) {
   out << fmt::format("    <testcase classname=\"{}\" name=\"{}\">\n", to_markup(group.change.rule),
                      to_markup(group.change.direction));
-  const std::string message = fmt::format("{} commits", counted(group.commits));
+  const std::string message = commits_text(group.commits);
   if (group.reason.empty()) {
     out << fmt::format("      <failure message=\"{}\">{}</failure>\n", message, details(group));
   } else {

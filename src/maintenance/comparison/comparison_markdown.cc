@@ -16,8 +16,8 @@ std::string cell(const std::vector<std::string> &lines) {
 }
 
 void write_section(std::ostream &out, const ChangeGroup &group) {
-  out << fmt::format("\n### {} {}: {} {}\n\n", to_markdown(group.change.rule), to_markdown(group.change.direction),
-                     counted(group.commits), group.commits == 1 ? "commit" : "commits");
+  out << fmt::format("\n### {} {}: {}\n\n", to_markdown(group.change.rule), to_markdown(group.change.direction),
+                     commits_text(group.commits));
   if (!group.reason.empty()) out << "Accepted: " << to_markdown(group.reason) << "\n\n";
   if (!group.shown) return;
   const ShownChange &shown = *group.shown;
@@ -33,8 +33,8 @@ void write_markdown(std::ostream &out, const Comparison &comparison) {
   out << fmt::format("## Two builds\n\n{}\n", to_markdown(sum_line(comparison)));
   for (const ChangeGroup &group : comparison.groups) write_section(out, group);
   const CorpusStatistics &corpus = comparison.corpus;
-  out << fmt::format("\n### Corpus, with OLD\n\n{} commits: {} accepted, {} accepted with warnings, {} rejected\n\n",
-                     counted(corpus.commits), counted(corpus.accepted), counted(corpus.accepted_with_warnings),
+  out << fmt::format("\n### Corpus, with OLD\n\n{}: {} accepted, {} accepted with warnings, {} rejected\n\n",
+                     commits_text(corpus.commits), counted(corpus.accepted), counted(corpus.accepted_with_warnings),
                      counted(corpus.rejected));
   out << "| Rule | Rejected | Warned | Told |\n|---|--:|--:|--:|\n";
   for (const auto &[id, reach] : corpus.rules) {

@@ -20,8 +20,7 @@ std::string rules_text(const Comparison &comparison) {
 }
 
 void write_group(std::ostream &out, const ChangeGroup &group) {
-  out << fmt::format("\n{} {}: {} {}{}\n", group.change.rule, group.change.direction, counted(group.commits),
-                     group.commits == 1 ? "commit" : "commits",
+  out << fmt::format("\n{} {}: {}{}\n", group.change.rule, group.change.direction, commits_text(group.commits),
                      group.reason.empty() ? "" : ", accepted: " + printable(group.reason));
   if (!group.shown) return;
   const ShownChange &shown = *group.shown;
@@ -33,8 +32,8 @@ void write_group(std::ostream &out, const ChangeGroup &group) {
 }
 
 void write_corpus(std::ostream &out, const CorpusStatistics &corpus) {
-  out << fmt::format("\ncorpus, with OLD: {} commits: {} accepted, {} accepted with warnings, {} rejected",
-                     counted(corpus.commits), counted(corpus.accepted), counted(corpus.accepted_with_warnings),
+  out << fmt::format("\ncorpus, with OLD: {}: {} accepted, {} accepted with warnings, {} rejected",
+                     commits_text(corpus.commits), counted(corpus.accepted), counted(corpus.accepted_with_warnings),
                      counted(corpus.rejected));
   if (corpus.failed != 0) out << fmt::format(", {} on which it fails", counted(corpus.failed));
   if (corpus.not_decided != 0) {
@@ -58,6 +57,8 @@ std::string counted(std::size_t number) {
   for (std::size_t at = text.size(); at > 3;) text.insert(at -= 3, ",");
   return text;
 }
+
+std::string commits_text(std::size_t number) { return counted(number) + (number == 1 ? " commit" : " commits"); }
 
 std::string sum_line(const Comparison &comparison) {
   std::string text =

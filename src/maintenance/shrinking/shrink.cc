@@ -96,18 +96,29 @@ class Shrinker {
     });
   }
 
+  /// The interfaces that no configuration names; a name without its interface would be another fault.
   void shrink_interfaces() {
     const element::Profile &profile = *shrunk_.commit.profile;
-    const std::vector<element::Interface> start = profile.interfaces();
-    const auto of = [&](const std::vector<std::size_t> &kept) {
+    const std::vector<std::string> names = names_of(shrunk_.commit, NameKind::interface);
+    std::vector<std::string> unused;
+    for (const element::Interface &interface : profile.interfaces()) {
+      if (std::find(names.begin(), names.end(), interface.name) == names.end()) unused.push_back(interface.name);
+    }
+    const auto with = [&](const std::vector<std::string> &kept) {
       std::vector<element::Interface> interfaces;
-      for (const std::size_t number : kept) interfaces.push_back(start[number]);
+      for (const element::Interface &interface : profile.interfaces()) {
+        const auto is_it = [&interface](const std::string &name) { return name == interface.name; };
+        const bool is_unused = std::any_of(unused.begin(), unused.end(), is_it);
+        if (!is_unused || std::any_of(kept.begin(), kept.end(), is_it)) interfaces.push_back(interface);
+      }
       Commit commit = shrunk_.commit;
       commit.profile = std::make_shared<const element::Profile>(profile.card, std::move(interfaces));
       return commit;
     };
-    const auto kept = ddmin(numbers_below(start.size()), [&](const auto &part) { return holds(of(part)); });
-    if (kept.size() != start.size()) shrunk_.commit = of(kept);
+    const auto kept = ddmin(unused, [&](const std::vector<std::string> &part) { return holds(with(part)); });
+    if (kept.size() == unused.size()) return;
+    Commit smaller = with(kept);
+    shrunk_.commit = std::move(smaller);
   }
 
   void shorten_names() {

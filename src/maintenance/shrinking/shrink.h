@@ -22,9 +22,9 @@ struct ShrunkCommit {
 inline constexpr std::size_t kMostQuestions = 20'000;
 
 /// A commit that reproduces, of which no node can be left out, no change be taken back or made before the commit, and
-/// no interface of the element be left out: ddmin, level by level from the top of the configurations down, again and
-/// again until nothing goes. Names that need not be as they are become short ones. The card stays. Precondition: the
-/// commit reproduces. Where the questions are used up, the smallest commit so far.
+/// no interface of the element that none of its nodes names be left out: ddmin, level by level from the top of the
+/// configurations down, again and again until nothing goes. Names that need not be as they are become short ones. The
+/// card stays. Precondition: the commit reproduces. Where the questions are used up, the smallest commit so far.
 ShrunkCommit shrink(const Commit &commit, const Reproduces &reproduces, std::size_t most_questions = kMostQuestions);
 
 }  // namespace maintenance
