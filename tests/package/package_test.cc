@@ -152,6 +152,12 @@ TEST_F(Package, decides_a_commit_where_it_is_unpacked) {
       << result.output;
 }
 
+TEST_F(Package, has_the_commands_for_maintainers_where_it_is_unpacked) {
+  const ProcessResult result = run_clean(root + "/usr/bin/vpnval shrink " + example);
+  EXPECT_EQ(result.status, 0) << result.output;
+  EXPECT_EQ(result.output.find("rejected [vpn-limit] by vpn_overflow_valp: "), 0U) << result.output;
+}
+
 TEST_F(Package, decides_a_chunk_of_its_examples_and_sums_up) {
   const std::string share = root + "/usr/share";
   const std::string script = "cd " + scratch + " && ls -d " + share +

@@ -28,6 +28,19 @@
       listed.add(*program.add_subcommand(listed.name, std::string(cli::maintenance_description(listed.name))), chosen);
     }
     return cli::parse_program(program, arguments, environment) ? chosen(environment) : cli::ExitStatus::accepted;
+const std::vector<ListedCommand> &command_list() {
+  static const std::vector<ListedCommand> commands{
+      {"queue", add_queue},   {"shrink", add_shrink}, {"recording", add_recording},
+      {"replay", add_replay}, {"diff", add_diff},
+  };
+  return commands;
+}
+
+cli::ExitStatus run_command(const std::vector<std::string> &arguments, const cli::Environment &environment) {
+  CLI::App program;
+  Chosen chosen;
+  for (const ListedCommand &listed : command_list()) {
+    listed.add(*program.add_subcommand(listed.name, std::string(cli::maintenance_description(listed.name))), chosen);
   }
 
 }  // namespace maintenance

@@ -12,14 +12,14 @@ namespace maintenance {
 
 /// A corpus as a command line names it.
 struct CorpusArguments {
-  std::vector<std::string> places;  ///< folders of commits, or folders that hold such folders
-  std::size_t random = 0;           ///< so many drawn commits behind them
+  std::vector<std::string> places;  ///< folders of commits, folders that hold such folders, recordings
+  std::size_t random = 0;           ///< so many drawn commits behind the folders
   std::uint64_t seed = 1;           ///< of the first drawn commit; the next one's is greater by one
 };
 
 /// The corpus. Folders are read where a commit is asked about, so that none but those is in memory. The schema must
 /// outlive it. Throws cli::UsageError where nothing is named, element::FileError or element::InputError for a place
-/// that is neither a commit's folder nor holds one.
+/// that is no commit's folder, holds none, and is no recording.
 Corpus find_corpus(const CorpusArguments &arguments, const element::Schema &schema);
 
 }  // namespace maintenance

@@ -46,8 +46,8 @@ void write_examples(const Comparison &comparison, const std::string &folder) {
   try {
     for (const ChangeGroup &group : comparison.groups) {
       ++number;
-      if (!group.shown) continue;
-      write_commit_folder(group.shown->commit, fs::path(folder) / fmt::format("{}-{}", number, group.change.rule));
+      if (!group.shown || !group.shown->commit) continue;
+      write_commit_folder(*group.shown->commit, fs::path(folder) / fmt::format("{}-{}", number, group.change.rule));
     }
   } catch (const std::runtime_error &error) {
     throw cli::OutputError(error.what());
@@ -83,7 +83,7 @@ cli::ExitStatus diff(const DiffArguments &arguments, const cli::Environment &env
       .options = arguments.options,
       .jobs = arguments.jobs != 0 ? arguments.jobs : std::max(std::thread::hardware_concurrency(), 1U),
       .progress = [&](std::size_t compared) {
-        progress.update([&] { return fmt::format("comparing: {} of {} commits", compared, corpus.row.size); });
+        progress.update([&] { return fmt::format("comparing: {} of {} commits", compared, corpus.size()); });
       }};
   const Comparison comparison = compare(task, accepted);
   progress.clear();
@@ -96,7 +96,9 @@ cli::ExitStatus diff(const DiffArguments &arguments, const cli::Environment &env
 }
 
 void add_corpus_options(CLI::App &command, CorpusArguments &corpus) {
-  command.add_option("CORPUS", corpus.places, "Folders of commits as for check, or folders that hold such folders")
+  command
+      .add_option("CORPUS", corpus.places,
+                  "Folders of commits as for check, folders that hold such folders, recordings")
       ->type_name("");
   command.add_option("--random", corpus.random, "Add so many drawn commits, valid and faulty")->type_name("N");
   command.add_option("--seed", corpus.seed, "Seed of the first drawn commit; 1 unless it is given")->type_name("S");

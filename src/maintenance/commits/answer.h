@@ -17,7 +17,8 @@ enum class AnswerEnd {
   died,            ///< the process ended in the middle; `failure` says how
   broke_contract,  ///< host::ContractError
   not_decided,     ///< no question was asked, for the configurations do not fit the element
-  not_loaded       ///< host::LoadError
+  not_loaded,      ///< host::LoadError
+  diverged         ///< of a recording: it asked for what was not recorded; `failure` says what
 };
 
 /// What a library says of a commit: every validation point that it fires, also behind a rejection.

@@ -21,6 +21,8 @@ std::string_view end_text(AnswerEnd end) {
       return "not-decided";
     case AnswerEnd::not_loaded:
       return "not-loaded";
+    case AnswerEnd::diverged:
+      return "diverged";
   }
   return {};
 }

@@ -39,6 +39,7 @@ class Comparing {
     for (std::size_t begin = 0; begin < task_.corpus.row.size; begin += kMostAtOnce) {
       compare_some(begin, std::min(begin + kMostAtOnce, task_.corpus.row.size));
     }
+    for (std::size_t i = 0; i < task_.corpus.recorded.size; ++i) compare_recorded(i);
     // What a library that contradicts itself says of a smaller commit shows nothing.
     for (const auto &[change, found] : found_) add_group(change, found);
     std::stable_sort(result_.groups.begin(), result_.groups.end(),
@@ -57,16 +58,28 @@ class Comparing {
     const std::vector<Answer> before = answers(task_.old_library, begin, end);
     const std::vector<Answer> again = answers(task_.old_library, begin, end);
     const std::vector<Answer> after = answers(task_.new_library, begin, end);
-    for (std::size_t i = 0; i < before.size(); ++i) {
-      result_.corpus.add(before[i]);
-      if (!changes_between(before[i], again[i], task_.options).empty()) {
-        if (result_.unsteady++ == 0) result_.first_unsteady = task_.corpus.name(begin + i);
-      }
-      add(begin + i, before[i], after[i]);
-    }
+    for (std::size_t i = 0; i < before.size(); ++i) add(begin + i, before[i], again[i], after[i]);
   }
 
-  void add(std::size_t number, const Answer &before, const Answer &after) {
+  void compare_recorded(std::size_t number) {
+    const auto ask_library = [&](const std::filesystem::path &library) {
+      return task_.corpus.recorded.ask(number, library);
+    };
+    const Answer before = ask_library(task_.old_library);
+    const Answer again = ask_library(task_.old_library);
+    add(task_.corpus.row.size + number, before, again, ask_library(task_.new_library));
+    task_.progress(task_.corpus.row.size + number);
+  }
+
+  void add(std::size_t number, const Answer &before, const Answer &again, const Answer &after) {
+    result_.corpus.add(before);
+    if (!changes_between(before, again, task_.options).empty()) {
+      if (result_.unsteady++ == 0) result_.first_unsteady = task_.corpus.name(number);
+    }
+    add_changes(number, before, after);
+  }
+
+  void add_changes(std::size_t number, const Answer &before, const Answer &after) {
     const std::vector<AnswerChange> changes = changes_between(before, after, task_.options);
     if (changes.empty()) return;
     ++result_.changed;
@@ -80,8 +93,29 @@ class Comparing {
 
   void add_group(const AnswerChange &change, const Found &found) {
     ChangeGroup group{change, found.commits, accepted_.reason_of(change), std::nullopt};
-    if (!result_.is_void()) group.shown = smallest(change, found.examples);
+    if (!result_.is_void()) group.shown = shown(change, found.examples);
     result_.groups.push_back(std::move(group));
+  }
+
+  /// Commits have the lower numbers.
+  ShownChange shown(const AnswerChange &change, const std::vector<std::size_t> &examples) const {
+    const std::size_t commits = task_.corpus.row.size;
+    if (examples.front() >= commits) return recorded(examples.front());
+    std::vector<std::size_t> of_commits = examples;
+    std::erase_if(of_commits, [commits](std::size_t number) { return number >= commits; });
+    return smallest(change, of_commits);
+  }
+
+  ShownChange recorded(std::size_t number) const {
+    const std::size_t place = number - task_.corpus.row.size;
+    const Answer before = task_.corpus.recorded.ask(place, task_.old_library);
+    const Answer after = task_.corpus.recorded.ask(place, task_.new_library);
+    return {task_.corpus.name(number),
+            std::nullopt,
+            0,
+            0,
+            differing_lines(before, after, task_.options),
+            differing_lines(after, before, task_.options)};
   }
 
   ShownChange smallest(const AnswerChange &change, const std::vector<std::size_t> &examples) const {

@@ -12,10 +12,20 @@
 
 namespace maintenance {
 
-/// Commits with names.
+/// Questions that were recorded on an element, by number: all answers of the platform are known, and nothing of the
+/// commit but those.
+struct RecordedRow {
+  std::size_t size = 0;
+  std::function<Answer(std::size_t number, const std::filesystem::path &library)> ask{};
+};
+
+/// Commits and, behind them, recorded questions, all with names.
 struct Corpus {
   CommitRow row;
+  RecordedRow recorded;
   std::function<std::string(std::size_t number)> name;
+
+  std::size_t size() const { return row.size + recorded.size; }
 };
 
 struct CompareTask {
@@ -27,7 +37,8 @@ struct CompareTask {
   std::function<void(std::size_t compared)> progress = [](std::size_t) {};  ///< commits so far, called now and then
 };
 
-/// Asks both libraries about every commit, OLD twice, and shrinks an example of each change. The answers of some
+/// Asks both libraries about every commit, OLD twice, and shrinks an example of each change; a
+/// recorded question is shown as it is where no commit shows the change. The answers of some
 /// thousand commits are in memory at a time. Throws as ask_all() does.
 Comparison compare(const CompareTask &task, AcceptedChanges &accepted);
 

@@ -19,11 +19,11 @@ struct ComparedLibrary {
   std::string build_id;
 };
 
-/// A small commit that shows a change.
+/// What shows a change: a small commit, or a recorded question.
 struct ShownChange {
   std::string origin;  ///< the name of the commit in the corpus that it is of
-  Commit commit;
-  std::size_t nodes_before = 0;
+  std::optional<Commit> commit;
+  std::size_t nodes_before = 0;  ///< 0 without a commit
   std::size_t nodes_after = 0;
   std::vector<std::string> old_lines;  ///< where the answers differ, as differing_lines() has them
   std::vector<std::string> new_lines;

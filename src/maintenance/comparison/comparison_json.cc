@@ -12,9 +12,15 @@ using Json = nlohmann::ordered_json;
 Json to_json(const ComparedLibrary &library) { return {{"file", library.file}, {"build-id", library.build_id}}; }
 
 Json to_json(const ShownChange &shown) {
-  return {{"origin", shown.origin},     {"nodes-before", shown.nodes_before},
-          {"nodes", shown.nodes_after}, {"commit", commit_lines(shown.commit)},
-          {"old", shown.old_lines},     {"new", shown.new_lines}};
+  Json json{{"origin", shown.origin}};
+  if (shown.commit) {
+    json["nodes-before"] = shown.nodes_before;
+    json["nodes"] = shown.nodes_after;
+    json["commit"] = commit_lines(*shown.commit);
+  }
+  json["old"] = shown.old_lines;
+  json["new"] = shown.new_lines;
+  return json;
 }
 
 Json to_json(const ChangeGroup &group) {

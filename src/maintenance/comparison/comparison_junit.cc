@@ -13,9 +13,11 @@ using report::to_markup;
 
 std::string details(const ChangeGroup &group) {
   if (!group.shown) return {};
-  std::string text = fmt::format("{}, shrunk from {} nodes to {}\n", to_markup(group.shown->origin),
-                                 group.shown->nodes_before, group.shown->nodes_after);
-  for (const std::string &line : commit_lines(group.shown->commit)) text += to_markup(line) + '\n';
+  std::string text = to_markup(group.shown->origin) + '\n';
+  if (group.shown->commit) {
+    text += fmt::format("shrunk from {} nodes to {}\n", group.shown->nodes_before, group.shown->nodes_after);
+    for (const std::string &line : commit_lines(*group.shown->commit)) text += to_markup(line) + '\n';
+  }
   for (const std::string &line : group.shown->old_lines) text += "OLD " + to_markup(line) + '\n';
   for (const std::string &line : group.shown->new_lines) text += "NEW " + to_markup(line) + '\n';
   return text;

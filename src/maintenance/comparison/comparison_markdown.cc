@@ -21,9 +21,13 @@ void write_section(std::ostream &out, const ChangeGroup &group) {
   if (!group.reason.empty()) out << "Accepted: " << to_markdown(group.reason) << "\n\n";
   if (!group.shown) return;
   const ShownChange &shown = *group.shown;
-  out << fmt::format("{}, shrunk from {} nodes to {}:\n\n", to_markdown(shown.origin), shown.nodes_before,
-                     shown.nodes_after);
-  for (const std::string &line : commit_lines(shown.commit)) out << "    " << line << '\n';
+  if (shown.commit) {
+    out << fmt::format("{}, shrunk from {} nodes to {}:\n\n", to_markdown(shown.origin), shown.nodes_before,
+                       shown.nodes_after);
+    for (const std::string &line : commit_lines(*shown.commit)) out << "    " << line << '\n';
+  } else {
+    out << to_markdown(shown.origin) << ":\n";
+  }
   out << fmt::format("\n| OLD | NEW |\n|---|---|\n| {} | {} |\n", cell(shown.old_lines), cell(shown.new_lines));
 }
 

@@ -24,9 +24,13 @@ void write_group(std::ostream &out, const ChangeGroup &group) {
                      group.reason.empty() ? "" : ", accepted: " + printable(group.reason));
   if (!group.shown) return;
   const ShownChange &shown = *group.shown;
-  out << fmt::format("  {}, shrunk from {} nodes to {}:\n", printable(shown.origin), shown.nodes_before,
-                     shown.nodes_after);
-  for (const std::string &line : commit_lines(shown.commit)) out << "    " << line << '\n';
+  if (shown.commit) {
+    out << fmt::format("  {}, shrunk from {} nodes to {}:\n", printable(shown.origin), shown.nodes_before,
+                       shown.nodes_after);
+    for (const std::string &line : commit_lines(*shown.commit)) out << "    " << line << '\n';
+  } else {
+    out << fmt::format("  {}:\n", printable(shown.origin));
+  }
   for (const std::string &line : shown.old_lines) out << "  OLD " << printable(line) << '\n';
   for (const std::string &line : shown.new_lines) out << "  NEW " << printable(line) << '\n';
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "element/datastore/tree.h"
 #include "l2vpn/configuration.h"

@@ -1,5 +1,7 @@
 // What shares ports with VPNs: static members of the VLAN manager, uplinks and multicast snooping.
 
+#include <algorithm>
+
 #include "maintenance/generator/draft.h"
 
 namespace maintenance {
