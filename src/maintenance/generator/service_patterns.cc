@@ -37,6 +37,13 @@ void mixed_kinds(Draft &draft) {
   }
 }
 
+// The same over two VPNs of which one's name begins with the other's.
+void mixed_kinds_of_like_names(Draft &draft) {
+  const bool is_first = draft.random.one_in(2);
+  draft.attach({Family::vpls, "a", "a"}, is_first ? "service-port-1" : "eth1", {}, draft.arrival());
+  draft.attach({Family::vpls, "a", "ab"}, is_first ? "eth2" : "service-port-2", {}, draft.arrival());
+}
+
 // One VPN takes a service port whole, another does not.
 void mixed_use(Draft &draft) {
   const std::string port = draft.service_port();
@@ -104,6 +111,7 @@ void mtu_of_service_port(Draft &draft) {
 const std::vector<Pattern> service_patterns{service_port_with_action,
                                             service_port_with_action,
                                             mixed_kinds,
+                                            mixed_kinds_of_like_names,
                                             mixed_use,
                                             transparent_service,
                                             beside_line,
