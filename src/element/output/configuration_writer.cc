@@ -19,13 +19,15 @@ struct FreePrinted {
 }  // namespace
 
 std::string write_configuration(const Tree &tree, InputFormat format) {
+  const char *empty = format == InputFormat::xml ? kEmptyXml : "{}\n";
   const DataTree data = data_tree(tree);
-  if (!data) return format == InputFormat::xml ? kEmptyXml : "{}\n";
+  if (!data) return empty;
   char *text = nullptr;
   const LYD_FORMAT printed = format == InputFormat::xml ? LYD_XML : LYD_JSON;
   if (lyd_print_mem(&text, data.get(), printed, LYD_PRINT_WITHSIBLINGS) != LY_SUCCESS) throw std::bad_alloc();
   const std::unique_ptr<char, FreePrinted> owner(text);
-  return text;
+  // Nothing is printed of containers that hold nothing.
+  return text == nullptr ? empty : text;
 }
 
 }  // namespace element

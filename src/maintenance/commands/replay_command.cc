@@ -6,8 +6,12 @@
 
 #include "cli/command_line/choice.h"
 #include "cli/input/plugin_file.h"
+#include "element/datastore/transaction.h"
+#include "host/run/commit.h"
 #include "host/run/plugin.h"
 #include "maintenance/commands/recording_file.h"
+#include "maintenance/commits/commit_folder.h"
+#include "maintenance/reconstruction/rebuilt_commit.h"
 #include "maintenance/replay/replay.h"
 #include "maintenance/transcript/replay_report.h"
 
@@ -19,6 +23,7 @@ enum class ReplayFormat { text, json };
 struct ReplayArguments {
   std::string file;
   std::string plugin;
+  std::string commit;  ///< folder to write; empty: none
   ReplayFormat format = ReplayFormat::text;
 };
 
@@ -30,8 +35,40 @@ replay::Outcome replayed(const recording::Recording &recording, const std::files
   }
 }
 
+/// What the library says to the rebuilt commit at the recorded point; nothing where the point does not fire.
+std::optional<host::PointVerdict> asked_about(const reconstruction::RebuiltCommit &rebuilt,
+                                              const recording::Recording &recording,
+                                              const std::filesystem::path &plugin_file) {
+  const maintenance::Commit &commit = rebuilt.commit;
+  const auto transaction = element::make_transaction(commit.running, commit.candidate, *commit.profile);
+  host::HostSession session(*commit.profile);
+  const host::Plugin plugin(plugin_file);
+  const host::Verdict verdict = host::validate_commit(plugin, session, *transaction, {.all_points = true});
+  std::optional<host::PointVerdict> found;
+  for (const host::PointVerdict &point : verdict.points) {
+    if (point.point != recording.header.point) continue;
+    if (!found || point.text == recording.trailer.message.value_or("")) found = point;
+  }
+  return found;
+}
+
+cli::ExitStatus write_commit(const ReplayArguments &arguments, const cli::Environment &environment,
+                             const recording::Recording &recording) {
+  const element::Schema schema;
+  const reconstruction::RebuiltCommit rebuilt = reconstruction::rebuild_commit(recording, schema);
+  write_commit_folder(rebuilt.commit, arguments.commit);
+  const auto plugin = cli::find_plugin_file(arguments.plugin, environment);
+  const std::optional<host::PointVerdict> verdict = asked_about(rebuilt, recording, plugin);
+  const transcript::CommitAnswer answer = transcript::commit_answer(recording, verdict);
+  environment.out << (arguments.format == ReplayFormat::json
+                          ? transcript::commit_json(recording, arguments.commit, rebuilt.made_up, answer)
+                          : transcript::commit_text(recording, arguments.commit, rebuilt.made_up, answer));
+  return answer.is_same ? cli::ExitStatus::accepted : cli::ExitStatus::rejected;
+}
+
 cli::ExitStatus run_replay(const ReplayArguments &arguments, const cli::Environment &environment) {
   const recording::Recording recording = read_recording(arguments.file);
+  if (!arguments.commit.empty()) return write_commit(arguments, environment, recording);
   const replay::Outcome outcome = replayed(recording, cli::find_plugin_file(arguments.plugin, environment));
   environment.out << (arguments.format == ReplayFormat::json ? transcript::replay_json(recording, outcome)
                                                              : transcript::replay_text(recording, outcome));
@@ -46,6 +83,10 @@ void add_replay(CLI::App &command, Chosen &chosen) {
   const auto arguments = std::make_shared<ReplayArguments>();
   command.add_option("RECORDING", arguments->file, "Recording; - is standard input")->required()->type_name("");
   command.add_option("--plugin", arguments->plugin, "Validation library to ask")->type_name("FILE");
+  command
+      .add_option("--commit", arguments->commit,
+                  "Write what the recording knows as a commit into this folder, and ask the library about it")
+      ->type_name("DIR");
   cli::add_choice(command, "--format", replay_formats, arguments->format,
                   "Format of the result; text unless it is given");
   command.callback([arguments, &chosen] {

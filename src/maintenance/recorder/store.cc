@@ -107,10 +107,12 @@ void Store::remove(std::size_t index) {
 }
 
 void Store::make_room(std::uint64_t size) {
+  const auto is_accepted = [](const Kept &kept) { return is_of_accepted(kept.name); };
   while (!kept_.empty() && (kept_.size() >= kMostRecordings || bytes_ + size > kMostBytes)) {
-    const auto accepted =
-        std::find_if(kept_.begin(), kept_.end(), [](const Kept &kept) { return is_of_accepted(kept.name); });
-    remove(accepted == kept_.end() ? 0 : static_cast<std::size_t>(accepted - kept_.begin()));
+    const auto accepted = std::count_if(kept_.begin(), kept_.end(), is_accepted);
+    const bool is_one_of_accepted = static_cast<std::size_t>(accepted) > kMostRecordings / 4;
+    const auto oldest = is_one_of_accepted ? std::find_if(kept_.begin(), kept_.end(), is_accepted) : kept_.begin();
+    remove(static_cast<std::size_t>(oldest - kept_.begin()));
   }
 }
 

@@ -9,7 +9,8 @@
 
 namespace recorder {
 
-/// At most so many recordings are kept, and at most so many bytes of them.
+/// At most so many recordings are kept, and at most so many bytes of them. Where one must go, it is the oldest of
+/// accepted calls as long as there are more of these than a quarter; otherwise the oldest of all.
 inline constexpr std::size_t kMostRecordings = 200;
 inline constexpr std::uint64_t kMostBytes = 64 * 1024 * 1024;
 
@@ -23,8 +24,7 @@ class Store {
   const std::string &folder() const { return folder_; }
 
   /// Writes the bytes under the next number as `NUMBER-PROCESS-POINT-VERDICT.vpnrec`: first under another name, then
-  /// renamed. Removes the oldest recordings where there are too many: those of accepted commits first. Returns what
-  /// went wrong, empty where nothing did.
+  /// renamed. Returns what went wrong, empty where nothing did.
   std::string keep(std::string_view bytes, std::string_view point, std::string_view verdict);
 
   /// Replaces the file `status`, which tells what the recorder last had to say.

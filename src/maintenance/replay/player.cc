@@ -54,26 +54,27 @@ void Player::fail_at(const recording::Call &call) {
 
 const recording::Call &Player::answer(const recording::Call &asked) {
   const Level &level = levels_.back();
+  const recording::Call *call = reading_before(asked);
   const bool has_next = level.asked < level.calls->size();
-  const recording::Call *call = has_next ? &(*level.calls)[level.asked] : nullptr;
-  if (call != nullptr && recording::asks_same(*call, asked)) {
+  if (call == nullptr && has_next && recording::asks_same((*level.calls)[level.asked], asked)) {
+    call = &(*level.calls)[levels_.back().asked++];
     is_asked_[numbers_.at(call)] = true;
-    ++levels_.back().asked;
-  } else {
-    call = known_before(asked);
-    if (call == nullptr) diverge(&asked, "");
   }
+  if (call == nullptr) call = limit_before(asked);
+  if (call == nullptr) diverge(&asked, "");
   if (call->error && error_number_ != nullptr) *error_number_ = static_cast<int>(*call->error);
   return *call;
 }
 
-// The clock's first reading in the recorded process is the time from which the library counts on.
-const recording::Call *Player::known_before(const recording::Call &asked) {
-  if (asked.function == recording::Function::system_clock_now) {
-    const bool is_known = last_extension_.result && !last_extension_is_asked_;
-    last_extension_is_asked_ = true;
-    return is_known ? &last_extension_ : nullptr;
-  }
+// The library counts from the time that it reads first in a process: here, from the time from which it counted there.
+const recording::Call *Player::reading_before(const recording::Call &asked) {
+  if (asked.function != recording::Function::system_clock_now || !last_extension_.result) return nullptr;
+  if (last_extension_is_asked_) return nullptr;
+  last_extension_is_asked_ = true;
+  return &last_extension_;
+}
+
+const recording::Call *Player::limit_before(const recording::Call &asked) const {
   if (!recording::is_of_feature_model(asked.function)) return nullptr;
   for (const recording::Call &limit : recording_.header.limits) {
     if (recording::asks_same(limit, asked)) return &limit;

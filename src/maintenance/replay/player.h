@@ -50,7 +50,8 @@ class Player {
   };
 
   const recording::Call &answer(const recording::Call &asked);
-  const recording::Call *known_before(const recording::Call &asked);
+  const recording::Call *reading_before(const recording::Call &asked);
+  const recording::Call *limit_before(const recording::Call &asked) const;
   [[noreturn]] void diverge(const recording::Call *asked, const std::string &reason);
   std::size_t next_number() const;
 

@@ -2,6 +2,8 @@
 
 #include <map>
 
+#include "maintenance/recording/asked_path.h"
+
 namespace transcript {
 
 namespace {
@@ -26,33 +28,6 @@ void add_leafs(const SchemaNode &object, std::vector<const SchemaNode *> &leafs)
   for (const auto &child : object.children) {
     leafs.push_back(child->kind == NodeKind::leaf ? child.get() : nullptr);
     if (child->kind == NodeKind::container) add_leafs(*child, leafs);
-  }
-}
-
-std::string formatted(const recording::Item &item) {
-  if (const auto *text = std::get_if<std::string>(&item)) return *text;
-  if (const auto *number = std::get_if<std::int64_t>(&item)) return std::to_string(*number);
-  if (const auto *number = std::get_if<std::uint64_t>(&item)) return std::to_string(*number);
-  return "";
-}
-
-/// The path that a format makes, without what stands in braces: keys may hold anything.
-std::string node_path(const recording::Format &format) {
-  std::string path;
-  auto argument = format.arguments.begin();
-  for (std::size_t i = 0; i < format.text.size(); ++i) {
-    if (format.text[i] != '%' || i + 1 == format.text.size()) {
-      path += format.text[i];
-      continue;
-    }
-    if (format.text[++i] == '%') path += '%';
-    if (format.text[i] != '%' && argument != format.arguments.end()) path += formatted(*argument++);
-  }
-  while (true) {
-    const std::size_t open = path.find('{');
-    const std::size_t close = path.find('}', open == std::string::npos ? path.size() : open);
-    if (open == std::string::npos || close == std::string::npos) return path;
-    path.erase(open, close - open + 1);
   }
 }
 
@@ -141,7 +116,7 @@ class NameFinder {
   }
 
   const SchemaNode *node_of(const Call &call) const {
-    return call.format ? schema_.find(node_path(*call.format)) : nullptr;
+    return call.format ? schema_.find(recording::node_path(recording::asked_path(*call.format))) : nullptr;
   }
 
   static std::uint64_t cursor_of(const Call &call) {

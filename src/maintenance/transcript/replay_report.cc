@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <nlohmann/json.hpp>
 
 #include "maintenance/transcript/text.h"
@@ -91,6 +92,39 @@ std::string replay_json(const recording::Recording &recording, const replay::Out
                   {"crash", outcome.crash.empty() ? Json(nullptr) : Json(outcome.crash)},
                   {"divergence", outcome.divergence ? json_of(*outcome.divergence) : Json(nullptr)},
                   {"not-asked", json_of(outcome.not_asked)}};
+  return json.dump(1) + '\n';
+}
+
+CommitAnswer commit_answer(const recording::Recording &recording, const std::optional<host::PointVerdict> &verdict) {
+  CommitAnswer answer;
+  if (!verdict) return answer;
+  constexpr std::array<std::int64_t, 3> kVerdicts{0, -3, -1};
+  answer.verdict = kVerdicts.at(static_cast<std::size_t>(verdict->answer));
+  if (!verdict->text.empty()) answer.message = verdict->text;
+  const bool says_same = answer.verdict == 0 || answer.message == recording.trailer.message;
+  answer.is_same = answer.verdict == recording.trailer.verdict && says_same;
+  return answer;
+}
+
+std::string commit_text(const recording::Recording &recording, const std::string &folder,
+                        const std::vector<std::string> &made_up, const CommitAnswer &answer) {
+  std::string text = fmt::format("written   {}\n", report::printable(folder));
+  for (const std::string &what : made_up) text += fmt::format("made up   {}\n", report::printable(what));
+  text += "recorded  " + verdict_line(recording.trailer.verdict, recording.trailer.message);
+  text += answer.verdict ? "asked     " + verdict_line(answer.verdict, answer.message)
+                         : fmt::format("asked     {} does not fire\n", report::printable(recording.header.point));
+  return text + (answer.is_same ? "the same\n" : "not the same\n");
+}
+
+std::string commit_json(const recording::Recording &recording, const std::string &folder,
+                        const std::vector<std::string> &made_up, const CommitAnswer &answer) {
+  Json list = Json::array();
+  for (const std::string &what : made_up) list.push_back(report::printable(what));
+  const Json json{{"same", answer.is_same},
+                  {"folder", report::printable(folder)},
+                  {"made-up", list},
+                  {"recorded", json_of_verdict(recording.trailer.verdict, recording.trailer.message)},
+                  {"asked", answer.verdict ? json_of_verdict(answer.verdict, answer.message) : Json(nullptr)}};
   return json.dump(1) + '\n';
 }
 

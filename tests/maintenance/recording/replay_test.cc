@@ -107,6 +107,22 @@ TEST_F(Replay, knows_what_the_library_asked_before) {
   EXPECT_NE(replayed(without).find("diverged at call 1: asked fm_init()"), std::string::npos) << replayed(without);
 }
 
+// The library extends its time 36 seconds after it last did, whatever the clock of the replay says.
+TEST_F(Replay, extends_its_time_where_it_did) {
+  constexpr std::int64_t kSeconds = 1'000'000'000;
+  Recording late = recorded();
+  ASSERT_TRUE(late.header.last_extension.has_value());
+  *late.header.last_extension -= 37 * kSeconds;
+  EXPECT_NE(replayed(late).find("diverged at call 3: asked confd_data_set_timeout(context 1, 120)"), std::string::npos)
+      << replayed(late);
+  Call extension;
+  extension.function = Function::confd_data_set_timeout;
+  extension.arguments = {recording::Handle{recording::HandleKind::context, 1}, std::int64_t{120}};
+  extension.result = 0;
+  late.calls.insert(late.calls.begin() + 2, extension);
+  EXPECT_TRUE(replay::replay(late, HOOKABLE_FILE).is_same_as(late)) << replayed(late);
+}
+
 TEST_F(Replay, of_outputs_that_no_such_call_has_is_refused) {
   Recording broken = recorded();
   find(broken, Function::maapi_get_next).outputs = {std::string("no number")};
