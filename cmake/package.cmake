@@ -8,6 +8,10 @@ install(TARGETS vpnval RUNTIME DESTINATION bin)
 set_target_properties(vpnval_maintenance PROPERTIES INSTALL_RPATH "$ORIGIN/../../${private_libraries}")
 install(TARGETS vpnval_maintenance RUNTIME DESTINATION libexec/vpnval)
 install(TARGETS element_host config_validate_vpn LIBRARY DESTINATION ${private_libraries})
+# To be put into an element's folder: docs/recording.md.
+if(TARGET config_validate_vpn_recorder)
+  install(TARGETS config_validate_vpn_recorder LIBRARY DESTINATION ${private_libraries})
+endif()
 
 if(TARGET vpnval_agent)
   install(TARGETS vpnval_agent LIBRARY DESTINATION ${private_libraries}/agent)

@@ -45,6 +45,7 @@ std::set<std::string> expected_files() {
       "-rwxr-xr-x /usr/bin/vpnval",
       "-rwxr-xr-x /usr/libexec/vpnval/vpnval-maintenance",
       "-rw-r--r-- " + libraries + "libconfig_validate_vpn.so",
+      "-rw-r--r-- " + libraries + "libconfig_validate_vpn_recorder.so",
       "-rw-r--r-- " + libraries + "libelement_host.so",
       "-rw-r--r-- /usr/share/bash-completion/completions/vpnval",
       "-rw-r--r-- /usr/share/zsh/vendor-completions/_vpnval",

@@ -6,8 +6,7 @@
 
 #include "cli/command_line/choice.h"
 #include "cli/input/plugin_file.h"
-#include "element/datastore/transaction.h"
-#include "host/run/commit.h"
+#include "element/input/input_error.h"
 #include "host/run/plugin.h"
 #include "maintenance/commands/recording_file.h"
 #include "maintenance/commits/commit_folder.h"
@@ -35,30 +34,24 @@ replay::Outcome replayed(const recording::Recording &recording, const std::files
   }
 }
 
-/// What the library says to the rebuilt commit at the recorded point; nothing where the point does not fire.
-std::optional<host::PointVerdict> asked_about(const reconstruction::RebuiltCommit &rebuilt,
-                                              const recording::Recording &recording,
-                                              const std::filesystem::path &plugin_file) {
-  const maintenance::Commit &commit = rebuilt.commit;
-  const auto transaction = element::make_transaction(commit.running, commit.candidate, *commit.profile);
-  host::HostSession session(*commit.profile);
-  const host::Plugin plugin(plugin_file);
-  const host::Verdict verdict = host::validate_commit(plugin, session, *transaction, {.all_points = true});
-  std::optional<host::PointVerdict> found;
-  for (const host::PointVerdict &point : verdict.points) {
-    if (point.point != recording.header.point) continue;
-    if (!found || point.text == recording.trailer.message.value_or("")) found = point;
+reconstruction::RebuiltCommit rebuilt_commit(const ReplayArguments &arguments, const recording::Recording &recording,
+                                             const element::Schema &schema) {
+  try {
+    return reconstruction::rebuild_commit(recording, schema);
+  } catch (const std::bad_alloc &) {
+    throw;
+  } catch (const std::exception &error) {
+    throw element::InputError(arguments.file + ": what it knows makes no commit: " + error.what());
   }
-  return found;
 }
 
 cli::ExitStatus write_commit(const ReplayArguments &arguments, const cli::Environment &environment,
                              const recording::Recording &recording) {
   const element::Schema schema;
-  const reconstruction::RebuiltCommit rebuilt = reconstruction::rebuild_commit(recording, schema);
+  const reconstruction::RebuiltCommit rebuilt = rebuilt_commit(arguments, recording, schema);
   write_commit_folder(rebuilt.commit, arguments.commit);
   const auto plugin = cli::find_plugin_file(arguments.plugin, environment);
-  const std::optional<host::PointVerdict> verdict = asked_about(rebuilt, recording, plugin);
+  const std::optional<host::PointVerdict> verdict = reconstruction::asked_about(rebuilt.commit, recording, plugin);
   const transcript::CommitAnswer answer = transcript::commit_answer(recording, verdict);
   environment.out << (arguments.format == ReplayFormat::json
                           ? transcript::commit_json(recording, arguments.commit, rebuilt.made_up, answer)

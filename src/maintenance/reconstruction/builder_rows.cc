@@ -25,6 +25,17 @@ std::string dotted(std::uint32_t peer) {
          '.' + std::to_string(peer >> 24);
 }
 
+void put_vpn(element::Tree &tree, Family family, const std::vector<std::string> *group, const std::string &vpn) {
+  if (group != nullptr) l2vpn::ensure_vpn(tree, {family, group->at(0), vpn});
+}
+
+/// The interface whose encapsulation a path of derived nodes leads to.
+std::optional<std::string> encapsulated_interface(const std::vector<recording::PathStep> &path) {
+  if (const auto *vpls = keys_of(path, "int-vpls-ac")) return vpls->at(0);
+  const auto *vpws = keys_of(path, "int-vpws-intf-encap");
+  return vpws == nullptr || vpws->size() < 4 ? std::nullopt : std::optional(vpws->at(3));
+}
+
 }  // namespace
 
 Builder::Builder(Facts facts, const element::Schema &schema)
@@ -88,9 +99,9 @@ void Builder::put_row(element::Tree &tree, const Row &row) {
   } else if (is_row("/internal/int-vpws-group", 1)) {
     put_group(tree, Family::vpws, values[0].text);
   } else if (is_row("/internal/int-vpws-group/int-vpws", 1)) {
-    l2vpn::ensure_vpn(tree, {Family::vpws, keys_of(row.path, "int-vpws-group")->at(0), values[0].text});
+    put_vpn(tree, Family::vpws, keys_of(row.path, "int-vpws-group"), values[0].text);
   } else if (is_row("/internal/int-vpls-group/int-vpls-vpn", 1)) {
-    l2vpn::ensure_vpn(tree, {Family::vpls, keys_of(row.path, "int-vpls-group")->at(0), values[0].text});
+    put_vpn(tree, Family::vpls, keys_of(row.path, "int-vpls-group"), values[0].text);
   } else if (is_row("/internal/int-ldp-intf-l3", 3)) {
     put_uplink(tree, values);
   } else if (is_row("/KZ-VLAN-MANAGER-MIB/vlanMgrStaticMemberTable/vlanMgrStaticMemberEntry", 3)) {
@@ -136,11 +147,9 @@ void Builder::put_uplink(element::Tree &tree, const Values &row) {
 
 void Builder::put_range(const Steps &path, const Values &row) {
   const std::optional<VpnKey> vpn = vpn_of(path);
-  const auto *vpls = keys_of(path, "int-vpls-ac");
-  const auto *vpws = keys_of(path, "int-vpws-intf-encap");
-  if (!vpn || (vpls == nullptr && (vpws == nullptr || vpws->size() < 4))) return;
-  const std::string &interface = vpls != nullptr ? vpls->at(0) : vpws->at(3);
-  put_attachment(candidate_, *vpn, {.interface = interface, .ranges = {{number(row[0]), number(row[1])}}});
+  const std::optional<std::string> interface = encapsulated_interface(path);
+  if (!vpn || !interface) return;
+  put_attachment(candidate_, *vpn, {.interface = *interface, .ranges = {{number(row[0]), number(row[1])}}});
 }
 
 // The transparent LAN service's enumeration has 2 for off.
@@ -160,6 +169,7 @@ void Builder::put_leafs() {
 }
 
 void Builder::put_leaf(const Leaf &leaf) {
+  if (leaf.path.empty()) return;
   const std::string &name = leaf.path.back().name;
   if (name == "vlanMgrStaticMemberEntry" && leaf.path.back().keys.size() == 3) {
     const std::vector<std::string> &keys = leaf.path.back().keys;
@@ -167,7 +177,7 @@ void Builder::put_leaf(const Leaf &leaf) {
     return put_member(candidate_, {{}, {recording::kInt32, bits(keys[1]), ""}, {recording::kInt32, bits(keys[2]), ""}});
   }
   const std::optional<VpnKey> vpn = vpn_of(leaf.path);
-  if (!vpn) return;
+  if (!vpn) return put_operator_leaf(leaf.path);
   if (name == "int-vpls-bd-vlan" && leaf.value && leaf.value->bits != 0) {
     l2vpn::set_dot1q(candidate_, *vpn, number(*leaf.value));
   } else if (name == "int-vpls-bd-mtu" && leaf.value) {
@@ -175,20 +185,28 @@ void Builder::put_leaf(const Leaf &leaf) {
   } else if (name == "int-vpls-bd-tls" && leaf.value) {
     l2vpn::set_transparent_lan_service(candidate_, *vpn, leaf.value->bits != 2);
   } else if (name.ends_with("-encap-untagged")) {
-    const auto *vpls = keys_of(leaf.path, "int-vpls-ac");
-    const auto *vpws = keys_of(leaf.path, "int-vpws-intf-encap");
-    const std::string interface = vpls != nullptr ? vpls->at(0) : vpws->back();
-    put_attachment(candidate_, *vpn, {.interface = interface, .untagged = true});
+    const std::optional<std::string> interface = encapsulated_interface(leaf.path);
+    if (interface) put_attachment(candidate_, *vpn, {.interface = *interface, .untagged = true});
   } else {
     put_operator_leaf(leaf.path);
   }
 }
 
 void Builder::put_operator_leaf(const Steps &path) {
+  const std::string &name = path.back().name;
   const std::optional<VpnKey> vpn = vpn_of(path);
-  if (path.back().name == l2vpn::name::transparent_lan_service) {
+  if (vpn && name == l2vpn::name::transparent_lan_service) {
     l2vpn::set_transparent_lan_service(candidate_, *vpn, true);
   }
+  const auto *port = keys_of(path, l2vpn::name::service_port);
+  if (port == nullptr) return;
+  l2vpn::ServicePort match{static_cast<std::uint32_t>(std::stoul(port->at(0)))};
+  if (name == l2vpn::name::any) match.any = true;
+  if (name == l2vpn::name::vid) {
+    match.vid = 1;
+    made_up_.push_back("that service port " + port->at(0) + " matches VLAN 1");
+  }
+  l2vpn::put_service_port(candidate_, match);
 }
 
 }  // namespace reconstruction

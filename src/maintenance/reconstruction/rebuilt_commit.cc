@@ -47,4 +47,18 @@ RebuiltCommit rebuild_commit(const recording::Recording &recording, const elemen
   return builder.commit();
 }
 
+std::optional<host::PointVerdict> asked_about(const maintenance::Commit &commit, const recording::Recording &recording,
+                                              const std::filesystem::path &plugin) {
+  const auto transaction = element::make_transaction(commit.running, commit.candidate, *commit.profile);
+  host::HostSession session(*commit.profile);
+  const host::Plugin library(plugin);
+  const host::Verdict verdict = host::validate_commit(library, session, *transaction, {.all_points = true});
+  std::optional<host::PointVerdict> found;
+  for (const host::PointVerdict &point : verdict.points) {
+    if (point.point != recording.header.point) continue;
+    if (!found || point.text == recording.trailer.message.value_or("")) found = point;
+  }
+  return found;
+}
+
 }  // namespace reconstruction
