@@ -12,12 +12,6 @@ namespace {
 
 constexpr std::size_t kFirstRoom = 64 * 1024;
 
-std::uint32_t hash_of(std::string_view text) {
-  std::uint32_t hash = 2166136261U;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-  return hash;
-}
-
 }  // namespace
 
 void Writer::Free::operator()(char *memory) const { std::free(memory); }
@@ -66,7 +60,7 @@ void Writer::raw(std::string_view bytes) {
 void Writer::text(std::string_view text) {
   const std::uint64_t length = text.size();
   if (text.size() >= kShortestRepeated) {
-    const std::uint32_t hash = hash_of(text);
+    const auto hash = static_cast<std::uint32_t>(digest(text));
     Seen &seen = seen_[hash % kSeen];
     const bool is_same = seen.place != 0 && seen.hash == hash && seen.size == text.size() &&
                          std::memcmp(bytes_.get() + seen.place, text.data(), text.size()) == 0;
