@@ -2,9 +2,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -64,8 +65,8 @@ TEST(Audit, finds_a_warning_whose_status_is_that_of_fail_on_warn) {
 }
 
 TEST(Audit, of_many_files_sums_up) {
-  const ProcessResult result =
-      run_process(VPNVAL_FILE " audit --element " + kExample + "element.json " + kSound + " " + kFaulty + " --jobs 2");
+  const ProcessResult result = run_process(vpnval_file() + " audit --element " + kExample + "element.json " + kSound +
+                                           " " + kFaulty + " --jobs 2");
   EXPECT_EQ(result.status, 1);
   EXPECT_TRUE(
       result.output.starts_with(kSound + ": no fault in force\n" + kFaulty + ": 1 fault in force\n1. rejected "))
@@ -76,7 +77,7 @@ TEST(Audit, of_many_files_sums_up) {
 TEST(Audit, documents_fit_the_schema) {
   const CommitFolder folder;
   folder.write("one", audit({kFaulty, "--format=json"}).out);
-  folder.write("many", run_process(VPNVAL_FILE " audit -q --format json --element " + kExample + "element.json " +
+  folder.write("many", run_process(vpnval_file() + " audit -q --format json --element " + kExample + "element.json " +
                                    kSound + " " + kFaulty)
                            .output);
   const ProcessResult result = run_reader(
@@ -101,7 +102,7 @@ TEST(StandardInput, takes_the_place_of_a_file_that_is_read) {
   const CommitFolder folder;
   folder.configure(R"("base:config": {"vlan": [{"id": 5}]})", "");
   folder.write("edit.json", R"({"base:config": {"vlan": [{"id": 7}]}})");
-  const std::string vpnval = "cd " + folder.path() + " && " VPNVAL_FILE " ";
+  const std::string vpnval = "cd " + folder.path() + " && " + vpnval_file() + " ";
   const std::string candidate =
       "{\n  \"base:config\": {\n    \"vlan\": [\n      {\n        \"id\": 7\n      }\n    ]\n  }\n}\n";
   EXPECT_EQ(run_process(vpnval + "apply --running - --edit edit.json < running.json").output, candidate);

@@ -4,8 +4,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
 #include "tests/cli/commit_folder.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -109,9 +109,8 @@ TEST_F(ChangeSummary, one_of_many_commits_is_refused_alone) {
   const CommitFolder other;
   folder.configure(kVlan5, "");
   other.configure("", kVlan5);
-  const ProcessResult outcome =
-      run_process("VPNVAL_PLUGIN=" ANSWERING_PLUGIN_FILE " " VPNVAL_FILE " check --max-removed=1 " + folder.path() +
-                  " " + other.path());
+  const ProcessResult outcome = run_process("VPNVAL_PLUGIN=" + answering_plugin_file() + " " + vpnval_file() +
+                                            " check --max-removed=1 " + folder.path() + " " + other.path());
   EXPECT_EQ(outcome.status, 3);
   EXPECT_TRUE(outcome.output.starts_with(
       folder.path() +

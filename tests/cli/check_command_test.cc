@@ -4,9 +4,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ std::string without_build_id(std::string text) {
   return text;
 }
 
-const std::string decided_by = "decided by " ANSWERING_PLUGIN_FILE ", build id ID\n";
+const std::string decided_by = "decided by " + answering_plugin_file() + ", build id ID\n";
 
 class CheckCommand : public testing::Test {
  protected:
@@ -189,7 +190,7 @@ TEST_F(CheckCommand, json_is_alone_on_standard_output_and_the_text_goes_to_stand
                "ended-by": "calls", "all-repairs": false, "unproven-rules": []},
     "unused-suppressions": []})");
   auto document = nlohmann::json::parse(verdict_in(json.out));
-  EXPECT_EQ(document["library"]["file"], ANSWERING_PLUGIN_FILE);
+  EXPECT_EQ(document["library"]["file"], answering_plugin_file());
   EXPECT_EQ(document["inputs"]["candidate"], folder.file("candidate.json"));
   for (auto &finding : document["findings"]) {
     EXPECT_EQ(finding["place"]["file"], folder.file("candidate.json"));

@@ -6,9 +6,10 @@
 #include <nlohmann/json.hpp>
 #include <regex>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -117,7 +118,7 @@ TEST_F(CheckFindings, hints_are_commands_to_copy) {
   const std::string hint = "what else is wrong, if anything: vpnval check ";
   ASSERT_NE(text.find(hint), std::string::npos) << text;
   const std::string command = text.substr(text.find(hint) + hint.size());
-  const ProcessResult result = run_process(VPNVAL_FILE " check " + command.substr(0, command.find('\n')));
+  const ProcessResult result = run_process(vpnval_file() + " check " + command.substr(0, command.find('\n')));
   EXPECT_EQ(result.status, 1) << command;
   EXPECT_NE(result.output.find(folder.file("it's.xml") + ":12"), std::string::npos) << result.output;
 }
@@ -235,7 +236,7 @@ TEST_F(CheckFindings, a_commit_goes_by_its_folder_or_its_candidate) {
 TEST_F(CheckFindings, a_configuration_from_a_pipe_has_the_lines_that_it_has_in_a_file) {
   for (const std::string which : {"running", "candidate"}) {
     const std::string file = rejected + "/" + which + ".xml";
-    const std::string command = VPNVAL_FILE " check " + rejected + " --" + which + " ";
+    const std::string command = vpnval_file() + " check " + rejected + " --" + which + " ";
     const std::string from_file = run_process(command + file).output;
     const std::string from_pipe = run_process("cat " + file + " | " + command + "/dev/stdin").output;
     EXPECT_NE(from_pipe.find("(/dev/stdin:"), std::string::npos) << from_pipe;
@@ -244,7 +245,7 @@ TEST_F(CheckFindings, a_configuration_from_a_pipe_has_the_lines_that_it_has_in_a
 }
 
 TEST_F(CheckFindings, colour_is_for_a_terminal_unless_it_is_wanted_or_not) {
-  const std::string program = std::string("env -u NO_COLOR TERM=xterm " VPNVAL_FILE " check ") + rejected;
+  const std::string program = std::string("env -u NO_COLOR TERM=xterm " + vpnval_file() + " check ") + rejected;
   const std::string coloured = "1. <ESC>[1;31mrejected<ESC>[0m [access-same-dot1q]";
   const auto on_a_terminal = [](const std::string &command) {
     const ProcessResult result = run_reader("on_a_terminal.py", command);
@@ -256,13 +257,14 @@ TEST_F(CheckFindings, colour_is_for_a_terminal_unless_it_is_wanted_or_not) {
   EXPECT_NE(on_a_terminal(program).find("\n<ESC>[32m+<ESC>[0m /mpls/l2vpn-config"), std::string::npos);
   EXPECT_NE(on_a_terminal(program).find("\ncommit <ESC>[1;31mrejected<ESC>[0m: "), std::string::npos);
   for (const std::string plain : {"env NO_COLOR=1 TERM=xterm ", "env TERM=dumb "}) {
-    EXPECT_EQ(on_a_terminal(plain + VPNVAL_FILE " check " + rejected).find("<ESC>"), std::string::npos) << plain;
+    EXPECT_EQ(on_a_terminal(plain + vpnval_file() + " check " + rejected).find("<ESC>"), std::string::npos) << plain;
   }
   EXPECT_EQ(on_a_terminal(program + " --color never").find("<ESC>"), std::string::npos);
   EXPECT_EQ(on_a_terminal(program + " --format github").find("<ESC>"), std::string::npos);
   EXPECT_EQ(in_a_pipe(program).find('\x1b'), std::string::npos);
-  EXPECT_NE(in_a_pipe("NO_COLOR=1 " VPNVAL_FILE " check --color always " + rejected).find("\x1b[1;31mrejected\x1b[0m"),
-            std::string::npos);
+  EXPECT_NE(
+      in_a_pipe("NO_COLOR=1 " + vpnval_file() + " check --color always " + rejected).find("\x1b[1;31mrejected\x1b[0m"),
+      std::string::npos);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <csignal>
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/cli/interrupted.h"
 
 namespace {

@@ -7,9 +7,10 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
 #include "report/json/series_json.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -66,7 +67,8 @@ Outcome check_series(const std::vector<std::string> &directories, const std::vec
   arguments.insert(arguments.end(), directories.begin(), directories.end());
   std::ostringstream out;
   std::ostringstream err;
-  const cli::ExitStatus status = cli::run(arguments, still_environment(out, err, VPNVAL_FILE, ANSWERING_PLUGIN_FILE));
+  const cli::ExitStatus status =
+      cli::run(arguments, still_environment(out, err, vpnval_file(), answering_plugin_file()));
   return {static_cast<int>(status), out.str(), err.str()};
 }
 
@@ -237,7 +239,7 @@ TEST_F(CheckSeries, jobs_are_a_number_of_processes_for_folders) {
 
 TEST_F(CheckSeries, a_result_that_cannot_be_written_ends_it) {
   const ProcessResult result =
-      run_process(VPNVAL_FILE " check " + unchanged() + " " + unchanged() + " 2>&1 >/dev/full");
+      run_process(vpnval_file() + " check " + unchanged() + " " + unchanged() + " 2>&1 >/dev/full");
   EXPECT_EQ(result.status, 73);
   EXPECT_EQ(result.output, "vpnval: standard output cannot be written\n");
 }
@@ -247,8 +249,8 @@ TEST_F(CheckSeries, ends_its_processes_and_keeps_what_it_has_when_it_is_interrup
   const std::string first = unchanged();
   const std::string second = unchanged();
   const ProcessResult result =
-      run_process("exec 2>/dev/null; cd " + second +
-                  "; rm candidate.json; mkfifo candidate.json\n" VPNVAL_FILE " check " + first + " " + second +
+      run_process("exec 2>/dev/null; cd " + second + "; rm candidate.json; mkfifo candidate.json\n" + vpnval_file() +
+                  " check " + first + " " + second +
                   " >out & exec 3>candidate.json\n"
                   "while [ ! -s out ]; do sleep 0.01; done\n"
                   "kill -TERM $!; wait $!; echo $?; cat out\n"

@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "build_paths.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -78,7 +78,7 @@ Outcome run_with(const std::string &plugin, const std::vector<std::string> &argu
 }  // namespace
 
 Outcome run_with_answers(const std::vector<std::string> &arguments) {
-  return run_with(ANSWERING_PLUGIN_FILE, arguments);
+  return run_with(answering_plugin_file(), arguments);
 }
 
-Outcome run_with_library(const std::vector<std::string> &arguments) { return run_with(PLUGIN_FILE, arguments); }
+Outcome run_with_library(const std::vector<std::string> &arguments) { return run_with(plugin_file(), arguments); }

@@ -3,10 +3,11 @@
 #include <filesystem>
 #include <sstream>
 
-#include "build_paths.h"
 #include "rules/rule.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/help_text.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -19,7 +20,7 @@ class Completion : public testing::TestWithParam<std::string> {
  protected:
   Offers offered(const std::string &line, const std::string &directory = "/") const {
     const std::string script = SOURCE_DIR "/tests/cli/completion/offered_by_" + GetParam();
-    const std::string path = fs::path(VPNVAL_FILE).parent_path().string();
+    const std::string path = fs::path(vpnval_file()).parent_path().string();
     const ProcessResult result =
         run_process("cd " + directory + " && PATH=" + path + ":$PATH timeout 60 " + script + " '" + line + "'");
     EXPECT_EQ(result.status, 0) << line;

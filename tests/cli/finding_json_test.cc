@@ -4,13 +4,14 @@
 
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
 #include "report/json/advice_json.h"
 #include "report/json/series_json.h"
 #include "report/json/verdict_json.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_findings.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 

@@ -7,9 +7,10 @@
 #include <csignal>
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -39,8 +40,8 @@ class HeadroomCommand : public testing::Test {
 
   /// What the program leaves; the last line of its standard error, which progress may come before, in `err`.
   ProcessResult run(const std::string &options, const std::string &environment = "") {
-    ProcessResult result =
-        run_process("cd " + folder.path() + " && " + environment + " " VPNVAL_FILE " headroom . " + options + " 2>err");
+    ProcessResult result = run_process("cd " + folder.path() + " && " + environment + " " + vpnval_file() +
+                                       " headroom . " + options + " 2>err");
     err = run_process("tail -n 1 " + folder.file("err")).output;
     return result;
   }
@@ -66,7 +67,7 @@ selective encapsulation: ranges                            0  10 of 10
 selective encapsulation: ranges of an access interface
   ge-1                                                     0  8 of 8
 
-decided by )" PLUGIN_FILE R"(, build id ID
+decided by )" + plugin_file() + R"(, build id ID
 )");
   EXPECT_EQ(result.status, 0);
 }
@@ -86,7 +87,7 @@ selective encapsulation: ranges                            0  10 of 10      10 o
 selective encapsulation: ranges of an access interface
   ge-1                                                     0  8 of 8        8 of 8        8 of 8
 
-decided by )" PLUGIN_FILE R"(, build id ID
+decided by )" + plugin_file() + R"(, build id ID
 )");
   EXPECT_EQ(result.status, 1);
 }
@@ -105,11 +106,11 @@ TEST_F(HeadroomCommand, names_that_could_not_be_read_are_told_for_each_element) 
   const std::string candidate = " --candidate " SOURCE_DIR "/examples/blank-in-name-hides-static-member/candidate.xml";
   const std::string element = " --element " SOURCE_DIR "/examples/blank-in-name-hides-static-member/element.json";
   const std::string notice = "    3 questions of the library could not be read because of the name `a b`: rules ";
-  const std::string text = run_process(VPNVAL_FILE " headroom" + running + candidate + element).output;
+  const std::string text = run_process(vpnval_file() + " headroom" + running + candidate + element).output;
   EXPECT_NE(text.find(": accepted\n" + notice), std::string::npos) << text;
 
   const ProcessResult two =
-      run_process(VPNVAL_FILE " headroom --format json" + running + candidate + element + element);
+      run_process(vpnval_file() + " headroom --format json" + running + candidate + element + element);
   const json document = json::parse(two.output);
   for (const json &measured : document.at("elements")) {
     EXPECT_EQ(measured.at("unreadable").at(0).at("name"), "a b");
@@ -159,13 +160,13 @@ TEST_F(HeadroomCommand, a_library_that_cannot_be_loaded_is_told_with_the_element
 }
 
 TEST_F(HeadroomCommand, a_library_that_breaks_its_contract_is_told_with_the_element) {
-  const std::string answers = "VPNVAL_PLUGIN=" ANSWERING_PLUGIN_FILE;
+  const std::string answers = "VPNVAL_PLUGIN=" + answering_plugin_file();
   EXPECT_EQ(run("--element small.json --element element.json", answers).status, 70);
   EXPECT_EQ(err, "vpnval: small.json: vpn_sp_valp: answered 7; 0, -1 or -3 was expected\n");
 }
 
 TEST_F(HeadroomCommand, a_library_that_stops_its_process_stops_one_element) {
-  const std::string answers = "VPNVAL_PLUGIN=" ANSWERING_PLUGIN_FILE;
+  const std::string answers = "VPNVAL_PLUGIN=" + answering_plugin_file();
   folder.configure("", vpls_group(vpn("voice", R"(, "bridge-domain": {"access-interface": [{"name": "ge-1"}]})")));
   EXPECT_EQ(run("", answers).status, 128 + SIGABRT);
   EXPECT_EQ(run("--element small.json --element element.json", answers).status, 70);

@@ -2,9 +2,9 @@
 
 #include <sstream>
 
-#include "build_paths.h"
 #include "report/json/headroom_json.h"
 #include "report/text/headroom_text.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_headroom.h"

@@ -4,7 +4,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
 #include "cli/command_line/exit_status.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/help_text.h"

@@ -3,9 +3,9 @@
 #include <regex>
 #include <sstream>
 
-#include "build_paths.h"
 #include "cli/command_line/maintenance_commands.h"
 #include "tests/cli/commit_folder.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -26,7 +26,8 @@ void add_options(const std::string &definition, std::set<std::string> &options) 
 std::string help_of(const std::string &command) {
   if (command.empty()) return run_with_answers({"--help"}).out;
   // Another program takes the place of the process that it is asked in.
-  if (!cli::maintenance_description(command).empty()) return run_process(VPNVAL_FILE " " + command + " --help").output;
+  if (!cli::maintenance_description(command).empty())
+    return run_process(vpnval_file() + " " + command + " --help").output;
   return run_with_answers({command, "--help"}).out;
 }
 

@@ -6,12 +6,12 @@
 #include <csignal>
 #include <sstream>
 
-#include "build_paths.h"
+#include "tests/support/build_under_test.h"
 
 Outcome interrupted(int signal, int nth, const std::vector<std::string> &arguments) {
   std::ostringstream out;
   std::ostringstream err;
-  cli::Environment environment = still_environment(out, err, "/nowhere/bin/vpnval", PLUGIN_FILE);
+  cli::Environment environment = still_environment(out, err, "/nowhere/bin/vpnval", plugin_file());
   int asked = 0;
   environment.clock = [&asked, signal, nth] {
     if (++asked == nth) std::raise(signal);

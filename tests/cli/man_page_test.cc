@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <set>
 
-#include "build_paths.h"
 #include "cli/command_line/exit_status.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/help_text.h"
 #include "tests/support/process.h"

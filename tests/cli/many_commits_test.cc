@@ -6,8 +6,9 @@
 #include <fstream>
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -20,7 +21,7 @@ const std::string options = "--budget 500 --fail-on-warn";
 class ManyCommits : public testing::Test {
  protected:
   ProcessResult run(const std::string &script) const {
-    return run_process("exec 2>&1; cd " + folder_.path() + " && export VPNVAL=" VPNVAL_FILE +
+    return run_process("exec 2>&1; cd " + folder_.path() + " && export VPNVAL=" + vpnval_file() +
                        " PATH=" SOURCE_DIR "/tools:$PATH; " + script);
   }
 

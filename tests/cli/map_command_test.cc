@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/file_content.h"
 #include "tests/support/process.h"
 
@@ -99,8 +100,8 @@ TEST_F(MapCommand, a_place_that_cannot_be_written_is_told_before_all_else) {
 
 TEST_F(MapCommand, the_picture_in_the_docs_is_what_it_draws) {
   const std::string drawn = svg;
-  const ProcessResult result =
-      run_process("cd " SOURCE_DIR " && " VPNVAL_FILE " map docs/map-example --plugin " PLUGIN_FILE " -o " + drawn);
+  const ProcessResult result = run_process("cd " SOURCE_DIR " && " + vpnval_file() + " map docs/map-example --plugin " +
+                                           plugin_file() + " -o " + drawn);
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(content_of(drawn), content_of(SOURCE_DIR "/docs/map-example/map.svg"));
 }

@@ -3,10 +3,10 @@
 #include <array>
 #include <streambuf>
 
-#include "build_paths.h"
 #include "cli/run.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/failing_allocation.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -31,7 +31,7 @@ MemoryOutcome run_with_allocations(const std::vector<std::string> &arguments, lo
   FixedBuffer err_buffer;
   std::ostream out(&out_buffer);
   std::ostream err(&err_buffer);
-  const cli::Environment environment = still_environment(out, err, "/nowhere/bin/vpnval", ANSWERING_PLUGIN_FILE);
+  const cli::Environment environment = still_environment(out, err, "/nowhere/bin/vpnval", answering_plugin_file());
   allocations_left = allocations;
   const cli::ExitStatus status = cli::run(arguments, environment);
   const bool has_failed = allocations_left < 0;

@@ -7,8 +7,9 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/file_content.h"
 #include "tests/support/process.h"
 
@@ -62,8 +63,8 @@ TEST_F(OutputsOfCheck, a_file_without_a_format_takes_the_place_of_standard_outpu
 
 TEST_F(OutputsOfCheck, many_commits_are_written_likewise) {
   const std::string file = folder.file("result");
-  const std::string command = VPNVAL_FILE " check --budget 0 --plugin " ANSWERING_PLUGIN_FILE " " + folder.path() +
-                              " " + folder.path() + "/none ";
+  const std::string command = vpnval_file() + " check --budget 0 --plugin " + answering_plugin_file() + " " +
+                              folder.path() + " " + folder.path() + "/none ";
   const std::string alone = run_process(command + "--format json 2>/dev/null").output;
   const std::string text = run_process(command + " 2>&1").output;
   EXPECT_EQ(run_process(command + "-o json=" + file + " 2>&1").output, text);
@@ -143,8 +144,8 @@ TEST_F(OutputsOfCheck, a_library_against_its_contract_is_a_result) {
 }
 
 TEST_F(OutputsOfCheck, whatever_cannot_be_written_ends_with_status_73) {
-  const std::string program = VPNVAL_FILE " ";
-  const std::string command = program + "check -q --budget 0 --plugin " ANSWERING_PLUGIN_FILE " " + folder.path();
+  const std::string program = vpnval_file() + " ";
+  const std::string command = program + "check -q --budget 0 --plugin " + answering_plugin_file() + " " + folder.path();
   const auto expect_73 = [](const std::string &shell, const std::string &told) {
     const ProcessResult result = run_process(shell);
     EXPECT_EQ(result.status, 73) << shell;

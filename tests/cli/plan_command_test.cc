@@ -5,9 +5,9 @@
 
 #include <filesystem>
 
-#include "build_paths.h"
 #include "element/datastore/difference.h"
 #include "element/input/configuration.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/support/file_content.h"
 

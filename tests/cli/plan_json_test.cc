@@ -7,12 +7,13 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "build_paths.h"
 #include "report/text/plan_text.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/interrupted.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_findings.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
 #include "tests/cli/commit_folder.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -33,7 +33,7 @@ class ProfileFaults : public testing::Test {
 TEST_F(ProfileFaults, a_limit_that_is_missing_is_told_beside_the_verdict_where_it_was_asked_for) {
   folder.configure("", vpws_group(vpn("east")));
   // A process of its own, for the library reads some limits once.
-  const ProcessResult outcome = run_process(VPNVAL_FILE " check " + folder.path());
+  const ProcessResult outcome = run_process(vpnval_file() + " check " + folder.path());
   EXPECT_EQ(outcome.status, 1);
   EXPECT_NE(outcome.output.find("1 rejected\n" + missing("vpn-max", "-1", "vpn-limit") + "decided by "),
             std::string::npos)
@@ -53,8 +53,8 @@ TEST_F(ProfileFaults, missing_limits_are_in_the_documents_of_one_and_of_many_com
   folder.configure("", vpws_group(vpn("east")));
   const auto limits = nlohmann::json::parse(R"([{"limit": "vpn-max", "rule": "vpn-limit", "allowed": -1}])");
   EXPECT_EQ(nlohmann::json::parse(verdict_in(check({"--format=json"}).out)).at("missing-limits"), limits);
-  const ProcessResult many = run_process(VPNVAL_FILE " check --jobs 1 " + folder.path());
-  const ProcessResult github = run_process(VPNVAL_FILE " check -q --format github " + folder.path());
+  const ProcessResult many = run_process(vpnval_file() + " check --jobs 1 " + folder.path());
+  const ProcessResult github = run_process(vpnval_file() + " check -q --format github " + folder.path());
   EXPECT_NE(github.output.find("card/vpn-max: missing, so that the library allows -1"), std::string::npos)
       << github.output;
   EXPECT_NE(many.output.find(": rejected\n" + missing("vpn-max", "-1", "vpn-limit")), std::string::npos) << many.output;

@@ -4,9 +4,9 @@
 
 #include <fstream>
 
-#include "build_paths.h"
 #include "element/input/input_error.h"
 #include "element/profile/profile.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/support/process.h"
 

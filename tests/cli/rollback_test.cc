@@ -4,8 +4,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
 #include "report/json/series_json.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 

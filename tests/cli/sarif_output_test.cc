@@ -5,11 +5,11 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "build_paths.h"
 #include "report/ci/sarif.h"
 #include "report/ci/sarif_rules.h"
 #include "report/escape/file_uri.h"
 #include "rules/rule.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_findings.h"

@@ -6,16 +6,17 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "build_paths.h"
 #include "report/ci/github.h"
 #include "report/ci/junit.h"
 #include "report/ci/sarif.h"
 #include "report/json/verdict_json.h"
 #include "report/text/series_text.h"
 #include "report/text/verdict_text.h"
+#include "source_dir.h"
 #include "tests/cli/commit_folder.h"
 #include "tests/cli/reader.h"
 #include "tests/cli/sample_findings.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -161,7 +162,7 @@ class HiddenMember : public testing::Test {
     arguments.insert(arguments.end(), options.begin(), options.end());
     std::ostringstream out;
     std::ostringstream err;
-    const cli::ExitStatus status = cli::run(arguments, still_environment(out, err, VPNVAL_FILE, PLUGIN_FILE));
+    const cli::ExitStatus status = cli::run(arguments, still_environment(out, err, vpnval_file(), plugin_file()));
     return {static_cast<int>(status), out.str(), err.str()};
   }
 

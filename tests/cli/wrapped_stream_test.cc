@@ -4,8 +4,9 @@
 
 #include <sstream>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/cli/reader.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -48,8 +49,8 @@ TEST(WrappedStream, what_is_begun_is_written_with_the_end) {
 }
 
 TEST(WrappedStream, the_text_of_check_fits_a_terminal_and_no_file_changes) {
-  const std::string command =
-      "env COLUMNS=60 TERM=xterm NO_COLOR=1 " VPNVAL_FILE " check " SOURCE_DIR "/examples/access-two-vpns-one-vlan";
+  const std::string command = "env COLUMNS=60 TERM=xterm NO_COLOR=1 " + vpnval_file() +
+                              " check " SOURCE_DIR "/examples/access-two-vpns-one-vlan";
   const std::string narrow = run_reader("on_a_terminal.py", command).output;
   EXPECT_NE(narrow.find("1. rejected [access-same-dot1q]: vpls-group campus vpn data\n"), std::string::npos) << narrow;
   EXPECT_NE(run_process(command).output.find("vpls-group campus vpn data and vpws-group branches vpn south must not"),

@@ -9,7 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "build_paths.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -47,7 +48,7 @@ class Commit : public testing::TestWithParam<std::string> {};
 
 TEST_P(Commit, ends_as_expected) {
   const ProcessResult transcript =
-      run_process(std::string(SOURCE_DIR "/tools/commit_transcript " VPNVAL_FILE " ") + GetParam());
+      run_process(std::string(SOURCE_DIR "/tools/commit_transcript " + vpnval_file() + " ") + GetParam());
   ASSERT_EQ(transcript.status, 0);
   EXPECT_EQ(transcript.output, content_of(fs::path(SOURCE_DIR) / GetParam() / "expected.txt"));
 }

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <stdexcept>
 
-#include "build_paths.h"
 #include "tests/conformance/conformance_test.h"
+#include "tests/support/build_under_test.h"
 
 namespace conformance {
 namespace {
@@ -17,7 +17,7 @@ using validate_t = std::int32_t (*)(confd_trans_ctx *tctx, confd_hkeypath_t *kp,
 
 /// The library, which asks the program for the platform's functions.
 void *plugin() {
-  static void *const library = dlopen(PLUGIN_FILE, RTLD_NOW | RTLD_LOCAL);
+  static void *const library = dlopen(plugin_file().c_str(), RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) throw std::runtime_error(dlerror());
   return library;
 }

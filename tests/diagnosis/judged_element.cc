@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "build_paths.h"
+#include "tests/support/build_under_test.h"
 
 JudgedElement::JudgedElement()
     : profile_({kVpnLimit, kAccessInterfaceLimit, kEncapsulationVlanLimit, kEncapsulationRangeLimit},
@@ -14,7 +14,7 @@ JudgedElement::JudgedElement()
                 {"service-port-2", 6, 1004},
                 {"service-port-x", 7, 1006}}),
       session_(profile_),
-      plugin_(PLUGIN_FILE) {}
+      plugin_(plugin_file()) {}
 
 JudgedElement &JudgedElement::instance() {
   static JudgedElement element;

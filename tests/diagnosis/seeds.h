@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "tests/support/sanitizers.h"
+#include "tests/support/build_under_test.h"
 
 /// DIAGNOSIS_SEED=N in the environment begins with that seed, DIAGNOSIS_COMMITS=N draws so many commits a test. Without
 /// it every run draws the same commits, so that it judges the change and not the draw.
@@ -20,7 +20,7 @@ inline std::uint32_t first_seed() {
 
 /// Fewer where a sanitizer makes each question slow.
 inline std::uint32_t commits_to_draw(std::uint32_t otherwise) {
-  if (is_sanitized) otherwise = (otherwise + 7) / 8;
+  if (is_sanitized()) otherwise = (otherwise + 7) / 8;
   return number_from_environment("DIAGNOSIS_COMMITS", otherwise);
 }
 

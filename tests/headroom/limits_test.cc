@@ -8,7 +8,7 @@
 
 #include "tests/headroom/limits_cases.h"
 #include "tests/headroom/network.h"
-#include "tests/support/sanitizers.h"
+#include "tests/support/build_under_test.h"
 
 namespace headroom_test {
 namespace {
@@ -118,7 +118,7 @@ TEST_P(Limits, are_as_listed_and_every_number_is_proven) {
   EXPECT_EQ(is_accepted, !rejection(commit.points(candidate)));
   EXPECT_EQ(shown_rows(document), test.rows);
   // Each proof is two runs of the program; with a sanitizer, one number of a case is proven.
-  std::size_t proofs_left = is_sanitized ? 1 : document.at("elements").at(0).at("limits").size();
+  std::size_t proofs_left = is_sanitized() ? 1 : document.at("elements").at(0).at("limits").size();
   for (const Json &row : document.at("elements").at(0).at("limits")) {
     const auto standing = row.at("standing").get<std::string>();
     if (standing != "measured" && standing != "exceeded") continue;

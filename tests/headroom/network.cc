@@ -7,8 +7,8 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "build_paths.h"
 #include "l2vpn/edit.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/configuration/configuration_text.h"
 #include "tests/support/process.h"
 
@@ -136,8 +136,8 @@ Json Commit::points(const Network &candidate) const {
 
 Json Commit::run(const std::string &command, const std::string &candidate) const {
   const std::string directory = directory_.string();
-  const ProcessResult result = run_process(VPNVAL_FILE " " + command + " --format json " + directory + " --candidate " +
-                                           directory + "/" + candidate + " 2>" + directory + "/err");
+  const ProcessResult result = run_process(vpnval_file() + " " + command + " --format json " + directory +
+                                           " --candidate " + directory + "/" + candidate + " 2>" + directory + "/err");
   if (result.status > 1 || result.status < 0) {
     std::ifstream err(directory_ / "err");
     ADD_FAILURE() << command << " ended with " << result.status << ": " << err.rdbuf();

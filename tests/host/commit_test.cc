@@ -1,8 +1,8 @@
 #include "host/run/commit.h"
 
-#include "build_paths.h"
 #include "confd_maapi.h"
 #include "tests/host/served_element.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ class Commit : public host_test::ServedElement {
     }
   }
 
-  const host::Plugin plugin{SCRIPTED_PLUGIN};
+  const host::Plugin plugin{scripted_plugin_file()};
 };
 
 TEST_F(Commit, without_a_change_asks_nothing) {
@@ -186,7 +186,7 @@ class CommitToTheLibrary : public host_test::ServedElement {
     for (int i = 0; i < vpws; ++i) {
       proposed.put("/mpls/l2vpn-config/l2vpn/vpws-group{G}/vpn{V" + std::to_string(i) + "}");
     }
-    const host::Plugin plugin(PLUGIN_FILE);
+    const host::Plugin plugin(plugin_file());
     return host::validate_commit(plugin, session, *element::make_transaction(running, proposed, profile));
   }
 };

@@ -3,9 +3,10 @@
 #include <filesystem>
 #include <fstream>
 
-#include "build_paths.h"
 #include "host/run/build_id.h"
+#include "source_dir.h"
 #include "tests/host/served_element.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ using host::SeamFunction;
 
 class LoadedPlugin : public host_test::ServedElement {
  protected:
-  static fs::path wrong(const char *fault) { return fs::path(WRONG_PLUGIN_DIR) / (std::string(fault) + ".so"); }
+  static fs::path wrong(const char *fault) { return fs::path(wrong_plugin_dir()) / (std::string(fault) + ".so"); }
 
   /// Why the file cannot be loaded, after its name; empty when it can.
   static std::string fault_of(const fs::path &file) {
@@ -35,8 +36,8 @@ class LoadedPlugin : public host_test::ServedElement {
 };
 
 TEST_F(LoadedPlugin, the_library_that_ships_loads_and_reads_a_cards_limit) {
-  const host::Plugin plugin(PLUGIN_FILE);
-  EXPECT_EQ(plugin.file(), PLUGIN_FILE);
+  const host::Plugin plugin(plugin_file());
+  EXPECT_EQ(plugin.file(), plugin_file());
   EXPECT_EQ(calls(SeamFunction::fm_scalar_card_vpn_mgr_access_ports), 1U)
       << "no card of these tests has told it before";
 }
@@ -55,7 +56,7 @@ TEST_F(LoadedPlugin, a_wrong_library_is_named_with_its_fault) {
 
 TEST_F(LoadedPlugin, a_file_that_is_not_there_or_no_library_is_named) {
   EXPECT_EQ(fault_of(wrong("no_such_file")), "there is no such file");
-  EXPECT_EQ(fault_of(WRONG_PLUGIN_DIR), "there is no such file") << "a folder is none";
+  EXPECT_EQ(fault_of(wrong_plugin_dir()), "there is no such file") << "a folder is none";
   const fs::path text_file = fs::path(testing::TempDir()) / "no_library.so";
   std::ofstream(text_file) << "This is no library.";
   EXPECT_EQ(fault_of(text_file), "not a library that can be loaded: file too short");
@@ -66,16 +67,16 @@ TEST_F(LoadedPlugin, a_file_that_is_not_there_or_no_library_is_named) {
 
 TEST_F(LoadedPlugin, a_file_is_found_from_the_working_directory_not_the_loaders_path) {
   const fs::path here = fs::current_path();
-  fs::current_path(fs::path(SCRIPTED_PLUGIN).parent_path());
-  EXPECT_EQ(fault_of(fs::path(SCRIPTED_PLUGIN).filename()), "");
+  fs::current_path(fs::path(scripted_plugin_file()).parent_path());
+  EXPECT_EQ(fault_of(fs::path(scripted_plugin_file()).filename()), "");
   EXPECT_EQ(fault_of("libc.so.6"), "there is no such file");
   fs::current_path(here);
 }
 
 TEST(BuildId, is_read_from_the_file) {
-  EXPECT_EQ(host::build_id(SCRIPTED_PLUGIN), "0123456789abcdef");
-  EXPECT_EQ(host::build_id(PLUGIN_WITHOUT_BUILD_ID), "none");
-  EXPECT_EQ(host::build_id(PLUGIN_FILE).size(), 40U);
+  EXPECT_EQ(host::build_id(scripted_plugin_file()), "0123456789abcdef");
+  EXPECT_EQ(host::build_id(plugin_without_build_id_file()), "none");
+  EXPECT_EQ(host::build_id(plugin_file()).size(), 40U);
 }
 
 TEST(BuildId, of_what_is_no_library_is_none) {
@@ -85,7 +86,7 @@ TEST(BuildId, of_what_is_no_library_is_none) {
 }
 
 TEST(BuildId, of_a_file_that_ends_early_is_none) {
-  std::ifstream whole(SCRIPTED_PLUGIN, std::ios::binary);
+  std::ifstream whole(scripted_plugin_file(), std::ios::binary);
   const std::string content{std::istreambuf_iterator<char>(whole), {}};
   const fs::path file = fs::path(testing::TempDir()) / "cut_library.so";
   for (const std::size_t size : {std::size_t{0}, std::size_t{16}, std::size_t{64}, std::size_t{200}}) {

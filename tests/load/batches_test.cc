@@ -7,10 +7,10 @@
 #include <string>
 #include <string_view>
 
-#include "build_paths.h"
 #include "element/datastore/transaction.h"
 #include "host/run/commit.h"
 #include "tests/host/served_element.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -71,7 +71,7 @@ class Batches : public ::testing::TestWithParam<int> {
  private:
   const element::Profile profile_ = card_with_ports();
   host::HostSession session_{profile_};
-  const host::Plugin plugin_{PLUGIN_FILE};
+  const host::Plugin plugin_{plugin_file()};
   std::unique_ptr<element::Transaction> transaction_;
   host::Verdict verdict_;
 };

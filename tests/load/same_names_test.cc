@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "build_paths.h"
 #include "host/run/commit.h"
 #include "tests/host/served_element.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ void attach(element::Tree &tree, const std::string &vpn) {
 
 /// Prints what the library answers to a second VPN on a VLAN, beside functions that would answer something else.
 [[noreturn]] void decide_beside_same_names() {
-  if (dlopen(SAME_NAMES_FILE, RTLD_NOW | RTLD_GLOBAL) == nullptr) std::fprintf(stderr, "%s", dlerror());
+  if (dlopen(same_names_file().c_str(), RTLD_NOW | RTLD_GLOBAL) == nullptr) std::fprintf(stderr, "%s", dlerror());
   element::Tree running{host_test::schema()};
   element::Tree candidate{host_test::schema()};
   attach(running, "V");
@@ -38,7 +38,7 @@ void attach(element::Tree &tree, const std::string &vpn) {
 
   const element::Profile profile = card();
   host::HostSession seam(profile);
-  const host::Plugin plugin(PLUGIN_FILE);
+  const host::Plugin plugin(plugin_file());
   const auto transaction = element::make_transaction(running, candidate, profile);
   const host::Verdict verdict = host::validate_commit(plugin, seam, *transaction);
   std::fprintf(stderr, "%s", verdict.points.empty() ? "nothing" : verdict.points.back().text.c_str());

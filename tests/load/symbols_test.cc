@@ -12,8 +12,8 @@
 #include <sstream>
 #include <string>
 
-#include "build_paths.h"
-#include "tests/support/sanitizers.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -90,49 +90,49 @@ TEST(SymbolsTest, the_headers_are_understood) {
 }
 
 TEST(SymbolsTest, the_library_asks_the_host_for_nothing_that_the_seam_does_not_declare) {
-  if (is_sanitized) GTEST_SKIP() << "a sanitizer's runtime takes over functions of the C library, without a version";
-  const Names asked = asked_of_host(PLUGIN_FILE);
+  if (is_sanitized()) GTEST_SKIP() << "a sanitizer's runtime takes over functions of the C library, without a version";
+  const Names asked = asked_of_host(plugin_file());
   EXPECT_TRUE(asked.contains("maapi_num_instances"));
   EXPECT_EQ(without(asked, declared_by_seam()), Names{});
 }
 
 TEST(SymbolsTest, the_seam_declares_nothing_that_nobody_uses) {
   const Names for_hosts{"confd_pp_kpath"};  // which print key paths with it
-  EXPECT_EQ(without(without(declared_by_seam(), for_hosts), asked_of_host(PLUGIN_FILE)), Names{});
+  EXPECT_EQ(without(without(declared_by_seam(), for_hosts), asked_of_host(plugin_file())), Names{});
 }
 
 TEST(SymbolsTest, the_four_entry_points_have_their_plain_names) {
   const Names entry_points{"lib_init", "get_validation_point", "validate", "lib_finish"};
-  EXPECT_EQ(without(entry_points, defined_in(PLUGIN_FILE)), Names{});
+  EXPECT_EQ(without(entry_points, defined_in(plugin_file())), Names{});
 }
 
 TEST(SymbolsTest, the_library_defines_nothing_of_the_seam) {
-  EXPECT_EQ(common(defined_in(PLUGIN_FILE), declared_by_seam()), Names{});
+  EXPECT_EQ(common(defined_in(plugin_file()), declared_by_seam()), Names{});
 }
 
 // Else a daemon or another library with a function of the same name would take a rule's place.
 TEST(SymbolsTest, no_relocation_names_a_function_of_the_library) {
-  const Names named = named_by_relocations(PLUGIN_FILE);
+  const Names named = named_by_relocations(plugin_file());
   EXPECT_TRUE(named.contains("maapi_num_instances"));
-  const Names own = functions_of(PLUGIN_FILE);
+  const Names own = functions_of(plugin_file());
   EXPECT_TRUE(own.contains("_Z28config_validate_vpn_overflowiP15confd_trans_ctxP14confd_hkeypathP11confd_value"));
   EXPECT_EQ(common(own, named), Names{});
 }
 
 TEST(SymbolsTest, the_library_needs_the_runtime_only) {
-  if (is_sanitized) GTEST_SKIP() << "a sanitizer's runtime comes on top";
-  const Names needed = names_in(output_of("readelf -d " PLUGIN_FILE), R"(\(NEEDED\).*\[([^\]]+)\])");
+  if (is_sanitized()) GTEST_SKIP() << "a sanitizer's runtime comes on top";
+  const Names needed = names_in(output_of("readelf -d " + plugin_file()), R"(\(NEEDED\).*\[([^\]]+)\])");
   EXPECT_FALSE(needed.empty());
   EXPECT_EQ(without(needed, {"libstdc++.so.6", "libgcc_s.so.1", "libm.so.6", "libc.so.6", "ld-linux-x86-64.so.2"}),
             Names{});
 }
 
 TEST(SymbolsTest, the_library_carries_a_build_id) {
-  EXPECT_EQ(names_in(output_of("readelf -n " PLUGIN_FILE), "Build ID: ([0-9a-f]+)").size(), 1U);
+  EXPECT_EQ(names_in(output_of("readelf -n " + plugin_file()), "Build ID: ([0-9a-f]+)").size(), 1U);
 }
 
 TEST(SymbolsTest, the_elements_host_provides_the_whole_seam) {
-  EXPECT_EQ(without(declared_by_seam(), defined_in(HOST_FILE)), Names{});
+  EXPECT_EQ(without(declared_by_seam(), defined_in(host_file())), Names{});
 }
 
 }  // namespace

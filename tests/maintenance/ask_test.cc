@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "build_paths.h"
 #include "host/run/plugin.h"
 #include "maintenance/generator/draw_commit.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -29,8 +30,8 @@ bool holds(const std::vector<std::string> &points, const char *point) {
 // The other library aborts at one point and breaks the contract at another; the commits around it are answered.
 TEST(Ask, what_a_library_does_to_its_process_is_an_answer) {
   const element::Schema schema;
-  const std::vector<Answer> sound = ask_all(PLUGIN_FILE, drawn(schema, 120), {.jobs = 2});
-  const std::vector<Answer> answers = ask_all(ANSWERING_PLUGIN_FILE, drawn(schema, 120), {.jobs = 2});
+  const std::vector<Answer> sound = ask_all(plugin_file(), drawn(schema, 120), {.jobs = 2});
+  const std::vector<Answer> answers = ask_all(answering_plugin_file(), drawn(schema, 120), {.jobs = 2});
   std::map<AnswerEnd, std::size_t> ends;
   for (std::size_t i = 0; i < sound.size(); ++i) {
     ASSERT_EQ(sound[i].end, AnswerEnd::answered) << sound[i].failure;
@@ -52,8 +53,8 @@ TEST(Ask, what_a_library_does_to_its_process_is_an_answer) {
 
 TEST(Ask, answers_do_not_depend_on_how_many_processes_ask) {
   const element::Schema schema;
-  const std::vector<Answer> one = ask_all(PLUGIN_FILE, drawn(schema, 60));
-  const std::vector<Answer> many = ask_all(PLUGIN_FILE, drawn(schema, 60), {.jobs = 7});
+  const std::vector<Answer> one = ask_all(plugin_file(), drawn(schema, 60));
+  const std::vector<Answer> many = ask_all(plugin_file(), drawn(schema, 60), {.jobs = 7});
   ASSERT_EQ(one.size(), many.size());
   for (std::size_t i = 0; i < one.size(); ++i) {
     Answer other = many[i];
@@ -66,7 +67,7 @@ TEST(Ask, answers_do_not_depend_on_how_many_processes_ask) {
 
 TEST(Ask, a_commit_that_cannot_be_made_is_told) {
   const maintenance::CommitRow row{1, [](std::size_t) -> maintenance::Commit { throw std::runtime_error("torn"); }};
-  const Answer answer = ask_all(PLUGIN_FILE, row).front();
+  const Answer answer = ask_all(plugin_file(), row).front();
   EXPECT_EQ(answer.end, AnswerEnd::not_decided);
   EXPECT_EQ(answer.failure, "torn");
 }

@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include "build_paths.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/file_content.h"
 #include "tests/support/process.h"
 
@@ -30,7 +31,8 @@ class Diff : public testing::Test {
   void write(const std::string &name, const std::string &text) const { std::ofstream(file(name)) << text; }
 
   static ProcessResult diff(const std::string &library, const std::string &arguments) {
-    return run_process(VPNVAL_FILE " diff --plugin " PLUGIN_FILE " --plugin " + library + " " + arguments + " 2>&1");
+    return run_process(vpnval_file() + " diff --plugin " + plugin_file() + " --plugin " + library + " " + arguments +
+                       " 2>&1");
   }
 
  private:
@@ -40,16 +42,17 @@ class Diff : public testing::Test {
 bool holds(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
 
 TEST_F(Diff, of_one_library_is_nothing_and_tells_what_the_corpus_reaches) {
-  const ProcessResult result = diff(PLUGIN_FILE, examples + " --random 300 --trace --calls --jobs 3");
+  const ProcessResult result = diff(plugin_file(), examples + " --random 300 --trace --calls --jobs 3");
   EXPECT_EQ(result.status, 0) << result.output;
-  EXPECT_TRUE(holds(result.output, " verdicts changed; rules: none; OLD against OLD: 0\nOLD " PLUGIN_FILE ", build id"))
+  EXPECT_TRUE(
+      holds(result.output, " verdicts changed; rules: none; OLD against OLD: 0\nOLD " + plugin_file() + ", build id"))
       << result.output;
   EXPECT_TRUE(holds(result.output, "\n  drawn by no commit: interface-information\n")) << result.output;
 }
 
 // Another library, which accepts most, warns of names, breaks the contract at one point and aborts at another.
 TEST_F(Diff, groups_changes_by_rule_and_direction_with_a_shrunk_example) {
-  const ProcessResult result = diff(ANSWERING_PLUGIN_FILE, some + " --examples " + file("found"));
+  const ProcessResult result = diff(answering_plugin_file(), some + " --examples " + file("found"));
   EXPECT_EQ(result.status, 1);
   for (const char *part : {"\npw-id-moved rejected->rejected:unknown: 1 commit\n  ",
                            "library answered->died: ", "library answered->broke-contract: ", "  NEW died of SIGABRT\n",
@@ -57,60 +60,61 @@ TEST_F(Diff, groups_changes_by_rule_and_direction_with_a_shrunk_example) {
                            "\n  OLD vpn_overflow_valp at /mpls/l2vpn-config/l2vpn/"}) {
     EXPECT_TRUE(holds(result.output, part)) << part << "\n" << result.output;
   }
-  EXPECT_EQ(run_process(VPNVAL_FILE " check --budget 0 " + file("found") + "/1-pw-id-moved >/dev/null 2>&1").status, 1);
+  EXPECT_EQ(run_process(vpnval_file() + " check --budget 0 " + file("found") + "/1-pw-id-moved >/dev/null 2>&1").status,
+            1);
 }
 
 TEST_F(Diff, accepted_changes_alone_have_a_status_of_their_own_and_unused_lines_are_told) {
   write("all", "* * # it is another library\nvpn-limit text # gone\n");
   const std::string corpus = examples + "/vpn-count-above-limit --accept " + file("all");
-  const ProcessResult result = diff(ANSWERING_PLUGIN_FILE, corpus);
+  const ProcessResult result = diff(answering_plugin_file(), corpus);
   EXPECT_EQ(result.status, 2) << result.output;
   EXPECT_TRUE(holds(result.output, ", accepted: it is another library\n")) << result.output;
   EXPECT_TRUE(holds(result.output, "accepted change that did not show: " + file("all") + ":2: vpn-limit text\n"))
       << result.output;
-  EXPECT_TRUE(holds(diff(ANSWERING_PLUGIN_FILE, corpus + " --format junit").output,
+  EXPECT_TRUE(holds(diff(answering_plugin_file(), corpus + " --format junit").output,
                     "<skipped message=\"1 commit: it is another library\"/>"));
 }
 
 TEST_F(Diff, a_library_that_contradicts_itself_voids_the_comparison) {
-  const ProcessResult result = run_process(VPNVAL_FILE " diff --plugin " UNSTEADY_PLUGIN " --plugin " PLUGIN_FILE " " +
-                                           examples + "/vpn-count-above-limit 2>&1");
+  const ProcessResult result = run_process(vpnval_file() + " diff --plugin " + unsteady_plugin_file() + " --plugin " +
+                                           plugin_file() + " " + examples + "/vpn-count-above-limit 2>&1");
   EXPECT_EQ(result.status, 70);
   EXPECT_TRUE(holds(result.output, "OLD against OLD: 1, so the comparison is void: OLD gives two answers to "))
       << result.output;
 }
 
 TEST_F(Diff, documents_are_well_formed) {
-  ASSERT_EQ(diff(ANSWERING_PLUGIN_FILE, some + " --random 3 --format json -o " + file("diff.json")).status, 1);
+  ASSERT_EQ(diff(answering_plugin_file(), some + " --random 3 --format json -o " + file("diff.json")).status, 1);
   const ProcessResult fits =
       run_process("/usr/bin/python3 " SOURCE_DIR "/tests/cli/fits_schema.py " SOURCE_DIR "/docs/diff.schema.json " +
                   file("diff.json") + " 2>&1");
   EXPECT_EQ(fits.status, 0) << fits.output;
-  ASSERT_EQ(diff(ANSWERING_PLUGIN_FILE, some + " --format junit -o " + file("diff.xml")).status, 1);
+  ASSERT_EQ(diff(answering_plugin_file(), some + " --format junit -o " + file("diff.xml")).status, 1);
   const ProcessResult parsed = run_process(
       "/usr/bin/python3 -c \"import sys, xml.etree.ElementTree as t; r = t.parse(sys.argv[1]).getroot(); "
       "print(int(r.get('failures')) == len(list(r.iter('failure'))) > 2)\" " +
       file("diff.xml"));
   EXPECT_EQ(parsed.output, "True\n");
-  const std::string markdown = diff(ANSWERING_PLUGIN_FILE, some + " --format markdown").output;
+  const std::string markdown = diff(answering_plugin_file(), some + " --format markdown").output;
   EXPECT_TRUE(holds(markdown, "\n| OLD | NEW |\n|---|---|\n| ")) << markdown;
 }
 
 TEST_F(Diff, what_cannot_be_compared_is_an_error) {
   fs::create_directory(file("empty"));
-  EXPECT_EQ(run_process(VPNVAL_FILE " diff --plugin x " + examples + " 2>&1").status, 64);
-  EXPECT_EQ(diff(PLUGIN_FILE, "").status, 64);
-  EXPECT_EQ(diff(PLUGIN_FILE, file("empty")).status, 65);
-  EXPECT_EQ(diff(PLUGIN_FILE, file("none")).status, 66);
+  EXPECT_EQ(run_process(vpnval_file() + " diff --plugin x " + examples + " 2>&1").status, 64);
+  EXPECT_EQ(diff(plugin_file(), "").status, 64);
+  EXPECT_EQ(diff(plugin_file(), file("empty")).status, 65);
+  EXPECT_EQ(diff(plugin_file(), file("none")).status, 66);
   EXPECT_EQ(diff(SOURCE_DIR "/README.md", examples).status, 69);
   write("accept", "no reason\n");
-  EXPECT_EQ(diff(PLUGIN_FILE, examples + " --accept " + file("accept")).status, 65);
+  EXPECT_EQ(diff(plugin_file(), examples + " --accept " + file("accept")).status, 65);
 }
 
 TEST_F(Diff, a_commit_that_cannot_be_decided_is_told) {
   fs::copy(examples + "/vpn-count-above-limit", file("torn"));
   write("torn/candidate.json", "{");
-  const ProcessResult result = diff(PLUGIN_FILE, file("torn"));
+  const ProcessResult result = diff(plugin_file(), file("torn"));
   EXPECT_EQ(result.status, 65);
   EXPECT_TRUE(holds(result.output, "1 that cannot be decided (" + file("torn") + "/candidate.json:1")) << result.output;
 }

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "build_paths.h"
 #include "element/input/configuration.h"
 #include "element/output/configuration_writer.h"
 #include "maintenance/commits/ask.h"
 #include "rules/rule.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ TEST(DrawCommit, reaches_every_rule) {
   const element::Schema schema;
   const maintenance::CommitRow row{1500, [&](std::size_t seed) { return maintenance::draw_commit(schema, seed); }};
   std::map<std::string, std::size_t> drawn;
-  for (const maintenance::Answer &answer : maintenance::ask_all(PLUGIN_FILE, row, {.jobs = 2})) {
+  for (const maintenance::Answer &answer : maintenance::ask_all(plugin_file(), row, {.jobs = 2})) {
     ASSERT_EQ(answer.failure, "");
     if (answer.decision == host::Decision::accepted) ++drawn["accepted"];
     for (const host::PointVerdict &point : answer.points) ++drawn[maintenance::rule_id_of(point)];

@@ -3,8 +3,9 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include "build_paths.h"
 #include "cli/command_line/maintenance_commands.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/file_content.h"
 #include "tests/support/process.h"
 
@@ -18,7 +19,7 @@ class MaintenanceProgram : public testing::Test {
   MaintenanceProgram() {
     std::string name = (fs::temp_directory_path() / "vpnval-maintenance-XXXXXX").string();
     folder_ = mkdtemp(name.data());
-    fs::copy(VPNVAL_FILE, folder_ / "vpnval");
+    fs::copy(vpnval_file(), folder_ / "vpnval");
   }
   ~MaintenanceProgram() override { fs::remove_all(folder_); }
 

@@ -2,14 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "build_paths.h"
 #include "maintenance/commits/ask.h"
 #include "maintenance/commits/commit_lines.h"
 #include "maintenance/generator/draw_commit.h"
 #include "maintenance/shrinking/configuration_nodes.h"
 #include "maintenance/shrinking/ddmin.h"
 #include "maintenance/shrinking/same_words.h"
-#include "tests/support/sanitizers.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -53,14 +52,14 @@ std::vector<Commit> smaller_ones(const Commit &commit) {
 TEST(Shrink, of_what_is_left_nothing_can_be_left_out) {
   const element::Schema schema;
   std::size_t shrunk_commits = 0;
-  for (std::uint64_t seed = 0; shrunk_commits < (is_sanitized ? 3U : 12U); ++seed) {
+  for (std::uint64_t seed = 0; shrunk_commits < (is_sanitized() ? 3U : 12U); ++seed) {
     const Commit whole = maintenance::draw_commit(schema, seed);
     if (maintenance::count_nodes(whole) > 60) continue;
-    const Answer answer = maintenance::ask(PLUGIN_FILE, whole);
+    const Answer answer = maintenance::ask(plugin_file(), whole);
     if (!says_something(answer)) continue;
     ++shrunk_commits;
     const auto reproduces = [&](const Commit &commit) {
-      return draws_same_words(maintenance::ask(PLUGIN_FILE, commit), answer);
+      return draws_same_words(maintenance::ask(plugin_file(), commit), answer);
     };
     const maintenance::ShrunkCommit shrunk = maintenance::shrink(whole, reproduces);
     SCOPED_TRACE(std::to_string(seed) + " " + words_text(answer) + "\n" + commit_text(shrunk.commit));
@@ -88,10 +87,10 @@ TEST(Shrink, finds_the_smallest_commit_on_which_a_library_dies) {
   const element::Schema schema;
   for (std::uint64_t seed = 0;; ++seed) {
     const Commit whole = maintenance::draw_commit(schema, seed);
-    const Answer answer = maintenance::ask(ANSWERING_PLUGIN_FILE, whole);
+    const Answer answer = maintenance::ask(answering_plugin_file(), whole);
     if (answer.end != maintenance::AnswerEnd::died) continue;
     const maintenance::ShrunkCommit shrunk = maintenance::shrink(whole, [&](const Commit &commit) {
-      return draws_same_words(maintenance::ask(ANSWERING_PLUGIN_FILE, commit), answer);
+      return draws_same_words(maintenance::ask(answering_plugin_file(), commit), answer);
     });
     // One access interface that comes into a VPLS VPN fires the point at which it aborts.
     const std::vector<std::string> lines = commit_lines(shrunk.commit);

@@ -11,7 +11,8 @@
 #include <set>
 #include <sstream>
 
-#include "build_paths.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -64,7 +65,7 @@ std::set<std::string> expected_files() {
     if (entry.is_regular_file()) files.insert("-rw-r--r-- /usr/share/doc/vpnval/" + name);
   }
   files.insert("-rw-r--r-- /usr/share/vpnval/yang/vpnval-agent.yang");
-  if (fs::exists(BUILD_DIR "/lib/agent/libvpnval-agent.so")) {
+  if (fs::exists(build_dir() + "/lib/agent/libvpnval-agent.so")) {
     files.insert("-rw-r--r-- " + libraries + "agent/libvpnval-agent.so");
   }
   for (const auto &name : names_in(SOURCE_DIR "/yang")) files.insert("-rw-r--r-- /usr/share/vpnval/yang/" + name);
@@ -81,8 +82,8 @@ class Package : public testing::Test {
     std::string name = (fs::temp_directory_path() / "vpnval-package-XXXXXX").string();
     ASSERT_NE(mkdtemp(name.data()), nullptr);
     scratch = name;
-    const ProcessResult made = run_process("cd " + scratch + " && cpack --config " BUILD_DIR "/CPackConfig.cmake -B " +
-                                           scratch + "/packages 2>&1");
+    const ProcessResult made = run_process("cd " + scratch + " && cpack --config " + build_dir() +
+                                           "/CPackConfig.cmake -B " + scratch + "/packages 2>&1");
     ASSERT_EQ(made.status, 0) << made.output;
     package = run_process("ls " + scratch + "/packages/*.deb | tr -d '\\n'").output;
     root = scratch + "/root";
@@ -172,7 +173,7 @@ TEST_F(Package, takes_its_own_libraries_and_knows_nothing_of_the_build) {
   const std::string linked = run_clean("ldd " + root + "/usr/bin/vpnval").output;
   EXPECT_NE(linked.find("libelement_host.so => " + root + "/usr/bin/../lib/" MULTIARCH "/vpnval/"), std::string::npos)
       << linked;
-  EXPECT_EQ(run_process("grep -rlF -e " SOURCE_DIR " -e " BUILD_DIR " " + root).output, "");
+  EXPECT_EQ(run_process("grep -rlF -e " SOURCE_DIR " -e " + build_dir() + " " + root).output, "");
 }
 
 TEST_F(Package, has_the_manual_where_man_finds_it) {

@@ -11,9 +11,9 @@
 #include <regex>
 #include <set>
 
-#include "build_paths.h"
 #include "rules/rule.h"
-#include "tests/support/sanitizers.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ using Texts = std::set<std::string>;
 /// The section .rodata of the library: every string literal that the compiler did not turn into instructions, each
 /// with a NUL after it.
 std::string read_only_data() {
-  const std::string command = std::string("objcopy -O binary -j .rodata '") + PLUGIN_FILE + "' /dev/stdout";
+  const std::string command = std::string("objcopy -O binary -j .rodata '") + plugin_file() + "' /dev/stdout";
   const std::unique_ptr<std::FILE, int (*)(std::FILE *)> pipe(popen(command.c_str(), "r"), pclose);
   std::string data;
   for (int byte = std::fgetc(pipe.get()); byte != EOF; byte = std::fgetc(pipe.get())) data += static_cast<char>(byte);
@@ -126,7 +126,7 @@ std::string longest_literal(const std::string &message) {
 }
 
 TEST(LibraryMessages, every_message_of_the_library_has_a_page) {
-  if (is_sanitized) GTEST_SKIP() << "a sanitizer adds texts of its own";
+  if (is_sanitized()) GTEST_SKIP() << "a sanitizer adds texts of its own";
   const Texts texts = prose_of_library();
   EXPECT_GE(texts.size(), 30u);
   for (const std::string &text : texts) {

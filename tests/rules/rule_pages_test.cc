@@ -9,8 +9,8 @@
 #include <regex>
 #include <set>
 
-#include "build_paths.h"
 #include "rules/rule.h"
+#include "source_dir.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "bench/asked_point.h"
-#include "build_paths.h"
+#include "tests/support/build_under_test.h"
 
 using bench::PointCommitKind;
 
@@ -40,7 +40,7 @@ class PointCommits : public testing::TestWithParam<Case> {};
 TEST_P(PointCommits, are_accepted_by_their_point) {
   const bench::PointCommit commit = make_point_commit(schema(), GetParam().kind, GetParam().size);
   host::HostSession session(commit.profile);
-  const host::Plugin plugin(PLUGIN_FILE);
+  const host::Plugin plugin(plugin_file());
   EXPECT_NO_THROW(bench::AskedPoint(commit, plugin, session).validate());
   EXPECT_EQ(session.statistics.owned_values, 0);
 }

@@ -6,8 +6,8 @@
 
 #include <string>
 
-#include "build_paths.h"
 #include "diagnosis/diagnose.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ TEST_P(SearchCommits, have_the_findings_that_they_are_made_for) {
   const bench::SearchCommit commit = make_search_commit(schema, GetParam(), kScale);
   const auto transaction = element::make_transaction(commit.running, commit.candidate, commit.profile);
   host::HostSession session(commit.profile);
-  const host::Plugin plugin(PLUGIN_FILE);
+  const host::Plugin plugin(plugin_file());
   const host::Verdict verdict = host::validate_commit(plugin, session, *transaction);
   const diagnosis::Diagnosis found = diagnosis::diagnose(plugin, session, *transaction, verdict, {.budget = kAmple});
   EXPECT_EQ(found.end, diagnosis::SearchEnd::complete);

@@ -5,10 +5,10 @@
 #include <string>
 #include <tuple>
 
-#include "build_paths.h"
 #include "element/datastore/transaction.h"
 #include "element/input/configuration.h"
 #include "host/run/commit.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/configuration/configuration_text.h"
 
 using bench::Shape;
@@ -43,7 +43,7 @@ TEST_P(Shapes, are_accepted_without_a_warning) {
   bench::Commit commit = this->commit();
   const auto transaction = make_transaction(std::move(commit.running), std::move(commit.candidate), commit.profile);
   host::HostSession session(commit.profile);
-  const host::Plugin plugin(PLUGIN_FILE);
+  const host::Plugin plugin(plugin_file());
   const host::Verdict verdict = validate_commit(plugin, session, *transaction, {.all_points = true});
   EXPECT_EQ(verdict.decision, host::Decision::accepted);
   EXPECT_FALSE(verdict.points.empty());

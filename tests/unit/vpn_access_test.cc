@@ -1,8 +1,8 @@
 #include <new>
 
-#include "build_paths.h"
 #include "config_validate_vpn/handlers.h"
 #include "config_validate_vpn/shared/platform_limits.h"
+#include "source_dir.h"
 #include "tests/support/golden_lines.h"
 #include "tests/support/rule_message.h"
 #include "tests/unit/access_test.h"

@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "build_paths.h"
+#include "source_dir.h"
 #include "tests/element/temporary_file.h"
 #include "tests/support/process.h"
 #include "tests/vlan_map/drawn_map.h"

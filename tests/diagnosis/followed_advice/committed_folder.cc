@@ -3,8 +3,8 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "build_paths.h"
 #include "element/output/configuration_writer.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace followed {
@@ -40,9 +40,9 @@ nlohmann::json CommittedFolder::verdict() const {
 std::string CommittedFolder::text() const { return check("text"); }
 
 std::string CommittedFolder::check(const std::string &format) const {
-  const ProcessResult result =
-      run_process(VPNVAL_FILE " check --plugin " PLUGIN_FILE " --all-faults --budget 1000000,86400s --format " +
-                  format + " " + directory_.string() + " 2>/dev/null");
+  const ProcessResult result = run_process(vpnval_file() + " check --plugin " + plugin_file() +
+                                           " --all-faults --budget 1000000,86400s --format " + format + " " +
+                                           directory_.string() + " 2>/dev/null");
   if (result.status != 0 && result.status != 1) throw std::runtime_error("not decided: " + directory_.string());
   return result.output;
 }

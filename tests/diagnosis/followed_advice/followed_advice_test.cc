@@ -8,8 +8,8 @@
 #include <iterator>
 #include <set>
 
-#include "build_paths.h"
 #include "element/input/configuration.h"
+#include "source_dir.h"
 #include "tests/diagnosis/drawn_commit.h"
 #include "tests/diagnosis/followed_advice/committed_folder.h"
 #include "tests/diagnosis/judged_element.h"

@@ -11,7 +11,7 @@
 #include "tests/diagnosis/seeded_faults/explained_seeds.h"
 #include "tests/diagnosis/seeded_faults/name_pool.h"
 #include "tests/diagnosis/seeds.h"
-#include "tests/support/sanitizers.h"
+#include "tests/support/build_under_test.h"
 
 namespace seeded {
 
@@ -21,7 +21,7 @@ namespace {
 
 // A sanitizer makes each question many times slower.
 const std::vector<std::size_t> kSizes =
-    is_sanitized ? std::vector<std::size_t>{100} : std::vector<std::size_t>{300, 900};
+    is_sanitized() ? std::vector<std::size_t>{100} : std::vector<std::size_t>{300, 900};
 
 class LargeCommits : public testing::TestWithParam<std::string> {};
 

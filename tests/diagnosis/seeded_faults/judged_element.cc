@@ -1,7 +1,7 @@
 #include "tests/diagnosis/seeded_faults/judged_element.h"
 
-#include "build_paths.h"
 #include "tests/diagnosis/seeded_faults/name_pool.h"
+#include "tests/support/build_under_test.h"
 
 namespace seeded {
 namespace {
@@ -12,7 +12,7 @@ std::unique_ptr<element::Transaction> transaction_of(const brute_force::Configur
 
 }  // namespace
 
-JudgedElement::JudgedElement() : session_(profile()), plugin_(PLUGIN_FILE) {}
+JudgedElement::JudgedElement() : session_(profile()), plugin_(plugin_file()) {}
 
 JudgedElement &JudgedElement::instance() {
   static JudgedElement element;

@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "build_paths.h"
 #include "confd_dp.h"
 #include "element/datastore/transaction.h"
 #include "element/profile/profile.h"
 #include "element/schema/schema.h"
 #include "host/run/plugin.h"
 #include "host/seam/host_session.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/fake_clock.h"
 
 namespace {
@@ -27,7 +27,7 @@ struct Commit {
   const element::Profile profile;
   host::HostSession session(profile);
   session.serve(&transaction);
-  const host::Plugin plugin(PLUGIN_FILE);
+  const host::Plugin plugin(plugin_file());
   for (const Commit &commit : commits) {
     FakeClock::set(commit.second);
     std::string point = commit.point;

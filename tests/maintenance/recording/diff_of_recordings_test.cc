@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include "build_paths.h"
 #include "maintenance/recording/encode.h"
 #include "tests/maintenance/recording/recorded_run.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -23,7 +23,7 @@ TEST(DiffOfRecordings, asks_both_builds_what_was_recorded) {
     std::ofstream(file, std::ios::binary) << recording::encode(recording);
     files += " " + file;
   }
-  const std::string diff = VPNVAL_FILE " diff --plugin " HOOKABLE_FILE " --plugin " HOOKABLE_FILE;
+  const std::string diff = vpnval_file() + " diff --plugin " HOOKABLE_FILE " --plugin " HOOKABLE_FILE;
   const ProcessResult same = run_process(diff + files);
   EXPECT_EQ(same.status, 0) << same.output;
   EXPECT_EQ(same.output.find("0 of " + std::to_string(count) + " verdicts changed; "), 0U) << same.output;

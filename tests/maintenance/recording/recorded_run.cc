@@ -4,7 +4,6 @@
 
 #include <map>
 
-#include "build_paths.h"
 #include "cli/input/commit_input.h"
 #include "host/run/commit.h"
 #include "maintenance/recording/decode.h"
@@ -13,6 +12,8 @@
 #include "maintenance/transcript/anonymise.h"
 #include "maintenance/transcript/json.h"
 #include "maintenance/transcript/replay_report.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/file_content.h"
 
 namespace {
@@ -46,7 +47,7 @@ class Comparison {
   Comparison(const element::Schema &schema, const RecorderFolder &folder)
       : schema_(schema),
         folder_(folder),
-        plain_(PLUGIN_FILE),
+        plain_(plugin_file()),
         recorded_(folder.library()),
         replayed_(folder.path() / "replayed.so") {
     std::filesystem::copy_file(HOOKABLE_FILE, replayed_);

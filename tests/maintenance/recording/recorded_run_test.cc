@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <map>
 
-#include "build_paths.h"
 #include "maintenance/generator/draw_commit.h"
-#include "tests/support/sanitizers.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ TEST(RecordedRun, equals_an_unrecorded_one_and_its_replay_in_every_example) {
 /// RECORDED_COMMITS asks for another number: 10,000 take some minutes.
 std::uint64_t commits_to_draw() {
   const char *wanted = std::getenv("RECORDED_COMMITS");
-  return wanted == nullptr ? (is_sanitized ? 20 : 100) : std::strtoull(wanted, nullptr, 10);
+  return wanted == nullptr ? (is_sanitized() ? 20 : 100) : std::strtoull(wanted, nullptr, 10);
 }
 
 // Replaying takes a process each, so that of many commits only some are replayed.

@@ -4,12 +4,11 @@
 
 #include <fstream>
 
-#include "build_paths.h"
 #include "host/run/commit.h"
 #include "maintenance/recording/decode.h"
 #include "tests/maintenance/recording/recorded_run.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/file_content.h"
-#include "tests/support/sanitizers.h"
 
 namespace {
 
@@ -61,8 +60,8 @@ TEST(Recorder, makes_a_recording_of_each_call) {
 }
 
 TEST(Recorder, records_the_library_that_ships) {
-  if (is_sanitized) GTEST_SKIP() << "with a sanitizer, the library's calls are made otherwise";
-  const RecorderFolder folder(PLUGIN_FILE);
+  if (is_sanitized()) GTEST_SKIP() << "with a sanitizer, the library's calls are made otherwise";
+  const RecorderFolder folder(plugin_file());
   EXPECT_EQ(answers(folder), kAnswers);
   EXPECT_EQ(folder.recordings().size(), kAnswers.size()) << folder.status();
 }

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "build_paths.h"
 #include "maintenance/transcript/replay_report.h"
+#include "source_dir.h"
 #include "tests/maintenance/recording/recorded_run.h"
 
 namespace {

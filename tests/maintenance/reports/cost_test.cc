@@ -3,14 +3,15 @@
 #include <fstream>
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
 #include "element/input/input_error.h"
 #include "maintenance/cost/child_text.h"
 #include "maintenance/cost/doubled_commit.h"
 #include "maintenance/cost/library_clock.h"
 #include "maintenance/cost/measurement.h"
 #include "maintenance/recording/encode.h"
+#include "source_dir.h"
 #include "tests/maintenance/reports/example_commits.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -25,7 +26,7 @@ cost::Latencies same(std::chrono::nanoseconds latency) {
 }
 
 cost::CommitCost cost_of(const std::string &example, const cost::MeasureOptions &options = {}) {
-  return cost::measure(PLUGIN_FILE, example_commit(example), options).cost;
+  return cost::measure(plugin_file(), example_commit(example), options).cost;
 }
 
 TEST(Cost, counts_each_platform_call_once) {
@@ -33,7 +34,7 @@ TEST(Cost, counts_each_platform_call_once) {
   const std::string told = cost::text_of_child([&example] {
     const maintenance::Commit commit = example_commit(example);
     host::HostSession session(*commit.profile);
-    const host::Plugin plugin(PLUGIN_FILE);
+    const host::Plugin plugin(plugin_file());
     const auto transaction = element::make_transaction(commit.running, commit.candidate, *commit.profile);
     host::validate_commit(plugin, session, *transaction);
     std::uint64_t calls = 0;
@@ -80,7 +81,7 @@ TEST(Cost, of_a_doubled_commit_is_of_what_is_decided_alike) {
   for (const std::string &example : example_names()) {
     const maintenance::Commit twice = cost::doubled(example_commit(example));
     const cost::CommitCost cost = cost_of(example);
-    const cost::CommitCost doubled = cost::measure(PLUGIN_FILE, twice, {}).cost;
+    const cost::CommitCost doubled = cost::measure(plugin_file(), twice, {}).cost;
     EXPECT_EQ(doubled.decision, cost.decision) << example;
     EXPECT_GE(doubled.total(), cost.total()) << example;
     EXPECT_LE(doubled.total(), 3 * cost.total()) << example;
@@ -91,8 +92,8 @@ TEST(LibraryClock, leaves_the_clock_of_others_alone) {
   const std::string told = cost::text_of_child([] {
     const element::Profile profile;
     host::HostSession session(profile);
-    const host::Plugin plugin(PLUGIN_FILE);
-    const cost::LibraryClock clock(PLUGIN_FILE);
+    const host::Plugin plugin(plugin_file());
+    const cost::LibraryClock clock(plugin_file());
     const auto before = std::chrono::system_clock::now();
     cost::LibraryClock::move(std::chrono::hours(24 * 365));
     return std::string(std::chrono::system_clock::now() - before < std::chrono::hours(24 * 300) ? "alone" : "moved");
@@ -139,7 +140,8 @@ TEST(Latencies, of_a_recording_are_the_means_of_its_durations) {
 
 TEST(CostCommand, prints_a_document_that_fits_its_schema) {
   const ProcessResult result = run_process(
-      "d=$(mktemp) && " VPNVAL_FILE " cost " SOURCE_DIR
+      "d=$(mktemp) && " + vpnval_file() +
+      " cost " SOURCE_DIR
       "/examples/access-two-vpns-one-vlan --latency 100 --wait --format json >$d; /usr/bin/python3 " SOURCE_DIR
       "/tests/cli/fits_schema.py " SOURCE_DIR "/docs/cost.schema.json $d; cat $d; rm $d");
   const std::string fits = "1 documents fit\n";
@@ -149,7 +151,7 @@ TEST(CostCommand, prints_a_document_that_fits_its_schema) {
 }
 
 TEST(CostCommand, ends_with_1_where_a_question_does_not_hold_its_time) {
-  const std::string command = VPNVAL_FILE " cost " SOURCE_DIR "/examples/access-two-vpns-one-vlan ";
+  const std::string command = vpnval_file() + " cost " SOURCE_DIR "/examples/access-two-vpns-one-vlan ";
   EXPECT_EQ(run_process(command).status, 0);
   const ProcessResult slow = run_process(command + "--latency 9000000");
   EXPECT_EQ(slow.status, 1);

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "build_paths.h"
 #include "maintenance/commands/commit_source.h"
+#include "source_dir.h"
 
 namespace {
 

@@ -5,11 +5,11 @@
 #include <map>
 #include <sstream>
 
-#include "build_paths.h"
 #include "element/datastore/transaction.h"
 #include "maintenance/cost/child_text.h"
 #include "rules/rule.h"
 #include "tests/maintenance/reports/example_commits.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ std::string steps_of_messages(const std::string &example) {
   return cost::text_of_child([&example] {
     const maintenance::Commit commit = example_commit(example);
     host::HostSession session(*commit.profile);
-    const host::Plugin plugin(PLUGIN_FILE);
+    const host::Plugin plugin(plugin_file());
     cost::LibrarySteps steps(plugin.file());
     std::map<std::uint64_t, std::string> step_of_question;
     session.on_call = [&](host::SeamFunction function) {
@@ -52,7 +52,7 @@ TEST(LibrarySteps, that_set_a_message_are_known_to_work_for_its_rule) {
 }
 
 TEST(LibrarySteps, of_a_library_that_is_not_loaded_cannot_be_told) {
-  EXPECT_THROW(cost::LibrarySteps(BUILD_DIR "/lib/none.so"), std::runtime_error);
+  EXPECT_THROW(cost::LibrarySteps(build_dir() + "/lib/none.so"), std::runtime_error);
 }
 
 }  // namespace

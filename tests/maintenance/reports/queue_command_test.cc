@@ -2,13 +2,14 @@
 
 #include <nlohmann/json.hpp>
 
-#include "build_paths.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/process.h"
 
 namespace {
 
 const std::string waiting =
-    "cd " SOURCE_DIR "/docs/queue-example && " VPNVAL_FILE " queue --running running.xml --element element.json ";
+    "cd " SOURCE_DIR "/docs/queue-example && " + vpnval_file() + " queue --running running.xml --element element.json ";
 
 TEST(QueueCommand, prints_a_document_that_fits_its_schema) {
   const ProcessResult result = run_process("d=$(mktemp) && (" + waiting +

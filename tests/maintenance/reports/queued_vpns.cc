@@ -5,8 +5,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "build_paths.h"
 #include "element/input/input_error.h"
+#include "source_dir.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ host::HostSession &queue_session() {
 
 const host::Plugin &queue_plugin() {
   queue_session();
-  static const host::Plugin plugin(PLUGIN_FILE);
+  static const host::Plugin plugin(plugin_file());
   return plugin;
 }
 
