@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "build_paths.h"
 #include "element/input/configuration.h"
 #include "element/output/configuration_writer.h"
 #include "maintenance/transcript/replay_report.h"
+#include "source_dir.h"
 #include "tests/maintenance/recording/recorded_run.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -16,7 +17,7 @@ using recording::Recording;
 std::string difference(const Recording &recording, const reconstruction::RebuiltCommit &rebuilt) {
   std::string text;
   for (const std::string &line : told_apart([&]() -> std::vector<std::string> {
-         const auto verdict = reconstruction::asked_about(rebuilt.commit, recording, PLUGIN_FILE);
+         const auto verdict = reconstruction::asked_about(rebuilt.commit, recording, plugin_file());
          const transcript::CommitAnswer answer = transcript::commit_answer(recording, verdict);
          if (answer.is_same) return {};
          return {transcript::commit_text(recording, "commit", rebuilt.made_up, answer)};
