@@ -15,6 +15,7 @@ endif()
 
 if(TARGET vpnval_agent)
   install(TARGETS vpnval_agent LIBRARY DESTINATION ${private_libraries}/agent)
+  install(TARGETS vpnval_subsystem RUNTIME DESTINATION ${private_libraries}/agent)
 endif()
 install(FILES src/agent/yang/vpnval-agent.yang DESTINATION share/vpnval/yang)
 

@@ -30,17 +30,19 @@ void write_modules(const fs::path &folder) {
   }
 }
 
-/// The agent writes its running configuration over the file that it began with: it is given a copy.
-fs::path copy_startup(const NetconfAgent &agent) {
+/// The agent writes its running configuration over the file that it began with: it is given a copy. It refuses one that
+/// is empty.
+std::string startup_option(const NetconfAgent &agent) {
+  if (agent.startup.empty()) return "--no-startup";
   const fs::path copy = agent.folder / "startup.xml";
   std::error_code error;
   fs::copy_file(agent.startup, copy, fs::copy_options::overwrite_existing, error);
   if (error) throw ServeError(fmt::format("{}: cannot be copied: {}", agent.startup.string(), error.message()));
-  return copy;
+  return "--startup=" + copy.string();
 }
 
 std::vector<std::string> arguments_of(const NetconfAgent &agent) {
-  return {"--startup=" + copy_startup(agent).string(),
+  return {startup_option(agent),
           "--startup-error=stop",
           "--superuser=" + agent.user,
           "--access-control=off",

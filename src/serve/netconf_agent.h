@@ -13,7 +13,7 @@ namespace serve {
 /// The NETCONF server that holds the datastores, with our module in it.
 struct NetconfAgent {
   std::filesystem::path folder;   ///< for its files; its settings, modules and socket are there
-  std::filesystem::path startup;  ///< the configuration that it begins with, which stays as it is
+  std::filesystem::path startup;  ///< the configuration that it begins with, which stays as it is; empty: none
   std::string user;               ///< who may do everything
   int port = 0;                   ///< of the sshd in front of it
   agent::Settings settings;       ///< of our module

@@ -40,8 +40,8 @@ void make_host_key(const fs::path &key, const fs::path &ssh_keygen) {
 }
 
 std::string configuration(const PrivateSshd &sshd, const Tools &tools) {
-  const std::string agent = fmt::format("{} --ncxserver-sockname={}@{}", tools.netconf_subsystem.string(),
-                                        sshd.endpoint.port, sshd.agent_socket.string());
+  const std::string agent =
+      fmt::format("{} {} {}", tools.subsystem().string(), sshd.agent_socket.string(), sshd.endpoint.port);
   return fmt::format(
       "ListenAddress {}\n"
       "Port {}\n"

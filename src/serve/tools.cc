@@ -35,9 +35,8 @@ Tools find_tools(const std::string &search_path, const fs::path &program, const 
     if (!found) missing.push_back(fmt::format("{} of the package {}", name, package));
     return found.value_or(fs::path());
   };
-  Tools tools{find("netconfd", "netconfd"),   find("netconf-subsystem", "netconfd"),
-              find("sshd", "openssh-server"), find("ssh-keygen", "openssh-client"),
-              find("setpriv", "util-linux"),  find_module(program, multiarch)};
+  Tools tools{find("netconfd", "netconfd"), find("sshd", "openssh-server"), find("ssh-keygen", "openssh-client"),
+              find("setpriv", "util-linux"), find_module(program, multiarch)};
   if (tools.agent_module.empty()) missing.push_back(fmt::format("{}, which is built where libyuma-dev is", kModule));
   if (missing.empty()) return tools;
   throw ServeError(fmt::format("serve lacks {}", fmt::join(missing, ", ")));

@@ -67,6 +67,7 @@ std::set<std::string> expected_files() {
   files.insert("-rw-r--r-- /usr/share/vpnval/yang/vpnval-agent.yang");
   if (fs::exists(build_dir() + "/lib/agent/libvpnval-agent.so")) {
     files.insert("-rw-r--r-- " + libraries + "agent/libvpnval-agent.so");
+    files.insert("-rwxr-xr-x " + libraries + "agent/vpnval-netconf-subsystem");
   }
   for (const auto &name : names_in(SOURCE_DIR "/yang")) files.insert("-rw-r--r-- /usr/share/vpnval/yang/" + name);
   for (const auto &name : names_in(SOURCE_DIR "/docs/man")) {

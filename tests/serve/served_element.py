@@ -14,8 +14,9 @@ import threading
 
 from lxml import etree
 
-VPNVAL, WRITE_EDIT, SOURCE, ANSWERING_PLUGIN, HANGING_PLUGIN = (
-    os.environ.get(name, "") for name in ("VPNVAL", "WRITE_EDIT", "SOURCE_DIR", "ANSWERING_PLUGIN", "HANGING_PLUGIN"))
+VPNVAL, WRITE_EDIT, SOURCE, ANSWERING_PLUGIN, HANGING_PLUGIN, WITHOUT_VALIDATE = (
+    os.environ.get(name, "")
+    for name in ("VPNVAL", "WRITE_EDIT", "SOURCE_DIR", "ANSWERING_PLUGIN", "HANGING_PLUGIN", "WITHOUT_VALIDATE"))
 BASE = "urn:ietf:params:xml:ns:netconf:base:1.0"
 AGENT = "urn:element:vpnval-agent"
 # A bound of time would cut the search short on a slow machine.
@@ -117,13 +118,15 @@ class Element:
 class Client:
     """A session whose messages are written by hand."""
 
-    def __init__(self, element, version="1.1"):
+    def __init__(self, element, version="1.1", first=None):
+        """Sends a first operation, if any, in one piece with its hello."""
         self.process = subprocess.Popen(element.ssh(), stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.chunked = version == "1.1"
         self.buffer = b""
         self.last_id = 0
-        self.write(f'<hello xmlns="{BASE}"><capabilities><capability>urn:ietf:params:netconf:base:{version}'
-                   f"</capability></capabilities></hello>]]>]]>".encode())
+        hello = (f'<hello xmlns="{BASE}"><capabilities><capability>urn:ietf:params:netconf:base:{version}'
+                 "</capability></capabilities></hello>]]>]]>").encode()
+        self.write(hello + (self.framed(self.message(first)) if first else b""))
         self.hello = etree.fromstring(self.until(b"]]>]]>"))
         self.id = int(self.hello.findtext(f"{{{BASE}}}session-id"))
 
@@ -175,17 +178,56 @@ class Client:
         self.send(operation)
         return Reply(self.read())
 
-    def edit(self, config, more=""):
-        return self.ask(f"<edit-config><target><candidate/></target>{more}{config}</edit-config>")
+    def edit(self, config, test_option=None):
+        option = f"<test-option>{test_option}</test-option>" if test_option else ""
+        return self.ask(f"<edit-config><target><candidate/></target>{option}{config}</edit-config>")
 
-    def commit(self, more=""):
-        return self.ask(f"<commit>{more}</commit>")
+    def commit(self, confirmed=False, timeout=None, persist=None, persist_id=None):
+        parameters = {"confirm-timeout": timeout, "persist": persist, "persist-id": persist_id}
+        texts = "".join(f"<{name}>{value}</{name}>" for name, value in parameters.items() if value is not None)
+        return self.ask(f"<commit>{'<confirmed/>' if confirmed else ''}{texts}</commit>")
+
+    def cancel(self, persist_id=None):
+        return self.ask(f"<cancel-commit>{f'<persist-id>{persist_id}</persist-id>' if persist_id else ''}</cancel-commit>")
 
     def discard(self):
         return self.ask("<discard-changes/>")
 
+    def lock(self):
+        return self.ask("<lock><target><candidate/></target></lock>")
+
+    def unlock(self):
+        return self.ask("<unlock><target><candidate/></target></unlock>")
+
+    def validate(self, source="candidate"):
+        return self.ask(f"<validate><source>{source if source.startswith('<') else f'<{source}/>'}</source></validate>")
+
+    def copy(self, target, source):
+        return self.ask(f"<copy-config><target><{target}/></target><source><{source}/></source></copy-config>")
+
+    def kill(self, session):
+        return self.ask(f"<kill-session><session-id>{session}</session-id></kill-session>")
+
     def running(self):
         return self.ask("<get-config><source><running/></source></get-config>")
+
+    def candidate(self):
+        return self.ask("<get-config><source><candidate/></source></get-config>")
+
+    def in_a_row(self, count):
+        """So many validates, sent before any answer is read."""
+        validate = "<validate><source><candidate/></source></validate>"
+        first = self.last_id + 1
+        self.write(b"".join(self.framed(self.message(validate)) for _ in range(count)))
+        replies = [self.read() for _ in range(count)]
+        assert [reply.get("message-id") for reply in replies] == [str(first + i) for i in range(count)], replies
+        return [Reply(reply) for reply in replies]
+
+    def end(self):
+        """Ends the session as NETCONF would have it."""
+        reply = self.ask("<close-session/>")
+        self.close()
+        return reply
 
     def close(self):
         """Ends the session as a broken connection does."""

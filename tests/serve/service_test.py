@@ -15,6 +15,7 @@ from served_element import (AGENT, BASE, BUDGET, VPNVAL, Client, Element, check,
 FOLDER = example("access-two-vpns-two-vlans")
 ACCEPTED = edit_between(FOLDER / "running.xml", FOLDER / "candidate.xml")
 NOTIFICATION = "urn:ietf:params:xml:ns:netconf:notification:1.0"
+REMOVED_VLAN = f"<vlan xmlns:nc='{BASE}' nc:operation='delete'>"
 VLAN = "<config><config xmlns='urn:element:base'><vlan><id>{}</id></vlan></config></config>"
 
 
@@ -75,11 +76,22 @@ class Service(unittest.TestCase):
             self.assertTrue(client.commit().is_ok)
             running = client.running().data()
             self.assertTrue(client.edit(VLAN.format(7)).is_ok)
-            self.assertTrue(client.commit("<confirmed/><confirm-timeout>600</confirm-timeout>").is_ok)
+            self.assertTrue(client.commit(confirmed=True, timeout=600).is_ok)
             host_key = (element.runtime() / "sshd/known_hosts").read_text().split()[1:]
         with Element(FOLDER, state=state) as element:
             self.assertEqual(Client(element).running().data(), running)
             self.assertEqual((element.runtime() / "sshd/known_hosts").read_text().split()[1:], host_key)
+
+    def test_an_element_without_configuration_is_served_and_goes_on(self):
+        shutil.copy(FOLDER / "element.json", self.scratch)
+        (self.scratch / "running.json").write_text("{}")
+        state = self.scratch / "state"
+        for edit, is_there in (VLAN.format(7), True), (VLAN.format(7).replace("<vlan>", REMOVED_VLAN), False), (VLAN.format(8), True):
+            with Element(self.scratch, state=state) as element:
+                client = Client(element)
+                self.assertTrue(client.edit(edit).is_ok)
+                self.assertTrue(client.commit().is_ok)
+                self.assertEqual(b"<id>" in client.running().data(), is_there)
 
     def test_its_death_takes_all_with_it(self):
         state = self.scratch / "state"

@@ -64,12 +64,13 @@ ServedFiles find_files(const ServeArguments &arguments) {
   return files;
 }
 
-/// The element's own nodes, as the agent reads them at its start.
-void write_startup(const fs::path &running, const fs::path &place) {
+/// The element's own nodes, as the agent reads them at its start; false where there are none.
+bool write_startup(const fs::path &running, const fs::path &place) {
   const element::Schema schema;
   const element::ConfigurationFile file = element::read_configuration_file(schema, running);
   serve::write_file(place, fmt::format("<config xmlns=\"{}\">\n{}</config>\n", element::kNetconfNamespace,
                                        element::write_configuration(file.tree, element::InputFormat::xml)));
+  return !file.tree.root().children.empty();
 }
 
 class ElementService {
@@ -119,10 +120,10 @@ class ElementService {
     agent.settings.warnings = arguments_.warnings;
     agent.settings.budget = arguments_.budget;
     agent.settings.limit = std::chrono::seconds(arguments_.library_timeout);
-    agent.startup = agent.folder / "begin.xml";
+    const fs::path startup = agent.folder / "begin.xml";
     std::error_code unknown;
     const bool goes_on = state_ && fs::exists(state_->running(), unknown);
-    write_startup(goes_on ? state_->running() : files.running, agent.startup);
+    if (write_startup(goes_on ? state_->running() : files.running, startup)) agent.startup = startup;
     return agent;
   }
 
