@@ -12,8 +12,8 @@ std::string build_dir();
 std::string plugin_file();
 std::string host_file();
 std::string vpnval_file();
-/// Plug-ins for tests: with fixed answers, with answers that change, one that does what a name tells it, that one without
-/// a build id, one that defines names of the real one's; and the folder of those with one fault each.
+/// Plug-ins for tests: with fixed answers, with answers that change, one that does what a name tells it, that one
+/// without a build id, one that defines names of the real one's; and the folder of those with one fault each.
 std::string answering_plugin_file();
 std::string unsteady_plugin_file();
 std::string scripted_plugin_file();

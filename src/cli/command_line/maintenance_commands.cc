@@ -5,6 +5,7 @@ namespace cli {
 const std::vector<MaintenanceCommand> &maintenance_commands() {
   static const std::vector<MaintenanceCommand> commands{
       {"cost", "Tell what a commit costs on an element, rule by rule"},
+      {"coverage", "Tell what a corpus of commits shows of the library"},
       {"queue", "Tell which of many changes go together, and in which order"},
       {"shrink", "Find the smallest commit that draws the same words"},
       {"recording", "Show what the library asked on an element, and was answered"},

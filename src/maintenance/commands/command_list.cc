@@ -5,6 +5,7 @@
 #include "cli/command_line/maintenance_commands.h"
 #include "cli/command_line/program_options.h"
 #include "maintenance/commands/cost_command.h"
+#include "maintenance/commands/coverage_command.h"
 #include "maintenance/commands/diff_command.h"
 #include "maintenance/commands/queue_command.h"
 #include "maintenance/commands/recording_command.h"
@@ -15,8 +16,8 @@ namespace maintenance {
 
 const std::vector<ListedCommand> &command_list() {
   static const std::vector<ListedCommand> commands{
-      {"cost", add_cost},           {"queue", add_queue},   {"shrink", add_shrink},
-      {"recording", add_recording}, {"replay", add_replay}, {"diff", add_diff},
+      {"cost", add_cost},           {"coverage", add_coverage}, {"queue", add_queue}, {"shrink", add_shrink},
+      {"recording", add_recording}, {"replay", add_replay},     {"diff", add_diff},
   };
   return commands;
 }

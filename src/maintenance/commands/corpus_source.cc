@@ -2,44 +2,16 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <filesystem>
 
 #include "cli/command_line/errors.h"
-#include "element/input/input_error.h"
 #include "maintenance/commands/commit_source.h"
 #include "maintenance/commands/recorded_question.h"
 #include "maintenance/commands/recording_file.h"
 #include "maintenance/generator/draw_commit.h"
 
 namespace maintenance {
-namespace {
-
 namespace fs = std::filesystem;
-
-bool is_commit(const fs::path &folder) {
-  std::error_code unknown;
-  return fs::exists(folder / "element.json", unknown);
-}
-
-/// The folder itself, or the commits' folders in it, by name.
-std::vector<std::string> folders_at(const std::string &place) {
-  if (is_commit(place)) return {place};
-  std::vector<std::string> folders;
-  std::error_code error;
-  for (const auto &entry : fs::directory_iterator(place, error)) {
-    if (is_commit(entry.path())) folders.push_back(entry.path().string());
-  }
-  if (error) throw element::FileError(fmt::format("{}: cannot be read: {}", place, error.message()));
-  if (folders.empty()) {
-    throw element::InputError(
-        fmt::format("{}: no commit; expected a folder with element.json, or one of such folders", place));
-  }
-  std::sort(folders.begin(), folders.end());
-  return folders;
-}
-
-}  // namespace
 
 Corpus find_corpus(const CorpusArguments &arguments, const element::Schema &schema) {
   std::vector<std::string> folders;
@@ -51,7 +23,7 @@ Corpus find_corpus(const CorpusArguments &arguments, const element::Schema &sche
       recordings.push_back(place);
       continue;
     }
-    const std::vector<std::string> found = folders_at(place);
+    const std::vector<std::string> found = commit_folders(place);
     folders.insert(folders.end(), found.begin(), found.end());
   }
   const std::size_t commits = folders.size() + arguments.random;
