@@ -42,7 +42,8 @@ class Diff : public testing::Test {
 bool holds(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
 
 TEST_F(Diff, of_one_library_is_nothing_and_tells_what_the_corpus_reaches) {
-  const ProcessResult result = diff(plugin_file(), examples + " --random 300 --trace --calls --jobs 3");
+  const ProcessResult result =
+      diff(plugin_file(), examples + " --random " + (is_sanitized() ? "20" : "300") + " --trace --calls --jobs 3");
   EXPECT_EQ(result.status, 0) << result.output;
   EXPECT_TRUE(
       holds(result.output, " verdicts changed; rules: none; OLD against OLD: 0\nOLD " + plugin_file() + ", build id"))

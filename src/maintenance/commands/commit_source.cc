@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <system_error>
 
 #include "cli/input/commit_input.h"
@@ -22,9 +23,26 @@ bool is_commit(const fs::path &folder) {
 
 }  // namespace
 
-Commit read_commit(const element::Schema &schema, const std::string &folder) {
+bool is_recording(const std::string &place) {
+  std::error_code unknown;
+  return std::filesystem::is_regular_file(place, unknown);
+}
+
+reconstruction::RebuiltCommit rebuilt_commit(const recording::Recording &recording, const element::Schema &schema,
+                                             const std::string &file) {
+  try {
+    return reconstruction::rebuild_commit(recording, schema);
+  } catch (const std::bad_alloc &) {
+    throw;
+  } catch (const std::exception &error) {
+    throw element::InputError(file + ": what it knows makes no commit: " + error.what());
+  }
+}
+
+Commit read_commit(const element::Schema &schema, const std::string &place) {
+  if (is_recording(place)) return rebuilt_commit(read_recording(place), schema, place).commit;
   cli::InputArguments arguments;
-  arguments.directory = folder;
+  arguments.directory = place;
   const cli::InputFiles files = cli::find_input_files(arguments);
   auto profile = std::make_shared<const element::Profile>(element::read_profile(files.element));
   const element::ConfigurationFile running = element::read_configuration_file(schema, files.running);

@@ -8,6 +8,7 @@
 #include "cli/input/plugin_file.h"
 #include "element/input/input_error.h"
 #include "host/run/plugin.h"
+#include "maintenance/commands/commit_source.h"
 #include "maintenance/commands/recording_file.h"
 #include "maintenance/commits/commit_folder.h"
 #include "maintenance/reconstruction/rebuilt_commit.h"
@@ -34,21 +35,10 @@ replay::Outcome replayed(const recording::Recording &recording, const std::files
   }
 }
 
-reconstruction::RebuiltCommit rebuilt_commit(const ReplayArguments &arguments, const recording::Recording &recording,
-                                             const element::Schema &schema) {
-  try {
-    return reconstruction::rebuild_commit(recording, schema);
-  } catch (const std::bad_alloc &) {
-    throw;
-  } catch (const std::exception &error) {
-    throw element::InputError(arguments.file + ": what it knows makes no commit: " + error.what());
-  }
-}
-
 cli::ExitStatus write_commit(const ReplayArguments &arguments, const cli::Environment &environment,
                              const recording::Recording &recording) {
   const element::Schema schema;
-  const reconstruction::RebuiltCommit rebuilt = rebuilt_commit(arguments, recording, schema);
+  const reconstruction::RebuiltCommit rebuilt = rebuilt_commit(recording, schema, arguments.file);
   write_commit_folder(rebuilt.commit, arguments.commit);
   const auto plugin = cli::find_plugin_file(arguments.plugin, environment);
   const std::optional<host::PointVerdict> verdict = reconstruction::asked_about(rebuilt.commit, recording, plugin);

@@ -9,6 +9,8 @@
 #include "cli/input/plugin_file.h"
 #include "element/input/input_error.h"
 #include "maintenance/commands/commit_source.h"
+#include "maintenance/commands/recorded_question.h"
+#include "maintenance/commands/recording_file.h"
 #include "maintenance/commits/ask.h"
 #include "maintenance/commits/commit_folder.h"
 #include "maintenance/commits/commit_lines.h"
@@ -46,11 +48,21 @@ void write_example(const ShrunkCommit &shrunk, const Answer &answer, const Shrin
   }
 }
 
+/// What a recording knows of a commit need not draw what was recorded.
+void require_recorded_words(const std::string &place, const Answer &answer, const std::filesystem::path &library) {
+  if (!is_recording(place)) return;
+  const Answer recorded = ask_recorded(read_recording(place), library);
+  if (!says_something(recorded) || draws_same_words(answer, recorded)) return;
+  throw element::InputError(fmt::format("{}: the commit that it makes is another one: {}; expected: {}", place,
+                                        words_text(answer), words_text(recorded)));
+}
+
 cli::ExitStatus shrink_folder(const ShrinkArguments &arguments, const cli::Environment &environment) {
   const element::Schema schema;
   const Commit whole = read_commit(schema, arguments.directory);
   const std::filesystem::path library = cli::find_plugin_file(arguments.plugin, environment);
   const Answer answer = ask(library, whole);
+  require_recorded_words(arguments.directory, answer, library);
   if (!says_something(answer)) {
     throw element::InputError(fmt::format(
         "{}: the commit is accepted without a word; expected one that draws a message", arguments.directory));
@@ -73,7 +85,7 @@ cli::ExitStatus shrink_folder(const ShrinkArguments &arguments, const cli::Envir
 
 void add_shrink(CLI::App &command, Chosen &chosen) {
   const auto arguments = std::make_shared<ShrinkArguments>();
-  command.add_option("DIR", arguments->directory, "Folder as for check")->required()->type_name("");
+  command.add_option("DIR", arguments->directory, "Folder as for check, or a recording")->required()->type_name("");
   command.add_option("-o,--output", arguments->output, "Folder for the smallest commit, with a story to be told")
       ->option_text("DIR");
   command.add_option("--plugin", arguments->plugin, "Validation library to ask")->type_name("FILE");

@@ -100,42 +100,46 @@ class Comparing {
   /// Commits have the lower numbers.
   ShownChange shown(const AnswerChange &change, const std::vector<std::size_t> &examples) const {
     const std::size_t commits = task_.corpus.row.size;
-    if (examples.front() >= commits) return recorded(examples.front());
+    if (examples.front() >= commits) return recorded(change, examples.front());
     std::vector<std::size_t> of_commits = examples;
     std::erase_if(of_commits, [commits](std::size_t number) { return number >= commits; });
     return smallest(change, of_commits);
   }
 
-  ShownChange recorded(std::size_t number) const {
+  ShownChange recorded(const AnswerChange &change, std::size_t number) const {
     const std::size_t place = number - task_.corpus.row.size;
+    const std::optional<Commit> commit = task_.corpus.recorded.commit(place);
+    if (commit && shows(*commit, change)) return shrunk(number, *commit, change);
     const Answer before = task_.corpus.recorded.ask(place, task_.old_library);
     const Answer after = task_.corpus.recorded.ask(place, task_.new_library);
-    return {task_.corpus.name(number),
-            std::nullopt,
-            0,
-            0,
-            differing_lines(before, after, task_.options),
-            differing_lines(after, before, task_.options)};
+    return with_lines({task_.corpus.name(number), std::nullopt}, before, after);
   }
 
   ShownChange smallest(const AnswerChange &change, const std::vector<std::size_t> &examples) const {
     const auto size_of = [&](std::size_t number) { return count_nodes(task_.corpus.row.commit(number)); };
     const std::size_t number = *std::min_element(examples.begin(), examples.end(),
                                                  [&](std::size_t a, std::size_t b) { return size_of(a) < size_of(b); });
-    const auto shows = [&](const Commit &commit) {
-      const auto changes =
-          changes_between(ask(task_.old_library, commit), ask(task_.new_library, commit), task_.options);
-      return std::find(changes.begin(), changes.end(), change) != changes.end();
-    };
-    ShrunkCommit shrunk = shrink(task_.corpus.row.commit(number), shows, kMostShrinkQuestions);
-    const Answer before = ask(task_.old_library, shrunk.commit);
-    const Answer after = ask(task_.new_library, shrunk.commit);
-    return {task_.corpus.name(number),
-            std::move(shrunk.commit),
-            shrunk.nodes_before,
-            shrunk.nodes_after,
-            differing_lines(before, after, task_.options),
-            differing_lines(after, before, task_.options)};
+    return shrunk(number, task_.corpus.row.commit(number), change);
+  }
+
+  bool shows(const Commit &commit, const AnswerChange &change) const {
+    const auto changes = changes_between(ask(task_.old_library, commit), ask(task_.new_library, commit), task_.options);
+    return std::find(changes.begin(), changes.end(), change) != changes.end();
+  }
+
+  ShownChange shrunk(std::size_t number, const Commit &whole, const AnswerChange &change) const {
+    ShrunkCommit small = shrink(
+        whole, [&](const Commit &commit) { return shows(commit, change); }, kMostShrinkQuestions);
+    const Answer before = ask(task_.old_library, small.commit);
+    const Answer after = ask(task_.new_library, small.commit);
+    return with_lines({task_.corpus.name(number), std::move(small.commit), small.nodes_before, small.nodes_after},
+                      before, after);
+  }
+
+  ShownChange with_lines(ShownChange shown, const Answer &before, const Answer &after) const {
+    shown.old_lines = differing_lines(before, after, task_.options);
+    shown.new_lines = differing_lines(after, before, task_.options);
+    return shown;
   }
 
   const CompareTask &task_;

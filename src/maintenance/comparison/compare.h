@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "maintenance/commits/ask.h"
@@ -17,6 +18,7 @@ namespace maintenance {
 struct RecordedRow {
   std::size_t size = 0;
   std::function<Answer(std::size_t number, const std::filesystem::path &library)> ask{};
+  std::function<std::optional<Commit>(std::size_t number)> commit{};  ///< what is known of the commit; maybe none
 };
 
 /// Commits and, behind them, recorded questions, all with names.

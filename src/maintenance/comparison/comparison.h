@@ -25,8 +25,8 @@ struct ShownChange {
   std::optional<Commit> commit;
   std::size_t nodes_before = 0;  ///< 0 without a commit
   std::size_t nodes_after = 0;
-  std::vector<std::string> old_lines;  ///< where the answers differ, as differing_lines() has them
-  std::vector<std::string> new_lines;
+  std::vector<std::string> old_lines{};  ///< where the answers differ, as differing_lines() has them
+  std::vector<std::string> new_lines{};
 };
 
 /// The commits in which one thing became another.

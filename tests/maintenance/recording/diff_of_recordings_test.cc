@@ -29,6 +29,10 @@ TEST(DiffOfRecordings, asks_both_builds_what_was_recorded) {
   EXPECT_EQ(same.output.find("0 of " + std::to_string(count) + " verdicts changed; "), 0U) << same.output;
   EXPECT_NE(same.output.find("\n  access-same-dot1q "), std::string::npos) << same.output;
 
+  // One of them is the rejection: it becomes the smallest commit that draws it.
+  const ProcessResult shrunk = run_process(vpnval_file() + " shrink --plugin " HOOKABLE_FILE " " + folder + "/4");
+  EXPECT_EQ(shrunk.output.find("rejected [access-same-dot1q] by vpn_access_valp: "), 0U) << shrunk.output;
+
   std::ofstream(folder + "/torn") << "no recording";
   EXPECT_EQ(run_process(diff + " " + folder + "/torn 2>&1").status, 65);
   fs::remove_all(folder);
