@@ -10,6 +10,7 @@
 #include "cli/input/commit_input.h"
 #include "cli/input/input_files.h"
 #include "element/input/input_error.h"
+#include "maintenance/commands/recording_file.h"
 
 namespace maintenance {
 namespace {
