@@ -12,6 +12,9 @@ import tempfile
 
 END = "@@ end of command @@"
 BUILD_ID = re.compile(r"build id [0-9a-f]{40}")
+# What a command says on standard error after a second; whether it lasts as long is the machine's affair.
+PROGRESS = re.compile(r"searching: |looking for steps: |asking about changes: |comparing: "
+                      r"|\d+ of \d+ (commits decided|elements measured|limits measured)")
 
 
 def blocks(document):
@@ -45,7 +48,7 @@ def run(parts, folder):
     environment = {"PATH": f"{folder}:/usr/bin:/bin", "HOME": str(folder), "LC_ALL": "C.UTF-8"}
     result = subprocess.run(["bash", "-c", "exec 2>&1\n" + script], cwd=folder, env=environment, text=True,
                             capture_output=True, check=False)
-    lines = [line for line in result.stdout.splitlines() if not line.startswith("searching: ")]
+    lines = [line for line in result.stdout.splitlines() if not PROGRESS.match(line)]
     return [text.strip("\n") for text in ("\n".join(lines) + "\n").split(END + "\n")]
 
 

@@ -10,6 +10,7 @@
 
 #include "element/input/configuration.h"
 #include "source_dir.h"
+#include "tests/support/build_under_test.h"
 #include "tests/diagnosis/drawn_commit.h"
 #include "tests/diagnosis/followed_advice/committed_folder.h"
 #include "tests/diagnosis/judged_element.h"
@@ -107,7 +108,11 @@ std::vector<std::string> examples() {
     if (fs::exists(entry.path() / "candidate.xml")) names.push_back(entry.path().filename().string());
   }
   std::sort(names.begin(), names.end());
-  return names;
+  if (!is_sanitized()) return names;
+  // Each starts the program some ten times. Its own code is the same for all.
+  std::vector<std::string> every_fourth;
+  for (std::size_t i = 0; i < names.size(); i += 4) every_fourth.push_back(names[i]);
+  return every_fourth;
 }
 
 std::string test_name(const testing::TestParamInfo<std::string> &info) {
