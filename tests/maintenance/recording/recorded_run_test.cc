@@ -30,18 +30,23 @@ TEST(RecordedRun, equals_an_unrecorded_one_and_its_replay_in_every_example) {
   EXPECT_GT(count, 50U);
 }
 
-/// RECORDED_COMMITS asks for another number: 10,000 take some minutes.
-std::uint64_t commits_to_draw() {
-  const char *wanted = std::getenv("RECORDED_COMMITS");
-  return wanted == nullptr ? (is_sanitized() ? 20 : 100) : std::strtoull(wanted, nullptr, 10);
+std::uint64_t number_in(const char *variable, std::uint64_t otherwise) {
+  const char *wanted = std::getenv(variable);
+  return wanted == nullptr ? otherwise : std::strtoull(wanted, nullptr, 10);
 }
+
+/// RECORDED_COMMITS asks for another number: 10,000 take some minutes.
+std::uint64_t commits_to_draw() { return number_in("RECORDED_COMMITS", is_sanitized() ? 20 : 100); }
+
+/// RECORDED_SEED asks for other commits.
+std::uint64_t first_commit() { return number_in("RECORDED_SEED", 1); }
 
 // Replaying takes a process each, so that of many commits only some are replayed.
 TEST(RecordedRun, equals_an_unrecorded_one_and_its_replay_in_commits_at_random) {
   const element::Schema schema;
   const std::uint64_t count = commits_to_draw();
   std::map<std::shared_ptr<const element::Profile>, std::vector<NamedCommit>> by_element;
-  for (std::uint64_t seed = 1; seed <= count; ++seed) {
+  for (std::uint64_t seed = first_commit(); seed < first_commit() + count; ++seed) {
     maintenance::Commit commit = maintenance::draw_commit(schema, seed);
     auto transaction =
         element::make_transaction(std::move(commit.running), std::move(commit.candidate), *commit.profile);
