@@ -1,5 +1,9 @@
 #include "maintenance/hooks/hooking.h"
 
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <vector>
 
@@ -34,9 +38,22 @@ std::optional<Function> function_of(std::string_view symbol) {
   return recording::function_named(symbol);
 }
 
+/// Whether the address lies in a library of the compiler or of the C library, which a sanitizer's may stand before.
+bool is_of_runtime(const void *address) {
+  Dl_info info{};
+  if (::dladdr(address, &info) == 0 || info.dli_fname == nullptr) return false;
+  std::string_view file = info.dli_fname;
+  file.remove_prefix(file.rfind('/') + 1);
+  constexpr std::string_view kRuntimes[] = {"libc.",    "libm.",     "libstdc++.", "libgcc_s.",
+                                            "libasan.", "libubsan.", "libtsan."};
+  return std::any_of(std::begin(kRuntimes), std::end(kRuntimes),
+                     [file](std::string_view runtime) { return file.substr(0, runtime.size()) == runtime; });
+}
+
 // Names that begin with two underscores belong to the compiler and its run-time libraries.
 bool is_unknown_platform_function(const Slot &slot) {
-  return slot.is_call && !slot.is_versioned && slot.symbol.substr(0, 2) != "__";
+  if (!slot.is_call || slot.is_versioned || slot.symbol.substr(0, 2) == "__") return false;
+  return !is_of_runtime(*slot.address);
 }
 
 /// A slot to be written to.

@@ -93,6 +93,7 @@ class Reader {
     const std::uint64_t what = number();
     if ((what & 1) != 0) {
       const std::uint64_t size = number();
+      if (size > kLongestRepeated) fail("a text that is short enough to be repeated");
       return slice(what >> 1, size);
     }
     const std::string_view text = slice(at_, what >> 1);

@@ -44,8 +44,10 @@ inline constexpr std::uint8_t end = 0xf3;
 inline constexpr std::uint8_t kHasResult = 1;
 inline constexpr std::uint8_t kHasError = 2;
 
-/// Texts of at least this length are not written twice.
+/// Texts from the one length to the other are not written twice. Longer ones are: a small file must not stand for more
+/// memory than there is.
 inline constexpr std::size_t kShortestRepeated = 4;
+inline constexpr std::size_t kLongestRepeated = 4096;
 
 static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "words are taken from memory as they stand in files");
 

@@ -59,7 +59,7 @@ void Writer::raw(std::string_view bytes) {
 // An even number begins a new text, an odd one names an earlier one.
 void Writer::text(std::string_view text) {
   const std::uint64_t length = text.size();
-  if (text.size() >= kShortestRepeated) {
+  if (text.size() >= kShortestRepeated && text.size() <= kLongestRepeated) {
     const auto hash = static_cast<std::uint32_t>(digest(text));
     Seen &seen = seen_[hash % kSeen];
     const bool is_same = seen.place != 0 && seen.hash == hash && seen.size == text.size() &&

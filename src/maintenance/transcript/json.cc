@@ -299,7 +299,8 @@ std::string to_json(const recording::Recording &recording) {
   json["verdict"] = json_of(recording.trailer.verdict);
   json["message"] = json_of(recording.trailer.message);
   json["nanoseconds"] = recording.trailer.duration;
-  return json.dump(1) + '\n';
+  constexpr bool kAsciiAlone = true;
+  return json.dump(1, ' ', kAsciiAlone) + '\n';
 }
 
 recording::Recording from_json(std::string_view document) {

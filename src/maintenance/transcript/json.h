@@ -15,7 +15,8 @@ class JsonError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// The whole recording as a JSON document, with a line end. Texts that are no UTF-8 are given as hexadecimal digits.
+/// The whole recording as a JSON document, with a line end, in ASCII. Texts that are no UTF-8 are given as hexadecimal
+/// digits.
 std::string to_json(const recording::Recording &recording);
 
 /// The recording that to_json() made the document of. Throws JsonError.

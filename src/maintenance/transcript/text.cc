@@ -8,6 +8,8 @@
 #include <chrono>
 #include <ctime>
 
+#include "report/escape/printable.h"
+
 namespace transcript {
 
 namespace {
@@ -223,8 +225,8 @@ std::string recording_text(const recording::Recording &recording, const NodeName
   const recording::Header &header = recording.header;
   std::string text = fmt::format("point     {}\npath      {}\nvalue     {}\ntime      {}\nlibrary   {}\nrecorder  {}\n",
                                  quoted(header.point), path_text(header.path, node_name),
-                                 header.value ? text_of(*header.value) : "none", date_text(header.time), header.library,
-                                 header.recorder);
+                                 header.value ? text_of(*header.value) : "none", date_text(header.time),
+                                 report::printable(header.library), report::printable(header.recorder));
   for (const Call &limit : header.limits)
     text += fmt::format("known     {}{}\n", question_text(limit), answer_text(limit));
   if (header.last_extension) {

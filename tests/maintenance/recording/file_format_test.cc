@@ -2,6 +2,8 @@
 
 #include "maintenance/recording/decode.h"
 #include "maintenance/recording/encode.h"
+#include "maintenance/recording/layout.h"
+#include "maintenance/recording/writer.h"
 #include "maintenance/transcript/json.h"
 #include "maintenance/transcript/text.h"
 
@@ -91,6 +93,36 @@ TEST(RecordingFile, with_a_changed_byte_is_refused) {
     changed[i] = static_cast<char>(changed[i] ^ 0x10);
     EXPECT_THROW(recording::decode(changed), recording::DecodeError) << i;
   }
+}
+
+// Whatever a file holds, it is read or refused.
+TEST(RecordingFile, with_a_digest_that_fits_and_any_content_is_read_or_refused) {
+  const std::string bytes = recording::encode(full_recording());
+  std::size_t refused = 0;
+  for (std::size_t i = 8; i + 8 < bytes.size(); ++i) {
+    for (const int byte : {0x00, 0x01, 0x06, 0x10, 0x45, 0x7f, 0x80, 0xf0, 0xf1, 0xff}) {
+      std::string changed = bytes.substr(0, bytes.size() - 8);
+      changed[i] = static_cast<char>(byte);
+      std::uint64_t sum = recording::digest(changed);
+      for (int k = 0; k < 8; ++k, sum >>= 8) changed += static_cast<char>(sum);
+      try {
+        transcript::recording_text(recording::decode(changed), [](std::uint32_t) { return ""; });
+      } catch (const recording::DecodeError &) {
+        ++refused;
+      }
+    }
+  }
+  EXPECT_GT(refused, bytes.size());
+}
+
+TEST(RecordingFile, that_does_not_fit_is_not_whole) {
+  recording::Writer writer(200);
+  writer.start();
+  for (int i = 0; i < 100; ++i) writer.text_item("text number " + std::to_string(i));
+  EXPECT_FALSE(writer.is_whole());
+  EXPECT_LE(writer.bytes().size(), 200U);
+  writer.start();
+  EXPECT_TRUE(writer.is_whole());
 }
 
 TEST(RecordingFile, of_another_version_is_told) {

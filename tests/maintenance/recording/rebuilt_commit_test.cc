@@ -27,12 +27,15 @@ std::string difference(const Recording &recording, const reconstruction::Rebuilt
   return text;
 }
 
-// What a recording knows is enough for the same verdict, whether the point accepted, warned or rejected.
+// What a recording knows is enough for the same verdict, whether the point accepted, warned or rejected. Each takes a
+// process, which a sanitizer makes ten times as dear.
 TEST(RebuiltCommit, of_every_point_of_every_example_draws_the_same_verdict) {
   const element::Schema schema;
+  std::size_t folders = 0;
   std::size_t count = 0;
   for (const auto &folder : std::filesystem::directory_iterator(SOURCE_DIR "/examples")) {
-    if (!folder.is_directory()) continue;
+    const bool is_passed_over = is_sanitized() && folders++ % 8 != 0;
+    if (!folder.is_directory() || is_passed_over) continue;
     for (const Recording &recording : recordings_of(schema, folder.path().filename())) {
       const reconstruction::RebuiltCommit rebuilt = reconstruction::rebuild_commit(recording, schema);
       EXPECT_EQ(difference(recording, rebuilt), "") << folder.path();
@@ -41,7 +44,7 @@ TEST(RebuiltCommit, of_every_point_of_every_example_draws_the_same_verdict) {
       ++count;
     }
   }
-  EXPECT_GT(count, 150U);
+  EXPECT_GT(count, is_sanitized() ? 10U : 150U);
 }
 
 TEST(RebuiltCommit, tells_what_was_made_up) {

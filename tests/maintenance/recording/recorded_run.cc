@@ -55,6 +55,7 @@ class Comparison {
 
   void compare(host::HostSession &session, const NamedCommit &commit) {
     name_ = commit.name;
+    session.injected_failure = commit.failure;
     const host::CommitOptions options{.all_points = true};
     const host::Verdict plain = host::validate_commit(plain_, session, *commit.transaction, options);
     const host::Verdict recorded = host::validate_commit(recorded_, session, *commit.transaction, options);

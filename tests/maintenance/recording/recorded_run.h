@@ -7,6 +7,7 @@
 
 #include "element/datastore/transaction.h"
 #include "element/profile/profile.h"
+#include "host/seam/host_session.h"
 #include "maintenance/recording/recording.h"
 #include "tests/maintenance/recording/recorder_folder.h"
 
@@ -14,6 +15,7 @@ struct NamedCommit {
   std::string name;
   std::shared_ptr<const element::Transaction> transaction;
   bool is_replayed = true;
+  host::InjectedFailure failure{};
 };
 
 /// In which way recorded runs of the commits differ from unrecorded ones: in verdict, message, trace or calls; the
