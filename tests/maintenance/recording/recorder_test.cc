@@ -1,6 +1,8 @@
 // The recorder where it cannot record, or not all.
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
 
 #include <fstream>
 
@@ -89,6 +91,22 @@ TEST(Recorder, decides_where_recordings_cannot_be_written) {
   const RecorderFolder folder(HOOKABLE_FILE);
   EXPECT_EQ(answers(folder, [&] { fs::remove_all(folder.recordings_folder()); }), kAnswers);
   EXPECT_FALSE(fs::exists(folder.recordings_folder()));
+}
+
+/// Has writing into files fail after so many bytes, as on a full disk.
+void fill_disk_after(rlim_t bytes) {
+  ::signal(SIGXFSZ, SIG_IGN);
+  const rlimit limit{bytes, bytes};
+  ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+TEST(Recorder, decides_where_the_disk_is_full) {
+  const RecorderFolder folder(HOOKABLE_FILE);
+  EXPECT_EQ(answers(folder, [] { fill_disk_after(100); }), kAnswers);
+  EXPECT_EQ(folder.recordings().size(), 0U);
+  for (const auto &entry : fs::directory_iterator(folder.recordings_folder())) {
+    EXPECT_EQ(entry.path().filename(), "status");
+  }
 }
 
 void write_recording(const RecorderFolder &folder, const std::string &name, std::uintmax_t size) {
