@@ -64,6 +64,9 @@ class Explainer {
     options.with_repairs = false;
     options.budget = oracle_.left();
     options.budget.calls = std::min(options.budget.calls, kMostCallsEach);
+    if (options_.progress) {
+      options.progress = [this](std::uint64_t calls, std::size_t) { options_.progress(oracle_.calls() + calls, 0); };
+    }
     const auto transaction =
         element::make_transaction(base.configuration.tree, after.configuration.tree, session_.profile());
     diagnosis::Diagnosis found = diagnosis::diagnose(plugin_, session_, *transaction, verdict, options);

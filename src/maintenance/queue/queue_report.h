@@ -52,7 +52,7 @@ struct QueueReport {
   std::string contract_violation;
 };
 
-/// "all 5 changes go through", or how many do and how sure it is that no more can; one line.
+/// "all 5 changes go through in this order", or how many do and how sure it is that no more can; one line.
 std::string sum_text(const QueueReport &report);
 
 /// "accepted", "accepted with warnings", "rejected", "does not fit" or "not asked".

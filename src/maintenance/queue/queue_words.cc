@@ -57,6 +57,7 @@ std::string sum_text(const QueueReport &report) {
   if (report.proof == Proof::all_go) {
     return all == 1 ? "the change goes through" : fmt::format("all {} changes go through in this order", all);
   }
+  if (report.proof == Proof::most_go && report.sets_asked == 0) return "no change goes through, not even alone";
   const std::string some =
       fmt::format("{} of {} go through in this order", report.order.size(), report::count_text(all, "change"));
   if (report.proof == Proof::most_go) {
