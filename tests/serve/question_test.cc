@@ -58,12 +58,14 @@ TEST(Settings, are_read_as_they_were_written) {
   settings.program = "/usr/bin/vpnval";
   settings.profile = "/a \"b\"/element.json";
   settings.warnings = agent::WarningStyle::both;
+  settings.asks_at_edits = true;
   settings.limit = std::chrono::milliseconds(17);
   std::ofstream(folder.file("settings.json")) << write_settings(settings);
   const agent::Settings read = agent::read_settings(folder.file("settings.json"));
   EXPECT_EQ(write_settings(read), write_settings(settings));
   EXPECT_EQ(read.profile, settings.profile);
   EXPECT_EQ(read.warnings, settings.warnings);
+  EXPECT_TRUE(read.asks_at_edits);
   EXPECT_EQ(read.limit, settings.limit);
 }
 

@@ -24,13 +24,10 @@ WarningStyle style_of(const std::string &name) {
 }  // namespace
 
 std::string write_settings(const Settings &settings) {
-  const nlohmann::json json{{"program", settings.program.string()},
-                            {"profile", settings.profile.string()},
-                            {"plugin", settings.plugin.string()},
-                            {"work", settings.work.string()},
-                            {"running", settings.running.string()},
-                            {"warnings", name_of(settings.warnings)},
-                            {"budget", settings.budget},
+  const nlohmann::json json{{"program", settings.program.string()},    {"profile", settings.profile.string()},
+                            {"plugin", settings.plugin.string()},      {"work", settings.work.string()},
+                            {"running", settings.running.string()},    {"warnings", name_of(settings.warnings)},
+                            {"asks-at-edits", settings.asks_at_edits}, {"budget", settings.budget},
                             {"limit", settings.limit.count()}};
   return json.dump(2);
 }
@@ -46,6 +43,7 @@ Settings read_settings(const std::filesystem::path &file) {
     settings.work = json.at("work").get<std::string>();
     settings.running = json.at("running").get<std::string>();
     settings.warnings = style_of(json.at("warnings").get<std::string>());
+    settings.asks_at_edits = json.at("asks-at-edits").get<bool>();
     settings.budget = json.at("budget").get<std::string>();
     settings.limit = std::chrono::milliseconds(json.at("limit").get<long>());
     return settings;

@@ -21,6 +21,7 @@ struct Settings {
   std::filesystem::path work;     ///< a folder for files that are gone after each question
   std::filesystem::path running;  ///< where the running configuration is kept
   WarningStyle warnings = WarningStyle::error;
+  bool asks_at_edits = false;               ///< as well as at validate and commit
   std::string budget;                       ///< of the search, as vpnval check takes it
   std::chrono::milliseconds limit{60'000};  ///< for one answer
 };

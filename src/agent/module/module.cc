@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "agent/core/question.h"
+#include "agent/module/candidate_backup.h"
 #include "agent/module/datastore_files.h"
 #include "agent/module/events.h"
 #include "agent/module/findings_data.h"
@@ -19,6 +20,9 @@ namespace {
 constexpr const char *kOwn = "vpnval-agent";
 
 std::optional<Settings> settings;
+
+/// The agent's own edit-config, where the library is asked at edits.
+agt_rpc_method_t own_edit = nullptr;
 
 val_value_t *root_of(ncx_cfg_t datastore) {
   const cfg_template_t *config = cfg_get_config_id(datastore);
@@ -146,6 +150,31 @@ status_t on_explain(ses_cb_t *session, rpc_msg_t *message, xml_node_t *) {
   return NO_ERR;
 }
 
+/// The agent's edit, then the question; a refused edit leaves the candidate as it was. Warnings are told when the
+/// change is committed.
+status_t on_edit(ses_cb_t *session, rpc_msg_t *message, xml_node_t *method) {
+  CandidateBackup backup;
+  if (!backup.is_complete()) return ERR_INTERNAL_MEM;
+  const status_t result = own_edit(session, message, method);
+  if (result != NO_ERR) return result;
+  val_value_t *root = root_of(NCX_CFGID_CANDIDATE);
+  const Answer answer = ask_about(root);
+  log_answer(session, "edit-config", answer);
+  if (!is_refused(answer)) return NO_ERR;
+  add_error(&message->mhdr, root, answer);
+  backup.restore();
+  return ERR_NCX_OPERATION_FAILED;
+}
+
+/// Takes the place of the agent's edit-config, which it calls.
+status_t ask_at_edits() {
+  ncx_module_t *netconf = ncx_find_module(NC_MODULE, nullptr);
+  const obj_template_t *edit = netconf == nullptr ? nullptr : ncx_find_object(netconf, to_xml("edit-config"));
+  if (edit == nullptr || edit->rpc_cbset == nullptr) return ERR_NCX_OPERATION_FAILED;
+  own_edit = static_cast<const agt_rpc_cbset_t *>(edit->rpc_cbset)->acb[AGT_RPC_PH_INVOKE];
+  return agt_rpc_register_method(NC_MODULE, to_xml("edit-config"), AGT_RPC_PH_INVOKE, on_edit);
+}
+
 status_t load_settings() {
   const char *file = std::getenv(kSettingsVariable);
   if (file == nullptr) return ERR_NCX_MISSING_PARM;
@@ -178,6 +207,7 @@ __attribute__((visibility("default"))) status_t y_vpnval_agent_init2() {
   if (result == NO_ERR) {
     result = agt_rpc_register_method(to_xml(kOwn), to_xml("explain"), AGT_RPC_PH_INVOKE, on_explain);
   }
+  if (result == NO_ERR && settings->asks_at_edits) result = ask_at_edits();
   if (result == NO_ERR) result = agt_commit_validate_register(to_xml(kOwn), on_commit);
   if (result == NO_ERR) result = agt_commit_complete_register(to_xml(kOwn), on_committed);
   return result;

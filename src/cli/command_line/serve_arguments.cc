@@ -16,6 +16,8 @@ const std::map<std::string, WarningStyle> warning_styles{
     {"error", WarningStyle::error}, {"notify", WarningStyle::notify}, {"both", WarningStyle::both}};
 const std::map<std::string, LogFormat> log_formats{{"text", LogFormat::text}, {"json", LogFormat::json}};
 
+const std::map<std::string, bool> asks_at_edits{{"commit", false}, {"edit", true}};
+
 constexpr int kLongestTimeout = 86'400;
 
 }  // namespace
@@ -40,6 +42,10 @@ void add_serve(CLI::App &program, ServeArguments &serve) {
   add_choice(*command, "--warnings", warning_styles, serve.warnings,
              "What a session is told of warnings: an rpc-error of severity warning (error, unless it is given), a "
              "notification, or both");
+  add_choice(
+      *command, "--ask", asks_at_edits, serve.asks_at_edits,
+      "When the library is asked: at validate and commit (commit, unless it is given), or at each edit-config as "
+      "well (edit)");
   add_choice(*command, "--log", log_formats, serve.log, "Format of the log; text unless it is given");
   command->add_option("--plugin", serve.plugin, "Validation library to ask")->type_name("FILE");
   command

@@ -22,6 +22,7 @@ struct ServeArguments {
   std::string plugin;
   std::string budget = "500,2s";
   int library_timeout = 60;  ///< seconds for one answer, at least 1
+  bool asks_at_edits = false;
   agent::WarningStyle warnings = agent::WarningStyle::error;
   serve::LogFormat log = serve::LogFormat::text;
 };

@@ -118,6 +118,7 @@ class ElementService {
     agent.settings.work = agent.folder / "work";
     agent.settings.running = state_ ? state_->running() : agent.folder / "running.xml";
     agent.settings.warnings = arguments_.warnings;
+    agent.settings.asks_at_edits = arguments_.asks_at_edits;
     agent.settings.budget = arguments_.budget;
     agent.settings.limit = std::chrono::seconds(arguments_.library_timeout);
     const fs::path startup = agent.folder / "begin.xml";
