@@ -59,7 +59,13 @@ std::vector<std::string> arguments_of(const NetconfAgent &agent) {
           "--module=l2-vpn",
           "--module=mpls-l2vpn-vpls",
           "--module=base",
-          "--module=ldp"};
+          "--module=ldp",
+          "--module=internal",
+          "--module=KZ-MGMD-ROUTER-MIB",
+          "--module=KZ-PWE3-MIB",
+          "--module=KZ-VLAN-MANAGER-MIB",
+          "--module=KZ-VPLS-MIB",
+          "--module=KZ-VPWS-MIB"};
 }
 
 }  // namespace

@@ -1,31 +1,16 @@
 #include "agent/core/question.h"
 
 #include <fmt/format.h>
-#include <poll.h>
 
-#include <array>
-#include <cerrno>
 #include <optional>
 #include <system_error>
+
+#include "agent/core/limited_child.h"
 
 namespace agent {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-/// Reads what the process writes up to its end; nothing where it lasts beyond the limit.
-std::optional<process::Result> result_of(process::Child &child, std::chrono::milliseconds limit) {
-  const Clock::time_point end = Clock::now() + limit;
-  while (child.out().is_open() || child.err().is_open()) {
-    std::array<pollfd, 2> places{pollfd{child.out().number(), POLLIN, 0}, pollfd{child.err().number(), POLLIN, 0}};
-    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
-    if (left <= 0) return std::nullopt;
-    if (poll(places.data(), places.size(), static_cast<int>(left)) < 0 && errno != EINTR) return std::nullopt;
-    if (places[0].revents != 0) child.read_out();
-    if (places[1].revents != 0) child.read_err();
-  }
-  return child.finish();
-}
 
 Answer ask_within_limit(const Settings &settings, const std::filesystem::path &running,
                         const std::filesystem::path &candidate) {
@@ -40,10 +25,7 @@ Answer ask_within_limit(const Settings &settings, const std::filesystem::path &r
   const std::vector<std::string> configurations{running.string(), candidate.string()};
   process::Result failed;
   try {
-    sigset_t none;
-    sigemptyset(&none);
-    process::Child child(settings.program, arguments, none);
-    if (const std::optional<process::Result> result = result_of(child, settings.limit)) {
+    if (const std::optional<process::Result> result = run_within(settings.limit, settings.program, arguments)) {
       return read_answer(*result, configurations);
     }
     failed.not_started =

@@ -9,6 +9,7 @@
 #include "agent/core/question.h"
 #include "agent/module/candidate_backup.h"
 #include "agent/module/datastore_files.h"
+#include "agent/module/derived_state.h"
 #include "agent/module/events.h"
 #include "agent/module/findings_data.h"
 #include "agent/module/reply_errors.h"
@@ -21,8 +22,9 @@ constexpr const char *kOwn = "vpnval-agent";
 
 std::optional<Settings> settings;
 
-/// The agent's own edit-config, where the library is asked at edits.
+/// The agent's own edit-config, where the library is asked at edits, and the first part of its get.
 agt_rpc_method_t own_edit = nullptr;
+agt_rpc_method_t own_get = nullptr;
 
 val_value_t *root_of(ncx_cfg_t datastore) {
   const cfg_template_t *config = cfg_get_config_id(datastore);
@@ -57,6 +59,24 @@ Answer ask_about(val_value_t *candidate) {
     answer.failure = error.what();
   }
   return answer;
+}
+
+/// What is derived from running: asked for by each derived tree of one get, so it is kept until running changes.
+std::optional<std::vector<DerivedNode>> derived_from_running() {
+  static cfg_transaction_id_t derived_at = 0;
+  static std::optional<std::vector<DerivedNode>> derived;
+  const cfg_template_t *running = cfg_get_config_id(NCX_CFGID_RUNNING);
+  if (derived && derived_at == running->last_txid) return derived;
+  derived.reset();
+  try {
+    const QuestionFiles files(settings->work);
+    write_datastore(running->root, files.running);
+    derived = derive(*settings, files.running);
+    derived_at = running->last_txid;
+  } catch (const std::exception &error) {
+    std::fprintf(stderr, "%s\n", error.what());
+  }
+  return derived;
 }
 
 bool is_refused(const Answer &answer) {
@@ -166,13 +186,19 @@ status_t on_edit(ses_cb_t *session, rpc_msg_t *message, xml_node_t *method) {
   return ERR_NCX_OPERATION_FAILED;
 }
 
-/// Takes the place of the agent's edit-config, which it calls.
-status_t ask_at_edits() {
+/// Running may have changed since the last one, also by a rollback, of which nobody is told.
+status_t on_get(ses_cb_t *session, rpc_msg_t *message, xml_node_t *method) {
+  if (val_value_t *running = root_of(NCX_CFGID_RUNNING)) forget_derived_state(running);
+  return own_get == nullptr ? NO_ERR : own_get(session, message, method);
+}
+
+/// Takes the place of a method of the agent's own, which is given to `own`: null where there was none.
+status_t replace_method(const char *operation, agt_rpc_phase_t phase, agt_rpc_method_t method, agt_rpc_method_t &own) {
   ncx_module_t *netconf = ncx_find_module(NC_MODULE, nullptr);
-  const obj_template_t *edit = netconf == nullptr ? nullptr : ncx_find_object(netconf, to_xml("edit-config"));
-  if (edit == nullptr || edit->rpc_cbset == nullptr) return ERR_NCX_OPERATION_FAILED;
-  own_edit = static_cast<const agt_rpc_cbset_t *>(edit->rpc_cbset)->acb[AGT_RPC_PH_INVOKE];
-  return agt_rpc_register_method(NC_MODULE, to_xml("edit-config"), AGT_RPC_PH_INVOKE, on_edit);
+  const obj_template_t *object = netconf == nullptr ? nullptr : ncx_find_object(netconf, to_xml(operation));
+  if (object == nullptr || object->rpc_cbset == nullptr) return ERR_NCX_OPERATION_FAILED;
+  own = static_cast<const agt_rpc_cbset_t *>(object->rpc_cbset)->acb[phase];
+  return agt_rpc_register_method(NC_MODULE, to_xml(operation), phase, method);
 }
 
 status_t load_settings() {
@@ -207,7 +233,11 @@ __attribute__((visibility("default"))) status_t y_vpnval_agent_init2() {
   if (result == NO_ERR) {
     result = agt_rpc_register_method(to_xml(kOwn), to_xml("explain"), AGT_RPC_PH_INVOKE, on_explain);
   }
-  if (result == NO_ERR && settings->asks_at_edits) result = ask_at_edits();
+  if (result == NO_ERR) result = add_derived_state(derived_from_running);
+  if (result == NO_ERR) result = replace_method("get", AGT_RPC_PH_VALIDATE, on_get, own_get);
+  if (result == NO_ERR && settings->asks_at_edits) {
+    result = replace_method("edit-config", AGT_RPC_PH_INVOKE, on_edit, own_edit);
+  }
   if (result == NO_ERR) result = agt_commit_validate_register(to_xml(kOwn), on_commit);
   if (result == NO_ERR) result = agt_commit_complete_register(to_xml(kOwn), on_committed);
   return result;

@@ -14,6 +14,7 @@ extern "C" {
 #include "agt_val.h"
 #include "cfg.h"
 #include "dlq.h"
+#include "getcb.h"
 #include "ncx.h"
 #include "ncxmod.h"
 #include "obj.h"
