@@ -10,12 +10,12 @@
 
 #include "element/input/configuration.h"
 #include "source_dir.h"
-#include "tests/support/build_under_test.h"
 #include "tests/diagnosis/drawn_commit.h"
 #include "tests/diagnosis/followed_advice/committed_folder.h"
 #include "tests/diagnosis/judged_element.h"
 #include "tests/diagnosis/seeds.h"
 #include "tests/diagnosis/small_network.h"
+#include "tests/support/build_under_test.h"
 
 namespace followed {
 namespace {
