@@ -6,6 +6,8 @@
 
 #include <fstream>
 
+#include "bench/asked_point.h"
+#include "bench/point_commits.h"
 #include "host/run/commit.h"
 #include "maintenance/recording/decode.h"
 #include "tests/maintenance/recording/recorded_run.h"
@@ -107,6 +109,24 @@ TEST(Recorder, decides_where_the_disk_is_full) {
   for (const auto &entry : fs::directory_iterator(folder.recordings_folder())) {
     EXPECT_EQ(entry.path().filename(), "status");
   }
+}
+
+// More calls than any element's card lets a commit make.
+TEST(Recorder, decides_where_the_recording_would_be_too_large) {
+  if (is_sanitized()) GTEST_SKIP() << "a sanitizer makes a minute of it";
+  const RecorderFolder folder(HOOKABLE_FILE);
+  EXPECT_EQ(told_apart([&]() -> std::vector<std::string> {
+              constexpr std::size_t kAttachments = 30'000;
+              const auto kind = bench::PointCommitKind::access_many_ports;
+              const bench::PointCommit commit = bench::make_point_commit(schema(), kind, kAttachments);
+              host::HostSession session(commit.profile);
+              const host::Plugin plugin(folder.library());
+              bench::AskedPoint(commit, plugin, session).validate();
+              return {"accepted"};
+            }),
+            std::vector<std::string>{"accepted"});
+  EXPECT_EQ(folder.recordings().size(), 0U);
+  EXPECT_NE(folder.status().find("it is larger than 8 MiB"), std::string::npos) << folder.status();
 }
 
 void write_recording(const RecorderFolder &folder, const std::string &name, std::uintmax_t size) {
