@@ -61,6 +61,7 @@ class Builder {
   void take_back_in_vpn(const Change &change, const l2vpn::VpnKey &vpn);
   void take_back_in_attachment(const l2vpn::VpnKey &vpn, const std::string &interface);
   void take_back_leaf(const Change &change, const l2vpn::VpnKey &vpn);
+  void remove_member();
   void take_back_member(const Change &change);
   void take_back_derived(const Change &change);
 

@@ -13,6 +13,7 @@ using l2vpn::VpnKey;
 
 std::uint32_t number(const std::string &text) { return static_cast<std::uint32_t>(std::stoul(text)); }
 
+constexpr const char *kMemberTable = "vlanMgrStaticMemberTable";
 constexpr const char *kMembers = "vlanMgrStaticMemberEntry";
 
 bool is_list(const std::string &name) {
@@ -167,6 +168,7 @@ void Builder::take_back_leaf(const Change &change, const VpnKey &vpn) {
 void Builder::change_node() {
   const Steps &node = facts_.node;
   if (node.empty()) return;
+  if (node.back().name == kMemberTable) return remove_member();
   const std::optional<VpnKey> vpn = vpn_of(node);
   if (!vpn) {
     for (const Family family : {Family::vpls, Family::vpws}) {
@@ -186,6 +188,14 @@ void Builder::change_node() {
   constexpr std::uint32_t kBytes = 1500;
   l2vpn::set_bridge_mtu(running_, *vpn, kBytes);
   made_up_.push_back("that the bridge domain of " + l2vpn::to_text(*vpn) + " had another MTU before");
+}
+
+// No member that is there is new: one must have gone.
+void Builder::remove_member() {
+  const std::string port = interfaces_.new_name();
+  interfaces_.add(port);
+  l2vpn::put_static_member(running_, {l2vpn::kLastVlan, port});
+  made_up_.push_back("that VLAN " + std::to_string(l2vpn::kLastVlan) + " had the member " + port + " before");
 }
 
 void Builder::complete_pseudowires() {
