@@ -33,6 +33,7 @@ class StateFolder {
   explicit StateFolder(std::filesystem::path path);
 
   std::filesystem::path running() const { return path_ / "running.xml"; }
+  std::filesystem::path startup() const { return path_ / "startup.xml"; }
   std::filesystem::path host_key() const { return path_ / "host_key"; }
 
  private:

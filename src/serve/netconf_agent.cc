@@ -34,7 +34,7 @@ void write_modules(const fs::path &folder) {
 /// is empty.
 std::string startup_option(const NetconfAgent &agent) {
   if (agent.startup.empty()) return "--no-startup";
-  const fs::path copy = agent.folder / "startup.xml";
+  const fs::path copy = agent.own_startup();
   std::error_code error;
   fs::copy_file(agent.startup, copy, fs::copy_options::overwrite_existing, error);
   if (error) throw ServeError(fmt::format("{}: cannot be copied: {}", agent.startup.string(), error.message()));
@@ -48,7 +48,7 @@ std::vector<std::string> arguments_of(const NetconfAgent &agent) {
           "--access-control=off",
           "--target=candidate",
           "--with-validate=true",
-          "--with-startup=false",
+          fmt::format("--with-startup={}", !agent.settings.startup.empty()),
           "--with-url=false",
           "--idle-timeout=0",
           "--log-level=info",

@@ -18,6 +18,8 @@ struct NetconfAgent {
   int port = 0;                   ///< of the sshd in front of it
   agent::Settings settings;       ///< of our module
 
+  /// Where the agent has what it writes over: the configuration that it begins with, its startup configuration.
+  std::filesystem::path own_startup() const { return folder / "startup.xml"; }
   std::filesystem::path socket() const { return folder / "agent.sock"; }
 };
 

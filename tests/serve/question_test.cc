@@ -58,6 +58,8 @@ TEST(Settings, are_read_as_they_were_written) {
   settings.program = "/usr/bin/vpnval";
   settings.profile = "/a \"b\"/element.json";
   settings.warnings = agent::WarningStyle::both;
+  settings.startup = "/run/startup.xml";
+  settings.kept_startup = "/state/startup.xml";
   settings.asks_at_edits = true;
   settings.limit = std::chrono::milliseconds(17);
   std::ofstream(folder.file("settings.json")) << write_settings(settings);
@@ -65,6 +67,8 @@ TEST(Settings, are_read_as_they_were_written) {
   EXPECT_EQ(write_settings(read), write_settings(settings));
   EXPECT_EQ(read.profile, settings.profile);
   EXPECT_EQ(read.warnings, settings.warnings);
+  EXPECT_EQ(read.startup, settings.startup);
+  EXPECT_EQ(read.kept_startup, settings.kept_startup);
   EXPECT_TRUE(read.asks_at_edits);
   EXPECT_EQ(read.limit, settings.limit);
 }

@@ -29,4 +29,16 @@ void replace_file(const std::filesystem::path &complete, const std::filesystem::
   sync(place.parent_path());
 }
 
+void keep_copy(const std::filesystem::path &file, const std::filesystem::path &place) {
+  namespace fs = std::filesystem;
+  if (!fs::exists(file)) {
+    fs::remove(place);
+    return sync(place.parent_path());
+  }
+  fs::path part = place;
+  part += ".part";
+  fs::copy_file(file, part, fs::copy_options::overwrite_existing);
+  replace_file(part, place);
+}
+
 }  // namespace agent

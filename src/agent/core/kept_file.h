@@ -9,6 +9,10 @@ namespace agent {
 /// one or the other. Throws std::system_error.
 void replace_file(const std::filesystem::path &complete, const std::filesystem::path &place);
 
+/// Keeps a copy of a file in another place, whole, or nothing there where there is no such file. Throws
+/// std::system_error.
+void keep_copy(const std::filesystem::path &file, const std::filesystem::path &place);
+
 }  // namespace agent
 
 #endif

@@ -27,6 +27,7 @@ std::string write_settings(const Settings &settings) {
   const nlohmann::json json{{"program", settings.program.string()},    {"profile", settings.profile.string()},
                             {"plugin", settings.plugin.string()},      {"work", settings.work.string()},
                             {"running", settings.running.string()},    {"warnings", name_of(settings.warnings)},
+                            {"startup", settings.startup.string()},    {"kept-startup", settings.kept_startup.string()},
                             {"asks-at-edits", settings.asks_at_edits}, {"budget", settings.budget},
                             {"limit", settings.limit.count()}};
   return json.dump(2);
@@ -42,6 +43,8 @@ Settings read_settings(const std::filesystem::path &file) {
     settings.plugin = json.at("plugin").get<std::string>();
     settings.work = json.at("work").get<std::string>();
     settings.running = json.at("running").get<std::string>();
+    settings.startup = json.at("startup").get<std::string>();
+    settings.kept_startup = json.at("kept-startup").get<std::string>();
     settings.warnings = style_of(json.at("warnings").get<std::string>());
     settings.asks_at_edits = json.at("asks-at-edits").get<bool>();
     settings.budget = json.at("budget").get<std::string>();

@@ -15,11 +15,13 @@ enum class WarningStyle { error, notify, both };
 
 /// What vpnval serve tells the module in the agent.
 struct Settings {
-  std::filesystem::path program;  ///< vpnval
-  std::filesystem::path profile;  ///< the element's
-  std::filesystem::path plugin;   ///< the validation library
-  std::filesystem::path work;     ///< a folder for files that are gone after each question
-  std::filesystem::path running;  ///< where the running configuration is kept
+  std::filesystem::path program;       ///< vpnval
+  std::filesystem::path profile;       ///< the element's
+  std::filesystem::path plugin;        ///< the validation library
+  std::filesystem::path work;          ///< a folder for files that are gone after each question
+  std::filesystem::path running;       ///< where the running configuration is kept
+  std::filesystem::path startup;       ///< where the agent has its startup configuration; empty: there is none
+  std::filesystem::path kept_startup;  ///< where that is kept
   WarningStyle warnings = WarningStyle::error;
   bool asks_at_edits = false;               ///< as well as at validate and commit
   std::string budget;                       ///< of the search, as vpnval check takes it

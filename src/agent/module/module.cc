@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "agent/core/kept_file.h"
 #include "agent/core/question.h"
 #include "agent/module/candidate_backup.h"
 #include "agent/module/datastore_files.h"
@@ -25,6 +26,10 @@ std::optional<Settings> settings;
 /// The agent's own edit-config, where the library is asked at edits, and the first part of its get.
 agt_rpc_method_t own_edit = nullptr;
 agt_rpc_method_t own_get = nullptr;
+
+/// Its operations on the startup configuration, where there is one.
+agt_rpc_method_t own_copy = nullptr;
+agt_rpc_method_t own_delete = nullptr;
 
 val_value_t *root_of(ncx_cfg_t datastore) {
   const cfg_template_t *config = cfg_get_config_id(datastore);
@@ -192,6 +197,28 @@ status_t on_get(ses_cb_t *session, rpc_msg_t *message, xml_node_t *method) {
   return own_get == nullptr ? NO_ERR : own_get(session, message, method);
 }
 
+/// The agent has its startup configuration in a file, which it does not write at once.
+status_t keep_startup(status_t done) {
+  if (done != NO_ERR) return done;
+  try {
+    keep_copy(settings->startup, settings->kept_startup);
+  } catch (const std::exception &error) {
+    Answer failed;
+    failed.failure = error.what();
+    log_answer(nullptr, "keep", failed);
+    return ERR_NCX_OPERATION_FAILED;
+  }
+  return NO_ERR;
+}
+
+status_t on_copy(ses_cb_t *session, rpc_msg_t *message, xml_node_t *method) {
+  return keep_startup(own_copy(session, message, method));
+}
+
+status_t on_delete(ses_cb_t *session, rpc_msg_t *message, xml_node_t *method) {
+  return keep_startup(own_delete(session, message, method));
+}
+
 /// Takes the place of a method of the agent's own, which is given to `own`: null where there was none.
 status_t replace_method(const char *operation, agt_rpc_phase_t phase, agt_rpc_method_t method, agt_rpc_method_t &own) {
   ncx_module_t *netconf = ncx_find_module(NC_MODULE, nullptr);
@@ -237,6 +264,10 @@ __attribute__((visibility("default"))) status_t y_vpnval_agent_init2() {
   if (result == NO_ERR) result = replace_method("get", AGT_RPC_PH_VALIDATE, on_get, own_get);
   if (result == NO_ERR && settings->asks_at_edits) {
     result = replace_method("edit-config", AGT_RPC_PH_INVOKE, on_edit, own_edit);
+  }
+  if (result == NO_ERR && !settings->startup.empty()) {
+    result = replace_method("copy-config", AGT_RPC_PH_INVOKE, on_copy, own_copy);
+    if (result == NO_ERR) result = replace_method("delete-config", AGT_RPC_PH_INVOKE, on_delete, own_delete);
   }
   if (result == NO_ERR) result = agt_commit_validate_register(to_xml(kOwn), on_commit);
   if (result == NO_ERR) result = agt_commit_complete_register(to_xml(kOwn), on_committed);

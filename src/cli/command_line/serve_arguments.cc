@@ -39,6 +39,8 @@ void add_serve(CLI::App &program, ServeArguments &serve) {
   command
       ->add_option("--state", serve.state, "Keep the running configuration and the host key there, and go on with them")
       ->option_text("DIR");
+  command->add_flag("--with-startup", serve.has_startup,
+                    "Have a startup configuration, from which an element that is served again begins");
   add_choice(*command, "--warnings", warning_styles, serve.warnings,
              "What a session is told of warnings: an rpc-error of severity warning (error, unless it is given), a "
              "notification, or both");

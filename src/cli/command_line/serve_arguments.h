@@ -23,6 +23,7 @@ struct ServeArguments {
   std::string budget = "500,2s";
   int library_timeout = 60;  ///< seconds for one answer, at least 1
   bool asks_at_edits = false;
+  bool has_startup = false;  ///< a startup configuration beside running
   agent::WarningStyle warnings = agent::WarningStyle::error;
   serve::LogFormat log = serve::LogFormat::text;
 };

@@ -64,13 +64,18 @@ ServedFiles find_files(const ServeArguments &arguments) {
   return files;
 }
 
+/// A node of the agent's own, for it refuses a startup configuration without any.
+constexpr const char *kEmptyStartup = "<nacm xmlns=\"urn:ietf:params:xml:ns:yang:ietf-netconf-acm\"></nacm>";
+
 /// The element's own nodes, as the agent reads them at its start; false where there are none.
 bool write_startup(const fs::path &running, const fs::path &place) {
   const element::Schema schema;
   const element::ConfigurationFile file = element::read_configuration_file(schema, running);
-  serve::write_file(place, fmt::format("<config xmlns=\"{}\">\n{}</config>\n", element::kNetconfNamespace,
-                                       element::write_configuration(file.tree, element::InputFormat::xml)));
-  return !file.tree.root().children.empty();
+  const bool is_empty = file.tree.root().children.empty();
+  const std::string content =
+      is_empty ? kEmptyStartup : element::write_configuration(file.tree, element::InputFormat::xml);
+  serve::write_file(place, fmt::format("<config xmlns=\"{}\">\n{}</config>\n", element::kNetconfNamespace, content));
+  return !is_empty;
 }
 
 class ElementService {
@@ -123,8 +128,14 @@ class ElementService {
     agent.settings.limit = std::chrono::seconds(arguments_.library_timeout);
     const fs::path startup = agent.folder / "begin.xml";
     std::error_code unknown;
-    const bool goes_on = state_ && fs::exists(state_->running(), unknown);
-    if (write_startup(goes_on ? state_->running() : files.running, startup)) agent.startup = startup;
+    if (arguments_.has_startup) {
+      agent.settings.startup = agent.own_startup();
+      agent.settings.kept_startup = state_ ? state_->startup() : agent.folder / "kept-startup.xml";
+    }
+    const fs::path kept = arguments_.has_startup ? agent.settings.kept_startup : agent.settings.running;
+    const bool goes_on = fs::exists(kept, unknown);
+    const bool is_written = write_startup(goes_on ? kept : files.running, startup);
+    if (is_written || arguments_.has_startup) agent.startup = startup;
     return agent;
   }
 
