@@ -1,10 +1,11 @@
 """What tells a NETCONF agent from a toy, a row each, by messages written by hand and by ncclient."""
+import subprocess
 import unittest
 
 from lxml import etree
 
 from ncclient_session import NcclientSession
-from served_element import BASE, Client, Element, Reply, edit_between, example, main
+from served_element import BASE, LONGEST, Client, Element, Reply, edit_between, example, main
 
 NOTIFICATION = "urn:ietf:params:xml:ns:netconf:notification:1.0"
 COMMITS = example("access-two-vpns-two-vlans")  # accepted
@@ -250,6 +251,18 @@ class RowsByHand(Rows, unittest.TestCase):
         old = Client(self.element, "1.0")
         self.assert_ok(old.validate())
         self.assert_ok(old.end())
+
+
+    def test_14_a_script_behind_ssh_that_waits_for_nothing(self):
+        hello = (f'<hello xmlns="{BASE}"><capabilities><capability>urn:ietf:params:netconf:base:1.0</capability></capabilities>'
+                 "</hello>")
+        requests = [f'<rpc message-id="{number}" xmlns="{BASE}">{operation}</rpc>' for number, operation in
+                    enumerate(["<discard-changes/>", f"<edit-config><target><candidate/></target>{one_vlan(10)}</edit-config>",
+                               "<commit/>", "<get-config><source><running/></source></get-config>"])]
+        script = "".join(message + "]]>]]>" for message in [hello, *requests]).encode()
+        replies = subprocess.run(self.element.ssh(), input=script, capture_output=True, timeout=LONGEST).stdout.split(b"]]>]]>")
+        self.assertEqual([b"<ok/>" in reply for reply in replies[1:4]], [True] * 3, replies)
+        self.assertIn(b"<id>10</id>", replies[4])
 
 
 class RowsOverNcclient(Rows, unittest.TestCase):

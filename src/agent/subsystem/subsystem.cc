@@ -125,13 +125,15 @@ int main(int argc, char **argv) {
     std::fprintf(stderr, "%s: the agent cannot be reached\n", argv[1]);
     return unavailable;
   }
-  std::thread([&agent] {
+  std::thread replies([&agent] {
     while (pass_on(agent.number(), STDOUT_FILENO)) continue;
+    // The other thread may be waiting for the client.
     std::_Exit(0);
-  }).detach();
+  });
   if (hand_over_hello(agent.number())) {
     while (pass_on(STDIN_FILENO, agent.number())) continue;
   }
-  // The other thread may be waiting for either side.
-  std::_Exit(0);
+  // The agent ends the session when it has answered what it was asked.
+  shutdown(agent.number(), SHUT_WR);
+  replies.join();
 }
