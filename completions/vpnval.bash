@@ -34,7 +34,7 @@ _vpnval_offer_arguments() {
   case $command in
     explain) ((before > 0)) || mapfile -t COMPREPLY < <(compgen -W "$("$program" explain 2>/dev/null | cut -d ' ' -f 1)" -- "$current") ;;
     fetch) ((before > 0)) || mapfile -t COMPREPLY < <(compgen -A hostname -- "$current") ;;
-    queue) _vpnval_offer_files -f "$current" ;;
+    diff | shrink | queue) _vpnval_offer_files -f "$current" ;;
     recording | replay) ((before > 0)) || _vpnval_offer_files -f "$current" ;;
     show) ((before > 0)) || _vpnval_offer_files -d "$current" ;;
     *) _vpnval_offer_files -d "$current" ;;

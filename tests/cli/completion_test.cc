@@ -76,6 +76,8 @@ TEST_P(Completion, offers_files_for_a_file_and_directories_for_a_commit) {
   EXPECT_EQ(offered("vpnval check --all c", folder.path()), Offers{"commits"});
   EXPECT_EQ(offered("vpnval check --format json c", folder.path()), Offers{"commits"});
   EXPECT_EQ(offered("vpnval show c", folder.path()), Offers{"commits"});
+  EXPECT_EQ(offered("vpnval diff --plugin c", folder.path()), (Offers{"candidate.json", "commits"}));
+  EXPECT_EQ(offered("vpnval shrink e", folder.path()), Offers{"element.json"});
   EXPECT_EQ(offered("vpnval show commits c", folder.path()), Offers{});
 }
 
