@@ -13,8 +13,9 @@ namespace {
 
 constexpr std::size_t kMostAtOnce = 4096;
 constexpr std::size_t kMostExamples = 8;  // of which the smallest is shrunk
-constexpr std::size_t kMostShrinkQuestions =
-    600;  // a limit's example keeps hundreds of entries, which takes time to find out
+// The larger a commit is, the longer each question takes; of a limit's example hardly anything can be left out.
+constexpr std::size_t kMostShrinkQuestions = 250;
+constexpr std::size_t kMostNodesAskedAbout = 100'000;
 
 struct Found {
   std::size_t commits = 0;
@@ -128,8 +129,9 @@ class Comparing {
   }
 
   ShownChange shrunk(std::size_t number, const Commit &whole, const AnswerChange &change) const {
+    const std::size_t questions = std::min(kMostShrinkQuestions, 1 + kMostNodesAskedAbout / (1 + count_nodes(whole)));
     ShrunkCommit small = shrink(
-        whole, [&](const Commit &commit) { return shows(commit, change); }, kMostShrinkQuestions);
+        whole, [&](const Commit &commit) { return shows(commit, change); }, questions);
     const Answer before = ask(task_.old_library, small.commit);
     const Answer after = ask(task_.new_library, small.commit);
     return with_lines({task_.corpus.name(number), std::move(small.commit), small.nodes_before, small.nodes_after},

@@ -71,16 +71,20 @@ void transparent_service(Draft &draft) {
   draft.attach(line, port, {}, draft.arrival());
 }
 
-// A VPWS VPN takes a port whole on which VPLS VPNs have VLANs.
+// A VPWS VPN takes a port whole on which VPLS VPNs have VLANs; at times all of that stands, and the commit is about
+// another port.
 void beside_line(Draft &draft) {
   const std::string port = draft.known_port();
+  const bool is_standing = draft.random.one_in(3);
+  const auto arrival = [&draft, is_standing] { return is_standing ? Arrival::stands : draft.arrival(); };
   const l2vpn::VpnKey line = draft.new_vpn(Family::vpws);
-  draft.attach(line, port, {}, draft.arrival());
+  draft.attach(line, port, {}, arrival());
   for (std::size_t left = 1 + draft.random.number(2); left > 0; --left) {
     const l2vpn::VpnKey vpn = draft.new_vpn(Family::vpls);
     const std::uint32_t vlan = draft.vlan();
-    draft.attach(vpn, port, {vlan, false, {}}, draft.arrival());
+    draft.attach(vpn, port, {vlan, false, {}}, arrival());
   }
+  if (is_standing) draft.attach(draft.new_vpn(Family::vpws), "p20", {300, false, {}}, Arrival::added);
 }
 
 // More interfaces of a transparent service than a warning looks at.
