@@ -52,7 +52,7 @@ std::vector<Commit> smaller_ones(const Commit &commit) {
 TEST(Shrink, of_what_is_left_nothing_can_be_left_out) {
   const element::Schema schema;
   std::size_t shrunk_commits = 0;
-  for (std::uint64_t seed = 0; shrunk_commits < (is_sanitized() ? 3U : 12U); ++seed) {
+  for (std::uint64_t seed = 0; shrunk_commits < (is_sanitized() ? 1U : 8U); ++seed) {
     const Commit whole = maintenance::draw_commit(schema, seed);
     if (maintenance::count_nodes(whole) > 60) continue;
     const Answer answer = maintenance::ask(plugin_file(), whole);
