@@ -74,7 +74,7 @@ void add_calls(const Answer &before, const Answer &after, std::vector<AnswerChan
 }
 
 std::string point_line(const PointVerdict &point) {
-  const std::string where = fmt::format("{} at {}: {}", point.point, point.path, answer_text(point.answer));
+  std::string where = fmt::format("{} at {}: {}", point.point, point.path, answer_text(point.answer));
   if (point.answer == host::Answer::accepted) return where;
   return fmt::format("{} [{}]: {}", where, rule_id_of(point), point.text);
 }

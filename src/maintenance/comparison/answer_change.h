@@ -18,7 +18,7 @@ struct AnswerChange {
   /// "answered->died" and the like. Of the trace "lines". Of calls "FUNCTION:more" or "FUNCTION:fewer".
   std::string direction;
 
-  auto operator<=>(const AnswerChange &) const = default;
+  auto operator<=>(const AnswerChange &) const = default;  // NOLINT(modernize-use-nullptr): means the generated code
 };
 
 struct CompareOptions {

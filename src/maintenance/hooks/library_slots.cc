@@ -83,6 +83,7 @@ class Dynamic {
     const ElfW(Dyn) *entry = find(tag);
     if (entry == nullptr) return nullptr;
     const ElfW(Addr) address = entry->d_un.d_ptr < base_ ? base_ + entry->d_un.d_ptr : entry->d_un.d_ptr;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the loader tells addresses as numbers
     return reinterpret_cast<const T *>(address);
   }
 
@@ -125,6 +126,7 @@ class SlotReader {
     const ElfW(Addr) address = segments_.base + relocation.r_offset;
     Slot slot;
     slot.symbol = names_ + symbol.st_name;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the loader tells addresses as numbers
     slot.address = reinterpret_cast<void **>(address);
     slot.is_writable = is_in(segments_.writable, address) && !is_in(segments_.read_only_after_start, address);
     slot.is_call = is_call;
@@ -190,6 +192,7 @@ std::string build_id(void *library) {
   for (const Range &range : segments_of(*map).notes) {
     ElfW(Addr) at = range.begin;
     while (at + sizeof(ElfW(Nhdr)) <= range.end) {
+      // NOLINTNEXTLINE(performance-no-int-to-ptr): the loader tells addresses as numbers
       const auto *note = reinterpret_cast<const ElfW(Nhdr) *>(at);
       const auto *name = reinterpret_cast<const char *>(note + 1);
       const auto *content = reinterpret_cast<const unsigned char *>(name + padded(note->n_namesz));

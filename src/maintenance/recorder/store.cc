@@ -73,7 +73,7 @@ std::string Store::keep(std::string_view bytes, std::string_view point, std::str
   std::snprintf(number, sizeof number, "%0*llu-%d-", static_cast<int>(kDigits), static_cast<unsigned long long>(next_),
                 static_cast<int>(::getpid()));
   const std::string name = number + as_file_name(point) + "-" + std::string(verdict) + std::string(kEnding);
-  const std::string problem = write(folder_ + "/" + name, bytes);
+  std::string problem = write(folder_ + "/" + name, bytes);
   if (!problem.empty()) return problem;
   ++next_;
   kept_.push_back({name, bytes.size()});

@@ -12,7 +12,7 @@ namespace recorder {
 /// At most so many recordings are kept, and at most so many bytes of them. Where one must go, it is the oldest of
 /// accepted calls as long as there are more of these than a quarter; otherwise the oldest of all.
 inline constexpr std::size_t kMostRecordings = 200;
-inline constexpr std::uint64_t kMostBytes = 64 * 1024 * 1024;
+inline constexpr std::uint64_t kMostBytes = std::uint64_t{64} * 1024 * 1024;
 
 /// The folder of the recordings. What is written belongs to the process; a full disk costs the recording alone.
 class Store {

@@ -16,7 +16,7 @@
 namespace recorder {
 
 /// No recording is larger, in bytes.
-inline constexpr std::size_t kLargestRecording = 8 * 1024 * 1024;
+inline constexpr std::size_t kLargestRecording = std::size_t{8} * 1024 * 1024;
 
 /// What every recording of this process begins with.
 struct Origin {

@@ -10,7 +10,7 @@ namespace recording {
 
 namespace {
 
-constexpr std::size_t kFirstRoom = 64 * 1024;
+constexpr std::size_t kFirstRoom = std::size_t{64} * 1024;
 
 }  // namespace
 

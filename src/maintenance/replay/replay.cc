@@ -152,7 +152,7 @@ std::string bytes_of_account(const recording::Recording &recording, const std::s
     }
   }
   ::close(pipe[1]);
-  const std::string bytes = read_all(pipe[0]);
+  std::string bytes = read_all(pipe[0]);
   ::close(pipe[0]);
   int status = 0;
   while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
