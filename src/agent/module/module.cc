@@ -108,11 +108,11 @@ status_t on_commit(ses_cb_t *session, xml_msg_hdr_t *header, val_value_t *root) 
   return deliver(session, header, root, "commit", ask_about(root));
 }
 
-/// What waits for its confirmation may be rolled back, and after a fall of the agent it is: it is not kept.
-status_t on_committed() {
-  if (agt_ncx_cc_active()) return NO_ERR;
+/// What cannot be kept fails the operation, and the log has the reason.
+template <typename Keep>
+status_t done_or_logged(const Keep &keep) {
   try {
-    keep_datastore(root_of(NCX_CFGID_RUNNING), settings->running);
+    keep();
   } catch (const std::exception &error) {
     Answer failed;
     failed.failure = error.what();
@@ -120,6 +120,12 @@ status_t on_committed() {
     return ERR_NCX_OPERATION_FAILED;
   }
   return NO_ERR;
+}
+
+/// What waits for its confirmation may be rolled back, and after a fall of the agent it is: it is not kept.
+status_t on_committed() {
+  if (agt_ncx_cc_active()) return NO_ERR;
+  return done_or_logged([] { keep_datastore(root_of(NCX_CFGID_RUNNING), settings->running); });
 }
 
 /// The agent's own checks: what is mandatory, references, must and when. They mark what they look at, after which the
@@ -200,15 +206,7 @@ status_t on_get(ses_cb_t *session, rpc_msg_t *message, xml_node_t *method) {
 /// The agent has its startup configuration in a file, which it does not write at once.
 status_t keep_startup(status_t done) {
   if (done != NO_ERR) return done;
-  try {
-    keep_copy(settings->startup, settings->kept_startup);
-  } catch (const std::exception &error) {
-    Answer failed;
-    failed.failure = error.what();
-    log_answer(nullptr, "keep", failed);
-    return ERR_NCX_OPERATION_FAILED;
-  }
-  return NO_ERR;
+  return done_or_logged([] { keep_copy(settings->startup, settings->kept_startup); });
 }
 
 status_t on_copy(ses_cb_t *session, rpc_msg_t *message, xml_node_t *method) {

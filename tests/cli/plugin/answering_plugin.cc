@@ -7,6 +7,7 @@
 #include "confd_dp.h"
 #include "confd_lib.h"
 #include "qnmw_trace.h"
+#include "tests/support/plugin_entry_points.h"
 
 namespace {
 
@@ -27,19 +28,7 @@ void write_trace() {
 
 }  // namespace
 
-extern "C" {
-
-int lib_init(void **state) {
-  *state = nullptr;
-  return 0;
-}
-
-int get_validation_point(char *buffer, int length) {
-  std::snprintf(buffer, static_cast<std::size_t>(length), "vpn_app_validation");
-  return 0;
-}
-
-int validate(confd_trans_ctx *context, confd_hkeypath_t * /*path*/, confd_value_t * /*value*/) {
+extern "C" int validate(confd_trans_ctx *context, confd_hkeypath_t * /*path*/, confd_value_t * /*value*/) {
   if (is_point(*context, "vpn_name_valp")) {
     confd_trans_seterr(context, "this name is hard to read");
     return CONFD_VALIDATION_WARN;
@@ -52,7 +41,4 @@ int validate(confd_trans_ctx *context, confd_hkeypath_t * /*path*/, confd_value_
   if (is_point(*context, "vpn_access_intf_valp")) stop();
   constexpr int no_answer_of_the_contract = 7;
   return is_point(*context, "vpn_sp_valp") ? no_answer_of_the_contract : CONFD_OK;
-}
-
-int lib_finish(void ** /*state*/) { return 0; }
 }

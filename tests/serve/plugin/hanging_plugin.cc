@@ -2,26 +2,10 @@
 
 #include <unistd.h>
 
-#include <cstdio>
-
 #include "confd_dp.h"
 #include "confd_lib.h"
+#include "tests/support/plugin_entry_points.h"
 
-extern "C" {
-
-int lib_init(void **state) {
-  *state = nullptr;
-  return 0;
-}
-
-int get_validation_point(char *buffer, int length) {
-  std::snprintf(buffer, static_cast<std::size_t>(length), "vpn_app_validation");
-  return 0;
-}
-
-int validate(confd_trans_ctx * /*context*/, confd_hkeypath_t * /*path*/, confd_value_t * /*value*/) {
+extern "C" int validate(confd_trans_ctx * /*context*/, confd_hkeypath_t * /*path*/, confd_value_t * /*value*/) {
   for (;;) pause();
-}
-
-int lib_finish(void ** /*state*/) { return 0; }
 }
