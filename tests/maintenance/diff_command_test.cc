@@ -101,9 +101,19 @@ TEST_F(Diff, documents_are_well_formed) {
   EXPECT_TRUE(holds(markdown, "\n| OLD | NEW |\n|---|---|\n| ")) << markdown;
 }
 
+TEST_F(Diff, takes_two_libraries) {
+  for (const auto &[given, times] :
+       std::map<std::string, std::string>{{"", "once"}, {" --plugin y --plugin z", "3 times"}}) {
+    const ProcessResult result = run_process(vpnval_file() + " diff --plugin x" + given + " " + examples + " 2>&1");
+    EXPECT_EQ(result.status, 64);
+    EXPECT_TRUE(holds(result.output, "--plugin is given " + times +
+                                         "; expected two libraries to compare, --plugin OLD --plugin NEW\n"))
+        << result.output;
+  }
+}
+
 TEST_F(Diff, what_cannot_be_compared_is_an_error) {
   fs::create_directory(file("empty"));
-  EXPECT_EQ(run_process(vpnval_file() + " diff --plugin x " + examples + " 2>&1").status, 64);
   EXPECT_EQ(diff(plugin_file(), "").status, 64);
   EXPECT_EQ(diff(plugin_file(), file("empty")).status, 65);
   EXPECT_EQ(diff(plugin_file(), file("none")).status, 66);

@@ -67,9 +67,11 @@ cli::ExitStatus status_of(const Comparison &comparison, const cli::Environment &
 }
 
 cli::ExitStatus diff(const DiffArguments &arguments, const cli::Environment &environment) {
-  if (arguments.libraries.size() != 2) {
+  const std::size_t given = arguments.libraries.size();
+  if (given != 2) {
     throw cli::UsageError(
-        fmt::format("--plugin is given {} times; expected --plugin OLD --plugin NEW", arguments.libraries.size()));
+        fmt::format("--plugin is given {}; expected two libraries to compare, --plugin OLD --plugin NEW",
+                    given == 1 ? "once" : fmt::format("{} times", given)));
   }
   AcceptedChanges accepted;
   for (const std::string &file : arguments.accepted) accepted.read(file);
