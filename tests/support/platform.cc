@@ -14,6 +14,7 @@ namespace scripted {
 namespace {
 
 Platform *active_platform = nullptr;
+std::map<std::string, std::size_t, std::less<>> calls_of_process;
 
 [[noreturn]] void stop(const char *why) {
   std::fprintf(stderr, "scripted platform: %s\n", why);
@@ -115,6 +116,10 @@ void Platform::forget_calls() {
   counts_.clear();
 }
 
+const std::map<std::string, std::size_t, std::less<>> &Platform::calls_of_process() {
+  return scripted::calls_of_process;
+}
+
 void Platform::fail(std::string_view function, std::size_t nth) { faults_[std::string(function)] = {nth, false}; }
 void Platform::fail_from(std::string_view function, std::size_t nth) { faults_[std::string(function)] = {nth, true}; }
 
@@ -128,6 +133,7 @@ std::vector<std::string> Platform::leaks() const {
 
 bool Platform::enter(std::string_view function, std::string_view detail) {
   const std::size_t nth = ++counts_[std::string(function)];
+  ++scripted::calls_of_process[std::string(function)];
   if (function != "confd_free_value") {
     calls_.emplace_back(function);
     if (!detail.empty()) calls_.back().append(" ").append(detail);

@@ -139,6 +139,9 @@ class Platform {
   std::size_t count(std::string_view function) const;
   void forget_calls();
 
+  /// How often each function was called in this process, whatever platform was active.
+  static const std::map<std::string, std::size_t, std::less<>> &calls_of_process();
+
   /// Makes the n-th call (from 1, since the last forget_calls()) of a function fail, or that and all later ones. What
   /// was asked for that function before no longer counts.
   void fail(std::string_view function, std::size_t nth);

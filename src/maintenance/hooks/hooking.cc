@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 #include <vector>
 
 #include "maintenance/hooks/library_slots.h"
@@ -30,13 +29,6 @@ constexpr NamedSymbol kNamedSymbols[] = {
     {"_ZNK21QnConfdCdbSessionBase6SocketEv", Function::cdb_session_socket},
     {"_ZNSt6chrono3_V212system_clock3nowEv", Function::system_clock_now},
 };
-
-std::optional<Function> function_of(std::string_view symbol) {
-  for (const NamedSymbol &named : kNamedSymbols) {
-    if (named.symbol == symbol) return named.function;
-  }
-  return recording::function_named(symbol);
-}
 
 /// Whether the address lies in a library of the compiler or of the C library, which a sanitizer's may stand before.
 bool is_of_runtime(const void *address) {
@@ -89,6 +81,13 @@ int *error_number_of(const std::vector<Slot> &slots) {
 }
 
 }  // namespace
+
+std::optional<Function> function_of(std::string_view symbol) {
+  for (const NamedSymbol &named : kNamedSymbols) {
+    if (named.symbol == symbol) return named.function;
+  }
+  return recording::function_named(symbol);
+}
 
 Hooked hook(void *library, const Addresses &replacements) {
   Hooked hooked;

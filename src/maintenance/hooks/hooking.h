@@ -2,7 +2,9 @@
 #define MAINTENANCE_HOOKS_HOOKING_H
 
 #include <array>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "maintenance/recording/function.h"
 
@@ -10,6 +12,9 @@ namespace hooks {
 
 /// An address for each function; null where there is none.
 using Addresses = std::array<void *, recording::function_count>;
+
+/// The function that is called by this symbol; none where it is none whose calls are recorded.
+std::optional<recording::Function> function_of(std::string_view symbol);
 
 struct Hooked {
   Addresses originals{};        ///< what the library called before

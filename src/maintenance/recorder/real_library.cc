@@ -49,22 +49,13 @@ bool look_up_all(void *library, RealLibrary &real) {
          look_up(library, "validate", real.validate) && look_up(library, "lib_finish", real.lib_finish);
 }
 
-hooks::Addresses replacements() {
-  hooks::Addresses addresses{};
-  add_agent(addresses);
-  add_cursors(addresses);
-  add_card(addresses);
-  add_middleware(addresses);
-  return addresses;
-}
-
 // Without a folder nothing stands between the library and the platform.
 bool record(void *library) {
   if (!store().exists()) {
     say("nothing is recorded: there is no folder " + store().folder());
     return false;
   }
-  hooked = hooks::hook(library, replacements());
+  hooked = hooks::hook(library, all_replacements());
   if (!hooked.problem.empty()) {
     say(std::string(kRealName) + " is used without recording: " + hooked.problem);
     return false;

@@ -12,6 +12,16 @@ void add_cursors(hooks::Addresses &replacements);
 void add_card(hooks::Addresses &replacements);
 void add_middleware(hooks::Addresses &replacements);
 
+/// All of them.
+inline hooks::Addresses all_replacements() {
+  hooks::Addresses replacements{};
+  add_agent(replacements);
+  add_cursors(replacements);
+  add_card(replacements);
+  add_middleware(replacements);
+  return replacements;
+}
+
 /// Sets one.
 template <typename Type>
 void add(hooks::Addresses &replacements, recording::Function function, Type *replacement) {
