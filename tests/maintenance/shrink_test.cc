@@ -29,6 +29,17 @@ TEST(Ddmin, finds_a_part_of_which_nothing_can_be_left_out) {
             (Numbers{1, 2, 3}));
 }
 
+TEST(Ddmin, asks_about_no_part_twice) {
+  Numbers all;
+  for (int i = 0; i < 100; ++i) all.push_back(i);
+  std::set<Numbers> asked;
+  const auto needs_all = [&](const Numbers &part) {
+    EXPECT_TRUE(asked.insert(part).second) << part.size();
+    return false;
+  };
+  EXPECT_EQ(maintenance::ddmin(all, needs_all), all);
+}
+
 /// Every commit with one node fewer, or one change fewer.
 std::vector<Commit> smaller_ones(const Commit &commit) {
   std::vector<Commit> smaller;

@@ -49,12 +49,12 @@ class Asker {
     set_alarm();
     Answer answer;
     try {
-      const Commit commit = row_.commit(number);
+      Commit commit = row_.commit(number);
       if (is_of_another_card(*commit.profile)) {
         send(kPassedOver, {});
         return true;
       }
-      answer = answer_about(commit);
+      answer = answer_about(std::move(commit));
     } catch (const std::exception &error) {
       answer.end = AnswerEnd::not_decided;
       answer.failure = error.what();
@@ -71,9 +71,10 @@ class Asker {
     return false;
   }
 
-  Answer answer_about(const Commit &commit) {
+  Answer answer_about(Commit commit) {
     Answer answer;
-    const auto transaction = element::make_transaction(commit.running, commit.candidate, *commit.profile);
+    const auto transaction =
+        element::make_transaction(std::move(commit.running), std::move(commit.candidate), *commit.profile);
     host::HostSession session(*commit.profile);
     try {
       const host::Plugin plugin(library_);

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <map>
 
 #include "maintenance/shrinking/configuration_nodes.h"
 #include "maintenance/shrinking/ddmin.h"
@@ -63,7 +64,19 @@ class Shrinker {
     const std::vector<std::size_t> kept = ddmin(all, [&](const auto &part) { return holds(without_all_but(part)); });
     if (kept.size() == count) return false;
     shrunk_.commit = without_all_but(kept);
+    ++version_;
     return true;
+  }
+
+  /// Does a step, unless it would ask what it has asked already: when it was done last, it made nothing smaller, nor
+  /// did any step since then.
+  template <typename Step>
+  bool do_unless_done(std::size_t number, const Step &step) {
+    const auto done = done_.find(number);
+    if (done != done_.end() && done->second == version_) return false;
+    const bool is_smaller = step();
+    if (!is_smaller) done_[number] = version_;
+    return is_smaller;
   }
 
   /// One round; false where nothing went.
@@ -72,14 +85,18 @@ class Shrinker {
     for (std::size_t depth = 0;; ++depth) {
       const std::vector<CommitNode> nodes = nodes_at(shrunk_.commit, depth);
       if (nodes.empty()) break;
-      is_smaller |= leave_out(nodes.size(), [&nodes](Commit &commit, std::size_t number) {
-        erase_node(commit.running, nodes[number].path);
-        erase_node(commit.candidate, nodes[number].path);
-      });
+      is_smaller |= do_unless_done(kFirstDepth + depth, [&] { return leave_out_nodes(nodes); });
     }
-    is_smaller |= take_changes_back();
-    is_smaller |= make_changes_before();
+    is_smaller |= do_unless_done(kTakeBack, [this] { return take_changes_back(); });
+    is_smaller |= do_unless_done(kMakeBefore, [this] { return make_changes_before(); });
     return is_smaller;
+  }
+
+  bool leave_out_nodes(const std::vector<CommitNode> &nodes) {
+    return leave_out(nodes.size(), [&nodes](Commit &commit, std::size_t number) {
+      erase_node(commit.running, nodes[number].path);
+      erase_node(commit.candidate, nodes[number].path);
+    });
   }
 
   bool take_changes_back() {
@@ -143,9 +160,16 @@ class Shrinker {
            (kind == NameKind::interface && shrunk_.commit.profile->by_name(name) != nullptr);
   }
 
+  // Steps of a round; those of the depths follow.
+  static constexpr std::size_t kTakeBack = 0;
+  static constexpr std::size_t kMakeBefore = 1;
+  static constexpr std::size_t kFirstDepth = 2;
+
   const Reproduces &reproduces_;
   const std::size_t most_questions_;
   ShrunkCommit shrunk_;
+  std::size_t version_ = 0;                    ///< of the commit: how often something was left out
+  std::map<std::size_t, std::size_t> done_{};  ///< step -> version that it left as it was
 };
 
 }  // namespace
