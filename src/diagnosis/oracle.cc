@@ -1,6 +1,5 @@
 #include "diagnosis/oracle.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace diagnosis {
@@ -19,14 +18,9 @@ Oracle::Oracle(const host::Plugin &plugin, host::HostSession &session, const Ent
       entries_(entries),
       changes_(changes),
       messages_(messages),
-      options_(options),
       projector_(session.profile()),
-      begin_(now()) {
+      budget_(options) {
   projector_.keep(entries.tree().running(), entries.tree().candidate());
-}
-
-std::chrono::steady_clock::time_point Oracle::now() const {
-  return options_.now ? options_.now() : std::chrono::steady_clock::now();
 }
 
 // Questions about the same two configurations are one question, which is asked once: an addition that is taken back is
@@ -74,38 +68,20 @@ std::optional<NumberSet> Oracle::ask(element::Tree running, element::Tree candid
 }
 
 std::optional<NumberSet> Oracle::ask_library(const std::function<std::unique_ptr<element::Transaction>()> &make) {
-  if (has_ended()) return std::nullopt;
-  if (calls_ >= options_.budget.calls) {
-    end_ = SearchEnd::calls;
-    return std::nullopt;
-  }
-  if (options_.progress) options_.progress(calls_, findings);
-  ++calls_;
+  if (budget_.is_used_up()) return std::nullopt;
+  budget_.start_call(findings);
   try {
     return messages_.numbers_of(
         host::validate_commit(plugin_, session_, *make(), {.all_points = true, .keep_accepted = false}));
   } catch (const host::ContractError &error) {
-    end_ = SearchEnd::contract_violation;
-    contract_violation_ = error.what();
+    budget_.end_with_violation(error.what());
     return std::nullopt;
   }
-}
-
-std::chrono::milliseconds Oracle::time_left() const {
-  const auto used = std::chrono::duration_cast<std::chrono::milliseconds>(now() - begin_);
-  return std::max(options_.budget.time - used, std::chrono::milliseconds(0));
 }
 
 bool Oracle::reproduces(const NumberSet &entries, std::uint32_t message) {
   const std::optional<NumberSet> answer = ask({entries, {}});
   return answer && contains(*answer, message);
-}
-
-bool Oracle::has_ended() {
-  if (end_ != SearchEnd::complete) return true;
-  if (now() - begin_ >= options_.budget.time) end_ = SearchEnd::time;
-  if (options_.is_interrupted && options_.is_interrupted()) end_ = SearchEnd::interrupted;
-  return end_ != SearchEnd::complete;
 }
 
 std::size_t Oracle::Hash::operator()(const RestrictedCommit &commit) const {

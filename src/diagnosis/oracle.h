@@ -1,7 +1,6 @@
 #ifndef DIAGNOSIS_ORACLE_H
 #define DIAGNOSIS_ORACLE_H
 
-#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -10,7 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "diagnosis/diagnose.h"
+#include "diagnosis/budget_use.h"
 #include "diagnosis/messages.h"
 #include "diagnosis/restricted_commit.h"
 
@@ -39,15 +38,14 @@ class Oracle {
 
   /// The search must end: a question was refused because the calls are used up, the time is over, the user interrupts,
   /// or the library broke its contract. Asked in loops that take long without a question, too.
-  bool has_ended();
-  SearchEnd end() const { return end_; }
-  std::uint64_t calls() const { return calls_; }
-  std::uint64_t calls_left() const { return options_.budget.calls - calls_; }
-  std::chrono::milliseconds time_left() const;
+  bool has_ended() { return budget_.has_ended(); }
+  SearchEnd end() const { return budget_.end(); }
+  std::uint64_t calls() const { return budget_.calls(); }
+  Budget left() const { return budget_.left(); }
 
   /// Counts calls that another search made on the same budget.
-  void add_calls(std::uint64_t calls) { calls_ += calls; }
-  const std::string &contract_violation() const { return contract_violation_; }
+  void add_calls(std::uint64_t calls) { budget_.add_calls(calls); }
+  const std::string &contract_violation() const { return budget_.contract_violation(); }
 
   std::size_t findings = 0;  ///< so far, for the progress
 
@@ -58,7 +56,6 @@ class Oracle {
     std::size_t operator()(const RestrictedCommit &commit) const;
   };
 
-  std::chrono::steady_clock::time_point now() const;
   RestrictedCommit normalised(RestrictedCommit commit) const;
   std::optional<NumberSet> ask_normalised(const RestrictedCommit &commit);
   bool has_room_for(const RestrictedCommit &commit);
@@ -69,12 +66,8 @@ class Oracle {
   const Entries &entries_;
   const RevertibleChanges &changes_;
   Messages &messages_;
-  const Options &options_;
   element::Projector projector_;
-  std::chrono::steady_clock::time_point begin_;
-  std::uint64_t calls_ = 0;
-  SearchEnd end_ = SearchEnd::complete;
-  std::string contract_violation_;
+  BudgetUse budget_;
   std::unordered_map<RestrictedCommit, NumberSet, Hash> known_;
   std::size_t kept_of_large_ = 0;  ///< numbers in the large questions among these
   NumberSet taken_back_;

@@ -25,7 +25,8 @@ bool is_of_order(const SearchContext &context, const FoundConflict &conflict) {
 Options share_of_budget(const Oracle &oracle, const Options &options) {
   Options share = options;
   share.with_repairs = false;
-  share.budget = {oracle.calls_left() / 2, oracle.time_left() / 2};
+  const Budget left = oracle.left();
+  share.budget = {left.calls / 2, left.time / 2};
   if (options.progress) {
     share.progress = [&options, made = oracle.calls()](std::uint64_t calls, std::size_t findings) {
       options.progress(made + calls, findings);

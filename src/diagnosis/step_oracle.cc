@@ -16,25 +16,8 @@ constexpr std::size_t kLargestKeptStage = 128;
 
 StepOracle::StepOracle(const host::Plugin &plugin, host::HostSession &session, const MergedTree &tree,
                        const Stages &stages, const Options &options)
-    : plugin_(plugin),
-      session_(session),
-      stages_(stages),
-      options_(options),
-      projector_(session.profile()),
-      begin_(now()) {
+    : plugin_(plugin), session_(session), stages_(stages), projector_(session.profile()), budget_(options) {
   projector_.keep(tree.running(), tree.candidate());
-}
-
-std::chrono::steady_clock::time_point StepOracle::now() const {
-  return options_.now ? options_.now() : std::chrono::steady_clock::now();
-}
-
-bool StepOracle::has_ended() {
-  if (end_ != SearchEnd::complete) return true;
-  if (calls_ >= options_.budget.calls) end_ = SearchEnd::calls;
-  if (now() - begin_ >= options_.budget.time) end_ = SearchEnd::time;
-  if (options_.is_interrupted && options_.is_interrupted()) end_ = SearchEnd::interrupted;
-  return end_ != SearchEnd::complete;
 }
 
 bool StepOracle::accepts(const Stage &from, const Stage &to) {
@@ -55,14 +38,12 @@ std::optional<host::Verdict> StepOracle::ask_on_nothing(const element::Tree &con
 
 std::optional<host::Verdict> StepOracle::ask(element::Tree running, element::Tree candidate, bool all_points) {
   if (has_ended()) return std::nullopt;
-  if (options_.progress) options_.progress(calls_, 0);
-  ++calls_;
+  budget_.start_call();
   try {
     const auto transaction = element::make_transaction(std::move(running), std::move(candidate), projector_);
     return host::validate_commit(plugin_, session_, *transaction, {.all_points = all_points});
   } catch (const host::ContractError &error) {
-    end_ = SearchEnd::contract_violation;
-    contract_violation_ = error.what();
+    budget_.end_with_violation(error.what());
     return std::nullopt;
   }
 }

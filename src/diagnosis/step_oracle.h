@@ -1,14 +1,13 @@
 #ifndef DIAGNOSIS_STEP_ORACLE_H
 #define DIAGNOSIS_STEP_ORACLE_H
 
-#include <chrono>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
 #include <utility>
 
-#include "diagnosis/diagnose.h"
+#include "diagnosis/budget_use.h"
 #include "diagnosis/stages.h"
 
 namespace diagnosis {
@@ -29,15 +28,14 @@ class StepOracle {
   std::optional<host::Verdict> ask_on_nothing(const element::Tree &configuration);
 
   /// Counts calls that another search made on the same budget.
-  void add_calls(std::uint64_t calls) { calls_ += calls; }
+  void add_calls(std::uint64_t calls) { budget_.add_calls(calls); }
 
-  bool has_ended();
-  std::uint64_t calls() const { return calls_; }
-  SearchEnd end() const { return end_; }
-  const std::string &contract_violation() const { return contract_violation_; }
+  bool has_ended() { return budget_.is_used_up(); }
+  std::uint64_t calls() const { return budget_.calls(); }
+  SearchEnd end() const { return budget_.end(); }
+  const std::string &contract_violation() const { return budget_.contract_violation(); }
 
  private:
-  std::chrono::steady_clock::time_point now() const;
   std::optional<host::Verdict> ask(element::Tree running, element::Tree candidate, bool all_points);
 
   /// A file with the configuration is read back without an error.
@@ -46,13 +44,9 @@ class StepOracle {
   const host::Plugin &plugin_;
   host::HostSession &session_;
   const Stages &stages_;
-  const Options &options_;
   element::Projector projector_;
-  std::chrono::steady_clock::time_point begin_;
+  BudgetUse budget_;
   std::map<std::pair<Stage, Stage>, bool> known_;
-  std::uint64_t calls_ = 0;
-  SearchEnd end_ = SearchEnd::complete;
-  std::string contract_violation_;
 };
 
 }  // namespace diagnosis

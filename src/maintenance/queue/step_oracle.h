@@ -1,13 +1,12 @@
 #ifndef MAINTENANCE_QUEUE_STEP_ORACLE_H
 #define MAINTENANCE_QUEUE_STEP_ORACLE_H
 
-#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "diagnosis/diagnose.h"
+#include "diagnosis/budget_use.h"
 #include "element/projection/projection.h"
 #include "maintenance/queue/queued_change.h"
 
@@ -43,31 +42,26 @@ class StepOracle {
   element::Tree after(const element::Tree &before, std::size_t change) const;
 
   /// The search must end, because the budget is used up, a signal has come, or the library broke its contract.
-  bool has_ended();
+  bool has_ended() { return budget_.is_used_up(); }
 
   /// Counts calls that another search made on the same budget.
-  void add_calls(std::uint64_t calls) { calls_ += calls; }
+  void add_calls(std::uint64_t calls) { budget_.add_calls(calls); }
 
   /// What is left of the budget.
-  diagnosis::Budget left() const;
+  diagnosis::Budget left() const { return budget_.left(); }
 
-  std::uint64_t calls() const { return calls_; }
-  diagnosis::SearchEnd end() const { return end_; }
-  const std::string &contract_violation() const { return contract_violation_; }
+  std::uint64_t calls() const { return budget_.calls(); }
+  diagnosis::SearchEnd end() const { return budget_.end(); }
+  const std::string &contract_violation() const { return budget_.contract_violation(); }
 
  private:
-  std::chrono::steady_clock::time_point now() const;
   Step ask_library(const element::Tree &before, element::Tree candidate);
 
   const host::Plugin &plugin_;
   host::HostSession &session_;
   const std::vector<QueuedChange> &changes_;
-  const diagnosis::Options &options_;
   element::Projector projector_;
-  std::chrono::steady_clock::time_point begin_;
-  std::uint64_t calls_ = 0;
-  diagnosis::SearchEnd end_ = diagnosis::SearchEnd::complete;
-  std::string contract_violation_;
+  diagnosis::BudgetUse budget_;
 };
 
 }  // namespace queue
