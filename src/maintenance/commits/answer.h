@@ -13,15 +13,15 @@ namespace maintenance {
 
 /// How asking a library about a commit ended.
 enum class AnswerEnd {
-  answered,
+  answered,        ///< every point has its verdict
   died,            ///< the process ended in the middle; `failure` says how
   broke_contract,  ///< host::ContractError
-  not_decided,     ///< no question was asked, for the configurations do not fit the element
+  not_decided,     ///< the library was not asked: the configurations do not fit the element
   not_loaded,      ///< host::LoadError
   diverged         ///< of a recording: it asked for what was not recorded; `failure` says what
 };
 
-/// What a library says of a commit: every validation point that it fires, also behind a rejection.
+/// What a library answers to a commit: at all validation points that the commit triggers, also behind a rejection.
 struct Answer {
   AnswerEnd end = AnswerEnd::answered;
   std::string failure;  ///< empty where it answered

@@ -11,7 +11,7 @@
 
 namespace maintenance {
 
-/// Commits to ask about, by number.
+/// Commits by number, each made when it is asked about, so that not all of them are in memory.
 struct CommitRow {
   std::size_t size = 0;
   std::function<Commit(std::size_t number)> commit;  ///< called in the processes that ask, maybe more than once
@@ -22,16 +22,17 @@ struct AskOptions {
   std::function<void(std::size_t answered)> progress = [](std::size_t) {};  ///< called now and then
 };
 
-/// Asks a library about each of the commits, in processes of their own: those of one process are made on elements with
-/// the same card, whose limits a library reads once. What a library does to its process is an answer: where it ends it,
-/// or takes more than a minute of CPU time, the answer says so, and another process goes on behind that commit. An
-/// exception of CommitRow::commit is an answer, too, not_decided. Throws host::LoadError where the file is no library
-/// that can be asked, and std::system_error where no process can be made.
+/// Asks a library about each of the commits, in child processes; the answers have the order of the commits. A library
+/// reads a card's limits once in a process, so commits to elements with other cards go to other processes. Where the
+/// library ends its process, or uses more than a minute of CPU time for a commit, the answer is AnswerEnd::died, and
+/// another process goes on with the next commit. Where CommitRow::commit throws, it is AnswerEnd::not_decided with the
+/// exception's text. Throws host::LoadError where the file is no library that can be asked, and std::system_error where
+/// no process can be made.
 ///
-/// This process must have no other thread, and neither a host session nor the library.
+/// Precondition: this process has no other thread and no host session, and has not loaded the library.
 std::vector<Answer> ask_all(const std::filesystem::path &library, const CommitRow &row, const AskOptions &options = {});
 
-/// Of one commit.
+/// The answer to one commit, as ask_all() has it.
 Answer ask(const std::filesystem::path &library, const Commit &commit);
 
 }  // namespace maintenance

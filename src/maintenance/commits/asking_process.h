@@ -12,11 +12,12 @@
 
 namespace maintenance {
 
-/// One process that asks about some commits of a row, in their order. It ends early behind an answer after which the
-/// library cannot be asked on, and passes over commits on elements with another card than that of the first one.
+/// A child process that asks a library about some commits of a row, in their order. It ends early where the library
+/// broke its contract or could not be loaded, and passes over commits to elements with another card than the first
+/// one's; rest() has what was not asked for either reason.
 class AskingProcess {
  public:
-  /// Starts it. `numbers` is not empty. Throws std::system_error.
+  /// Starts it. `numbers`, of the commits in the row, is not empty. Throws std::system_error.
   AskingProcess(const std::filesystem::path &library, const CommitRow &row, std::vector<std::size_t> numbers);
 
   /// Kills it where it still runs.
@@ -24,7 +25,7 @@ class AskingProcess {
   AskingProcess(const AskingProcess &) = delete;
   AskingProcess &operator=(const AskingProcess &) = delete;
 
-  /// Readable when there is something to take.
+  /// For poll(): readable when take() would not wait.
   int descriptor() const { return pipe_.number(); }
 
   struct Taken {
@@ -32,8 +33,8 @@ class AskingProcess {
     bool is_ended = false;
   };
 
-  /// Takes what has been answered, waiting where nothing has. At the end of a process that died, the commit at which
-  /// it died is among the answers.
+  /// The answers that arrived since the last call; waits for one where none has. Of a process that died, the last
+  /// answer is AnswerEnd::died, for the commit that it was asking about.
   Taken take();
 
   /// The numbers that are still to be asked about, by another process. Valid once it has ended.

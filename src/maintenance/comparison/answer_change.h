@@ -9,9 +9,10 @@
 
 namespace maintenance {
 
-/// What became another between the answers of two builds.
+/// One difference between the answers of two builds, OLD and NEW, to the same commit.
 struct AnswerChange {
-  /// The rule that says something now, else the one that did; "library" where a build fails, "trace" or "calls".
+  /// Id of the rule that NEW's message is of, or OLD's where NEW has none; "library" where a build fails; "trace";
+  /// "calls".
   std::string rule;
   /// Of a rule "accepted->rejected", "rejected->warned" and their like, "text" for other words of the same rule, or
   /// "rejected->rejected:RULE" where another rule of the point says something in its place. Of the library
@@ -26,11 +27,11 @@ struct CompareOptions {
   bool calls = false;  ///< how often it called each platform function, but for those by which it asks for more time
 };
 
-/// The changes, each once, in the order of the validation points; where both fail alike, or answer the same, none.
+/// All differences, each once, in the order of the validation points. None where both fail alike or answer the same.
 std::vector<AnswerChange> changes_between(const Answer &before, const Answer &after, const CompareOptions &options);
 
-/// What becomes another for the operator, who is told the first rejection or the warnings: "accepted -> rejected" and
-/// the like; "other words" for the same decision; "behind the first rejection" where only other questions show it.
+/// What changes for the operator, who is told the first rejection or the warnings: "accepted -> rejected" and the like;
+/// "other words" where the decision is the same; "behind the first rejection" where only later points differ.
 /// Precondition: there are changes.
 std::string verdict_direction(const Answer &before, const Answer &after);
 

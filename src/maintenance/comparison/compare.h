@@ -13,15 +13,15 @@
 
 namespace maintenance {
 
-/// Questions that were recorded on an element, by number: all answers of the platform are known, and nothing of the
-/// commit but those.
+/// Recorded questions by number. Every answer that the platform gave to the library is known; of the commit, only what
+/// these answers tell.
 struct RecordedRow {
   std::size_t size = 0;
   std::function<Answer(std::size_t number, const std::filesystem::path &library)> ask{};
   std::function<std::optional<Commit>(std::size_t number)> commit{};  ///< what is known of the commit; maybe none
 };
 
-/// Commits and, behind them, recorded questions, all with names.
+/// Commits and, numbered behind them, recorded questions; each has a name.
 struct Corpus {
   CommitRow row;
   RecordedRow recorded;

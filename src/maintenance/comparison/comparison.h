@@ -19,9 +19,9 @@ struct ComparedLibrary {
   std::string build_id;
 };
 
-/// What shows a change: a small commit, or a recorded question.
+/// The example of a change: a shrunk commit, or a recorded question.
 struct ShownChange {
-  std::string origin;  ///< the name of the commit in the corpus that it is of
+  std::string origin;  ///< name, in the corpus, of the commit that was shrunk
   std::optional<Commit> commit;
   std::size_t nodes_before = 0;  ///< 0 without a commit
   std::size_t nodes_after = 0;
@@ -29,7 +29,7 @@ struct ShownChange {
   std::vector<std::string> new_lines{};
 };
 
-/// The commits in which one thing became another.
+/// All commits of the corpus with the same change.
 struct ChangeGroup {
   AnswerChange change;
   std::size_t commits = 0;
@@ -37,7 +37,7 @@ struct ChangeGroup {
   std::optional<ShownChange> shown;
 };
 
-/// What two builds answer to a corpus.
+/// How the answers of two builds to a corpus differ.
 struct Comparison {
   ComparedLibrary old_library;
   ComparedLibrary new_library;

@@ -14,7 +14,7 @@ namespace maintenance {
 struct RuleReach {
   std::size_t rejected = 0;  ///< commits that it rejects, maybe behind another rejection
   std::size_t warned = 0;
-  std::size_t told = 0;  ///< commits whose operator is told it first
+  std::size_t told = 0;  ///< commits in which its message is the first that the operator is told
 };
 
 /// What a corpus reaches with a library.

@@ -6,20 +6,20 @@
 
 namespace cost {
 
-/// The text that `make` returns in a child of this process, which ends with it. Throws std::runtime_error with the text
-/// of an exception that leaves `make`, or where the child dies otherwise.
+/// Runs `make` in a child process and returns its text. Throws std::runtime_error with the text of an exception that
+/// leaves `make`, or where the child dies of something else.
 std::string text_of_child(const std::function<std::string()> &make);
 
-/// What a child has written until it ended.
+/// What a child process has written.
 struct ChildOutput {
   std::string text;
-  bool has_died = false;  ///< in the middle; else it wrote all that it had to
+  bool has_died = false;  ///< before `make` returned, so that the text may be cut
 };
 
 using Write = std::function<void(const std::string &)>;
 
-/// What `make` writes in a child of this process, up to where the child dies, if it does. Nothing of what else the
-/// child prints on standard error is seen. Throws std::runtime_error with the text of an exception that leaves `make`.
+/// Runs `make` in a child process and returns what it wrote, also where the child died on the way. What the child
+/// prints on standard error is dropped. Throws std::runtime_error with the text of an exception that leaves `make`.
 ChildOutput output_of_child(const std::function<void(const Write &)> &make);
 
 }  // namespace cost

@@ -23,7 +23,7 @@ struct StepCost {
   std::uint64_t total() const;
 };
 
-/// A validation point that was asked; of one that fires for each interface, all of its questions.
+/// One validation point. Where it is triggered more than once, as one for each interface, its questions are added up.
 struct PointCost {
   std::string point;
   std::vector<StepCost> steps;         ///< in the order of their first calls
@@ -65,10 +65,10 @@ struct Measured {
   std::chrono::nanoseconds waited_time{};  ///< of the whole commit where each call waited
 };
 
-/// Has a library decide a commit as the element does, and counts its platform calls by step; its clock is moved by the
-/// latency of each call. In a process of its own, for a library keeps limits as long as its process lives. Throws
-/// host::LoadError, host::ContractError and std::runtime_error, as what they are or as std::runtime_error with their
-/// text.
+/// Has a library decide a commit as the element does, and counts its platform calls by step. The library sees a clock
+/// that each call moves by its latency. This takes place in a child process, because a library keeps a card's limits as
+/// long as its process lives. Throws std::runtime_error; what() is the reason, as that of a library that cannot be
+/// loaded or breaks its contract.
 Measured measure(const std::filesystem::path &library, const maintenance::Commit &commit,
                  const MeasureOptions &options);
 

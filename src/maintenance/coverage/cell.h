@@ -9,11 +9,11 @@
 
 namespace coverage {
 
-/// One thing that a commit can show of the library. Two kinds, told apart by `rule`:
-/// a rule that draws its message, as it is or because a platform call fails, or whose point accepts; and what a point
-/// answers where a platform call fails.
+/// One observation of the library that a commit can lead to; a corpus should have a commit for each. Of a rule: it gave
+/// its message ("draws"; "draws-on-failure" where a platform call had to fail for it), or its validation point accepted
+/// ("passes"). Of a platform call that was made to fail: what the validation point answered then.
 struct Cell {
-  std::string rule;      ///< id; empty: of a failed call
+  std::string rule;      ///< id of the rule; empty: the cell is of a failed call
   std::string point;     ///< failed call: the validation point
   std::string step;      ///< failed call: the step of the library that made it
   std::string function;  ///< failed call: the platform function

@@ -11,13 +11,13 @@
 
 namespace coverage {
 
-/// Who fills a cell.
+/// The commits of the corpus in which a cell was observed.
 struct Filled {
   std::size_t commits = 0;
   std::string first;  ///< name of the first of them
 };
 
-/// A commit that was searched for because it fills a cell.
+/// A drawn commit that fills a cell which the corpus leaves empty.
 struct FillingCommit {
   Cell cell;
   std::string name;  ///< "seed 17", and the folder where it was written

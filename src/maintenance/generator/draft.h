@@ -14,8 +14,13 @@
 
 namespace maintenance {
 
-/// How a thing comes into a commit.
-enum class Arrival { stands, added, removed, changed };
+/// What a commit does with a thing.
+enum class Arrival {
+  stands,   ///< nothing: it is in both configurations
+  added,    ///< it is in the candidate alone
+  removed,  ///< it is in the running configuration alone
+  changed   ///< it is in both, with other content in each
+};
 
 /// What a VPN takes of a port. For a VPLS VPN, the VLAN is its bridge domain's.
 struct Claim {
@@ -50,8 +55,8 @@ class Draft {
   l2vpn::VpnKey new_vpn(l2vpn::Family family);
   BridgeDomain bridge_domain();
 
-  /// Calls with the configurations that a thing which arrives so stands in; `is_before` where the thing is another
-  /// before the commit.
+  /// Calls `put` with each configuration that a thing of this arrival is in, the running one first. `is_before` is true
+  /// for the running configuration of a thing that changes, which gets the content before the change.
   void each_side(Arrival arrival, const std::function<void(element::Tree &, bool is_before)> &put);
 
   // Puts a thing into the configurations that it stands in, in place of what is there. A thing that changes is drawn

@@ -12,10 +12,10 @@ bool write(recording::Writer &writer, const confd_value_t &value);
 /// Writes a path with its keys.
 bool write(recording::Writer &writer, const confd_hkeypath_t &path);
 
-/// As what it was when it was written; texts stay where they are, ended by a zero byte.
+/// The agent's value that was recorded as this one. Its text is not copied, so it lives as long as `value`.
 confd_value_t borrowed(const recording::AgentValue &value);
 
-/// What write() would write of it.
+/// The value as a recording holds it.
 recording::AgentValue recorded(const confd_value_t &value);
 
 }  // namespace hooks

@@ -58,54 +58,34 @@ const char *FormatArguments::width(const char *at, Source &source, long &width) 
   return at;
 }
 
-// Whatever a conversion that printf does not have takes, it is a pointer or a number: one word.
 const char *FormatArguments::conversion(const char *at, Source &source) {
   at += std::strspn(at, "-+ #0'");
   long ignored = 0;
   at = width(at, source, ignored);
-  long precision = -1;
-  if (*at == '.') at = width(at + 1, source, precision);
-  const bool is_wide = *at == 'l';
-  const int size = size_of_number(at);
+  Conversion conversion;
+  if (*at == '.') at = width(at + 1, source, conversion.precision);
+  conversion.is_wide = *at == 'l';
+  conversion.number_size = size_of_number(at);
+  conversion.letter = *at;
   if (*at == '\0') {
     is_known_ = false;
     return at;
   }
-  switch (*at) {
-    case 'd':
-    case 'i':
-      number(true, size, source);
-      break;
-    case 'u':
-    case 'x':
-    case 'X':
-    case 'o':
-      number(false, size, source);
-      break;
-    case 'c':
-      number(true, sizeof(int), source);
-      break;
-    case 's':
-      if (is_wide) {
-        pointer(source);
-      } else {
-        text(precision, source);
-      }
-      break;
-    case 'f':
-    case 'F':
-    case 'e':
-    case 'E':
-    case 'g':
-    case 'G':
-    case 'a':
-    case 'A':
-      real(source);
-      break;
-    default:
-      pointer(source);
-  }
+  argument(conversion, source);
   return at + 1;
+}
+
+// Whatever a conversion that printf does not have takes, it is a pointer or a number: one word.
+void FormatArguments::argument(const Conversion &conversion, Source &source) {
+  const auto is_one_of = [&conversion](std::string_view letters) {
+    return letters.find(conversion.letter) != std::string_view::npos;
+  };
+  if (conversion.letter == 's' && !conversion.is_wide) return text(conversion.precision, source);
+  if (is_one_of("di")) return number(true, conversion.number_size, source);
+  if (is_one_of("uxXo")) return number(false, conversion.number_size, source);
+  if (conversion.letter == 'c') return number(true, sizeof(int), source);
+  if (is_one_of("fFeEgGaA")) return real(source);
+  pointer(source);
 }
 
 void FormatArguments::number(bool is_signed, int size, Source &source) {

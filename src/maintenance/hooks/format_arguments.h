@@ -65,8 +65,17 @@ class FormatArguments {
     return function(fixed..., double_[Double]..., word_[Word]...);
   }
 
+  /// What stands behind a percent sign, but for flags and width.
+  struct Conversion {
+    char letter = '\0';
+    bool is_wide = false;  ///< with `l`
+    int number_size = 0;   ///< bytes of the number that a letter of numbers takes
+    long precision = -1;   ///< -1: none
+  };
+
   static recording::Item item_of(const Argument &argument);
   const char *conversion(const char *at, Source &source);
+  void argument(const Conversion &conversion, Source &source);
   const char *width(const char *at, Source &source, long &width);
   void number(bool is_signed, int size, Source &source);
   void text(long precision, Source &source);

@@ -9,13 +9,13 @@
 
 namespace hooks {
 
-/// Numbers for addresses: what a pointer stands for is the n-th of its kind in a recording. It keeps the last addresses
-/// of each kind; a cursor that was left open a long time ago is forgotten.
+/// Gives the platform's objects numbers, because a recording holds no addresses: an object is the n-th of its kind that
+/// was opened. The last 16 of each kind are known by their addresses; an older one that is still open is forgotten.
 class HandleTable {
  public:
   void clear() { kinds_ = {}; }
 
-  /// The address stands for a new thing from now on.
+  /// A new object has this address from now on.
   recording::Handle open(recording::HandleKind kind, const void *address) {
     Kind &known = kinds_[static_cast<std::size_t>(kind)];
     std::size_t place = find(known, address);
@@ -24,7 +24,7 @@ class HandleTable {
     return {kind, known.opened};
   }
 
-  /// What the address stands for, as it was opened. Null is no handle at all.
+  /// The object that was opened last at this address; kind `other`, number 0, where none was. Null has kind `none`.
   recording::Handle known(recording::HandleKind kind, const void *address) const {
     if (address == nullptr) return {};
     const Kind &known = kinds_[static_cast<std::size_t>(kind)];

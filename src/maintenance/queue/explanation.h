@@ -18,9 +18,9 @@ struct QueueInputs {
   const std::vector<QueuedChange> &changes;
 };
 
-/// Tells of the queue with the parties of each rejection that matters: of a change alone, of a pair, and of what is
-/// left out for no pair's sake. They are looked for on what is left of the oracle's budget; where that ends, findings
-/// have their message alone.
+/// The report of a queue. Rejections of a change alone, of a pair, and of a change that is left out though no pair
+/// excludes it have their parties, which are searched for with what is left of the oracle's budget. Once that is used
+/// up, findings have their message alone.
 QueueReport explained(const Queue &queue, const QueueInputs &inputs, const host::Plugin &plugin,
                       host::HostSession &session, const diagnosis::Options &options, StepOracle &oracle);
 

@@ -15,7 +15,7 @@ enum class PairKind {
   order_matters  ///< both orders are accepted and leave different configurations
 };
 
-/// Two changes of which the one has to do with the other. Indexes into the changes.
+/// Two changes that depend on each other, as indexes into the list of changes.
 struct Pair {
   PairKind kind = PairKind::exclusive;
   std::size_t first = 0;   ///< one_order, needs: the one that goes first; else the smaller index
@@ -34,7 +34,7 @@ enum class Proof {
 
 struct Queue {
   std::vector<Step> alone;         ///< of each change
-  std::vector<Pair> pairs;         ///< those that have to do with each other, by `first`, then `second`
+  std::vector<Pair> pairs;         ///< those that depend on each other, by `first`, then `second`
   std::size_t pairs_asked = 0;     ///< of pairs_possible
   std::size_t pairs_possible = 0;  ///< pairs of which at least one is accepted alone
   std::vector<std::size_t> order;  ///< each is accepted on what those before it leave
@@ -51,8 +51,8 @@ inline constexpr std::size_t kMostSets = 2048;
 
 /// Finds an order in which all or many of the changes go through, one commit after the other. The order that the
 /// changes have is tried first, with what is rejected tried again behind what was accepted after it; then those first
-/// that exclude the fewest others; then, within the budget, every set. Not a word is concluded from pairs: a third
-/// change may mend what two of them have between them.
+/// that exclude the fewest others; then, within the budget, every set. Nothing is concluded from pairs: a third change
+/// may remove the conflict between two others.
 Queue search_queue(const element::Tree &running, std::size_t changes, StepOracle &oracle,
                    std::size_t most_sets = kMostSets);
 

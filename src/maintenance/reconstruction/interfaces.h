@@ -15,7 +15,7 @@ class Interfaces {
 
   /// The name of the interface with this ifindex; made up where the recording has none.
   const std::string &name_of(std::int32_t ifindex);
-  /// Adds an interface, unless the element was said not to have it.
+  /// Adds an interface, unless the recording says that the element does not have it.
   void add(const std::string &name);
   /// A name that no other interface has.
   std::string new_name();

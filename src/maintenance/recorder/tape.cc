@@ -43,7 +43,7 @@ void Tape::write_header(const Origin &origin, const confd_trans_ctx &context, co
   writer_.text(origin.version);
   writer_.number(nanoseconds_since_1970());
   writer_.text(context.validate_opaque == nullptr ? "" : context.validate_opaque);
-  writer_.folded(context.thandle);
+  writer_.zigzag(context.thandle);
   if (path == nullptr) {
     writer_.path_size(0);
   } else {

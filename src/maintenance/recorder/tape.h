@@ -24,7 +24,7 @@ struct Origin {
   std::string version;  ///< of the recorder
 };
 
-/// The recording that is being made. One at a time: the daemon calls the library from one thread at a time.
+/// The recording that is being made, in memory. There is one: the daemon calls the library from one thread at a time.
 class Tape {
  public:
   /// Begins a recording of one call of `validate`.
@@ -51,6 +51,8 @@ class Tape {
   /// The last text that the library gave the agent in this recording.
   void set_message(std::string message) { message_ = std::move(message); }
 
+  /// The library was told the time, in nanoseconds since 1970; or has extended its time-out at the time that it was
+  /// told last. The header of the next recording has when that was.
   void note_time(std::int64_t now);
   void note_extension() { last_extension_ = last_time_; }
 

@@ -8,14 +8,14 @@
 
 namespace recording {
 
-/// One node on the way, with the keys of a list's entry.
+/// One step of a path: a node and, where it is an entry of a list, its keys.
 struct PathStep {
   std::string name;  ///< without its module's prefix
   std::vector<std::string> keys;
 };
 
-/// The path that a format asks for, as the platform reads it: an argument of its own is one key, and a blank that was
-/// put into a path before parts two.
+/// The path that a format and its arguments ask for, as the platform reads it: within braces an argument is one key,
+/// also with a blank in it; everywhere else a blank between braces separates two keys.
 std::vector<PathStep> asked_path(const Format &format);
 
 /// "/a/b" without keys.

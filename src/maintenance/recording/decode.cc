@@ -21,10 +21,10 @@ class Reader {
     header.recorder = text();
     header.time = number();
     header.point = text();
-    header.transaction = folded();
+    header.transaction = zigzag();
     header.path = key_path();
     header.value = optional_value();
-    if (byte() != 0) header.last_extension = folded();
+    if (byte() != 0) header.last_extension = zigzag();
     header.limits = calls(mark::end, 0);
     ++at_;
     return header;
@@ -41,7 +41,7 @@ class Reader {
     Trailer trailer;
     expect(mark::trailer, "the trailer");
     const std::uint8_t parts = byte();
-    if ((parts & 1) != 0) trailer.verdict = folded();
+    if ((parts & 1) != 0) trailer.verdict = zigzag();
     if ((parts & 2) != 0) trailer.message = std::string(text());
     trailer.duration = number();
     if (at_ != bytes_.size()) fail("the end of the file");
@@ -79,7 +79,7 @@ class Reader {
     fail("a number of at most 64 bits");
   }
 
-  std::int64_t folded() {
+  std::int64_t zigzag() {
     const std::uint64_t bits = number();
     return static_cast<std::int64_t>((bits & 1) == 0 ? bits >> 1 : ~(bits >> 1));
   }
@@ -120,7 +120,7 @@ class Reader {
       case kInt32:
       case kInt64:
       case kEnumValue:
-        value.bits = static_cast<std::uint64_t>(folded());
+        value.bits = static_cast<std::uint64_t>(zigzag());
         break;
       default:
         value.bits = number();
@@ -156,7 +156,7 @@ class Reader {
     }
     switch (what) {
       case tag::signed_number:
-        return folded();
+        return zigzag();
       case tag::unsigned_number:
         return number();
       case tag::real:
@@ -193,8 +193,8 @@ class Reader {
     while (peek() == mark::callback) call.callbacks.push_back(callback(depth));
     expect(mark::answer, "an answer");
     const std::uint8_t parts = byte();
-    if ((parts & kHasResult) != 0) call.result = folded();
-    if ((parts & kHasError) != 0) call.error = folded();
+    if ((parts & kHasResult) != 0) call.result = zigzag();
+    if ((parts & kHasError) != 0) call.error = zigzag();
     call.outputs = items();
     call.duration = number();
     return call;
@@ -212,12 +212,12 @@ class Reader {
     ++at_;
     Callback callback;
     callback.path = key_path();
-    callback.operation = folded();
+    callback.operation = zigzag();
     callback.old_value = optional_value();
     callback.new_value = optional_value();
     callback.calls = calls(mark::end, depth + 1);
     ++at_;
-    callback.answer = folded();
+    callback.answer = zigzag();
     return callback;
   }
 

@@ -6,8 +6,9 @@
 #include <cstring>
 #include <string_view>
 
-// The layout of a file, for the one that writes and the one that reads. Numbers are in groups of seven bits, the lowest
-// first, signed ones folded. A text is its length and its bytes, or, once it stands in the file, its place there.
+// The layout of a file, for the one that writes and the one that reads. Numbers are LEB128 (groups of seven bits, the
+// lowest first), signed ones in zigzag encoding. A text is its length and its bytes, or, where the file has it already,
+// its place there.
 //
 //   magic  header  call...  trailer  digest
 //   call = function + 1, items, end, callback..., answer, result?, errno?, items, end, duration

@@ -45,7 +45,7 @@ void Writer::number(std::uint64_t number) {
   bytes_.get()[size_++] = static_cast<char>(number);
 }
 
-void Writer::folded(std::int64_t number) {
+void Writer::zigzag(std::int64_t number) {
   const auto bits = static_cast<std::uint64_t>(number);
   this->number(number < 0 ? ~(bits << 1) : bits << 1);
 }
@@ -83,7 +83,7 @@ void Writer::header(const Header &header) {
   text(header.recorder);
   number(header.time);
   text(header.point);
-  folded(header.transaction);
+  zigzag(header.transaction);
   key_path(header.path);
   optional_value(header.value);
   optional_number(header.last_extension);
@@ -91,7 +91,7 @@ void Writer::header(const Header &header) {
 
 void Writer::optional_number(const std::optional<std::int64_t> &number) {
   byte(number ? 1 : 0);
-  if (number) folded(*number);
+  if (number) zigzag(*number);
 }
 
 void Writer::end_header() { byte(mark::end); }
@@ -100,16 +100,16 @@ void Writer::start_call(Function function) { byte(static_cast<std::uint8_t>(stat
 
 void Writer::start_callback() { byte(mark::callback); }
 
-void Writer::callback_change(std::int64_t operation) { folded(operation); }
+void Writer::callback_change(std::int64_t operation) { zigzag(operation); }
 
 void Writer::end_callback(std::int64_t answer) {
   byte(mark::end);
-  folded(answer);
+  zigzag(answer);
 }
 
 void Writer::signed_item(std::int64_t number) {
   byte(tag::signed_number);
-  folded(number);
+  zigzag(number);
 }
 
 void Writer::unsigned_item(std::uint64_t number) {
@@ -153,7 +153,7 @@ void Writer::agent_value(std::uint32_t type, std::uint64_t bits, std::string_vie
     case kInt32:
     case kInt64:
     case kEnumValue:
-      return folded(static_cast<std::int64_t>(bits));
+      return zigzag(static_cast<std::int64_t>(bits));
     default:
       return number(bits);
   }
@@ -183,8 +183,8 @@ void Writer::end_items() { byte(tag::end); }
 void Writer::answer(const std::int64_t *result, const std::int64_t *error) {
   byte(mark::answer);
   byte(static_cast<std::uint8_t>((result == nullptr ? 0 : kHasResult) | (error == nullptr ? 0 : kHasError)));
-  if (result != nullptr) folded(*result);
-  if (error != nullptr) folded(*error);
+  if (result != nullptr) zigzag(*result);
+  if (error != nullptr) zigzag(*error);
 }
 
 void Writer::duration(std::uint64_t nanoseconds) { number(nanoseconds); }
@@ -209,7 +209,7 @@ void Writer::optional_value(const std::optional<AgentValue> &value) {
 void Writer::trailer(const std::int64_t *verdict, const std::string_view *message, std::uint64_t nanoseconds) {
   byte(mark::trailer);
   byte(static_cast<std::uint8_t>((verdict == nullptr ? 0 : 1) | (message == nullptr ? 0 : 2)));
-  if (verdict != nullptr) folded(*verdict);
+  if (verdict != nullptr) zigzag(*verdict);
   if (message != nullptr) text(*message);
   number(nanoseconds);
 }

@@ -22,9 +22,9 @@ class Writer {
   /// Forgets all and begins a file.
   void start();
 
-  /// The parts of a header.
+  /// The parts of a header. A signed number is written in zigzag encoding.
   void number(std::uint64_t number);
-  void folded(std::int64_t number);
+  void zigzag(std::int64_t number);
   void text(std::string_view text);
   void optional_number(const std::optional<std::int64_t> &number);
 

@@ -10,15 +10,15 @@
 
 namespace replay {
 
-/// What the process that replays has to tell, once.
+/// What the child process that replays a recording tells its parent, once, at its end.
 struct Account {
   enum class End { answered, diverged, failed };
 
   End end = End::answered;
   std::string library;                   ///< build id
-  std::string reason;                    ///< why it failed, or diverged where no question is the reason
+  std::string reason;                    ///< why it failed; diverged: of another answer to a change
   std::size_t number = 0;                ///< of the call at which it diverged
-  std::optional<recording::Call> asked;  ///< that diverged
+  std::optional<recording::Call> asked;  ///< diverged: the call that is not recorded at this place
   std::vector<std::size_t> not_asked;    ///< numbers of calls
   std::optional<std::int64_t> verdict;
   std::optional<std::string> message;

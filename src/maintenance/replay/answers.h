@@ -15,7 +15,7 @@ void add_agent_answers(hooks::Addresses &addresses);
 void add_cursor_answers(hooks::Addresses &addresses);
 void add_card_answers(hooks::Addresses &addresses);
 
-/// A pointer that stands for something of the platform and points at nothing.
+/// The address that the library gets for a recorded handle. Nothing is there; it is only compared.
 void *address_of(const recording::Handle &handle);
 
 /// The keys or the tag of one element of a path, ended by a value of no type.
@@ -34,7 +34,8 @@ class Outputs {
     return *content;
   }
 
-  /// The outputs that are left, into `values`; texts are copied for the library to free. Null leaves a value as it was.
+  /// Writes the outputs that are left into `values`, the texts as copies that the library frees. Where the recording
+  /// has null, the platform did not write the value, and it stays as it was.
   void take_owned(confd_value_t *values, long count);
 
  private:

@@ -30,11 +30,12 @@ class Player {
     return answer(hooks::question(function, arguments...));
   }
 
-  /// From here on, the calls of a callback are asked; and no longer, the library's function having answered.
+  /// Between enter() and leave() the library's function runs, and its questions are answered from the calls that were
+  /// recorded within the callback. `answer` is what the function returned.
   void enter(const recording::Callback &callback);
   void leave(const recording::Callback &callback, std::int64_t answer);
 
-  /// The recording's outputs are not those of the call.
+  /// Ends the replay: the outputs that were recorded of a call are not of the types that the call has.
   [[noreturn]] void fail_at(const recording::Call &call);
 
   hooks::HandleTable &handles() { return handles_; }
@@ -67,7 +68,7 @@ class Player {
   hooks::HandleTable handles_;
 };
 
-/// The one of this process.
+/// The player of this process, which the functions that answer the library use.
 Player &player();
 void set_player(Player *player);
 

@@ -19,10 +19,11 @@ class ReplayError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// The library asked for what the recording has no answer to at this place.
+/// Where the library did other than it did when it was recorded: it made a call that the recording does not have at
+/// this place, or it gave another answer to a change that it was told of.
 struct Divergence {
   std::size_t number = 0;  ///< of the call, as the recording counts
-  std::string reason;      ///< where it is not the question itself
+  std::string reason;      ///< of another answer to a change; empty where it is the call
   std::optional<recording::Call> asked;
   std::optional<recording::Call> recorded;  ///< what was asked there when it was recorded; none at its end
   std::vector<NumberedCall> before;         ///< the last five calls that were answered

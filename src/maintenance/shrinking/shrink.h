@@ -8,7 +8,7 @@
 
 namespace maintenance {
 
-/// Whether a commit still shows what is looked for.
+/// Whether a commit still has the property that shrinking keeps, as a message of the library.
 using Reproduces = std::function<bool(const Commit &)>;
 
 struct ShrunkCommit {
