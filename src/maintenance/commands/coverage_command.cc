@@ -71,7 +71,8 @@ class CoverageRun {
 
   using SeedCells = std::map<std::uint64_t, coverage::Cells>;
 
-  /// Draws commits until each empty cell has one, and writes few of them that fill what can be filled.
+  /// Draws commits until each empty cell has one, and writes a few of them that fill all cells which can be filled
+  /// (greedy set cover).
   void fill() {
     const coverage::Cells empty = report_.empty();
     const SeedCells drawn = draw_for(empty);
@@ -85,8 +86,8 @@ class CoverageRun {
     }
   }
 
-  /// Commits that fill empty cells, with these cells. The search goes on behind the last one for as many again, for a
-  /// commit that fills many is better than many that fill one.
+  /// Commits that fill empty cells, by seed, with the cells. Once every cell has one, as many again are drawn, because
+  /// one commit that fills many cells is better than many that fill one each.
   SeedCells draw_for(const coverage::Cells &empty) {
     SeedCells useful;
     coverage::Cells left = empty;

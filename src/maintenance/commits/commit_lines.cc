@@ -19,7 +19,7 @@ std::string value_text(const MergedNode &node) {
   return is_other ? fmt::format(": {} -> {}", element::to_text(node.before->value), now) : " = " + now;
 }
 
-/// A node that the lines of what stands in it show, too.
+/// The node needs no line: the path of a node below it, with the same mark, names it.
 bool is_shown_below(const MergedTree &tree, std::uint32_t number) {
   const MergedNode &node = tree[number];
   if (node.is_bare()) return true;

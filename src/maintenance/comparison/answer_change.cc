@@ -58,7 +58,7 @@ void add(std::vector<AnswerChange> &changes, AnswerChange change) {
   if (std::find(changes.begin(), changes.end(), change) == changes.end()) changes.push_back(std::move(change));
 }
 
-/// How often a validation asks for more time is the clock's, not the library's.
+/// How often a validation asks for more time depends on how fast this machine is.
 bool is_compared(std::size_t function) {
   return function != static_cast<std::size_t>(host::SeamFunction::confd_data_set_timeout);
 }
@@ -117,7 +117,7 @@ std::vector<AnswerChange> changes_between(const Answer &before, const Answer &af
   if (before.end != after.end || before.failure != after.failure) {
     return {{"library", fmt::format("{}->{}", end_text(before.end), end_text(after.end))}};
   }
-  // The element fires the same points whatever a library says.
+  // Which points are triggered depends on the commit alone.
   const std::size_t points = std::min(before.points.size(), after.points.size());
   for (std::size_t i = 0; i < points; ++i) {
     if (!is_same(before.points[i], after.points[i])) add(changes, change_between(before.points[i], after.points[i]));

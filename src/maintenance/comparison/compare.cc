@@ -22,7 +22,7 @@ struct Found {
   std::vector<std::size_t> examples;  ///< numbers of the first ones
 };
 
-/// Rules in their order, then what is no rule.
+/// Position of the change's rule in the list of rules; behind all of them for what is no rule.
 std::size_t place_of(const AnswerChange &change) {
   const auto &rules = rules::all_rules();
   const auto rule = std::find_if(rules.begin(), rules.end(), [&](const auto &each) { return each.id == change.rule; });
@@ -41,7 +41,6 @@ class Comparing {
       compare_some(begin, std::min(begin + kMostAtOnce, task_.corpus.row.size));
     }
     for (std::size_t i = 0; i < task_.corpus.recorded.size; ++i) compare_recorded(i);
-    // What a library that contradicts itself says of a smaller commit shows nothing.
     for (const auto &[change, found] : found_) add_group(change, found);
     std::stable_sort(result_.groups.begin(), result_.groups.end(),
                      [](const auto &a, const auto &b) { return place_of(a.change) < place_of(b.change); });
@@ -94,11 +93,13 @@ class Comparing {
 
   void add_group(const AnswerChange &change, const Found &found) {
     ChangeGroup group{change, found.commits, accepted_.reason_of(change), std::nullopt};
+    // Of a library that contradicts itself, an answer to a smaller commit would show nothing.
     if (!result_.is_void()) group.shown = shown(change, found.examples);
     result_.groups.push_back(std::move(group));
   }
 
-  /// Commits have the lower numbers.
+  /// The smallest of the examples, shrunk; a recorded question only where no commit shows the change. In a corpus, the
+  /// commits come before the recorded questions.
   ShownChange shown(const AnswerChange &change, const std::vector<std::size_t> &examples) const {
     const std::size_t commits = task_.corpus.row.size;
     if (examples.front() >= commits) return recorded(change, examples.front());

@@ -27,7 +27,7 @@ void write_all(int pipe, const std::string &text) {
   }
 }
 
-/// The last words of a library that ends its process are no news, and neither is its memory.
+/// A library that ends its process is expected here: its last words and its core dump are not kept.
 void silence() {
   const rlimit none{0, 0};
   ::setrlimit(RLIMIT_CORE, &none);

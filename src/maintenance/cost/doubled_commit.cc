@@ -13,12 +13,12 @@
 namespace cost {
 namespace {
 
-/// No operator's name ends so.
+/// Appended to a group's name; an operator's name is not expected to end so.
 constexpr const char *kTwinGroup = ".twin";
 /// Added to the number at the end of a port's name.
 constexpr std::uint64_t kTwinPort = 1'000'000;
 
-/// A name that stands to the rules as the other one does: some look at the letters before its number.
+/// The name of the other port. Only its number differs, for some rules look at the letters before it.
 std::string twin_port(const std::string &name) {
   const auto is_digit = [](unsigned char c) { return std::isdigit(c) != 0; };
   const auto digits = std::find_if_not(name.rbegin(), name.rend(), is_digit).base();
@@ -29,7 +29,7 @@ std::string twin_port(const std::string &name) {
   return std::string(name.begin(), digits) + std::to_string(value + kTwinPort);
 }
 
-/// Of the whole numbers the half that the other one is not in.
+/// A number in the other half of the range, so that no two pw-ids of a small commit become the same.
 std::uint32_t twin_pw_id(std::uint32_t pw_id) {
   const std::uint32_t twin = pw_id ^ 0x8000'0000U;
   return twin == 0 ? std::numeric_limits<std::uint32_t>::max() : twin;

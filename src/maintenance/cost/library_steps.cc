@@ -19,7 +19,7 @@ struct StepRules {
   std::vector<std::string_view> rules;
 };
 
-/// Whose messages a function sets, or for whose sake alone it reads.
+/// The rules whose messages a function sets, or for which alone it reads.
 const std::vector<StepRules> &step_rules() {
   static const std::vector<StepRules> steps{
       {"add_committing_pws", {"pw-id-twice"}},

@@ -115,7 +115,7 @@ Measured measure_here(const std::filesystem::path &library, const maintenance::C
   const host::Plugin plugin(library);
   const auto transaction = element::make_transaction(commit.running, commit.candidate, *commit.profile);
   Measured measured;
-  // The first question begins the interval of the library's keep-alive, and what is done once only is done.
+  // This decision is not measured: it starts the library's keep-alive and reads what is read once in a process.
   const LibraryClock clock(plugin.file());
   host::validate_commit(plugin, session, *transaction);
   const auto begin = std::chrono::steady_clock::now();

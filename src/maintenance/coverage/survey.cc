@@ -17,7 +17,7 @@ namespace {
 
 using host::SeamFunction;
 
-/// They have no result.
+/// A function without a result cannot.
 bool can_fail(SeamFunction function) {
   const auto without_result = {SeamFunction::confd_free_value, SeamFunction::confd_trans_seterr,
                                SeamFunction::maapi_destroy_cursor, SeamFunction::cdb_session_end, SeamFunction::zlog};
@@ -38,7 +38,7 @@ const char *use_name(std::size_t use) { return use == 1 ? "1st" : use == 2 ? "2n
 
 constexpr std::size_t kLastUse = 3;
 
-/// Begins the line of a call that is about to fail.
+/// First character of the line that is written before a call is made to fail.
 constexpr char kTry = '?';
 
 class Survey {
@@ -48,12 +48,12 @@ class Survey {
         plugin_(library),
         steps_(plugin_.file()),
         transaction_(element::make_transaction(commit.running, commit.candidate, *commit.profile)) {
-    // What a library asks for once in a process is no part of a commit.
+    // Limits that the library reads once in a process are read now, so that no commit differs by them.
     host::validate_commit(plugin_, session_, *transaction_, kAll);
   }
 
-  /// Writes the cells of the commit as it is, unless `from` is past the begin, then a line for each call that fails,
-  /// behind the first `from`; before each, what becomes of it where the library ends the process.
+  /// Writes lines of cells: with `from` 0 those of the commit as it is; then, from the call with number `from` on, two
+  /// for each call that can fail. The first one, marked kTry, holds where the library ends the process at that call.
   void run(std::size_t from, const cost::Write &write) {
     const std::vector<SurveyedCall> calls = list_calls();
     if (from == 0) {

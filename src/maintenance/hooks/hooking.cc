@@ -19,8 +19,8 @@ struct NamedSymbol {
   Function function;
 };
 
-// Symbols that are not called as the recording calls the function: those of the C++ session class, whose constructors
-// and destructors for a whole object and for a base are alike, and the clock.
+// Mangled C++ symbols, with the names that recordings have for them: the clock, and the session class, whose
+// constructors and destructors have a symbol for whole objects and one for bases.
 constexpr NamedSymbol kNamedSymbols[] = {
     {"_ZN21QnConfdCdbSessionBaseC1EP16QnConfdInterface11cdb_db_typeb", Function::cdb_session_start},
     {"_ZN21QnConfdCdbSessionBaseC2EP16QnConfdInterface11cdb_db_typeb", Function::cdb_session_start},
@@ -54,7 +54,7 @@ struct Target {
   void **address;
 };
 
-/// Those of the slots that call hooked functions, or a problem.
+/// Collects the slots of functions that have a replacement. Returns why the library cannot be hooked, or nothing.
 std::string find_targets(const std::vector<Slot> &slots, const Addresses &replacements, std::vector<Target> &targets) {
   bool calls_platform = false;
   for (const Slot &slot : slots) {

@@ -15,7 +15,7 @@ using Order = std::vector<std::size_t>;
 
 bool is_accepted(const Step &step) { return step.outcome == StepOutcome::accepted; }
 
-/// The first node that two configurations do not have alike; empty where they are the same.
+/// The first node at which two configurations differ; empty where they are the same.
 element::Path first_difference(const element::Tree &a, const element::Tree &b) {
   const element::Change all = element::difference(a, b);
   element::Path path;
@@ -30,7 +30,7 @@ element::Path first_difference(const element::Tree &a, const element::Tree &b) {
   return path;
 }
 
-/// Changes that went through one after the other, and what they leave.
+/// Changes that were accepted one after the other, and the configuration after them.
 struct Stage {
   element::Tree tree;
   Order order;
@@ -39,7 +39,7 @@ struct Stage {
   bool has(std::size_t change) const { return std::find(order.begin(), order.end(), change) != order.end(); }
 };
 
-/// The stages that were reached, each set of changes once for every configuration that it can leave.
+/// The stages that were reached. Two are the same where they have the same changes and the same configuration.
 class ReachedStages {
  public:
   bool has(const Order &changes, const element::Tree &tree) const {
@@ -139,7 +139,7 @@ class Search {
     std::optional<element::Tree> ba;
     if (is_accepted(queue_.alone[a])) pair.second_on_first = ask_second(a, b, ab);
     if (is_accepted(queue_.alone[b])) pair.first_on_second = ask_second(b, a, ba);
-    // An answer that is missing, because the search has ended in between, says nothing.
+    // One of the answers may be missing, for the search may have ended in between.
     if (oracle_.has_ended()) return;
     ++queue_.pairs_asked;
     if (is_of_interest(pair, ab, ba)) queue_.pairs.push_back(std::move(pair));
@@ -149,7 +149,7 @@ class Search {
     return oracle_.ask(oracle_.after(running_, first), second, &after);
   }
 
-  /// Sets the pair's kind and turns it round where the later one goes first.
+  /// Sets the pair's kind, and swaps its changes where the second one must go first. False for an independent pair.
   bool is_of_interest(Pair &pair, const std::optional<element::Tree> &ab, const std::optional<element::Tree> &ba) {
     const bool both_alone = is_accepted(queue_.alone[pair.first]) && is_accepted(queue_.alone[pair.second]);
     if (ab && ba) {
@@ -166,7 +166,7 @@ class Search {
     return true;
   }
 
-  /// Those first that exclude the fewest others; what must follow another one behind it.
+  /// The changes by how many others they exclude, fewest first; a change that must go before another stands before it.
   Order by_exclusions() const {
     std::vector<std::size_t> excluded(count_);
     for (const Pair &pair : queue_.pairs) {

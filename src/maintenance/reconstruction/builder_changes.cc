@@ -20,7 +20,7 @@ bool is_list(const std::string &name) {
   return name == l2vpn::name::access_interface || name == l2vpn::name::neighbor || name == l2vpn::name::backup_neighbor;
 }
 
-/// A number that is another one than the given, for what a change had before.
+/// Any other number, as the value before a change.
 std::uint32_t another(std::uint32_t number) { return number == 1 ? 2 : number - 1; }
 
 }  // namespace
@@ -112,7 +112,7 @@ void Builder::take_back_member(const Change &change) {
   if (change.operation == Operation::deleted) l2vpn::put_static_member(running_, member);
 }
 
-// Of the derived tables the library asks for changes of a bridge domain's VLAN.
+// The only change of a derived table that the library asks for is that of a bridge domain's VLAN.
 void Builder::take_back_derived(const Change &change) {
   const std::optional<VpnKey> vpn = vpn_of(change.path);
   if (!vpn || change.path.back().name != "int-vpls-bd-vlan" || !change.value) return;
@@ -135,7 +135,7 @@ void Builder::take_back_in_vpn(const Change &change, const VpnKey &vpn) {
   }
 }
 
-// It was changed, and in what is not known: it took nothing that it takes now.
+// What was changed of it is not known. Before, it is taken to have had nothing of what it has now.
 void Builder::take_back_in_attachment(const VpnKey &vpn, const std::string &interface) {
   const l2vpn::Configuration configuration = l2vpn::read_configuration(candidate_);
   const l2vpn::Vpn *known = configuration.find(vpn);
@@ -190,7 +190,7 @@ void Builder::change_node() {
   made_up_.push_back("that the bridge domain of " + l2vpn::to_text(*vpn) + " had another MTU before");
 }
 
-// No member that is there is new: one must have gone.
+// The point fires where a member comes or goes. None of those that were read is new, so another one is made to go.
 void Builder::remove_member() {
   const std::string port = interfaces_.new_name();
   interfaces_.add(port);

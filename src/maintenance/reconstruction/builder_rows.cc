@@ -1,4 +1,4 @@
-// What the library read becomes operator's nodes: the other way round than the element derives its tables.
+// Makes the operator's nodes of the rows that the library read: the inverse of how the element derives its tables.
 
 #include <charconv>
 
@@ -19,7 +19,7 @@ std::optional<std::uint32_t> vlan(const AgentValue &value) {
   return value.bits == 0 ? std::nullopt : std::optional(number(value));
 }
 
-/// The address that a peer's number is in memory, first byte first.
+/// The text of an address whose first byte is the lowest of the number, as the derived tables have it.
 std::string dotted(std::uint32_t peer) {
   return std::to_string(peer & 255) + '.' + std::to_string(peer >> 8 & 255) + '.' + std::to_string(peer >> 16 & 255) +
          '.' + std::to_string(peer >> 24);

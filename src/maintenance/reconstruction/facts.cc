@@ -105,7 +105,7 @@ class FactCollector {
     }
   }
 
-  // Before the objects stand their number, the cursor's number of keys, and its keys.
+  // The call's outputs are the number of objects, the cursor's number of keys, these keys, and then the objects.
   void add_objects(const Call &call) {
     const std::size_t first = 2 + static_cast<std::size_t>(number_at(call.outputs, 1));
     const auto size = static_cast<std::size_t>(number_at(call.arguments, 1));

@@ -88,7 +88,7 @@ void trace(zlog_category_t *category, const char *file, size_t filelen, const ch
   call.done();
 }
 
-// The library extends its time by the clock: a replay that went by another would ask other questions.
+// Recorded, because the library extends its time-out by the clock: with other times a replay would make other calls.
 std::chrono::system_clock::time_point clock_now() {
   RecordedCall call(Function::system_clock_now);
   const auto now = original<std::chrono::system_clock::time_point()>(Function::system_clock_now)();

@@ -10,7 +10,7 @@ namespace recorder {
 
 namespace {
 
-// No value of the agent has it for a type, nor is it one of the enumeration's.
+// In the place of a type; it is the number of none.
 constexpr std::uint32_t kMark = 0x6b72616d;
 static_assert(sizeof(confd_vtype) == sizeof kMark);
 

@@ -49,7 +49,7 @@ bool look_up_all(void *library, RealLibrary &real) {
          look_up(library, "validate", real.validate) && look_up(library, "lib_finish", real.lib_finish);
 }
 
-// Without a folder nothing stands between the library and the platform.
+// Where there is no folder for recordings, the library is not hooked at all.
 bool record(void *library) {
   if (!store().exists()) {
     say("nothing is recorded: there is no folder " + store().folder());
@@ -101,7 +101,7 @@ const RealLibrary &RealLibrary::get() {
   return real;
 }
 
-// The first problem is told, and after a recording that was kept the next one; not each of a thousand.
+// Of problems in a row the first is told, not each of a thousand.
 void keep_recording(const char *point, const std::int32_t *verdict) {
   static bool is_told = false;
   std::string problem;

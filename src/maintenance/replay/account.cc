@@ -5,8 +5,8 @@
 
 namespace replay {
 
-// The account fills a recording's fields: its one call is the one that was asked, and the arguments of its one limit
-// are the other numbers.
+// The bytes are those of a recording that carries the account: in its header the build id and, as the point's name, the
+// reason; as its only limit's arguments `end`, `number` and `not_asked`; as its only call `asked`.
 std::string to_bytes(const Account &account) {
   recording::Recording envelope;
   envelope.header.library = account.library;

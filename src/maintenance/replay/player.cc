@@ -66,7 +66,8 @@ const recording::Call &Player::answer(const recording::Call &asked) {
   return *call;
 }
 
-// The library counts from the time that it reads first in a process: here, from the time from which it counted there.
+// The library counts its time-out from the first time that it reads in a process. In this process, that must be the
+// time from which it counted when it was recorded.
 const recording::Call *Player::reading_before(const recording::Call &asked) {
   if (asked.function != recording::Function::system_clock_now || !last_extension_.result) return nullptr;
   if (last_extension_is_asked_) return nullptr;

@@ -52,7 +52,8 @@ class Shrinker {
     return reproduces_(commit);
   }
 
-  /// Leaves out as many of `count` changes as can be, where `make` does to a commit what is to be left out.
+  /// Makes as many of `count` reductions as the commit bears. `make` makes the one of a number. False where it bears
+  /// none.
   bool leave_out(std::size_t count, const std::function<void(Commit &, std::size_t)> &make) {
     const Commit start = shrunk_.commit;
     const std::vector<std::size_t> all = numbers_below(count);
@@ -68,8 +69,8 @@ class Shrinker {
     return true;
   }
 
-  /// Does a step, unless it would ask what it has asked already: when it was done last, it made nothing smaller, nor
-  /// did any step since then.
+  /// Runs a step, unless neither the step when it last ran nor any step since then made the commit smaller: it would
+  /// ask the same again. True where it made the commit smaller.
   template <typename Step>
   bool do_unless_done(std::size_t number, const Step &step) {
     const auto done = done_.find(number);
@@ -79,7 +80,7 @@ class Shrinker {
     return is_smaller;
   }
 
-  /// One round; false where nothing went.
+  /// Runs every step once. False where the commit stays as it is.
   bool shrink_configurations() {
     bool is_smaller = false;
     for (std::size_t depth = 0;; ++depth) {
@@ -113,7 +114,7 @@ class Shrinker {
     });
   }
 
-  /// The interfaces that no configuration names; a name without its interface would be another fault.
+  /// Takes interfaces from the element. One that a configuration names stays: without it, the name would be a fault.
   void shrink_interfaces() {
     const element::Profile &profile = *shrunk_.commit.profile;
     const std::vector<std::string> names = names_of(shrunk_.commit, NameKind::interface);

@@ -83,7 +83,7 @@ class NameFinder {
     }
   }
 
-  // What is no value of a list or an object comes from the identifier manager: an interface.
+  // Texts in calls of other functions are from the identifier manager: names of interfaces.
   void find_in_call(const Call &call) {
     switch (call.function) {
       case Function::maapi_init_cursor:
@@ -137,7 +137,8 @@ class NameFinder {
     }
   }
 
-  /// Values of objects, `size` of each, after what a cursor tells of itself: numbers and keys.
+  /// `outputs`: numbers, the second of which is that of the cursor's keys where there are two; these keys; and objects
+  /// of `size` values each.
   void add_objects(const SchemaNode *object, const recording::Items &outputs, std::size_t size) {
     std::size_t first = 0;
     while (first < outputs.size() && std::holds_alternative<std::int64_t>(outputs[first])) ++first;

@@ -15,10 +15,10 @@ char kind_of(char c) {
   return '\0';
 }
 
-/// The names by their characters: what follows a prefix.
+/// The names as a trie, a character a level.
 struct Trie {
   std::map<char, std::unique_ptr<Trie>> next;
-  bool is_kept = false;  ///< a name begins so that stays as it is
+  bool is_kept = false;  ///< a kept name begins so
 };
 
 void insert(Trie &trie, std::string_view name, bool is_kept) {
@@ -31,8 +31,8 @@ void insert(Trie &trie, std::string_view name, bool is_kept) {
   }
 }
 
-// Of those of a kind that follow a prefix, the lowest gets the kind's lowest character, and each other the next one to
-// that of the one below: the order stays. One that stays is passed over, and those above it begin anew.
+// The characters of one kind that follow a prefix are numbered from the kind's lowest on, so that their order stays.
+// One that begins a kept name stays itself, and those above it are numbered from the one behind it on.
 char pseudonym_of(const Trie &trie, char c) {
   const char first = kind_of(c);
   if (first == '\0' || trie.next.at(c)->is_kept) return c;
