@@ -3,6 +3,10 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "cli/command_line/errors.h"
 #include "element/input/input_error.h"
@@ -15,41 +19,75 @@ namespace maintenance {
 
 namespace fs = std::filesystem;
 
-Corpus find_corpus(const CorpusArguments &arguments, const element::Schema &schema) {
-  std::vector<std::string> folders;
-  std::vector<std::string> recordings;
-  for (const std::string &place : arguments.places) {
+namespace {
+
+/// What the corpus is made of, numbered in this order: folders, drawn commits, recordings. Nothing of it is in memory.
+class Places {
+ public:
+  Places(const CorpusArguments &arguments, const element::Schema &schema)
+      : drawn_(arguments.random), seed_(arguments.seed), schema_(schema) {
+    for (const std::string &place : arguments.places) add(place);
+  }
+
+  std::size_t commits() const { return folders_.size() + drawn_; }
+  std::size_t recordings() const { return recordings_.size(); }
+
+  Commit commit(std::size_t number) const {
+    return number < folders_.size() ? read_commit(schema_, folders_[number]) : draw_commit(schema_, seed_of(number));
+  }
+
+  Answer recorded_answer(std::size_t recording, const fs::path &library) const {
+    return ask_recorded(read_recording(recordings_[recording]), library);
+  }
+
+  /// None where the recording does not know enough of its commit.
+  std::optional<Commit> recorded_commit(std::size_t recording) const {
+    try {
+      return read_commit(schema_, recordings_[recording]);
+    } catch (const element::InputError &) {
+      return std::nullopt;
+    }
+  }
+
+  std::string name(std::size_t number) const {
+    if (number >= commits()) return recordings_[number - commits()];
+    return number < folders_.size() ? folders_[number] : fmt::format("random commit of seed {}", seed_of(number));
+  }
+
+ private:
+  /// A recording is read once, so that one that is none is told before anything is compared.
+  void add(const std::string &place) {
     if (is_recording(place)) {
       read_recording(place);
-      recordings.push_back(place);
-      continue;
+      recordings_.push_back(place);
+      return;
     }
     const std::vector<std::string> found = commit_folders(place);
-    folders.insert(folders.end(), found.begin(), found.end());
+    folders_.insert(folders_.end(), found.begin(), found.end());
   }
-  const std::size_t commits = folders.size() + arguments.random;
-  if (commits + recordings.size() == 0) throw cli::UsageError("no corpus; expected CORPUS... or --random N");
-  const std::uint64_t seed = arguments.seed;
-  const auto commit = [folders, seed, &schema](std::size_t number) {
-    return number < folders.size() ? read_commit(schema, folders[number])
-                                   : draw_commit(schema, seed + (number - folders.size()));
-  };
-  const auto ask_again = [recordings](std::size_t number, const fs::path &library) {
-    return ask_recorded(read_recording(recordings[number]), library);
-  };
-  const auto known_commit = [recordings, &schema](std::size_t number) -> std::optional<Commit> {
-    try {
-      return read_commit(schema, recordings[number]);
-    } catch (const element::InputError &) {
-      return std::nullopt;  // it is shown as it was recorded
-    }
-  };
-  const auto name = [folders, recordings, seed, commits](std::size_t number) {
-    if (number >= commits) return recordings[number - commits];
-    if (number < folders.size()) return folders[number];
-    return fmt::format("random commit of seed {}", seed + (number - folders.size()));
-  };
-  return {{commits, commit}, {recordings.size(), ask_again, known_commit}, name};
+
+  std::uint64_t seed_of(std::size_t number) const { return seed_ + (number - folders_.size()); }
+
+  std::vector<std::string> folders_;
+  std::vector<std::string> recordings_;
+  std::size_t drawn_;
+  std::uint64_t seed_;
+  const element::Schema &schema_;
+};
+
+}  // namespace
+
+Corpus find_corpus(const CorpusArguments &arguments, const element::Schema &schema) {
+  const auto places = std::make_shared<const Places>(arguments, schema);
+  if (places->commits() + places->recordings() == 0) {
+    throw cli::UsageError("no corpus; expected CORPUS... or --random N");
+  }
+  const CommitRow commits{places->commits(), [places](std::size_t number) { return places->commit(number); }};
+  const RecordedRow recorded{
+      places->recordings(),
+      [places](std::size_t number, const fs::path &library) { return places->recorded_answer(number, library); },
+      [places](std::size_t number) { return places->recorded_commit(number); }};
+  return {commits, recorded, [places](std::size_t number) { return places->name(number); }};
 }
 
 }  // namespace maintenance
