@@ -8,6 +8,7 @@
 #include "tests/support/broken_model.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/printers.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -75,7 +76,7 @@ TEST(ValidationKeepaliveTest, answers_what_the_agent_answers_and_waits_again_als
 }  // namespace
 
 int main(int argc, char **argv) {
-  FakeClock::restart_program_under(CLOCK_PRELOAD, argv);
+  FakeClock::restart_program_under(clock_preload(), argv);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -96,10 +96,10 @@ class Package : public testing::Test {
   }
 
   void SetUp() override {
-    if (!is_release()) GTEST_SKIP() << "what ships is packaged: the release build, not \"" BUILD_TYPE "\"";
+    if (!is_release()) GTEST_SKIP() << "what ships is packaged: the release build, not \"" + build_type() + "\"";
   }
 
-  static bool is_release() { return std::string(BUILD_TYPE) == "Release"; }
+  static bool is_release() { return build_type() == "Release"; }
 
   static std::string field(const std::string &name) {
     std::string value = run_process("dpkg-deb -f " + package + " " + name).output;

@@ -7,6 +7,11 @@
 /// at random is drawn less often, and with symbols of the sanitizer's own.
 bool is_sanitized();
 
+/// "Release" where what ships is built, else "Debug" or "None".
+std::string build_type();
+/// What the dynamic linker is to load before a program whose clock a test sets: paths with blanks between them.
+std::string clock_preload();
+
 /// The build tree, and what it has built: absolute paths.
 std::string build_dir();
 std::string plugin_file();
@@ -20,5 +25,9 @@ std::string scripted_plugin_file();
 std::string plugin_without_build_id_file();
 std::string same_names_file();
 std::string wrong_plugin_dir();
+/// The recorder, and the plug-in as it may be linked: with slots that can be written to, and with none that can.
+std::string recorder_file();
+std::string hookable_file();
+std::string bound_file();
 
 #endif

@@ -18,13 +18,13 @@ namespace scripted {
 class FakeClock {
  public:
   /// First thing in main(): starts the program anew with `preload` in front, unless it already runs so.
-  static void restart_program_under(const char *preload, char **argv) {
+  static void restart_program_under(const std::string &preload, char **argv) {
     if (std::getenv(kFile) != nullptr) return;
     const int file = memfd_create("fake clock", 0);
     setenv(kFile, ("/proc/self/fd/" + std::to_string(file)).c_str(), 1);
     setenv("FAKETIME_NO_CACHE", "1", 1);
     setenv("FAKETIME_DONT_FAKE_MONOTONIC", "1", 1);
-    setenv("LD_PRELOAD", preload, 1);
+    setenv("LD_PRELOAD", preload.c_str(), 1);
     set(0);
     execv("/proc/self/exe", argv);
     std::perror("the program could not be started anew");

@@ -99,7 +99,7 @@ class Asker {
     record.append(reinterpret_cast<const char *>(&size), sizeof size);
     record += bytes;
     for (std::size_t at = 0; at < record.size();) {
-      const ssize_t written = write(pipe_, record.data() + at, record.size() - at);
+      const ssize_t written = ::write(pipe_, record.data() + at, record.size() - at);
       if (written < 0 && errno == EINTR) continue;
       if (written <= 0) _exit(1);
       at += static_cast<std::size_t>(written);

@@ -62,7 +62,7 @@ TEST(LoadedKeepaliveTest, a_point_that_asks_for_no_time_does_not_start_the_inter
 }  // namespace
 
 int main(int argc, char **argv) {
-  FakeClock::restart_program_under(CLOCK_PRELOAD, argv);
+  FakeClock::restart_program_under(clock_preload(), argv);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }

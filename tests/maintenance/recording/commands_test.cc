@@ -41,7 +41,7 @@ class RecordingCommands : public testing::Test {
   }
 
   static ProcessResult replay(const std::string &arguments) {
-    return vpnval("replay --plugin " HOOKABLE_FILE " " + arguments);
+    return vpnval("replay --plugin " + hookable_file() + " " + arguments);
   }
 
   /// How documents in the folder fit.

@@ -23,14 +23,14 @@ TEST(DiffOfRecordings, asks_both_builds_what_was_recorded) {
     std::ofstream(file, std::ios::binary) << recording::encode(recording);
     files += " " + file;
   }
-  const std::string diff = vpnval_file() + " diff --plugin " HOOKABLE_FILE " --plugin " HOOKABLE_FILE;
+  const std::string diff = vpnval_file() + " diff --plugin " + hookable_file() + " --plugin " + hookable_file();
   const ProcessResult same = run_process(diff + files);
   EXPECT_EQ(same.status, 0) << same.output;
   EXPECT_EQ(same.output.find("0 of " + std::to_string(count) + " verdicts changed; "), 0U) << same.output;
   EXPECT_NE(same.output.find("\n  access-same-dot1q "), std::string::npos) << same.output;
 
   // One of them is the rejection: it becomes the smallest commit that draws it.
-  const ProcessResult shrunk = run_process(vpnval_file() + " shrink --plugin " HOOKABLE_FILE " " + folder + "/4");
+  const ProcessResult shrunk = run_process(vpnval_file() + " shrink --plugin " + hookable_file() + " " + folder + "/4");
   EXPECT_EQ(shrunk.output.find("rejected [access-same-dot1q] by vpn_access_valp: "), 0U) << shrunk.output;
 
   std::ofstream(folder + "/torn") << "no recording";

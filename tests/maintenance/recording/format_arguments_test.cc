@@ -38,7 +38,7 @@ TEST(FormatArguments, are_passed_on_as_they_are) {
   EXPECT_PASSED(3, "/x{%s %d %u}", "a b", -1, 4294967295U);
   EXPECT_PASSED(6, "%s %s %s %s %s %s", "a", "b", "c", "d", "e", "f");
   EXPECT_PASSED(9, "%d %d %d %d %d %d %d %d %d", 1, -2, 3, -4, 5, -6, 7, -8, 9);
-  EXPECT_PASSED(5, "%ld %lu %lld %zu %hhd", -1L, 2UL, -3LL, std::size_t{4}, 5);
+  EXPECT_PASSED(5, "%ld %lu %lld %zu %hhd", -1L, 2UL, -3LL, std::size_t{4}, static_cast<signed char>(5));
   EXPECT_PASSED(4, "%5.2s|%-8d|%#x|%c", "abc", 7, 255U, 'z');
   EXPECT_PASSED(4, "%*d %.*s", 8, 42, 3, "abcdef");
   EXPECT_PASSED(5, "%g %d %.3f %s %e", 1.5, 2, 3.25, "x", 1e9);

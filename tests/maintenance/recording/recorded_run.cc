@@ -50,7 +50,7 @@ class Comparison {
         plain_(plugin_file()),
         recorded_(folder.library()),
         replayed_(folder.path() / "replayed.so") {
-    std::filesystem::copy_file(HOOKABLE_FILE, replayed_);
+    std::filesystem::copy_file(hookable_file(), replayed_);
   }
 
   void compare(host::HostSession &session, const NamedCommit &commit) {
@@ -130,7 +130,7 @@ class Comparison {
 
 std::vector<std::string> differences(const element::Schema &schema, const element::Profile &profile,
                                      const std::vector<NamedCommit> &commits) {
-  const RecorderFolder folder(HOOKABLE_FILE);
+  const RecorderFolder folder(hookable_file());
   return told_apart([&] {
     host::HostSession session(profile);
     Comparison comparison(schema, folder);
@@ -152,7 +152,7 @@ NamedCommit example(const element::Schema &schema, const std::string &name,
 }
 
 std::vector<Recording> recordings_of(const element::Schema &schema, const std::string &name) {
-  const RecorderFolder folder(HOOKABLE_FILE);
+  const RecorderFolder folder(hookable_file());
   std::unique_ptr<element::Profile> profile;
   const NamedCommit commit = example(schema, name, profile);
   told_apart([&] {

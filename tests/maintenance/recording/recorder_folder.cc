@@ -10,12 +10,14 @@
 #include <iterator>
 #include <sstream>
 
+#include "tests/support/build_under_test.h"
+
 namespace fs = std::filesystem;
 
 RecorderFolder::RecorderFolder(const fs::path &library, bool has_recordings) {
   std::string name = (fs::temp_directory_path() / "recorder-XXXXXX").string();
   path_ = ::mkdtemp(name.data());
-  fs::copy_file(RECORDER_FILE, this->library());
+  fs::copy_file(recorder_file(), this->library());
   if (!library.empty()) fs::copy_file(library, path_ / "libconfig_validate_vpn.real.so");
   if (has_recordings) fs::create_directory(recordings_folder());
 }

@@ -52,7 +52,7 @@ const std::vector<std::string> kAnswers{
     "vpn_sp_valp: "};
 
 TEST(Recorder, makes_a_recording_of_each_call) {
-  const RecorderFolder folder(HOOKABLE_FILE);
+  const RecorderFolder folder(hookable_file());
   EXPECT_EQ(answers(folder), kAnswers);
   std::vector<std::string> points;
   for (const fs::path &file : folder.recordings()) {
@@ -71,13 +71,13 @@ TEST(Recorder, records_the_library_that_ships) {
 }
 
 TEST(Recorder, without_a_folder_for_recordings_leaves_the_library_alone) {
-  const RecorderFolder folder(HOOKABLE_FILE, false);
+  const RecorderFolder folder(hookable_file(), false);
   EXPECT_EQ(answers(folder), kAnswers);
   EXPECT_FALSE(fs::exists(folder.recordings_folder()));
 }
 
 TEST(Recorder, uses_a_library_that_cannot_be_hooked_without_recording) {
-  const RecorderFolder folder(BOUND_FILE);
+  const RecorderFolder folder(bound_file());
   EXPECT_EQ(answers(folder), kAnswers);
   EXPECT_EQ(folder.recordings().size(), 0U);
   EXPECT_NE(folder.status().find("is used without recording: the slot of "), std::string::npos) << folder.status();
@@ -90,7 +90,7 @@ TEST(Recorder, without_a_library_cannot_be_loaded) {
 }
 
 TEST(Recorder, decides_where_recordings_cannot_be_written) {
-  const RecorderFolder folder(HOOKABLE_FILE);
+  const RecorderFolder folder(hookable_file());
   EXPECT_EQ(answers(folder, [&] { fs::remove_all(folder.recordings_folder()); }), kAnswers);
   EXPECT_FALSE(fs::exists(folder.recordings_folder()));
 }
@@ -103,7 +103,7 @@ void fill_disk_after(rlim_t bytes) {
 }
 
 TEST(Recorder, decides_where_the_disk_is_full) {
-  const RecorderFolder folder(HOOKABLE_FILE);
+  const RecorderFolder folder(hookable_file());
   EXPECT_EQ(answers(folder, [] { fill_disk_after(100); }), kAnswers);
   EXPECT_EQ(folder.recordings().size(), 0U);
   for (const auto &entry : fs::directory_iterator(folder.recordings_folder())) {
@@ -114,7 +114,7 @@ TEST(Recorder, decides_where_the_disk_is_full) {
 // More calls than any element's card lets a commit make.
 TEST(Recorder, decides_where_the_recording_would_be_too_large) {
   if (is_sanitized()) GTEST_SKIP() << "a sanitizer makes a minute of it";
-  const RecorderFolder folder(HOOKABLE_FILE);
+  const RecorderFolder folder(hookable_file());
   EXPECT_EQ(told_apart([&]() -> std::vector<std::string> {
               constexpr std::size_t kAttachments = 30'000;
               const auto kind = bench::PointCommitKind::access_many_ports;
@@ -135,7 +135,7 @@ void write_recording(const RecorderFolder &folder, const std::string &name, std:
 }
 
 TEST(Recorder, keeps_so_many_recordings_and_those_of_accepted_commits_the_shortest) {
-  const RecorderFolder folder(HOOKABLE_FILE);
+  const RecorderFolder folder(hookable_file());
   for (int i = 100; i < 300; ++i) {
     const std::string verdict = i < 150 ? "rejected" : "accepted";
     write_recording(folder, "0000000" + std::to_string(i) + "-1-vpn_peer_valp-" + verdict + ".vpnrec", 1);
@@ -150,7 +150,7 @@ TEST(Recorder, keeps_so_many_recordings_and_those_of_accepted_commits_the_shorte
 }
 
 TEST(Recorder, keeps_so_many_bytes) {
-  const RecorderFolder folder(HOOKABLE_FILE);
+  const RecorderFolder folder(hookable_file());
   constexpr std::uintmax_t kThird = 22 * 1024 * 1024;
   for (const char *name : {"0000000001-1-a-rejected.vpnrec", "0000000002-1-a-warned.vpnrec"}) {
     write_recording(folder, name, kThird);

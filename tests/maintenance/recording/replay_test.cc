@@ -5,6 +5,7 @@
 #include "maintenance/transcript/replay_report.h"
 #include "source_dir.h"
 #include "tests/maintenance/recording/recorded_run.h"
+#include "tests/support/build_under_test.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ class Replay : public testing::Test {
   }
 
   static std::string replayed(const Recording &recording) {
-    return transcript::replay_text(recording, replay::replay(recording, HOOKABLE_FILE));
+    return transcript::replay_text(recording, replay::replay(recording, hookable_file()));
   }
 
   static std::string after_first_line(const std::string &text) { return text.substr(text.find('\n') + 1); }
@@ -36,7 +37,7 @@ class Replay : public testing::Test {
 };
 
 TEST_F(Replay, draws_what_was_drawn) {
-  const replay::Outcome outcome = replay::replay(recorded(), HOOKABLE_FILE);
+  const replay::Outcome outcome = replay::replay(recorded(), hookable_file());
   EXPECT_TRUE(outcome.is_same_as(recorded()));
   EXPECT_EQ(outcome.verdict, -1);
   EXPECT_EQ(outcome.message, recorded().trailer.message);
@@ -46,7 +47,7 @@ TEST_F(Replay, draws_what_was_drawn) {
 TEST_F(Replay, of_another_answer_tells_the_call_that_was_not_recorded_and_those_before) {
   Recording changed = recorded();
   find(changed, Function::limid_to_ifindex).outputs = {std::int64_t{1002}};
-  const replay::Outcome outcome = replay::replay(changed, HOOKABLE_FILE);
+  const replay::Outcome outcome = replay::replay(changed, hookable_file());
   ASSERT_TRUE(outcome.divergence.has_value());
   EXPECT_FALSE(outcome.is_same_as(changed));
   EXPECT_EQ(outcome.divergence->number, 11U);
@@ -92,11 +93,11 @@ TEST_F(Replay, gives_failures_with_their_reason) {
   const element::Schema schema;
   Recording failing = recordings_of(schema, "service-port-bridge-mtu-missing").back();
   ASSERT_EQ(failing.trailer.verdict, -1);
-  EXPECT_TRUE(replay::replay(failing, HOOKABLE_FILE).is_same_as(failing));
+  EXPECT_TRUE(replay::replay(failing, hookable_file()).is_same_as(failing));
   Call &call = find(failing, Function::maapi_get_elem);
   ASSERT_EQ(call.error, 1);
   call.error = 24;
-  EXPECT_FALSE(replay::replay(failing, HOOKABLE_FILE).is_same_as(failing));
+  EXPECT_FALSE(replay::replay(failing, hookable_file()).is_same_as(failing));
 }
 
 // What the first calls of a process asked of the card, later ones do not ask again: a process that replays must.
@@ -120,26 +121,26 @@ TEST_F(Replay, extends_its_time_where_it_did) {
   extension.arguments = {recording::Handle{recording::HandleKind::context, 1}, std::int64_t{120}};
   extension.result = 0;
   late.calls.insert(late.calls.begin() + 2, extension);
-  EXPECT_TRUE(replay::replay(late, HOOKABLE_FILE).is_same_as(late)) << replayed(late);
+  EXPECT_TRUE(replay::replay(late, hookable_file()).is_same_as(late)) << replayed(late);
 }
 
 TEST_F(Replay, of_outputs_that_no_such_call_has_is_refused) {
   Recording broken = recorded();
   find(broken, Function::maapi_get_next).outputs = {std::string("no number")};
-  EXPECT_THROW(replay::replay(broken, HOOKABLE_FILE), replay::ReplayError);
+  EXPECT_THROW(replay::replay(broken, hookable_file()), replay::ReplayError);
 }
 
 // Values of types that the rules do not expect end the process with an assertion.
 TEST_F(Replay, tells_a_library_that_crashes) {
   Recording broken = recorded();
   find(broken, Function::maapi_get_next).outputs.at(1) = recording::AgentValue{recording::kUint32, 7, ""};
-  const replay::Outcome outcome = replay::replay(broken, HOOKABLE_FILE);
+  const replay::Outcome outcome = replay::replay(broken, hookable_file());
   EXPECT_EQ(outcome.crash, "Aborted");
   EXPECT_FALSE(outcome.is_same_as(broken));
 }
 
 TEST_F(Replay, needs_a_library_whose_slots_can_be_written_to) {
-  EXPECT_THROW(replay::replay(recorded(), BOUND_FILE), replay::ReplayError);
+  EXPECT_THROW(replay::replay(recorded(), bound_file()), replay::ReplayError);
   EXPECT_THROW(replay::replay(recorded(), SOURCE_DIR "/README.md"), replay::ReplayError);
   EXPECT_THROW(replay::replay(recorded(), "/nowhere/library.so"), replay::ReplayError);
 }
