@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <new>
 #include <optional>
 #include <stdexcept>
@@ -49,6 +50,15 @@ void require_answer(std::int32_t answer, const confd_trans_ctx &context) {
 }
 
 }  // namespace
+
+// For a list that cannot be counted the library asks for more elements than an array can have. GCC's array-new throws
+// then; Clang's asks for the greatest size, for which AddressSanitizer would end the process.
+void *operator new[](std::size_t size) {
+  if (size == static_cast<std::size_t>(-1)) throw std::bad_array_new_length();
+  return ::operator new(size);
+}
+void operator delete[](void *memory) noexcept { ::operator delete(memory); }
+void operator delete[](void *memory, std::size_t) noexcept { ::operator delete(memory); }
 
 // The library is linked without its own, so that what a type assertion leaves open is seen.
 void value_assert_fail(const char *, const char *, unsigned, const char *) { throw TypeAssertion(); }
