@@ -6,9 +6,9 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/broken_model.h"
+#include "tests/support/build_under_test.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/printers.h"
-#include "tests/support/build_under_test.h"
 
 namespace {
 
