@@ -79,6 +79,16 @@ std::vector<PartSet> CorrectionSearch::best(std::size_t most_parts,
   return {};
 }
 
+bool CorrectionSearch::has_set(std::size_t most_parts,
+                               const std::function<bool(const PartSet &, const std::set<Complaint> &)> &is_it) {
+  for (std::size_t size = 1; size <= std::min(most_parts, parts_.size()); ++size) {
+    for (const PartSet &set : closed_sets(size)) {
+      if (is_it(set, complaints_without(set))) return true;
+    }
+  }
+  return false;
+}
+
 bool CorrectionSearch::helps(const PartSet &set, const std::set<Complaint> &finding) {
   return is_mended(finding, complaints_without({}), complaints_without(set));
 }

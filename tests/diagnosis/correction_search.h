@@ -34,6 +34,9 @@ class CorrectionSearch {
   /// The same that lets the library accept without a warning.
   std::vector<PartSet> best_for_all(std::size_t most_parts);
 
+  /// Of at most `most_parts` parts there is a closed set which, taken back, leaves complaints of which `is_it` holds.
+  bool has_set(std::size_t most_parts, const std::function<bool(const PartSet &, const std::set<Complaint> &)> &is_it);
+
   bool helps(const PartSet &set, const std::set<Complaint> &finding);
   bool is_accepted_without(const PartSet &set) const;
 

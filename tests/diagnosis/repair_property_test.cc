@@ -1,10 +1,11 @@
 // Random commits of few parts: each repair that is told, written into the candidate, makes the finding go, and nothing
-// new comes.
+// new comes but what a finding hid that goes as well.
 
 #include <gtest/gtest.h>
 
 #include "diagnosis/plan.h"
 #include "tests/diagnosis/correction_search.h"
+#include "tests/diagnosis/hidden_complaints.h"
 #include "tests/diagnosis/judged_element.h"
 #include "tests/diagnosis/random_commits.h"
 #include "tests/diagnosis/told_complaints.h"
@@ -56,7 +57,8 @@ std::string list(const std::string &title, const std::set<Complaint> &complaints
 
 class Judge {
  public:
-  explicit Judge(const Configurations &commit) : commit_(commit), before_(complaints_of(commit)) {}
+  explicit Judge(const Configurations &commit)
+      : commit_(commit), before_(complaints_of(commit)), hidden_(commit, before_) {}
 
   void expect_repairs(const diagnosis::Finding &finding) {
     const std::set<Complaint> told = brute_force::told_complaints(finding);
@@ -78,8 +80,10 @@ class Judge {
   void expect_repair(const diagnosis::Repair &repair, const std::string &value, const std::set<Complaint> &finding) {
     SCOPED_TRACE(to_text(repair.path) + ": " + value);
     const Configurations commit = repaired(commit_, repair, value);
-    const auto after = without_hidden_limits(
-        with_old_names(complaints_of(commit), brute_force::repaired_path(repair, value)), before_);
+    const RepairedPath path = brute_force::repaired_path(repair, value);
+    const std::string line = path.before == path.after ? path.after + " = " + value : path.after;
+    const auto after =
+        hidden_.without_hidden(without_hidden_limits(with_old_names(complaints_of(commit), path), before_), line);
     EXPECT_TRUE(brute_force::is_mended(finding, before_, after)) << list("before:", before_) << list("after:", after);
     ++repairs;
   }
@@ -92,6 +96,7 @@ class Judge {
 
   const Configurations &commit_;
   const std::set<Complaint> before_;
+  brute_force::HiddenComplaints hidden_;
 };
 
 TEST(RepairProperty, a_repair_makes_its_finding_go_and_brings_no_other) {
