@@ -4,6 +4,7 @@
 
 #include "diagnosis/confirmation.h"
 #include "diagnosis/exhaustive_search.h"
+#include "diagnosis/limit.h"
 #include "diagnosis/limit_search.h"
 #include "diagnosis/minimisation.h"
 
@@ -19,6 +20,9 @@ constexpr std::uint64_t kMostPresenceSets = 512;
 
 // Rows of the whole commit's independent sets: each takes a question.
 constexpr std::size_t kMostSets = 64;
+
+// The pairs of a limit's parties are asked about by themselves where these are so few.
+constexpr std::size_t kMostPairedParties = 8;
 
 // To cover the pairs of more parties would take longer than to ask.
 constexpr std::size_t kMostCoveredParties = 4096;
@@ -144,9 +148,26 @@ NumberSet ConflictSearch::without_parties(const NumberSet &set, const FoundConfl
 
 void ConflictSearch::explore_neighborhoods() {
   for (std::size_t i = 0; i < conflicts_.size() && !context_.oracle.has_ended(); ++i) {
-    if (context_.messages[conflicts_[i].message].counts()) continue;
-    const NumberSet region = locality_.around(conflicts_[i].innermost());
-    if (explored_.insert(region).second) explore(region);
+    const NumberSet parties = conflicts_[i].innermost();
+    const bool is_limit = context_.messages[conflicts_[i].message].counts();
+    const NumberSet region = is_limit ? parties : locality_.around(parties);
+    if (!explored_.insert(region).second) continue;
+    if (is_limit) {
+      look_at_pairs(region);
+    } else {
+      explore(region);
+    }
+  }
+}
+
+// Wherever as many as a limit allows are asked about together, one of them may mend what two others have.
+void ConflictSearch::look_at_pairs(const NumberSet &parties) {
+  if (parties.size() > kMostPairedParties) return;
+  for (const std::uint32_t one : parties) {
+    for (const std::uint32_t other : parties) {
+      const bool is_looked_at = is_touched(context_, one) || is_touched(context_, other);
+      if (one < other && is_looked_at) look_at(context_.entries.closure({one, other}));
+    }
   }
 }
 

@@ -48,6 +48,7 @@ class ConflictSearch {
   const FoundConflict *explanation_within(const NumberSet &set, std::uint32_t message) const;
   NumberSet without_parties(const NumberSet &set, const FoundConflict &conflict) const;
   void explore_neighborhoods();
+  void look_at_pairs(const NumberSet &parties);
   void explore(const NumberSet &region);
   bool explore_presence(const NumberSet &region);
   void explore_what_is_in_force(const NumberSet &region);

@@ -131,13 +131,17 @@ Finding describe_finding(const SearchContext &context, const FoundConflicts &con
                   false,
                   {},
                   0,
+                  0,
                   true,
                   {running_tree(smallest, context.entries, context.changes),
                    candidate_tree(smallest, context.entries, context.changes)},
                   {},
                   {},
                   context.messages[first.message].rule_id()};
-  if (context.messages[first.message].counts()) finding.enough = first.too_many;
+  if (context.messages[first.message].counts()) {
+    finding.enough = first.too_many;
+    finding.enough_at_most = first.most_too_many;
+  }
   const Places party_places(parties);
   const Places trigger_places(triggers);
   for (const std::size_t i : group) {

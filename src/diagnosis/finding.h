@@ -96,9 +96,10 @@ struct Finding {
   std::vector<Party> triggers;  ///< they only make the library look at what is in force
   bool is_preexisting = false;  ///< the running configuration has the fault
   std::vector<Conflict> conflicts;
-  std::uint64_t enough = 0;  ///< a limit: so many of the parties are too many
-  bool is_minimal = true;    ///< false: the search ended before every party was shown to be needed
-  SmallestCommit smallest;   ///< of the first conflict
+  std::uint64_t enough = 0;          ///< a limit: so many of the parties are too many
+  std::uint64_t enough_at_most = 0;  ///< where `enough` is not certain: at least `enough` and at most so many; else 0
+  bool is_minimal = true;            ///< false: the search ended before every party was shown to be needed
+  SmallestCommit smallest;           ///< of the first conflict
   Advice advice;
   std::vector<Repair> repairs;
   std::string rule;  ///< id of the rule whose message `verdict` is; empty: the rule table does not know it

@@ -52,6 +52,17 @@ std::vector<std::vector<Share>> Limit::exceeding_groups(const NumberSet &set) co
   return exceeding;
 }
 
+bool is_touched(const SearchContext &context, std::uint32_t entry) {
+  return context.status_of(entry) != ChangeStatus::unchanged;
+}
+
+bool holds_touched(const SearchContext &context, std::uint32_t entry) {
+  for (std::uint32_t inner = entry; inner < context.entries[entry].end; ++inner) {
+    if (is_touched(context, inner)) return true;
+  }
+  return false;
+}
+
 std::size_t sum_of(const std::vector<Share> &shares) {
   std::size_t sum = 0;
   for (const Share &share : shares) sum += share.weight;

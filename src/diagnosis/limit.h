@@ -38,6 +38,11 @@ class Limit {
   std::optional<rules::LimitNumbers> numbers_;
 };
 
+bool is_touched(const SearchContext &context, std::uint32_t entry);
+
+/// Something that the commit changes stands in the entry, or the entry is changed itself: the library looks at it.
+bool holds_touched(const SearchContext &context, std::uint32_t entry);
+
 std::size_t sum_of(const std::vector<Share> &shares);
 NumberSet entries_of(const std::vector<Share> &shares);
 

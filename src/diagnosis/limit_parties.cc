@@ -12,18 +12,6 @@ namespace {
 // Of entries that stand for each other so many are tried: one of them may have a fault of its own that hides the limit.
 constexpr std::size_t kMostTried = 3;
 
-bool is_touched(const SearchContext &context, std::uint32_t entry) {
-  return context.status_of(entry) != ChangeStatus::unchanged;
-}
-
-/// Something that the commit changes stands in the entry, or the entry is changed itself.
-bool holds_touched(const SearchContext &context, std::uint32_t entry) {
-  for (std::uint32_t inner = entry; inner < context.entries[entry].end; ++inner) {
-    if (is_touched(context, inner)) return true;
-  }
-  return false;
-}
-
 /// Counts how many of a conflict's parties must go.
 class Counting {
  public:

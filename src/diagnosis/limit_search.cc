@@ -1,10 +1,10 @@
 #include "diagnosis/limit_search.h"
 
 #include <algorithm>
-#include <bit>
 #include <utility>
 
 #include "diagnosis/confirmation.h"
+#include "diagnosis/limit_number.h"
 #include "diagnosis/limit_parties.h"
 #include "diagnosis/minimisation.h"
 
@@ -34,24 +34,6 @@ bool shares_entry(const std::vector<Share> &group, const std::vector<Share> &oth
   return !intersection(entries_of(group), entries_of(other)).empty();
 }
 
-/// The smallest number of parties one of which is in every set that exceeds the limit, where all such sets are known.
-std::size_t count_by_sets(const FoundConflict &conflict) {
-  const std::size_t parties = conflict.parties.size();
-  std::size_t fewest = parties;
-  for (std::uint32_t choice = 1; choice < (1U << parties); ++choice) {
-    const auto number = static_cast<std::size_t>(std::popcount(choice));
-    if (number >= fewest) continue;
-    NumberSet gone;
-    for (std::size_t i = 0; i < parties; ++i) {
-      if ((choice >> i & 1U) != 0) gone.push_back(conflict.parties[i]);
-    }
-    const bool is_in_each = std::none_of(conflict.exceeding.begin(), conflict.exceeding.end(),
-                                         [&gone](const NumberSet &set) { return intersection(set, gone).empty(); });
-    if (is_in_each) fewest = number;
-  }
-  return fewest;
-}
-
 void take_in(FoundConflict &conflict, const FoundConflict &other) {
   conflict.exceeding.insert(conflict.exceeding.end(), other.exceeding.begin(), other.exceeding.end());
   conflict.entries = united(conflict.entries, other.entries);
@@ -79,7 +61,7 @@ void take_in_all(FoundConflict &conflict, FoundConflicts &others) {
 void count_parties(const SearchContext &context, FoundConflict &conflict) {
   if (conflict.enough_of_any != 0) return;
   if (context.is_enumerated && conflict.parties.size() <= kFewParties) {
-    conflict.too_many = count_by_sets(conflict);
+    conflict.too_many = fewest_in_each(conflict);
   } else {
     count_too_many(context, conflict);
   }
@@ -144,6 +126,7 @@ void join_limits(const SearchContext &context, FoundConflicts &conflicts) {
   for (FoundConflict &conflict : conflicts) {
     if (!context.messages[conflict.message].counts() || conflict.parties.empty()) continue;
     count_parties(context, conflict);
+    if (!context.is_enumerated) correct_too_many(context, conflicts, conflict);
     conflict.is_preexisting = may_be_in_force(context, conflict) &&
                               is_in_force(context, context.entries.closure(conflict.parties), conflict.message);
   }

@@ -44,9 +44,10 @@ struct SearchContext {
 struct FoundConflict {
   NumberSet entries;
   std::uint32_t message = 0;
-  NumberSet parties;         ///< the innermost entries, triggers excepted; a limit's: all that it counts
-  NumberSet triggers;        ///< the innermost entries without which the fault is in force all the same
-  std::size_t too_many = 1;  ///< so many of the parties must go
+  NumberSet parties;              ///< the innermost entries, triggers excepted; a limit's: all that it counts
+  NumberSet triggers;             ///< the innermost entries without which the fault is in force all the same
+  std::size_t too_many = 1;       ///< so many of the parties must go, or at least so many
+  std::size_t most_too_many = 0;  ///< a limit's where the number is not certain: not more than so many must go
   bool is_preexisting = false;
   bool is_minimal = true;
   bool is_confirmed = false;         ///< asked: drawn beside all that is party of no other conflict known by then

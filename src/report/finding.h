@@ -105,6 +105,7 @@ struct Finding {
   bool is_preexisting = false;            ///< the running configuration has the fault
   bool is_minimal = false;                ///< without any one of the parties the message is gone
   std::uint64_t enough = 0;               ///< a limit: so many of the parties are too many
+  std::uint64_t enough_at_most = 0;       ///< where `enough` is only the least, the most; else 0
   AdviceReport advice;
   std::vector<RepairReport> repairs;
   std::optional<Suppressed> suppressed;

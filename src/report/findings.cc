@@ -84,6 +84,7 @@ class FindingMaker {
     finding.is_preexisting = found.is_preexisting;
     finding.is_minimal = found.is_minimal;
     finding.enough = found.enough;
+    finding.enough_at_most = found.enough_at_most;
     finding.advice = advice(found.advice);
     for (const auto &repair : found.repairs) finding.repairs.push_back(this->repair(repair));
     if (const FilePlace *place = touched_place(finding)) finding.place = *place;

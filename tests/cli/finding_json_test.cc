@@ -25,6 +25,7 @@ report::CheckReport full_report() {
   report.commit.findings = {same_dot1q(), uplink_warning(), too_many_vpns(6)};
   report.commit.findings[1].suppressed = report::Suppressed{{"known.txt", 3}, "the uplink moves next week"};
   report.commit.findings[2].is_minimal = false;
+  report.commit.findings[2].enough_at_most = 3;
   report.commit.findings.push_back(in_force(same_dot1q()));
   report::Finding &last = report.commit.findings[3];
   last.advice.alternatives[0][0].details = {last.parties[0].details[0], last.parties[1].details[0]};

@@ -54,7 +54,7 @@ class Findings : public testing::Test {
   /// What a search tells, though of no rule.
   void find(const host::PointVerdict &verdict, std::vector<diagnosis::Party> parties,
             std::vector<diagnosis::ChangePart> change = {}) {
-    diagnosis::Finding finding{verdict, false, std::move(parties), {}, false, {}, 0, true, {tree, tree}, {}, {}, {}};
+    diagnosis::Finding finding{verdict, false, std::move(parties), {}, false, {}, 0, 0, true, {tree, tree}, {}, {}, {}};
     finding.conflicts = {{verdict, {}, {}}};
     for (std::size_t i = 0; i < finding.parties.size(); ++i) finding.conflicts[0].parties.push_back(i);
     if (!change.empty()) finding.advice.alternatives = {std::move(change)};
@@ -208,9 +208,11 @@ TEST_F(Findings, a_limit_keeps_its_number_and_an_unfinished_search_its_mark) {
   diagnosis.findings[0].advice.enough = 3;
   diagnosis.findings[0].advice.choices = {{ChangeStatus::added, path(west), {}, {}, {}}};
   diagnosis.findings[0].enough = 4;
+  diagnosis.findings[0].enough_at_most = 6;
   diagnosis.findings[0].is_minimal = false;
   const Finding finding = make({rejection("no")}).at(0);
   EXPECT_EQ(finding.enough, 4u);
+  EXPECT_EQ(finding.enough_at_most, 6u);
   EXPECT_EQ(finding.advice.enough, 3u);
   EXPECT_EQ(finding.advice.choices.at(0).node.path, west);
   EXPECT_FALSE(finding.is_minimal);

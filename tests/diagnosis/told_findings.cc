@@ -32,6 +32,7 @@ FindingText finding_text(const diagnosis::Finding &finding) {
   text.rule = message.rule;
   text.standing = finding.is_preexisting ? "in force" : "new";
   if (is_of_counting_rule(message) || is_of_listing_rule(message)) {
+    if (finding.enough_at_most != 0) text.rule += ", number not certain";
     text.lines.push_back(conflict_line(message, finding.enough, paths_of(finding.parties), paths_of(finding.triggers)));
     return text;
   }

@@ -57,6 +57,7 @@ ordered_json finding_json(const Finding &finding) {
   json["preexisting"] = finding.is_preexisting;
   json["minimal"] = finding.is_minimal;
   json["enough"] = finding.enough;
+  if (finding.enough_at_most != 0) json["enough-at-most"] = finding.enough_at_most;
   json["advice"] = advice_json(finding.advice);
   json["repairs"] = array(finding.repairs, repair_json);
   if (finding.suppressed) json["suppressed"] = suppressed_json(*finding.suppressed);
@@ -79,6 +80,7 @@ Finding read_finding(const ordered_json &json) {
   finding.is_preexisting = json.at("preexisting").get<bool>();
   finding.is_minimal = json.at("minimal").get<bool>();
   finding.enough = json.at("enough").get<std::uint64_t>();
+  finding.enough_at_most = json.value("enough-at-most", std::uint64_t{0});
   finding.advice = read_advice(json.at("advice"));
   finding.repairs = items<RepairReport>(json.at("repairs"), read_repair);
   if (json.contains("suppressed")) {
