@@ -244,7 +244,8 @@ void ConflictSearch::explore_independent_sets(const NumberSet &set) {
     for (const FoundConflict &conflict : counting) of_point[point_of(conflict.message)].push_back(conflict);
     find_among(context_.entries.without(set, members_of(counting)));
     ask_beside(set, counting, [this](const NumberSet &beside) { find_among(beside); });
-    for (const auto &[point, conflicts] : of_point) {
+    for (const auto &[at, conflicts] : of_point) {
+      const std::string &point = at;
       if (of_point.size() > 1) ask_beside(set, conflicts, [&](const NumberSet &beside) { find_at(point, beside); });
       look_beside(set, point, conflicts);
     }

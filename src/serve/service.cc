@@ -32,9 +32,11 @@ void Service::start(const ServantStart &agent, const ServantStart &sshd) {
 }
 
 void Service::wait_for(Servant &servant, const char *name, const bool &is_ready) {
-  for (int waited = 0; !is_ready; waited += step(kStep) ? 0 : kStep) {
+  int waited = 0;
+  while (!is_ready) {
     if (servant.has_ended()) fail(servant, name);
     if (waited >= kLongestStart) throw ServeError(fmt::format("{} does not get ready", name));
+    if (!step(kStep)) waited += kStep;
   }
 }
 
