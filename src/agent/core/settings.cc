@@ -2,6 +2,7 @@
 
 #include <array>
 #include <fstream>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <utility>
@@ -36,7 +37,8 @@ std::string write_settings(const Settings &settings) {
 Settings read_settings(const std::filesystem::path &file) {
   std::ifstream stream(file);
   try {
-    const nlohmann::json json = nlohmann::json::parse(stream);
+    const std::string text(std::istreambuf_iterator<char>(stream), {});
+    const nlohmann::json json = nlohmann::json::parse(text);
     Settings settings;
     settings.program = json.at("program").get<std::string>();
     settings.profile = json.at("profile").get<std::string>();

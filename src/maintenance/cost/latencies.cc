@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
+#include <string_view>
 
 #include "element/input/input_error.h"
 #include "element/input/input_text.h"
@@ -13,6 +14,8 @@
 
 namespace cost {
 namespace {
+
+using nlohmann::ordered_json;
 
 /// More than an hour is a mistake.
 constexpr double kLongestMicroseconds = 3.6e9;
@@ -37,7 +40,7 @@ std::optional<std::size_t> number_of(std::string_view function) {
                   file.string(), what));
 }
 
-double microseconds_in(const nlohmann::json &value, const std::filesystem::path &file, const std::string &name) {
+double microseconds_in(const ordered_json &value, const std::filesystem::path &file, const std::string &name) {
   if (!value.is_number() || !is_latency(value.get<double>())) fail(file, fmt::format("\"{}\" is no latency", name));
   return value.get<double>();
 }
@@ -73,6 +76,21 @@ Latencies recorded_latencies(const std::string &content, const std::filesystem::
   return latencies;
 }
 
+Latencies listed_latencies(std::string_view text, const std::filesystem::path &file) {
+  const ordered_json json = ordered_json::parse(text, nullptr, false);
+  if (!json.is_object()) fail(file, "no JSON object");
+  Latencies latencies;
+  latencies.fill(
+      from_microseconds(json.contains("default") ? microseconds_in(json.at("default"), file, "default") : 0));
+  for (const auto &[name, value] : json.items()) {
+    if (name == "default") continue;
+    const auto function = number_of(name);
+    if (!function) fail(file, fmt::format("\"{}\" is no platform function", name));
+    latencies[*function] = from_microseconds(microseconds_in(value, file, name));
+  }
+  return latencies;
+}
+
 }  // namespace
 
 Latencies latencies_from_number(std::string_view text) {
@@ -88,18 +106,7 @@ Latencies latencies_from_number(std::string_view text) {
 
 Latencies read_latencies(const std::filesystem::path &file) {
   const std::string content = element::read_input(file);
-  if (!content.starts_with('{')) return recorded_latencies(content, file);
-  const auto json = nlohmann::json::parse(content, nullptr, false);
-  if (!json.is_object()) fail(file, "no JSON object");
-  Latencies latencies;
-  latencies.fill(from_microseconds(json.contains("default") ? microseconds_in(json["default"], file, "default") : 0));
-  for (const auto &[name, value] : json.items()) {
-    if (name == "default") continue;
-    const auto function = number_of(name);
-    if (!function) fail(file, fmt::format("\"{}\" is no platform function", name));
-    latencies[*function] = from_microseconds(microseconds_in(value, file, name));
-  }
-  return latencies;
+  return content.starts_with('{') ? listed_latencies(content, file) : recorded_latencies(content, file);
 }
 
 }  // namespace cost

@@ -139,7 +139,7 @@ void write_headroom_json(std::ostream &out, const HeadroomReport &report) {
   out << json_text(json, 2) << '\n';
 }
 
-HeadroomReport read_headroom_json(const std::string &text) {
+HeadroomReport read_headroom_json(std::string_view text) {
   const ordered_json json = ordered_json::parse(text);
   HeadroomReport report;
   report.plugin_file = json.at("library").at("file").get<std::string>();
