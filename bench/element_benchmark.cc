@@ -11,8 +11,8 @@
 #include "element/datastore/difference.h"
 #include "element/datastore/transaction.h"
 #include "element/input/configuration.h"
+#include "element/output/configuration_writer.h"
 #include "element/projection/projection.h"
-#include "tests/support/configuration/configuration_text.h"
 
 namespace {
 
@@ -57,7 +57,7 @@ void measure(benchmark::State &state, Prepare prepare, Step step) {
 }
 
 void load(benchmark::State &state) {
-  const std::string text = configuration_text(commit_of(state).candidate);
+  const std::string text = write_configuration(commit_of(state).candidate, element::InputFormat::xml);
   measure(
       state, [&text] { return std::string_view(text); },
       [](std::string_view xml) { return parse_configuration(schema(), xml, "candidate.xml"); });

@@ -78,7 +78,7 @@ void expect_best_advice(const Configurations &commit) {
   if (!found.findings.empty()) expect_advice_for_all(search, found);
 }
 
-TEST(AdviceProperty, advice_helps_and_none_is_better) { for_each_commit(60, expect_best_advice); }
+TEST(AdviceProperty, advice_helps_and_none_is_better) { for_each_commit(32, expect_best_advice); }
 
 /// The way of larger commits, taken on small ones: what it advises helps.
 void expect_advice_of_the_way_for_larger_commits(const Configurations &commit) {
@@ -97,7 +97,7 @@ void expect_advice_of_the_way_for_larger_commits(const Configurations &commit) {
 }
 
 TEST(AdviceProperty, advice_helps_where_sets_are_not_enumerated) {
-  for_each_commit(60, expect_advice_of_the_way_for_larger_commits);
+  for_each_commit(32, expect_advice_of_the_way_for_larger_commits);
 }
 
 }  // namespace

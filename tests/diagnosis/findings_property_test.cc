@@ -74,7 +74,7 @@ Diagnosis expect_findings_of_brute_force(const Configurations &commit, const dia
 }
 
 TEST(FindingsProperty, of_enumeration_are_those_of_brute_force) {
-  for_each_commit(150, [](const Configurations &commit) {
+  for_each_commit(80, [](const Configurations &commit) {
     const Diagnosis found = expect_findings_of_brute_force(commit, {.with_repairs = false, .budget = ample()});
     EXPECT_TRUE(found.unproven_rules.empty());
   });
@@ -83,7 +83,7 @@ TEST(FindingsProperty, of_enumeration_are_those_of_brute_force) {
 TEST(FindingsProperty, of_the_search_in_large_commits_are_those_of_brute_force) {
   std::size_t complete = 0;
   std::size_t all = 0;
-  for_each_commit(150, [&](const Configurations &commit) {
+  for_each_commit(80, [&](const Configurations &commit) {
     const Diagnosis found =
         expect_findings_of_brute_force(commit, {.with_repairs = false, .budget = ample(), .enumerated_sets = 0});
     complete += found.unproven_rules.empty() ? 1U : 0U;

@@ -117,12 +117,11 @@ TEST_P(Limits, are_as_listed_and_every_number_is_proven) {
   const bool is_accepted = document.at("elements").at(0).at("decision") != "rejected";
   EXPECT_EQ(is_accepted, !rejection(commit.points(candidate)));
   EXPECT_EQ(shown_rows(document), test.rows);
-  // Each proof is two runs of the program; with a sanitizer, one number of a case is proven.
-  std::size_t proofs_left = is_sanitized() ? 1 : document.at("elements").at(0).at("limits").size();
+  // Each proof is two checks by the program, which other tests run with a sanitizer.
+  if (is_sanitized()) return;
   for (const Json &row : document.at("elements").at(0).at("limits")) {
     const auto standing = row.at("standing").get<std::string>();
     if (standing != "measured" && standing != "exceeded") continue;
-    if (proofs_left-- == 0) break;
     if (standing == "measured") prove(commit, candidate, is_accepted, row);
     if (standing == "exceeded") prove_exceeded(commit, candidate, row);
   }

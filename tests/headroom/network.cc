@@ -7,9 +7,9 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "element/output/configuration_writer.h"
 #include "l2vpn/edit.h"
 #include "tests/support/build_under_test.h"
-#include "tests/support/configuration/configuration_text.h"
 #include "tests/support/process.h"
 
 namespace headroom_test {
@@ -67,7 +67,7 @@ void Network::member(std::uint32_t vlan, const std::string &port) {
 std::string Network::text() const {
   element::Tree tree = l2vpn::make_tree(schema(), configuration_);
   tree.put("/mpls");  // a file without any node is no configuration
-  return configuration_text(tree);
+  return write_configuration(tree, element::InputFormat::xml);
 }
 
 l2vpn::Vpn &Network::vpn(const l2vpn::VpnKey &key) {

@@ -7,9 +7,9 @@
 
 #include "element/datastore/transaction.h"
 #include "element/input/configuration.h"
+#include "element/output/configuration_writer.h"
 #include "host/run/commit.h"
 #include "tests/support/build_under_test.h"
-#include "tests/support/configuration/configuration_text.h"
 
 using bench::Shape;
 
@@ -53,8 +53,8 @@ TEST_P(Shapes, are_accepted_without_a_warning) {
 
 TEST_P(Shapes, read_back_from_their_xml_text) {
   const bench::Commit commit = this->commit();
-  const element::Tree read =
-      element::parse_configuration(schema(), configuration_text(commit.candidate), "candidate.xml");
+  const element::Tree read = element::parse_configuration(
+      schema(), write_configuration(commit.candidate, element::InputFormat::xml), "candidate.xml");
   EXPECT_TRUE(difference(commit.candidate, read).children.empty());
 }
 

@@ -21,7 +21,7 @@ const std::uint32_t kVpnLimit = 120;
 
 namespace {
 
-constexpr std::uint32_t kCommitsOfARule = 4;
+constexpr std::uint32_t kCommitsOfARule = 2;
 
 /// A thousand pseudowires take their time.
 std::uint32_t commits_of(const std::string &rule) {
