@@ -101,7 +101,7 @@ class Judge {
 
 TEST(RepairProperty, a_repair_makes_its_finding_go_and_brings_no_other) {
   std::size_t repairs = 0;
-  for_each_commit(80, [&repairs](const Configurations &commit) {
+  for_each_commit(112, [&repairs](const Configurations &commit) {
     const diagnosis::Diagnosis found = JudgedElement::instance().diagnose(commit, {.budget = ample()});
     Judge judge(commit);
     for (const diagnosis::Finding &finding : found.findings) judge.expect_repairs(finding);

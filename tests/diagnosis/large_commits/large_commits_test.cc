@@ -20,13 +20,13 @@ const std::uint32_t kVpnLimit = 1000;
 namespace {
 
 /// A sanitizer makes each question many times slower.
-std::size_t vpns() { return is_sanitized() ? 100 : 600; }
+std::size_t background_vpns() { return is_sanitized() ? 100 : 600; }
 
 class LargeCommits : public testing::TestWithParam<std::string> {};
 
 TEST_P(LargeCommits, have_all_faults_found) {
   SCOPED_TRACE("DIAGNOSIS_SEED=" + std::to_string(first_seed()));
-  ExplainedSeeds(draw_commit(GetParam(), first_seed(), vpns())).expect_findings();
+  ExplainedSeeds(draw_commit(GetParam(), first_seed(), background_vpns())).expect_findings();
 }
 
 std::string test_name(const testing::TestParamInfo<std::string> &info) {
