@@ -7,6 +7,9 @@
 /// at random is drawn less often, and with symbols of the sanitizer's own.
 bool is_sanitized();
 
+/// Whether it has a sanitizer, or counts the lines that are run: with texts of these.
+bool is_instrumented();
+
 /// "Release" where what ships is built, else "Debug" or "None".
 std::string build_type();
 /// What the dynamic linker is to load before a program whose clock a test sets: paths with blanks between them.

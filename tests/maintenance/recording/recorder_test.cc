@@ -64,7 +64,7 @@ TEST(Recorder, makes_a_recording_of_each_call) {
 }
 
 TEST(Recorder, records_the_library_that_ships) {
-  if (is_sanitized()) GTEST_SKIP() << "with a sanitizer, the library's calls are made otherwise";
+  if (build_type() != "Release") GTEST_SKIP() << "the compiler makes the library's calls otherwise";
   const RecorderFolder folder(plugin_file());
   EXPECT_EQ(answers(folder), kAnswers);
   EXPECT_EQ(folder.recordings().size(), kAnswers.size()) << folder.status();
