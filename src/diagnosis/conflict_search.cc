@@ -245,7 +245,7 @@ void ConflictSearch::explore_independent_sets(const NumberSet &set) {
     find_among(context_.entries.without(set, members_of(counting)));
     ask_beside(set, counting, [this](const NumberSet &beside) { find_among(beside); });
     for (const auto &[at, conflicts] : of_point) {
-      const std::string &point = at;
+      const std::string &point = at;  // a lambda captures no structured binding in every compiler
       if (of_point.size() > 1) ask_beside(set, conflicts, [&](const NumberSet &beside) { find_at(point, beside); });
       look_beside(set, point, conflicts);
     }

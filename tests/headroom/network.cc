@@ -65,9 +65,7 @@ void Network::member(std::uint32_t vlan, const std::string &port) {
 }
 
 std::string Network::text() const {
-  element::Tree tree = l2vpn::make_tree(schema(), configuration_);
-  tree.put("/mpls");  // a file without any node is no configuration
-  return write_configuration(tree, element::InputFormat::xml);
+  return write_configuration(l2vpn::make_tree(schema(), configuration_), element::InputFormat::xml);
 }
 
 l2vpn::Vpn &Network::vpn(const l2vpn::VpnKey &key) {
